@@ -1,0 +1,37 @@
+# GNUstep from the distribution, asked for its own flags. Link to platform::gnustep for the bare
+# platform, to platform::cocoa for the platform with the gaps filled (platform/gnustep/).
+if(NOT CMAKE_OBJCXX_COMPILER_ID MATCHES "Clang")
+  message(FATAL_ERROR "Objective-C++ needs clang here (use a preset of CMakePresets.json)")
+endif()
+find_program(GNUSTEP_CONFIG gnustep-config REQUIRED)
+
+function(gnustep_flags what result)
+  execute_process(COMMAND ${GNUSTEP_CONFIG} ${what} OUTPUT_VARIABLE flags
+      OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+  separate_arguments(flags UNIX_COMMAND "${flags}")
+  set(${result} ${flags} PARENT_SCOPE)
+endfunction()
+
+gnustep_flags(--objc-flags gnustep_compile)
+gnustep_flags(--gui-libs gnustep_link)
+# Kept: definitions and language options. Dropped: optimisation, debugging, dependency files and
+# warnings, which are ours to choose, and include paths, which follow as system paths so that our
+# warnings stop at our own files.
+list(FILTER gnustep_compile INCLUDE REGEX "^(-D|-f|-pthread)")
+list(FILTER gnustep_compile EXCLUDE REGEX "^-D(GSWARN|GSDIAGNOSE)")
+list(FILTER gnustep_link EXCLUDE REGEX "^-L.*/root/|^-L${CMAKE_INSTALL_PREFIX}")
+
+# clang does not look for GCC's Objective-C runtime by itself.
+execute_process(COMMAND gcc -print-search-dirs OUTPUT_VARIABLE gcc_dirs COMMAND_ERROR_IS_FATAL ANY)
+string(REGEX MATCH "install: ([^\n]*)" _ "${gcc_dirs}")
+file(REAL_PATH "${CMAKE_MATCH_1}" gcc_dir)
+execute_process(COMMAND ${GNUSTEP_CONFIG} --variable=GNUSTEP_SYSTEM_HEADERS
+    OUTPUT_VARIABLE gnustep_headers OUTPUT_STRIP_TRAILING_WHITESPACE)
+
+add_library(platform_gnustep INTERFACE)
+add_library(platform::gnustep ALIAS platform_gnustep)
+target_compile_options(platform_gnustep INTERFACE
+    $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-runtime=gcc> ${gnustep_compile}
+    "SHELL:-isystem ${gnustep_headers}" "SHELL:-idirafter ${gcc_dir}/include")
+target_link_options(platform_gnustep INTERFACE -L${gcc_dir})
+target_link_libraries(platform_gnustep INTERFACE project::options ${gnustep_link})

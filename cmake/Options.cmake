@@ -1,0 +1,26 @@
+# What every target of this project is compiled with. Link to project::options.
+add_library(project_options INTERFACE)
+add_library(project::options ALIAS project_options)
+
+target_compile_options(project_options INTERFACE
+    -Wall -Wextra -Wpedantic -Werror
+    # Method names with anonymous arguments are the interface of the agent and of the plug-in.
+    -Wno-missing-selector-name
+    # BOOL is one byte of either signedness; the platform's own macros compare them.
+    -Wno-gnu-zero-variadic-macro-arguments)
+target_compile_definitions(project_options INTERFACE
+    KRV_AGENT_BUNDLE_IDENTIFIER="${KRV_AGENT_BUNDLE_IDENTIFIER}")
+target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
+
+if(SANITIZE STREQUAL "address")
+  set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize-recover=undefined
+      -fno-omit-frame-pointer)
+elseif(SANITIZE STREQUAL "thread")
+  set(sanitizer_flags -fsanitize=thread -fno-omit-frame-pointer)
+elseif(NOT SANITIZE STREQUAL "")
+  message(FATAL_ERROR "SANITIZE is '${SANITIZE}'; use address or thread")
+endif()
+if(sanitizer_flags)
+  target_compile_options(project_options INTERFACE ${sanitizer_flags})
+  target_link_options(project_options INTERFACE ${sanitizer_flags})
+endif()
