@@ -20,7 +20,7 @@
 /// trip, and each may raise when the agent goes away. Read them through ResultDictionary.h and
 /// ContactRecords.h only.
 // clang-format off: it takes the first anonymous argument for a part of the name.
-@protocol KRVOperations
+@protocol KRVOperations <NSObject>
 
 /// Makes a link to a file; "value" is the link, a string.
 - (NSDictionary *)getLinkForFile:(NSString *)

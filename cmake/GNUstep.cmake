@@ -28,10 +28,12 @@ file(REAL_PATH "${CMAKE_MATCH_1}" gcc_dir)
 execute_process(COMMAND ${GNUSTEP_CONFIG} --variable=GNUSTEP_SYSTEM_HEADERS
     OUTPUT_VARIABLE gnustep_headers OUTPUT_STRIP_TRAILING_WHITESPACE)
 
+set(gnustep_compile -fobjc-runtime=gcc ${gnustep_compile}
+    -isystem ${gnustep_headers} -idirafter ${gcc_dir}/include)
+set(gnustep_link -L${gcc_dir} ${gnustep_link})
+
 add_library(platform_gnustep INTERFACE)
 add_library(platform::gnustep ALIAS platform_gnustep)
-target_compile_options(platform_gnustep INTERFACE
-    $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-runtime=gcc> ${gnustep_compile}
-    "SHELL:-isystem ${gnustep_headers}" "SHELL:-idirafter ${gcc_dir}/include")
-target_link_options(platform_gnustep INTERFACE -L${gcc_dir})
+list(JOIN gnustep_compile " " flags)
+target_compile_options(platform_gnustep INTERFACE "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:${flags}>")
 target_link_libraries(platform_gnustep INTERFACE project::options ${gnustep_link})

@@ -6,8 +6,8 @@ target_compile_options(project_options INTERFACE
     -Wall -Wextra -Wpedantic -Werror
     # Method names with anonymous arguments are the interface of the agent and of the plug-in.
     -Wno-missing-selector-name
-    # BOOL is one byte of either signedness; the platform's own macros compare them.
-    -Wno-gnu-zero-variadic-macro-arguments)
+    # "?:" reads better than a repeated message, and both compilers of this language have it.
+    -Wno-gnu-conditional-omitted-operand)
 target_compile_definitions(project_options INTERFACE
     KRV_AGENT_BUNDLE_IDENTIFIER="${KRV_AGENT_BUNDLE_IDENTIFIER}")
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})

@@ -5,7 +5,7 @@
 /// The arguments marked as unused are never read, yet they stay in place so that the plug-in's
 /// calls keep their shape. A BOOL is one byte on the wire.
 // clang-format off: it takes the first anonymous argument for a part of the name.
-@protocol ContextMenuService
+@protocol ContextMenuService <NSObject>
 
 /// Puts a link to the item on the clipboard without opening a window.
 /// item: the server id; isFolder: whether the item is a folder.

@@ -1,0 +1,141 @@
+#import "agent/ContactRecords.h"
+
+#include <algorithm>
+#include <optional>
+
+#import "agent/AgentCall.h"
+#import "agent/ResultDictionary.h"
+
+/// What this file sends to arrays and records of another process (see ResultDictionary.mm).
+@protocol RemoteArray
+- (NSUInteger)count;
+- (id)objectAtIndex:(NSUInteger)index;
+- (id)objectForKey:(id)key;
+- (NSArray *)subarrayWithRange:(NSRange)range;
+- (id)valueForKey:(NSString *)key;
+- (NSString *)componentsJoinedByString:(NSString *)separator;
+- (BOOL)isKindOfClass:(Class)cls;
+@end
+
+namespace agent {
+namespace {
+
+/// Records brought over at a time. Large enough that the messages cost nothing, small enough that
+/// the joined text stays far below the 32 MiB that the platform takes as one message, and that the
+/// memory for it is soon given back.
+constexpr NSUInteger kRecordsAtATime = 10000;
+
+/// Below this many records a part that cannot be read as a whole is read record by record.
+constexpr NSUInteger kReadSinglyBelow = 8;
+
+/// The control character "unit separator": no name or address holds it. If one does after all, the
+/// number of pieces tells, and the part is read in smaller parts.
+NSString *const kSeparator = @"\x1f";
+
+id withProtocol(id object) {
+  if ([object isProxy]) {
+    [static_cast<NSDistantObject *>(object) setProtocolForProxy:@protocol(RemoteArray)];
+  }
+  return object;
+}
+
+NSArray *joinedAndSplit(id array) {
+  return [stringOrNil([withProtocol(array) componentsJoinedByString:kSeparator])
+      componentsSeparatedByString:kSeparator];
+}
+
+/// The values of one key over several records, as text with the class of each: text alone does not
+/// tell, because a number and the null object have a text form too.
+class Column {
+ public:
+  /// Raises when a record has no values for keys, or when the connection breaks.
+  Column(id records, NSString *key) : records_(records), key_(key) {
+    id const values = withProtocol([records valueForKey:key]);
+    texts_ = joinedAndSplit(values);
+    classes_ = joinedAndSplit([values valueForKey:@"classForCoder"]);
+  }
+
+  bool isComplete(NSUInteger count) const {
+    return [texts_ count] == count && [classes_ count] == count;
+  }
+
+  /// The value of record `index` when it is a string, otherwise nil.
+  NSString *stringAt(NSUInteger index) const {
+    NSString *const name = [classes_ objectAtIndex:index];
+    if ([name isEqualToString:@"NSString"] || [name isEqualToString:@"NSMutableString"]) {
+      return [texts_ objectAtIndex:index];
+    }
+    if ([name isEqualToString:@"<null>"] || [name isEqualToString:@"NSNull"]) return nil;
+    // Rare enough to ask: a number, or a string of a class that only the agent knows.
+    return stringOrNil([withProtocol([records_ objectAtIndex:index]) objectForKey:key_]);
+  }
+
+ private:
+  id records_;
+  NSString *key_;
+  NSArray *texts_ = nil;
+  NSArray *classes_ = nil;
+};
+
+void visitSingly(id records, const ContactVisitor &visit) {
+  const NSUInteger count = [records count];
+  for (NSUInteger i = 0; i < count; ++i) {
+    id const record = withProtocol([records objectAtIndex:i]);
+    if (![record isKindOfClass:[NSDictionary class]]) {
+      visit(nil, nil);
+      continue;
+    }
+    visit(stringOrNil([record objectForKey:@"name"]),
+          stringOrNil([record objectForKey:@"primaryemail"]));
+  }
+}
+
+/// Brings both columns over; answers false, before any visit, when they cannot be told apart into
+/// records.
+bool visitAsColumns(id records, NSUInteger count, const ContactVisitor &visit) {
+  std::optional<Column> names;
+  std::optional<Column> addresses;
+  @try {
+    names.emplace(records, @"name");
+    addresses.emplace(records, @"primaryemail");
+  } @catch (NSException *) {
+    // A record that is no dictionary has no values for keys. A connection that broke raises too;
+    // the smaller parts will find it broken again.
+    return false;
+  }
+  if (!names->isComplete(count) || !addresses->isComplete(count)) return false;
+  for (NSUInteger i = 0; i < count; ++i) visit(names->stringAt(i), addresses->stringAt(i));
+  return true;
+}
+
+/// Visits the records in `range`. A part that cannot be read as a whole is halved, so that one odd
+/// record costs a few messages and not a message for every other record.
+void visitRange(id records, NSRange range, const ContactVisitor &visit) {
+  @autoreleasepool {
+    id const part = withProtocol([records subarrayWithRange:range]);
+    if (range.length < kReadSinglyBelow) {
+      visitSingly(part, visit);
+      return;
+    }
+    if (visitAsColumns(part, range.length, visit)) return;
+  }
+  const NSUInteger half = range.length / 2;
+  visitRange(records, NSMakeRange(range.location, half), visit);
+  visitRange(records, NSMakeRange(range.location + half, range.length - half), visit);
+}
+
+}  // namespace
+
+bool visitContactRecords(id records, const ContactVisitor &visit) {
+  return nilIfBroken([&]() -> id {
+           if (![withProtocol(records) isKindOfClass:[NSArray class]]) return @"no array";
+           const NSUInteger count = [records count];
+           for (NSUInteger start = 0; start < count; start += kRecordsAtATime) {
+             const NSUInteger length = std::min(kRecordsAtATime, count - start);
+             visitRange(records, NSMakeRange(start, length), visit);
+           }
+           return @"all visited";
+         }) != nil;
+}
+
+}  // namespace agent

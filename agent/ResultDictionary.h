@@ -1,0 +1,51 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+/// Reading of what the agent answers. A reply comes from another process: nothing in it is taken
+/// for what it should be. A value of the wrong class counts as absent.
+namespace agent {
+
+/// Keys of a result dictionary.
+inline NSString *const kErrorKey = @"error";                // number: 0 on success
+inline NSString *const kValueKey = @"value";                // the payload on success
+inline NSString *const kErrorMessageKey = @"errorMessage";  // string: the service's explanation
+
+/// A local copy of a reply, so that reading it later is no round trip and cannot fail: nil for nil
+/// and for anything that is not a dictionary. A result dictionary is copied with its three keys and
+/// nothing else; any other dictionary with all its entries. Strings and numbers are local in the
+/// copy; arrays and dictionaries below "value" stay where they are (ContactRecords.h reads those).
+/// Raises what the platform raises when the connection breaks: call it through AgentCall.h.
+/// Autoreleased.
+NSDictionary *broughtOver(id reply);
+
+/// All entries of a dictionary that may live in another process, as a local dictionary; empty for
+/// nil and for anything that is not a dictionary. Raises as broughtOver does. Autoreleased.
+NSDictionary *entriesOf(id dictionary);
+
+/// What a reply amounts to.
+enum class ReplyKind {
+  Unreachable,  // no reply or an empty one: the agent or the service could not be reached
+  Refused,      // the service refused the operation; errorMessage() says why
+  Succeeded,
+};
+
+/// The reading of the link operations: success is when the text form of "error" equals "0", so a
+/// reply without a readable "error" is a refusal.
+ReplyKind kindOfLinkReply(NSDictionary *reply);
+
+/// The reading of the send, grant and revoke operations: failure is when "error" read as a boolean
+/// is true, so a reply without a readable "error" is a success.
+ReplyKind kindOfActionReply(NSDictionary *reply);
+
+/// "error" as text: a number's text form, a string as it is (some agents answer "0"); nil when it
+/// is neither.
+NSString *errorText(NSDictionary *reply);
+
+/// "errorMessage", nil when it is not a string.
+NSString *errorMessage(NSDictionary *reply);
+
+/// object when it is a string of this process, otherwise nil. A proxy may claim any class.
+NSString *stringOrNil(id object);
+
+}  // namespace agent

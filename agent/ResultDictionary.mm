@@ -1,0 +1,89 @@
+#import "agent/ResultDictionary.h"
+
+/// What this file sends to dictionaries of another process. Declared as a protocol because a proxy
+/// that knows its protocol need not ask the other side for each method's signature first.
+@protocol RemoteDictionary
+- (NSUInteger)count;
+- (id)objectForKey:(id)key;
+- (NSArray *)allKeys;
+@end
+
+/// A protocol is only known at run time when a class of the program adopts it.
+@interface NSDictionary (RemoteDictionary) <RemoteDictionary>
+@end
+@implementation NSDictionary (RemoteDictionary)
+@end
+
+namespace agent {
+namespace {
+
+bool isLocal(id object, Class cls) {
+  return ![object isProxy] && [object isKindOfClass:cls];
+}
+
+/// object as something that answers as a dictionary does, nil when it cannot.
+id asDictionary(id object) {
+  if (object == nil) return nil;
+  if (![object isProxy]) return [object isKindOfClass:[NSDictionary class]] ? object : nil;
+  [static_cast<NSDistantObject *>(object) setProtocolForProxy:@protocol(RemoteDictionary)];
+  return object;
+}
+
+NSDictionary *allEntries(id dictionary) {
+  NSArray *const keys = [dictionary allKeys];
+  const NSUInteger count = [keys count];
+  NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:count];
+  // By index: fast enumeration reads the memory of an array, and a proxy has none.
+  for (NSUInteger i = 0; i < count; ++i) {
+    NSString *const key = stringOrNil([keys objectAtIndex:i]);
+    id const value = key == nil ? nil : [dictionary objectForKey:key];
+    if (value != nil) [copy setObject:value forKey:key];
+  }
+  return copy;
+}
+
+}  // namespace
+
+NSString *stringOrNil(id object) {
+  return isLocal(object, [NSString class]) ? object : nil;
+}
+
+NSDictionary *broughtOver(id reply) {
+  id const remote = asDictionary(reply);
+  if (remote == nil) return nil;
+  NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:3];
+  for (NSString *key in @[ kErrorKey, kValueKey, kErrorMessageKey ]) {
+    id const value = [remote objectForKey:key];
+    if (value != nil) [copy setObject:value forKey:key];
+  }
+  // Only a reply with none of the three keys costs the further question whether it is empty.
+  return [copy count] > 0 || [remote count] == 0 ? copy : allEntries(remote);
+}
+
+NSDictionary *entriesOf(id dictionary) {
+  id const remote = asDictionary(dictionary);
+  return remote == nil ? [NSDictionary dictionary] : allEntries(remote);
+}
+
+ReplyKind kindOfLinkReply(NSDictionary *reply) {
+  if ([reply count] == 0) return ReplyKind::Unreachable;
+  return [errorText(reply) isEqualToString:@"0"] ? ReplyKind::Succeeded : ReplyKind::Refused;
+}
+
+ReplyKind kindOfActionReply(NSDictionary *reply) {
+  if ([reply count] == 0) return ReplyKind::Unreachable;
+  id const error = [reply objectForKey:kErrorKey];
+  const bool readable = isLocal(error, [NSNumber class]) || isLocal(error, [NSString class]);
+  return readable && [error boolValue] ? ReplyKind::Refused : ReplyKind::Succeeded;
+}
+
+NSString *errorText(NSDictionary *reply) {
+  id const error = [reply objectForKey:kErrorKey];
+  return isLocal(error, [NSNumber class]) ? [error stringValue] : stringOrNil(error);
+}
+
+NSString *errorMessage(NSDictionary *reply) {
+  return stringOrNil([reply objectForKey:kErrorMessageKey]);
+}
+
+}  // namespace agent

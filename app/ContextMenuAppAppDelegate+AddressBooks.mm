@@ -1,0 +1,94 @@
+#import "agent/BVDataModelController.h"
+#import "agent/ContactRecords.h"
+#import "agent/ResultDictionary.h"
+#import "app/AddressBookEntry.h"
+#import "app/ContextMenuAppAppDelegate.h"
+#import "app/emailContact.h"
+#import "send/LocalizedText.h"
+
+/// Both lists, on their way to the main thread.
+@interface AddressBookLists : NSObject {
+ @public
+  NSMutableArray *entries;
+  NSMutableArray *addresses;
+}
+@end
+
+@implementation AddressBookLists
+
+- (id)init {
+  if ((self = [super init])) {
+    entries = [[NSMutableArray alloc] init];
+    addresses = [[NSMutableArray alloc] init];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [entries release];
+  [addresses release];
+  [super dealloc];
+}
+
+@end
+
+namespace {
+
+/// Fills the lists from the agent's contact records; answers false when the connection broke before
+/// the last one.
+bool fill(AddressBookLists *lists, id records) {
+  NSString *const lastCommaFirstFormat = localizedText(@"personNameinAddressbookFormatKey");
+  const bool complete = agent::visitContactRecords(records, [&](NSString *name, NSString *address) {
+    emailContact *const contact = [[emailContact alloc] init];
+    [contact setPersonEmaild:address];
+    [contact setPersonName:name];
+    // A contact without an address is nobody's colleague, but is still listed.
+    if ([contact personEmaild] != nil) [lists->addresses addObject:[contact personEmaild]];
+    [lists->entries addObject:addressBookEntry([contact personName], [contact personEmaild],
+                                               lastCommaFirstFormat)];
+    [contact release];
+  });
+  [lists->entries sortUsingSelector:@selector(localizedCaseInsensitiveCompare:)];
+  return complete;
+}
+
+}  // namespace
+
+@implementation ContextMenuAppAppDelegate (AddressBooks)
+
+/// Main thread. Into the fields and not through the setters, which would store immutable copies:
+/// the lists grow when a colleague is found.
+- (void)exchangeAddressBooks:(AddressBookLists *)lists {
+  // A reader further up the stack may still hold what the getters gave it.
+  [addressBookForShare autorelease];
+  [employeeContacts autorelease];
+  addressBookForShare = [lists->entries retain];
+  employeeContacts = [lists->addresses retain];
+}
+
+- (void)publishAddressBooks:(AddressBookLists *)lists {
+  [self performSelectorOnMainThread:@selector(exchangeAddressBooks:)
+                         withObject:lists
+                      waitUntilDone:YES];
+}
+
+- (void)getAddressBookForShareFolder {
+  @autoreleasepool {
+    [self publishAddressBooks:[[[AddressBookLists alloc] init] autorelease]];
+    BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+    NSDictionary *const reply = [link getEmployeeAddressBook];
+    AddressBookLists *const lists = [[[AddressBookLists alloc] init] autorelease];
+    if (fill(lists, [reply objectForKey:agent::kValueKey])) [self publishAddressBooks:lists];
+  }
+}
+
+- (void)updateAddressBook:(NSTimer *)timer {
+  (void)timer;
+  [self performSelectorInBackground:@selector(getAddressBookForShareFolder) withObject:nil];
+}
+
+- (void)conditionalFetchAddressBook {
+  if ([[self addressBookForShare] count] == 0) [self getAddressBookForShareFolder];
+}
+
+@end

@@ -1,0 +1,84 @@
+#include <string>
+
+#import "agent/ResultDictionary.h"
+#include "app/BVSyncEngine.h"
+#import "app/ContextMenuAppAppDelegate.h"
+
+namespace {
+
+/// One bracketed exchange with the sync engine: the query runs only when the library could be
+/// initialised, and the library is uninitialised in either case. (The process entry's probe ends
+/// the library only when it could begin it; both are intended as they stand.)
+template <class Query>
+int queryEngine(Query query) {
+  const int code = BvInitialize();
+  const int result = code == 0 ? query() : code;
+  BvUninitialize();
+  return result;
+}
+
+std::string utf8(NSString *path) {
+  NSData *const data = [path dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
+  return std::string(static_cast<const char *>([data bytes]), [data length]);
+}
+
+/// Stores an id that the library handed back. The characters belong to the library, so the string
+/// is a copy. One that is missing or not UTF-8 stores nothing: callers count an id that stayed
+/// empty as a failed look-up.
+void storeId(const char *characters, NSString **outId) {
+  if (characters == nullptr || outId == nullptr) return;
+  NSData *const data = [NSData dataWithBytes:characters
+                                      length:std::char_traits<char>::length(characters)];
+  NSString *const string = [[[NSString alloc] initWithData:data
+                                                  encoding:NSUTF8StringEncoding] autorelease];
+  if (string != nil) *outId = string;
+}
+
+using IdQuery = int (*)(const char *path, char **id);
+
+int lookUpId(IdQuery query, NSString *path, char *idBuffer, NSString **outId) {
+  char *characters = idBuffer;
+  const int code = query(utf8(path).c_str(), &characters);
+  if (code == 0) storeId(characters, outId);
+  return code;
+}
+
+}  // namespace
+
+@implementation ContextMenuAppAppDelegate (PathResolution)
+
+// clang-format off: it takes the first anonymous argument for a part of the name.
+
+- (int)GetFileState:(NSString *)path:(int)state {
+  return queryEngine([&] {
+    int localState = state;
+    return BvGetFileSyncState(utf8(path).c_str(), &localState);
+  });
+}
+
+- (int)GetFileIdByPath:(NSString *)path:(char *)idBuffer:(NSString **)outId {
+  return queryEngine([&] { return lookUpId(BvGetFileIdByName, path, idBuffer, outId); });
+}
+
+- (int)GetFolderIdByPath:(NSString *)path:(char *)idBuffer:(NSString **)outId {
+  return queryEngine([&] {
+    NSString *const home = [NSString stringWithFormat:@"%@/MyDocs", [self syncedFilePath]];
+    if ([path isEqualToString:home]) {
+      if (outId != nullptr)
+        *outId = agent::stringOrNil([[self homeFolderInfo] objectForKey:@"homefolder"]);
+      return 0;
+    }
+    return lookUpId(BvGetFolderIdByName, path, idBuffer, outId);
+  });
+}
+
+- (BOOL)containsString:(NSString *)string:(NSString *)substring {
+  // A message to nil would answer location 0, which reads as found.
+  if (string == nil || substring == nil) return NO;
+  const NSRange found = [string rangeOfString:substring options:NSCaseInsensitiveSearch];
+  return found.location != NSNotFound;
+}
+
+// clang-format on
+
+@end

@@ -1,0 +1,114 @@
+#import <AppKit/AppKit.h>
+
+@class ContextMenuPlugin;
+
+/// The application delegate: the one object that lives from the loading of the main interface
+/// resource to the end of the process, and the state that all parts share. Every other part reaches
+/// it as the application object's delegate. Main thread, except where a method says otherwise.
+@interface ContextMenuAppAppDelegate : NSObject <NSApplicationDelegate> {
+ @private
+  NSWindow *window;
+  NSMenu *krvContextMenu;
+  NSMenuItem *copyLink;
+  NSMenuItem *sendFile;
+  NSMenuItem *shareFolder;
+  NSMenuItem *sendFolder;
+  BOOL contextMenuFlag;
+  NSMutableArray *addressBookForSend;
+  NSMutableArray *addressBookForShare;
+  NSMutableArray *employeeContacts;
+  NSString *syncedFilePath;
+  NSTimer *updateAddressBookTimer;
+  NSDictionary *homeFolderInfo;
+  ContextMenuPlugin *contextMenuPlugin;
+}
+
+@property (assign) IBOutlet NSWindow *window;
+@property (assign) IBOutlet NSMenu *krvContextMenu;
+@property (assign) IBOutlet NSMenuItem *copyLink;
+@property (assign) IBOutlet NSMenuItem *sendFile;
+@property (assign) IBOutlet NSMenuItem *shareFolder;
+@property (assign) IBOutlet NSMenuItem *sendFolder;
+
+/// YES while no window of the application is open and no direct copy is running. Gates nothing: it
+/// is kept so that these states can be observed.
+@property (assign) BOOL contextMenuFlag;
+
+/// Declared for the send tab; nothing fills it.
+@property (copy) NSMutableArray *addressBookForSend;
+
+/// One entry (a string, see AddressBookEntry.h) for each contact, in the user's alphabetical order
+/// without regard to letter case.
+@property (copy) NSMutableArray *addressBookForShare;
+
+/// The address of each contact, in the agent's order.
+@property (copy) NSMutableArray *employeeContacts;
+
+/// The folder that the service keeps in sync: "/Users/", the login name, "/Brisvale". Deliberately
+/// not made from the home directory, which may lie elsewhere. No trailing slash.
+@property (copy) NSString *syncedFilePath;
+
+/// The repeating daily refresh. A timer cannot be copied: the setter must not be used.
+@property (copy) NSTimer *updateAddressBookTimer;
+
+/// The home folder information that the agent gave at launch, empty when it gave none. Its key
+/// "homefolder" holds the server id of the user's home folder.
+@property (copy) NSDictionary *homeFolderInfo;
+
+// An outlet like the others: its name alone would make it a method that hands ownership over.
+- (NSMenuItem *)copyLink __attribute__((objc_method_family(none)));
+
+/// Hides the application, as its windows and alerts do when they are done.
+- (void)hideMe;
+
+@end
+
+/// Server ids of local paths, from the sync engine library.
+@interface ContextMenuAppAppDelegate (PathResolution)
+
+// Each brackets its query with BvInitialize and BvUninitialize; the latter is called exactly once
+// whatever happens. Each returns the first code that was not 0, unchanged, or 0. nil as a path is
+// the empty path; characters that UTF-8 cannot hold are replaced.
+
+// clang-format off: it takes the first anonymous argument for a part of the name.
+
+/// Whether the library knows the sync state of the item at path. The state itself goes no further
+/// than this method: state is passed by value, deliberately.
+- (int)GetFileState:(NSString *)path:(int)state;
+
+/// Stores the server id of the file at path through outId (autoreleased) and returns 0, or returns
+/// the library's code and leaves *outId as it was. idBuffer is only what the library's out-pointer
+/// starts as.
+- (int)GetFileIdByPath:(NSString *)path:(char *)idBuffer:(NSString **)outId;
+
+/// As GetFileIdByPath:::, for a folder path without trailing slash. The folder "MyDocs" directly in
+/// the synced folder (letter case counts) is the user's home folder: its id comes from
+/// homeFolderInfo, nil when that has none, and the library is not asked.
+- (int)GetFolderIdByPath:(NSString *)path:(char *)idBuffer:(NSString **)outId;
+
+/// Whether substring occurs anywhere in string, without regard to letter case. NO when either is
+/// nil or substring is empty.
+- (BOOL)containsString:(NSString *)string:(NSString *)substring;
+
+// clang-format on
+
+@end
+
+/// The lists behind recipient completion and the colleague check.
+@interface ContextMenuAppAppDelegate (AddressBooks)
+
+/// Replaces both lists with empty ones, asks the agent for the employee address book, and puts the
+/// filled lists in their place. Blocks the calling thread until the agent has answered; when it
+/// cannot be reached the lists stay empty, and nobody is told. May run on any thread: the lists
+/// themselves are exchanged on the main thread only, so that no reader there ever sees one change
+/// or vanish under its hands.
+- (void)getAddressBookForShareFolder;
+
+/// The daily timer's action: getAddressBookForShareFolder on a new background thread. Returns at
+/// once.
+- (void)updateAddressBook:(NSTimer *)timer;
+
+/// getAddressBookForShareFolder, but only while addressBookForShare holds no entry.
+- (void)conditionalFetchAddressBook;
+
+@end

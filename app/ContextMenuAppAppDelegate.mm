@@ -1,0 +1,73 @@
+#import "app/ContextMenuAppAppDelegate.h"
+
+#import "agent/AgentCall.h"
+#import "agent/BVDataModelController.h"
+#import "plugin/ContextMenuPlugin.h"
+
+namespace {
+
+/// One day.
+constexpr NSTimeInterval kAddressBookRefreshSeconds = 86400.0;
+
+NSString *syncedFolderOf(NSString *loginName) {
+  return [[@"/Users/" stringByAppendingString:loginName] stringByAppendingString:@"/Brisvale"];
+}
+
+/// Straight to the proxy, without the gate: the answer must not depend on whether the agent is
+/// already among the running applications while it is being started at login.
+NSDictionary *homeFolderInfoFromAgent() {
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  id<KRVProxy> const proxy = [link krvAgentProxy];
+  return agent::replyOf(
+      proxy, [&] { return [proxy getHomeDirectoryInfo]; }, agent::entriesOf);
+}
+
+}  // namespace
+
+@implementation ContextMenuAppAppDelegate
+
+@synthesize window;
+@synthesize krvContextMenu;
+@synthesize copyLink;
+@synthesize sendFile;
+@synthesize shareFolder;
+@synthesize sendFolder;
+@synthesize contextMenuFlag;
+@synthesize addressBookForSend;
+@synthesize addressBookForShare;
+@synthesize employeeContacts;
+@synthesize syncedFilePath;
+@synthesize updateAddressBookTimer;
+@synthesize homeFolderInfo;
+
+#pragma mark - NSApplicationDelegate
+
+- (void)applicationDidFinishLaunching:(NSNotification *)notification {
+  (void)notification;
+  NSLog(@"Context Menu Application Launched for first time");
+  [self getAddressBookForShareFolder];
+  [self setSyncedFilePath:syncedFolderOf(NSUserName())];
+  [self setContextMenuFlag:YES];
+  contextMenuPlugin = [[ContextMenuPlugin alloc] init];
+  updateAddressBookTimer = [NSTimer scheduledTimerWithTimeInterval:kAddressBookRefreshSeconds
+                                                            target:self
+                                                          selector:@selector(updateAddressBook:)
+                                                          userInfo:nil
+                                                           repeats:YES];
+  homeFolderInfo = [[NSDictionary alloc] initWithDictionary:homeFolderInfoFromAgent()];
+}
+
+- (void)applicationDidBecomeActive:(NSNotification *)notification {
+  (void)notification;
+  NSLog(@"Context Menu Application Did Become Active");
+  // Becoming active triggers nothing, on purpose: the flag is read and that is all.
+  (void)[self contextMenuFlag];
+}
+
+#pragma mark - Hiding
+
+- (void)hideMe {
+  [NSApp hide:NSApp];
+}
+
+@end

@@ -1,0 +1,20 @@
+#import "platform/gnustep/NSPasteboard+Writing.h"
+
+// Replacing the platform's own method is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSPasteboard (Writing)
+
+- (NSInteger)clearContents {
+  return [self declareTypes:[NSArray array] owner:nil];
+}
+
+- (BOOL)writeObjects:(NSArray *)objects {
+  if ([objects count] == 0) return NO;
+  for (id object in objects) {
+    if (![object isKindOfClass:[NSString class]]) return NO;
+  }
+  [self declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
+  return [self setString:[objects objectAtIndex:0] forType:NSStringPboardType];
+}
+
+@end

@@ -1,0 +1,58 @@
+#include "platform/gnustep/ProcessTable.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <array>
+#include <charconv>
+#include <climits>
+#include <cstring>
+#include <memory>
+
+namespace platform {
+namespace {
+
+constexpr std::string_view kDeletedMark = " (deleted)";
+constexpr std::string_view kBundleSuffix = ".app";
+constexpr std::string_view kProgramFolder = "/Contents/MacOS";
+
+struct CloseDirectory {
+  void operator()(DIR *directory) const { closedir(directory); }
+};
+
+}  // namespace
+
+std::optional<std::string> bundleOfExecutable(std::string_view path) {
+  if (path.ends_with(kDeletedMark)) path.remove_suffix(kDeletedMark.size());
+  const auto slash = path.rfind('/');
+  if (slash == std::string_view::npos) return std::nullopt;
+  std::string_view folder = path.substr(0, slash);
+  if (folder.ends_with(kProgramFolder)) folder.remove_suffix(kProgramFolder.size());
+  // "/.app" has no name and is a hidden folder.
+  if (!folder.ends_with(kBundleSuffix) || folder.ends_with("/.app")) return std::nullopt;
+  return std::string(folder);
+}
+
+std::vector<ApplicationProcessEntry> runningApplicationProcesses() {
+  std::vector<ApplicationProcessEntry> found;
+  const std::unique_ptr<DIR, CloseDirectory> table(opendir("/proc"));
+  if (!table) return found;
+  std::array<char, PATH_MAX> target;
+  while (const dirent *entry = readdir(table.get())) {
+    const char *const end = entry->d_name + std::strlen(entry->d_name);
+    pid_t pid = 0;
+    if (std::from_chars(entry->d_name, end, pid).ptr != end) continue;
+    const std::string link = std::string(entry->d_name) + "/exe";
+    // Fails for kernel threads and for other users' processes: neither is an application of ours.
+    const ssize_t length =
+        readlinkat(dirfd(table.get()), link.c_str(), target.data(), target.size());
+    if (length <= 0) continue;
+    if (auto bundle = bundleOfExecutable({target.data(), static_cast<size_t>(length)})) {
+      found.push_back({pid, std::move(*bundle)});
+    }
+  }
+  return found;
+}
+
+}  // namespace platform

@@ -1,0 +1,5 @@
+#import <AppKit/AppKit.h>
+
+int main() {
+  return [NSPasteboard instancesRespondToSelector:@selector(clearContents)] ? 0 : 1;
+}

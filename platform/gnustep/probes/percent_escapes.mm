@@ -1,0 +1,5 @@
+#import <CoreFoundation/CoreFoundation.h>
+
+int main() {
+  return CFURLCreateStringByAddingPercentEscapes(nullptr, nullptr, nullptr, nullptr, 0) != nullptr;
+}
