@@ -1,0 +1,54 @@
+#import "devkit/agent/AgentProcess.h"
+
+#import "agent/AgentIdentity.h"
+
+@implementation AgentProcess
+
+- (instancetype)initWithService:(id)service {
+  self = [super init];
+  if (self) {
+    _connection = [[NSConnection alloc] init];
+    [_connection setRootObject:service];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [_connection invalidate];
+  [_connection release];
+  [super dealloc];
+}
+
+- (BOOL)registerName {
+  return [_connection registerName:agent::kConnectionName];
+}
+
+- (void)serveUntilReadable:(int)descriptor {
+  NSFileHandle *handle = [[[NSFileHandle alloc] initWithFileDescriptor:descriptor
+                                                        closeOnDealloc:YES] autorelease];
+  [[NSNotificationCenter defaultCenter] addObserver:self
+                                           selector:@selector(askedToEnd:)
+                                               name:NSFileHandleDataAvailableNotification
+                                             object:handle];
+  [handle waitForDataInBackgroundAndNotify];
+  while (!_ending) {
+    @autoreleasepool {
+      // The platform raises from inside the run loop when a stranger sends bytes that are no
+      // message; that must cost the stranger its connection and nobody else anything.
+      @try {
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate distantFuture]];
+      } @catch (NSException *exception) {
+        NSLog(@"Dropped a message that cannot be read: %@", [exception reason]);
+      }
+    }
+  }
+  [_connection registerName:nil];
+  [_connection invalidate];
+}
+
+- (void)askedToEnd:(NSNotification *)notification {
+  _ending = YES;
+}
+
+@end

@@ -1,0 +1,105 @@
+#import "devkit/client/ContextMenuCall.h"
+
+#import "agent/AgentIdentity.h"
+#include "devkit/base/Places.h"
+#include "devkit/base/Text.h"
+#include "devkit/client/Item.h"
+#import "devkit/client/RemoteObject.h"
+#import "plugin/ContextMenuService.h"
+
+/// The one operation of the agent that the client needs.
+@protocol HomeFolderInformation
+- (NSDictionary *)getHomeDirectoryInfo;
+@end
+
+/// Never made. Under this runtime a program knows a protocol only when a class of its own adopts
+/// it; without that, giving the protocol to a proxy has no effect.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wprotocol"
+@interface KnownProtocols : NSObject <ContextMenuService, HomeFolderInformation>
+@end
+@implementation KnownProtocols
+@end
+#pragma clang diagnostic pop
+
+namespace devkit {
+namespace {
+
+NSString *const kServiceName = @"ContextMenuPlugin";
+constexpr auto kApplication = "the application";
+constexpr auto kAgent = "the agent";
+
+NSString *string(const std::string &text) {
+  const auto valid = validUtf8(text);
+  return [[[NSString alloc] initWithBytes:valid.data()
+                                   length:valid.size()
+                                 encoding:NSUTF8StringEncoding] autorelease];
+}
+
+/// The engine is not asked for the home folder: its id is the account's and comes from the agent.
+std::variant<std::string, Failure> homeId(const Patience &patience) {
+  const auto found =
+      lookUp(agent::kConnectionName, @protocol(HomeFolderInformation), kAgent, patience);
+  if (const auto *failure = std::get_if<Failure>(&found))
+    return Failure{Exit::NoId, failure->reason + ", and only it knows the id of MyDocs"};
+  const id proxy = std::get<id>(found);
+  @try {
+    NSString *value = [[proxy getHomeDirectoryInfo] objectForKey:@"homefolder"];
+    if ([value isKindOfClass:[NSString class]] && [value length] > 0)
+      return std::string([value UTF8String]);
+  } @catch (NSException *exception) {
+    return Failure{Exit::NoId, failureOf(exception, proxy, kAgent).reason};
+  }
+  return Failure{Exit::NoId, "the agent gives no id for MyDocs"};
+}
+
+std::variant<std::string, Failure> serverId(const LocalItem &item, const Patience &patience) {
+  return item.isHome ? homeId(patience) : engineId(item);
+}
+
+void call(id<ContextMenuService> application, const Request &request, const LocalItem &item,
+          NSString *serverId) {
+  const BOOL isFolder = item.kind == Kind::Folder ? YES : NO;
+  const BOOL tab = static_cast<BOOL>(request.tab);
+  NSString *name = string(item.name);
+  switch (request.verb) {
+    case Verb::CopyLink:
+      [application copyLinkToClipboard:serverId:isFolder:NO];
+      break;
+    case Verb::Send:
+      [application LaunchSendCopyLinkTab:serverId:name:(item.isHome ? YES : NO):isFolder:tab:YES];
+      break;
+    case Verb::Share:
+      [application LaunchShareFolderTab:serverId:name:NO:tab:YES];
+      break;
+    case Verb::Help:
+      break;
+  }
+}
+
+}  // namespace
+
+std::optional<Failure> perform(const Request &request) {
+  const auto found = findItem(request.path, SyncedFolder(syncedFolderPath()));
+  if (const auto *failure = std::get_if<Failure>(&found)) return *failure;
+  const auto &item = std::get<LocalItem>(found);
+  if (request.verb == Verb::Share && item.kind == Kind::File)
+    return Failure{Exit::WrongUsage, shown(request.path) + " is a file; only folders are shared"};
+
+  const Patience patience = {request.wait, request.timeout};
+  const auto identified = serverId(item, patience);
+  if (const auto *failure = std::get_if<Failure>(&identified)) return *failure;
+
+  const auto application =
+      lookUp(kServiceName, @protocol(ContextMenuService), kApplication, patience);
+  if (const auto *failure = std::get_if<Failure>(&application)) return *failure;
+  const id proxy = std::get<id>(application);
+  @try {
+    call(proxy, request, item, string(std::get<std::string>(identified)));
+  } @catch (NSException *exception) {
+    return failureOf(exception, proxy, kApplication);
+  }
+  return std::nullopt;
+}
+
+}  // namespace devkit

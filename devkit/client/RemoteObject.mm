@@ -1,0 +1,74 @@
+#import "devkit/client/RemoteObject.h"
+
+#include <string>
+
+namespace devkit {
+namespace {
+
+/// Between two looks for a name that is not there yet; nothing tells when a name appears.
+constexpr NSTimeInterval kPauseSeconds = 0.05;
+
+std::string text(NSString *string) {
+  const char *bytes = [string UTF8String];
+  return bytes ? bytes : "";
+}
+
+/// nil, whatever went wrong: the reasons are told apart afterwards.
+id rootProxy(NSString *name) {
+  @try {
+    return [NSConnection rootProxyForConnectionWithRegisteredName:name host:nil];
+  } @catch (NSException *) {
+    // Somebody went away in the middle, or the folder of the names is locked for longer than the
+    // platform waits. Both are the same as nobody there.
+    return nil;
+  }
+}
+
+bool isRegistered(NSString *name) {
+  @try {
+    return [[NSMessagePortNameServer sharedInstance] portForName:name onHost:nil] != nil;
+  } @catch (NSException *) {
+    return false;
+  }
+}
+
+}  // namespace
+
+std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
+                                 const Patience &patience) {
+  // The platform's own limit is endless. New connections take it over from the default one.
+  NSConnection *defaults = [NSConnection defaultConnection];
+  const NSTimeInterval endless = [defaults replyTimeout];
+  [defaults setReplyTimeout:patience.timeout.count()];
+  [defaults setRequestTimeout:patience.timeout.count()];
+
+  NSDate *deadline = [NSDate dateWithTimeIntervalSinceNow:patience.wait.count()];
+  id proxy = rootProxy(name);
+  while (!proxy && !isRegistered(name) && [deadline timeIntervalSinceNow] > 0) {
+    [NSThread sleepForTimeInterval:kPauseSeconds];
+    proxy = rootProxy(name);
+  }
+  if (!proxy) {
+    const char *problem = isRegistered(name) ? " does not answer" : " is not running";
+    return Failure{Exit::NotRunning, std::string(who) + problem};
+  }
+
+  [[proxy connectionForProxy] setReplyTimeout:endless];
+  [[proxy connectionForProxy] setRequestTimeout:endless];
+  [proxy setProtocolForProxy:protocol];
+  return proxy;
+}
+
+Failure failureOf(NSException *exception, id proxy, const char *who) {
+  NSString *name = [exception name];
+  const auto detail = ": " + text([exception reason]);
+  if ([name isEqualToString:NSInvalidReceivePortException] ||
+      [name isEqualToString:NSPortTimeoutException] || ![[proxy connectionForProxy] isValid])
+    return {Exit::WentAway, std::string(who) + " went away during the call" + detail};
+  // The other side has no such method, or one with other arguments.
+  if ([name isEqualToString:NSInvalidArgumentException])
+    return {Exit::NotOffered, std::string(who) + " does not offer this operation" + detail};
+  return {Exit::Failed, std::string(who) + " failed with " + text(name) + detail};
+}
+
+}  // namespace devkit

@@ -1,0 +1,36 @@
+#include "devkit/mail/Outbox.h"
+
+#include <cerrno>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace devkit {
+namespace {
+
+/// Sorts by time and stays unique by the token.
+std::string fileName(const Letter &letter) {
+  std::tm parts = {};
+  gmtime_r(&letter.date, &parts);
+  char time[32];
+  const auto size = std::strftime(time, std::size(time), "%Y%m%dT%H%M%SZ-", &parts);
+  return std::string(time, size) + letter.token.substr(0, 8) + ".eml";
+}
+
+}  // namespace
+
+std::string Outbox::put(const Letter &letter) {
+  namespace fs = std::filesystem;
+  fs::create_directories(folder_);
+  const auto path = folder_ + "/" + fileName(letter);
+  const auto unfinished = path + ".part";
+  std::ofstream file(unfinished, std::ios::binary);
+  file << written(letter);
+  file.close();
+  if (!file) throw std::system_error(errno, std::generic_category(), unfinished);
+  fs::rename(unfinished, path);
+  return path;
+}
+
+}  // namespace devkit

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace devkit {
+
+/// Whether a text can stand in a mail as the one address that it claims to be. Laxer than the
+/// application about what an address is, and strict about what could become something else: line
+/// ends, blanks, lists, brackets, quotes.
+bool isAddress(std::string_view text);
+
+/// Recipients as they were entered, separated by commas.
+struct Recipients {
+  std::vector<std::string> addresses;
+  /// The first piece that is no address, if there is one; then nothing may be sent.
+  std::optional<std::string> invalid;
+};
+
+/// Blanks round an address do not belong to it; an empty piece is no address.
+Recipients parseRecipients(std::string_view entered);
+
+}  // namespace devkit

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "devkit/store/Database.h"
+
+namespace devkit {
+
+/// A person whom the service knows.
+struct Contact {
+  std::string email;
+  std::string firstName;
+  std::string lastName;
+  /// Entered as "Last, First"; otherwise as "First Last".
+  bool lastFirst = false;
+  /// Belongs to the user's own company; partners and customers do not.
+  bool employee = true;
+  /// Stands in the colleagues' address book. Newcomers are employees before they stand in it.
+  bool listed = true;
+
+  /// The name as the address book gives it.
+  std::string displayName() const;
+};
+
+/// The people whom the service knows, in the order in which they were entered.
+class Contacts {
+ public:
+  explicit Contacts(Database &database) : database_(database) {}
+
+  void add(const Contact &contact);
+
+  /// Replaces everybody by `count` generated people, all at once for whoever reads meanwhile.
+  void fillWith(std::int64_t count);
+
+  /// The person with that address, whatever its letter case.
+  std::optional<Contact> find(std::string_view email);
+
+  /// The colleagues' address book.
+  std::vector<Contact> addressBook();
+
+  /// A number that changes whenever a contact does, by whomever; cheap to ask.
+  std::int64_t revision();
+
+ private:
+  Database &database_;
+};
+
+/// Contact number `index` of the generated ones: always the same person for the same number, with
+/// an address of its own.
+Contact generatedContact(std::int64_t index);
+
+}  // namespace devkit
