@@ -73,8 +73,9 @@ int lookUpId(IdQuery query, NSString *path, char *idBuffer, NSString **outId) {
 }
 
 - (BOOL)containsString:(NSString *)string:(NSString *)substring {
-  // A message to nil would answer location 0, which reads as found.
-  if (string == nil || substring == nil) return NO;
+  // A message to nil would answer location 0, which reads as found; for the empty string platforms
+  // differ.
+  if (string == nil || [substring length] == 0) return NO;
   const NSRange found = [string rangeOfString:substring options:NSCaseInsensitiveSearch];
   return found.location != NSNotFound;
 }

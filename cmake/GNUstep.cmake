@@ -37,3 +37,11 @@ add_library(platform::gnustep ALIAS platform_gnustep)
 list(JOIN gnustep_compile " " flags)
 target_compile_options(platform_gnustep INTERFACE "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:${flags}>")
 target_link_libraries(platform_gnustep INTERFACE project::options ${gnustep_link})
+
+# CMake does not know how this language's linker is told where libraries lie at run time, and would
+# leave it out without a word.
+foreach(kind EXECUTABLE SHARED_LIBRARY)
+  set(CMAKE_${kind}_RUNTIME_OBJCXX_FLAG "-Wl,-rpath,")
+  set(CMAKE_${kind}_RUNTIME_OBJCXX_FLAG_SEP ":")
+endforeach()
+add_link_options(LINKER:--enable-new-dtags)

@@ -11,8 +11,8 @@ struct CloseCollator {
   void operator()(UCollator *collator) const { ucol_close(collator); }
 };
 
-/// The collator that the platform would open for one comparison, kept for the thread as long as the
-/// user's locale stays the same.
+// The collator that the platform would open for one comparison, kept for the thread as long as the
+// user's locale stays the same.
 UCollator *collatorForCurrentLocale() {
   thread_local std::unique_ptr<UCollator, CloseCollator> collator;
   thread_local std::string collatorLocale;
@@ -28,7 +28,7 @@ UCollator *collatorForCurrentLocale() {
   return collator.get();
 }
 
-/// A string's UTF-16 units: on the stack for names and addresses, which are short.
+// A string's UTF-16 units: on the stack for names and addresses, which are short.
 class Units {
  public:
   explicit Units(NSString *string) : length_([string length]) {
@@ -51,8 +51,9 @@ class Units {
 
 }  // namespace
 
-/// The platform opens and closes a collator for every single comparison, most of the time that
-/// sorting an address book takes. The answers are the same.
+// The platform opens and closes a collator for every single comparison, most of the time that
+// sorting an address book takes. The answers are the same.
+//
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSString (LocalizedCompare)

@@ -1,0 +1,35 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+/// What the scripted agent does at one call: one entry of the script file.
+///
+/// The script is a JSON object from operation names ("getLinkForFile:::::") to an entry or a list
+/// of entries; of a list each call takes the next, and the last one stays. Keys of an entry, all
+/// optional:
+/// - "delay": seconds to wait first, in which the agent serves nobody else, as one that hangs;
+/// - "die": "before" the operation answers (the process kills itself), or "whenRead": it answers
+/// and
+///   dies at the first question to the reply;
+/// - "raise": the name of an exception to raise instead of answering;
+/// - "nil": true to answer nil;
+/// - "contacts": a number of generated contact records as the reply's "value";
+/// - "linkLength": a number of characters of a generated link as the reply's "value";
+/// - "reply": the reply.
+/// Without an entry the agent answers an empty dictionary.
+@interface Script : NSObject {
+ @private
+  NSString *_path;
+  NSMutableDictionary *_callCounts;
+}
+
+- (id)initWithPath:(NSString *)path;
+
+/// The entry for the next call of an operation; empty when the script has none. The file is read
+/// anew each time, so that a test may change it between calls.
+- (NSDictionary *)nextEntryForOperation:(NSString *)operation;
+
+@end
+
+/// The reply that an entry asks for, nil for none.
+id replyOfEntry(NSDictionary *entry);

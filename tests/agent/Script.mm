@@ -1,0 +1,108 @@
+#import "tests/agent/Script.h"
+
+#include <csignal>
+
+#include <unistd.h>
+
+/// A reply that ends its process when it is read: the agent dies between answering and being asked
+/// for what it answered.
+@interface FatalReply : NSDictionary
+@end
+
+@implementation FatalReply
+
+- (NSUInteger)count {
+  return 1;
+}
+
+- (id)objectForKey:(id)key {
+  (void)key;
+  kill(getpid(), SIGKILL);
+  return nil;
+}
+
+- (NSEnumerator *)keyEnumerator {
+  kill(getpid(), SIGKILL);
+  return nil;
+}
+
+@end
+
+namespace {
+
+NSArray *generatedContacts(NSUInteger count) {
+  NSMutableArray *const contacts = [NSMutableArray arrayWithCapacity:count];
+  for (NSUInteger i = 0; i < count; ++i) {
+    @autoreleasepool {
+      // Scattered, so that sorting has work to do; every second name has the comma form.
+      const unsigned number = static_cast<unsigned>(i * 7919 % count);
+      NSString *const name = i % 2 == 0
+                                 ? [NSString stringWithFormat:@"First%u Läst%u", number, number]
+                                 : [NSString stringWithFormat:@"Läst%u, First%u", number, number];
+      NSString *const address = [NSString stringWithFormat:@"user%u@example.org", number];
+      [contacts addObject:[NSDictionary dictionaryWithObjectsAndKeys:name, @"name", address,
+                                                                     @"primaryemail", nil]];
+    }
+  }
+  return contacts;
+}
+
+NSDictionary *successWithValue(id value) {
+  return [NSDictionary
+      dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:0], @"error", value, @"value", nil];
+}
+
+}  // namespace
+
+id replyOfEntry(NSDictionary *entry) {
+  static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
+  if ([[entry objectForKey:@"nil"] boolValue]) return nil;
+  if ([[entry objectForKey:@"die"] isEqual:@"whenRead"]) {
+    return [[[FatalReply alloc] init] autorelease];
+  }
+  NSNumber *const contacts = [entry objectForKey:@"contacts"];
+  if (contacts != nil) {
+    if ([books objectForKey:contacts] == nil) {
+      [books setObject:generatedContacts([contacts unsignedIntegerValue]) forKey:contacts];
+    }
+    return successWithValue([books objectForKey:contacts]);
+  }
+  NSNumber *const linkLength = [entry objectForKey:@"linkLength"];
+  if (linkLength != nil) {
+    return successWithValue([@"https://" stringByPaddingToLength:[linkLength unsignedIntegerValue]
+                                                      withString:@"link"
+                                                 startingAtIndex:0]);
+  }
+  return [entry objectForKey:@"reply"] ?: [NSDictionary dictionary];
+}
+
+@implementation Script
+
+- (id)initWithPath:(NSString *)path {
+  if ((self = [super init])) {
+    _path = [path copy];
+    _callCounts = [[NSMutableDictionary alloc] init];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [_path release];
+  [_callCounts release];
+  [super dealloc];
+}
+
+- (NSDictionary *)nextEntryForOperation:(NSString *)operation {
+  NSData *const data = [NSData dataWithContentsOfFile:_path];
+  NSDictionary *const script =
+      data == nil ? nil : [NSJSONSerialization JSONObjectWithData:data options:0 error:nullptr];
+  id entry = [script objectForKey:operation];
+  if ([entry isKindOfClass:[NSArray class]]) {
+    const NSUInteger made = [[_callCounts objectForKey:operation] unsignedIntegerValue];
+    [_callCounts setObject:[NSNumber numberWithUnsignedInteger:made + 1] forKey:operation];
+    entry = [entry objectAtIndex:MIN(made, [entry count] - 1)];
+  }
+  return entry ?: [NSDictionary dictionary];
+}
+
+@end

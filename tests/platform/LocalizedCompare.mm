@@ -1,0 +1,51 @@
+#include <gtest/gtest.h>
+
+#import <Foundation/Foundation.h>
+
+#include <random>
+
+#include "tests/support/Strings.h"
+
+namespace {
+
+/// What the platform itself answers, by the longer way.
+NSComparisonResult platformsAnswer(NSString *left, NSString *right) {
+  return [left compare:right
+               options:NSCaseInsensitiveSearch
+                 range:NSMakeRange(0, [left length])
+                locale:[NSLocale currentLocale]];
+}
+
+NSString *randomString(std::mt19937 &random) {
+  static const unichar characters[] = {'a', 'A',    'b',    'B',    'z',    ' ',    '<',
+                                       '@', 0xE9,   0xC9,   0x130,  0x131,  0xDF,   0x301,
+                                       '1', 0x5C71, 0x0643, 0xD83D, 0xDE00, 0x1E9E, '-'};
+  NSMutableString *const string = [NSMutableString string];
+  const auto length = random() % 8;
+  for (unsigned i = 0; i < length; ++i) {
+    [string appendFormat:@"%C", characters[random() % std::size(characters)]];
+  }
+  return string;
+}
+
+}  // namespace
+
+TEST(LocalizedCompare, AnswersAsThePlatformDoesForRandomStrings) {
+  std::mt19937 random(20110601);
+  for (int i = 0; i < 20000; ++i) {
+    @autoreleasepool {
+      NSString *const left = randomString(random);
+      NSString *const right = randomString(random);
+      ASSERT_EQ([left localizedCaseInsensitiveCompare:right], platformsAnswer(left, right))
+          << text(left) << " | " << text(right);
+    }
+  }
+}
+
+TEST(LocalizedCompare, LongStringsCompareLikeShortOnes) {
+  NSString *const left = [@"a" stringByPaddingToLength:5000 withString:@"é" startingAtIndex:0];
+  NSString *const right = [left stringByAppendingString:@"x"];
+  EXPECT_EQ([left localizedCaseInsensitiveCompare:right], NSOrderedAscending);
+  EXPECT_EQ([right localizedCaseInsensitiveCompare:left], NSOrderedDescending);
+  EXPECT_EQ([left localizedCaseInsensitiveCompare:left], NSOrderedSame);
+}

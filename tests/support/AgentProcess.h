@@ -1,0 +1,52 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+
+/// The scripted agent as a separate process with a real connection. Running it makes the agent one
+/// of the running applications. It ends with this object.
+class AgentProcess {
+ public:
+  struct Options {
+    /// The bundle identifier of the application that it runs as.
+    std::string identifier = KRV_AGENT_BUNDLE_IDENTIFIER;
+    /// The name that it registers; "-" for none.
+    std::string name = "KRVSyncAgent";
+    /// How long after its start it registers the name.
+    double registerAfterSeconds = 0;
+  };
+
+  AgentProcess() : AgentProcess(Options()) {}
+
+  /// Returns when the agent is reachable, or only running when it is to register late or not at
+  /// all.
+  explicit AgentProcess(const Options &options);
+
+  /// What the agent does at the calls to come (tests/agent/Script.h).
+  void setScript(NSDictionary *script) const;
+
+  /// What it answers to one operation; forgets all other operations' script.
+  void answer(NSString *operation, id reply) const;
+
+  /// The calls so far, oldest first: dictionaries as tests/agent/ScriptedAgent.h has them.
+  NSArray *calls() const;
+
+  /// The names of the operations called so far.
+  NSArray *operations() const;
+
+  ChildProcess &process() { return *process_; }
+
+ private:
+  std::string folder_;
+  std::unique_ptr<ChildProcess> process_;
+};
+
+/// A successful reply with this value.
+NSDictionary *success(id value);
+
+/// A refusal with this error number and message.
+NSDictionary *refusal(int error, NSString *message);

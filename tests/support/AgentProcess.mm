@@ -1,0 +1,72 @@
+#import "tests/support/AgentProcess.h"
+
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+
+namespace {
+
+NSString *nsString(const std::string &text) {
+  return [NSString stringWithUTF8String:text.c_str()];
+}
+
+/// An application bundle around the scripted agent's program, with the wanted identifier.
+std::string makeBundle(const std::string &folder, const std::string &identifier) {
+  namespace fs = std::filesystem;
+  const fs::path bundle = fs::path(folder) / "Agent.app";
+  fs::create_directories(bundle / "Resources");
+  const fs::path program = bundle / "Agent";
+  fs::copy_file(SCRIPTED_AGENT, program);
+  std::ofstream(bundle / "Resources" / "Info-gnustep.plist")
+      << "{ NSExecutable = Agent; CFBundleIdentifier = \"" << identifier << "\"; }\n";
+  return program;
+}
+
+}  // namespace
+
+AgentProcess::AgentProcess(const Options &options) : folder_(newTemporaryFolder()) {
+  setScript([NSDictionary dictionary]);
+  process_ = std::make_unique<ChildProcess>(std::vector<std::string>{
+      makeBundle(folder_, options.identifier), folder_ + "/script", folder_ + "/record",
+      options.name, std::to_string(options.registerAfterSeconds)});
+  const bool isReachable = options.name != "-" && options.registerAfterSeconds == 0;
+  if (!process_->waitForOutput(isReachable ? "registered" : "running")) {
+    throw std::runtime_error("the scripted agent did not start: " + process_->output());
+  }
+}
+
+void AgentProcess::setScript(NSDictionary *script) const {
+  NSData *const data = [NSJSONSerialization dataWithJSONObject:script options:0 error:nullptr];
+  [data writeToFile:nsString(folder_ + "/script") atomically:YES];
+}
+
+void AgentProcess::answer(NSString *operation, id reply) const {
+  setScript(@{operation : @{@"reply" : reply}});
+}
+
+NSArray *AgentProcess::calls() const {
+  NSString *const record = [NSString stringWithContentsOfFile:nsString(folder_ + "/record")
+                                                     encoding:NSUTF8StringEncoding
+                                                        error:nullptr];
+  NSMutableArray *const calls = [NSMutableArray array];
+  for (NSString *line in [record componentsSeparatedByString:@"\n"]) {
+    if ([line length] == 0) continue;
+    [calls addObject:[NSJSONSerialization
+                         JSONObjectWithData:[line dataUsingEncoding:NSUTF8StringEncoding]
+                                    options:0
+                                      error:nullptr]];
+  }
+  return calls;
+}
+
+NSArray *AgentProcess::operations() const {
+  return [calls() valueForKey:@"operation"];
+}
+
+NSDictionary *success(id value) {
+  return @{@"error" : @0, @"value" : value};
+}
+
+NSDictionary *refusal(int error, NSString *message) {
+  return @{@"error" : [NSNumber numberWithInt:error], @"errorMessage" : message};
+}

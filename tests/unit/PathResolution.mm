@@ -1,0 +1,187 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#import "app/ContextMenuAppAppDelegate.h"
+#include "tests/engine/ScriptedEngine.h"
+#include "tests/support/Strings.h"
+
+namespace {
+
+struct PathResolution : testing::Test {
+  ContextMenuAppAppDelegate *delegate = [[ContextMenuAppAppDelegate alloc] init];
+  ScriptedEngine &engine = ScriptedEngine::shared();
+  NSString *outId = @"";
+
+  PathResolution() {
+    engine = ScriptedEngine();
+    [delegate setSyncedFilePath:@"/Users/ada/Brisvale"];
+    [delegate setHomeFolderInfo:@{@"homefolder" : @"home-1"}];
+  }
+  ~PathResolution() override { [delegate release]; }
+
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  int file(NSString *path) { return [delegate GetFileIdByPath:path:nullptr:&outId]; }
+  int folder(NSString *path) { return [delegate GetFolderIdByPath:path:nullptr:&outId]; }
+  int state(NSString *path) { return [delegate GetFileState:path:5]; }
+  bool contains(NSString *string, NSString *part) { return [delegate containsString:string:part]; }
+  // clang-format on
+
+  long count(const std::string &call) {
+    return std::count(engine.calls.begin(), engine.calls.end(), call);
+  }
+};
+
+using Calls = std::vector<std::string>;
+
+}  // namespace
+
+TEST_F(PathResolution, AKnownFileGetsItsIdAndZero) {
+  engine.files["/Users/ada/Brisvale/a.txt"] = "id-a";
+  EXPECT_EQ(file(@"/Users/ada/Brisvale/a.txt"), 0);
+  EXPECT_EQ(text(outId), "id-a");
+  EXPECT_EQ(engine.calls, (Calls{"BvInitialize", "BvGetFileIdByName /Users/ada/Brisvale/a.txt",
+                                 "BvUninitialize"}));
+}
+
+TEST_F(PathResolution, AKnownFolderGetsItsIdAndZero) {
+  engine.folders["/Users/ada/Brisvale/Plans"] = "id-p";
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/Plans"), 0);
+  EXPECT_EQ(text(outId), "id-p");
+}
+
+TEST_F(PathResolution, AnUnknownPathHandsTheCodeOnAndLeavesTheIdAlone) {
+  EXPECT_EQ(file(@"/elsewhere"), ScriptedEngine::kUnknownPath);
+  EXPECT_EQ(folder(@"/elsewhere"), ScriptedEngine::kUnknownPath);
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, CodesArePassedOnUnchanged) {
+  for (const int code : {-1, 1, 2147483647}) {
+    engine.queryCode = code;
+    EXPECT_EQ(file(@"/x"), code);
+    EXPECT_EQ(folder(@"/x"), code);
+    EXPECT_EQ(state(@"/x"), code);
+  }
+}
+
+TEST_F(PathResolution, ALibraryThatCannotBeInitialisedIsNotAskedButStillEnded) {
+  engine.initializeCode = 9;
+  EXPECT_EQ(file(@"/x"), 9);
+  EXPECT_EQ(folder(@"/x"), 9);
+  EXPECT_EQ(state(@"/x"), 9);
+  const Calls pair = {"BvInitialize", "BvUninitialize"};
+  EXPECT_EQ(engine.calls, (Calls{pair[0], pair[1], pair[0], pair[1], pair[0], pair[1]}));
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, TheLibraryIsEndedExactlyOnceWhateverHappens) {
+  engine.files["/known"] = "id";
+  for (NSString *path in @[ @"/known", @"/unknown" ]) {
+    engine.calls.clear();
+    file(path);
+    EXPECT_EQ(count("BvUninitialize"), 1) << text(path);
+    engine.calls.clear();
+    folder(path);
+    EXPECT_EQ(count("BvUninitialize"), 1) << text(path);
+    engine.calls.clear();
+    state(path);
+    EXPECT_EQ(count("BvUninitialize"), 1) << text(path);
+  }
+}
+
+TEST_F(PathResolution, MyDocsIsAnsweredFromTheHomeFolderInfoWithoutAskingTheLibrary) {
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/MyDocs"), 0);
+  EXPECT_EQ(text(outId), "home-1");
+  EXPECT_EQ(engine.calls, (Calls{"BvInitialize", "BvUninitialize"}));
+}
+
+TEST_F(PathResolution, MyDocsInOtherLetterCaseGoesToTheLibrary) {
+  engine.folders["/Users/ada/Brisvale/mydocs"] = "id-lower";
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/mydocs"), 0);
+  EXPECT_EQ(text(outId), "id-lower");
+}
+
+TEST_F(PathResolution, MyDocsAsAFileGoesToTheLibrary) {
+  EXPECT_EQ(file(@"/Users/ada/Brisvale/MyDocs"), ScriptedEngine::kUnknownPath);
+}
+
+TEST_F(PathResolution, MyDocsGetsNoIdWhenTheLibraryCannotBeInitialised) {
+  engine.initializeCode = 3;
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/MyDocs"), 3);
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, MyDocsWithoutHomeFolderInfoGivesZeroAndNoId) {
+  [delegate setHomeFolderInfo:@{}];
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/MyDocs"), 0);
+  EXPECT_EQ(text(outId), "(nil)");
+}
+
+TEST_F(PathResolution, AHomeFolderThatIsNoStringIsMissing) {
+  [delegate setHomeFolderInfo:@{@"homefolder" : @42}];
+  EXPECT_EQ(folder(@"/Users/ada/Brisvale/MyDocs"), 0);
+  EXPECT_EQ(text(outId), "(nil)");
+}
+
+TEST_F(PathResolution, TheIdBufferIsWhatTheOutPointerStartsAs) {
+  char buffer[] = "scratch";
+  [delegate GetFileIdByPath:@"/x":buffer:&outId];
+  EXPECT_EQ(engine.initialPointer, buffer);
+}
+
+TEST_F(PathResolution, AnIdThatTheLibraryDoesNotSetIsNoId) {
+  engine.files["/x"] = nullptr;
+  EXPECT_EQ(file(@"/x"), 0);
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, AnIdThatIsNotUtf8IsNoId) {
+  engine.files["/x"] = "\xff\xfe";
+  EXPECT_EQ(file(@"/x"), 0);
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, PathsReachTheLibraryInUtf8) {
+  engine.files["/Users/ada/Brisvale/日本\n😀"] = "id-é";
+  EXPECT_EQ(file(@"/Users/ada/Brisvale/日本\n😀"), 0);
+  EXPECT_EQ(text(outId), "id-é");
+}
+
+TEST_F(PathResolution, NoPathAtAllIsTheEmptyPath) {
+  EXPECT_EQ(file(nil), ScriptedEngine::kUnknownPath);
+  EXPECT_EQ(folder(nil), ScriptedEngine::kUnknownPath);
+  EXPECT_EQ(state(nil), 0);
+}
+
+TEST_F(PathResolution, APathThatUtf8CannotHoldIsAskedForAndUnknown) {
+  const unichar alone[] = {'/', 0xD800};
+  EXPECT_EQ(file([NSString stringWithCharacters:alone length:2]), ScriptedEngine::kUnknownPath);
+}
+
+TEST_F(PathResolution, TheFileStateAnswersWhetherTheQuerySucceededAndNothingElse) {
+  int callers = 5;
+  EXPECT_EQ(([delegate GetFileState:@"/x":callers]), 0);
+  EXPECT_EQ(callers, 5);
+  EXPECT_EQ(engine.calls, (Calls{"BvInitialize", "BvGetFileSyncState /x", "BvUninitialize"}));
+}
+
+TEST_F(PathResolution, ContainsFindsThePartInAnyLetterCase) {
+  EXPECT_TRUE(contains(@"/users/ADA/brisvale/x", @"/Users/ada/Brisvale"));
+}
+
+TEST_F(PathResolution, ContainsFindsThePartAnywhere) {
+  EXPECT_TRUE(contains(@"/Volumes/Backup/Users/ada/Brisvale/x", @"/Users/ada/Brisvale"));
+  EXPECT_TRUE(contains(@"/Users/ada/BrisvaleOld", @"/Users/ada/Brisvale"));
+}
+
+TEST_F(PathResolution, ContainsDoesNotFindWhatIsNotThere) {
+  EXPECT_FALSE(contains(@"/Users/ada/Documents", @"/Users/ada/Brisvale"));
+  EXPECT_FALSE(contains(@"", @"/Users/ada/Brisvale"));
+}
+
+TEST_F(PathResolution, ContainsIsFalseForNothing) {
+  EXPECT_FALSE(contains(nil, @"x"));
+  EXPECT_FALSE(contains(@"x", nil));
+  EXPECT_FALSE(contains(@"x", @""));
+}

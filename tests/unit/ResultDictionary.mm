@@ -1,0 +1,82 @@
+#import "agent/ResultDictionary.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Strings.h"
+
+using agent::ReplyKind;
+
+namespace {
+
+NSDictionary *withError(id error) {
+  return @{@"error" : error, @"value" : @"v"};
+}
+
+}  // namespace
+
+TEST(ResultDictionary, NoReplyIsUnreachable) {
+  EXPECT_EQ(agent::kindOfLinkReply(nil), ReplyKind::Unreachable);
+  EXPECT_EQ(agent::kindOfActionReply(nil), ReplyKind::Unreachable);
+}
+
+TEST(ResultDictionary, AReplyWithoutEntriesIsUnreachable) {
+  EXPECT_EQ(agent::kindOfLinkReply(@{}), ReplyKind::Unreachable);
+  EXPECT_EQ(agent::kindOfActionReply(@{}), ReplyKind::Unreachable);
+}
+
+TEST(ResultDictionary, TheNumberZeroIsSuccessForLinksAndForActions) {
+  EXPECT_EQ(agent::kindOfLinkReply(withError(@0)), ReplyKind::Succeeded);
+  EXPECT_EQ(agent::kindOfActionReply(withError(@0)), ReplyKind::Succeeded);
+}
+
+TEST(ResultDictionary, AnyOtherNumberIsARefusal) {
+  for (NSNumber *error in @[ @1, @-1, @404, [NSNumber numberWithBool:YES] ]) {
+    EXPECT_EQ(agent::kindOfLinkReply(withError(error)), ReplyKind::Refused) << text(error);
+    EXPECT_EQ(agent::kindOfActionReply(withError(error)), ReplyKind::Refused) << text(error);
+  }
+}
+
+TEST(ResultDictionary, AnErrorWrittenAsTextIsReadByItsText) {
+  EXPECT_EQ(agent::kindOfLinkReply(withError(@"0")), ReplyKind::Succeeded);
+  EXPECT_EQ(agent::kindOfActionReply(withError(@"0")), ReplyKind::Succeeded);
+  EXPECT_EQ(agent::kindOfLinkReply(withError(@"5")), ReplyKind::Refused);
+  EXPECT_EQ(agent::kindOfActionReply(withError(@"5")), ReplyKind::Refused);
+}
+
+TEST(ResultDictionary, AMissingErrorRefusesALinkAndPassesAnAction) {
+  NSDictionary *const reply = @{@"value" : @"v"};
+  EXPECT_EQ(agent::kindOfLinkReply(reply), ReplyKind::Refused);
+  EXPECT_EQ(agent::kindOfActionReply(reply), ReplyKind::Succeeded);
+}
+
+TEST(ResultDictionary, AnErrorOfAnotherClassCountsAsMissing) {
+  for (id error in @[ [NSNull null], @[ @0 ], @{@"0" : @0}, [NSData data] ]) {
+    EXPECT_EQ(agent::kindOfLinkReply(withError(error)), ReplyKind::Refused) << text(error);
+    EXPECT_EQ(agent::kindOfActionReply(withError(error)), ReplyKind::Succeeded) << text(error);
+    EXPECT_EQ(text(agent::errorText(withError(error))), "(nil)");
+  }
+}
+
+TEST(ResultDictionary, TheMessageIsOnlyEverAString) {
+  EXPECT_EQ(text(agent::errorMessage(@{@"errorMessage" : @"quota"})), "quota");
+  EXPECT_EQ(text(agent::errorMessage(@{@"errorMessage" : @7})), "(nil)");
+  EXPECT_EQ(text(agent::errorMessage(@{@"errorMessage" : [NSNull null]})), "(nil)");
+  EXPECT_EQ(text(agent::errorMessage(nil)), "(nil)");
+}
+
+TEST(ResultDictionary, WhatIsNoDictionaryIsNoReply) {
+  EXPECT_EQ(text(agent::broughtOver(nil)), "(nil)");
+  EXPECT_EQ(text(agent::broughtOver(@"a string")), "(nil)");
+  EXPECT_EQ(text(agent::broughtOver(@[ @"error" ])), "(nil)");
+  EXPECT_EQ([agent::entriesOf(@"a string") count], 0u);
+}
+
+TEST(ResultDictionary, ACopyKeepsTheThreeKeys) {
+  NSDictionary *const reply = @{@"error" : @0, @"value" : @"v", @"errorMessage" : @"m"};
+  EXPECT_TRUE([agent::broughtOver(reply) isEqual:reply]);
+}
+
+TEST(ResultDictionary, ACopyOfAReplyWithoutTheThreeKeysIsNotEmpty) {
+  EXPECT_TRUE([agent::broughtOver(@{@"other" : @1}) isEqual:@{@"other" : @1}]);
+  EXPECT_TRUE([agent::broughtOver(@{}) isEqual:@{}]);
+}
