@@ -1,0 +1,39 @@
+#!/usr/bin/env python3
+"""Checks that the application uses nothing newer than macOS 10.6 and no extension of GNUstep, by
+compiling it with everything else hidden. What the platform layer supplies of the 10.6 interface
+stays visible, since every compile command includes it.
+
+    api_floor.py [ROOT [BUILD]]
+"""
+
+import sys
+from pathlib import Path
+
+from compilation import check_all, units
+from project import APPLICATION_FOLDERS, ROOT
+
+HEADER = "tools/lint/api_floor.h"
+HIDE_NEWER = ["-DNO_GNUSTEP=1", "-DMAC_OS_X_VERSION_MAX_ALLOWED=1060"]
+CHECK = ["-fsyntax-only", "-ferror-limit=0",
+         # Methods that are not found and classes that are known by name only are the whole point.
+         # Other warnings have been given by the build, and a few say only that headers with so much
+         # hidden do not fit together.
+         "-Wno-everything", "-Werror=objc-method-access", "-Werror=receiver-forward-class"]
+
+
+def command(root, unit):
+    compiler, *flags = unit.flags()
+    return [compiler, "-include", str(root / HEADER), *HIDE_NEWER, *flags, *CHECK,
+            str(root / unit.source)]
+
+
+def lint(root, build):
+    return check_all(build, "api-floor", units(root, build, APPLICATION_FOLDERS, (".mm",)),
+                     lambda unit: command(root, unit), extra_inputs=[root / HEADER])
+
+
+if __name__ == "__main__":
+    project = Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT
+    found = lint(project, Path(sys.argv[2]).resolve() if len(sys.argv) > 2 else project / "build")
+    print(*found, sep="\n", end="\n" if found else "")
+    sys.exit(1 if found else 0)
