@@ -1,0 +1,138 @@
+"""The lints that compile find what they are there for, and repeat nothing that has passed."""
+
+from unittest import mock
+
+from sample import TOOLS, SampleBuild
+
+import api_floor
+import compilation
+import static_analysis
+
+CLASS = """#import <AppKit/AppKit.h>
+@interface Sample : NSObject
+- (void)act;
+@end
+@implementation Sample
+- (void)act {{
+  {body}
+}}
+@end
+"""
+
+
+class ApiFloor(SampleBuild):
+    def setUp(self):
+        super().setUp()
+        self.write(api_floor.HEADER, (TOOLS / "lint/api_floor.h").read_text())
+
+    def findings_in(self, body, before=""):
+        self.write("app/Sample.mm", before + CLASS.format(body=body))
+        return api_floor.lint(self.root, self.build())
+
+    def test_what_10_6_has_passes(self):
+        body = """[[NSPasteboard generalPasteboard] setString:@"a" forType:NSStringPboardType];
+          for (NSString *name in [NSArray arrayWithObject:@"a"]) [name lowercaseString];
+          [[[[NSAlert alloc] init] autorelease] runModal];"""
+        self.assertEqual(self.findings_in(body), [])
+
+    def test_c_plus_plus_headers_still_compile(self):
+        self.write("app/Other.mm", "#import <AppKit/AppKit.h>\n#include <string>\n#include <vector>\n"
+                                   "template <class T> T twice(T t) { return t + t; }\n")
+        self.assertEqual(self.findings_in(""), [])
+
+    def test_a_newer_method_is_found(self):
+        self.assert_finds(self.findings_in('[@"abc" containsString:@"a"];'), "containsString:")
+
+    def test_a_newer_class_is_found(self):
+        self.assert_finds(self.findings_in("[[[NSUUID alloc] init] release];"), "NSUUID")
+
+    def test_an_extension_is_found(self):
+        self.assert_finds(self.findings_in('[@" a" stringByTrimmingLeadSpaces];'),
+                          "stringByTrimmingLeadSpaces")
+
+    def test_a_macro_of_the_platform_is_found(self):
+        self.assert_finds(self.findings_in("id a = nil; RELEASE(a);"), "RELEASE")
+
+    def test_what_a_header_of_ours_declares_stays_visible(self):
+        self.write("app/Gap.h", "#import <Foundation/Foundation.h>\n@interface NSString (Gap)\n"
+                                "- (BOOL)containsString:(NSString *)part;\n@end\n")
+        body = '[@"abc" containsString:@"a"];'
+        self.assertEqual(self.findings_in(body, before='#import "app/Gap.h"\n'), [])
+
+
+class StaticAnalysis(SampleBuild):
+    def setUp(self):
+        super().setUp()
+        self.write(".clang-tidy", (TOOLS.parent / ".clang-tidy").read_text())
+
+    def findings_in(self, body):
+        self.write("app/Sample.mm", CLASS.format(body=body))
+        return static_analysis.lint(self.root, self.build())
+
+    def test_clean_code_passes(self):
+        self.assertEqual(self.findings_in("[[[[NSObject alloc] init] autorelease] hash];"), [])
+
+    def test_a_leaked_object_is_found(self):
+        self.assert_finds(self.findings_in("id a = [[NSObject alloc] init]; [a hash];"),
+                          "Sample.mm:7", "osx.cocoa.RetainCount")
+
+    def test_an_object_released_too_often_is_found(self):
+        self.assert_finds(self.findings_in("id a = [NSMutableArray array]; [a release];"),
+                          "osx.cocoa.RetainCount")
+
+    def test_a_rule_of_c_plus_plus_is_found(self):
+        self.write("app/rule.cpp", "#include <string>\nint f(std::string a) {\n"
+                                   "  std::string b = std::move(a);\n"
+                                   "  return b.size() > a.size() ? 1 : 0;\n}\n")
+        self.assert_finds(self.findings_in(""), "rule.cpp:4", "bugprone-use-after-move")
+
+    def test_a_header_of_ours_is_looked_at(self):
+        self.write("app/rule.h", "struct Base { virtual void f(); };\n"
+                                 "struct Derived : Base { virtual void f(); };\n")
+        self.write("app/rule.cpp", '#include "app/rule.h"\n')
+        self.assert_finds(self.findings_in(""), "rule.h:2", "modernize-use-override")
+
+    def test_a_suppression_needs_check_and_reason(self):
+        self.write("ui/a.h", "int a; // NOLINT(some-check): the platform calls it\n")
+        self.assertEqual(static_analysis.suppressions(self.root), [])
+        for bare in ("NOLINT", "NOLINT(some-check)", "NOLINTNEXTLINE: because"):
+            with self.subTest(bare):
+                self.write("ui/a.h", f"int a; // {bare}\n")
+                self.assert_finds(static_analysis.suppressions(self.root), "ui/a.h:1")
+
+
+class Cache(SampleBuild):
+    """With a command in the place of the compiler that only says that it ran."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("app/a.h", "\n")
+        self.write("app/a.cpp", '#include "app/a.h"\n')
+
+    def runs(self, command=("true",), extra=()):
+        """How often the command was run."""
+        build = self.build()
+        units = compilation.units(self.root, build, ("app",), (".cpp",))
+        compilation.content_hash.cache_clear()
+        with mock.patch.object(compilation.subprocess, "run", wraps=compilation.subprocess.run) as run:
+            compilation.check_all(build, "sample", units, lambda unit: list(command), extra)
+        return sum(call.args[0] == list(command) for call in run.call_args_list)
+
+    def test_what_passed_is_not_repeated(self):
+        self.assertEqual([self.runs(), self.runs()], [1, 0])
+
+    def test_what_failed_is_repeated(self):
+        self.assertEqual([self.runs(("false",)), self.runs(("false",))], [1, 1])
+
+    def test_a_changed_source_header_configuration_or_command_is_looked_at_again(self):
+        configuration = self.root / "configuration"
+        configuration.write_text("1")
+        self.assertEqual(self.runs(extra=[configuration]), 1)
+        self.write("app/a.cpp", '#include "app/a.h"\n\n')
+        self.assertEqual(self.runs(extra=[configuration]), 1)
+        self.write("app/a.h", "\n\n")
+        self.assertEqual(self.runs(extra=[configuration]), 1)
+        configuration.write_text("2")
+        self.assertEqual(self.runs(extra=[configuration]), 1)
+        self.assertEqual(self.runs(("true", "again"), [configuration]), 1)
+

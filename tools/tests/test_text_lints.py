@@ -1,0 +1,211 @@
+"""Each lint finds what it is there for, and leaves its good twin alone."""
+
+from sample import SampleProject
+
+import file_length
+import fixed_texts
+import forbidden_words
+import format as formatting
+import layering
+import script_syntax
+import string_tables
+
+
+class Layering(SampleProject):
+    def test_the_agent_knows_nobody(self):
+        self.write("send/Tab.h", "")
+        self.write("agent/Proxy.h", '#import "agent/Reply.h"\n#import "send/Tab.h"\n')
+        self.write("agent/Reply.h", "#import <Foundation/Foundation.h>\n")
+        self.assert_finds(layering.lint(self.root), "agent/Proxy.h:2", "send/Tab.h")
+
+    def test_nobody_knows_the_development_kit_or_the_platform_layer(self):
+        self.write("devkit/Store.h", "")
+        self.write("platform/gnustep/Gap.h", "")
+        self.write("app/main.mm", '#include "devkit/Store.h"\n')
+        self.assert_finds(layering.lint(self.root), "app/main.mm:1")
+        self.write("app/main.mm", '#include <platform/gnustep/Gap.h>\n')
+        self.assert_finds(layering.lint(self.root), "app/main.mm:1")
+
+    def test_the_window_folders_know_only_the_delegates_public_face(self):
+        self.write("app/ContextMenuAppAppDelegate.h", "")
+        self.write("app/Other.h", "")
+        self.write("send/Tab.mm", '#import "app/ContextMenuAppAppDelegate.h"\n')
+        self.assertEqual(layering.lint(self.root), [])
+        self.write("send/Tab.mm", '#import "app/Other.h"\n')
+        self.assert_finds(layering.lint(self.root), "app/Other.h")
+
+    def test_an_include_without_its_folder_cannot_slip_through(self):
+        self.write("agent/Reply.h", "")
+        self.write("agent/Proxy.h", '#import "Reply.h"\n')
+        self.assert_finds(layering.lint(self.root), "agent/Proxy.h:1")
+        self.write("send/Tab.h", "")
+        self.write("agent/Proxy.h", '#import "../send/Tab.h"\n')
+        self.assert_finds(layering.lint(self.root), "agent/Proxy.h:1")
+
+    def test_an_include_in_a_comment_is_none(self):
+        self.write("send/Tab.h", "")
+        self.write("agent/Proxy.h", '// #import "send/Tab.h"\n/*\n#import "send/Tab.h"\n*/\n')
+        self.assertEqual(layering.lint(self.root), [])
+
+    def test_conditional_compilation_is_found_but_for_the_named_exceptions(self):
+        self.write("app/a.mm", "#ifdef GNUSTEP\n#endif\n")
+        self.write("agent/AgentIdentity.h", "#ifndef KRV_AGENT_BUNDLE_IDENTIFIER\n#endif\n")
+        self.assert_finds(layering.lint(self.root), "app/a.mm:1", "#ifdef GNUSTEP")
+
+    def test_every_form_of_condition_is_found(self):
+        for condition in ("#if 1", "# if 1", "#ifndef A", "  #elif 1"):
+            with self.subTest(condition):
+                self.write("ui/a.mm", condition + "\n")
+                self.assert_finds(layering.lint(self.root), "ui/a.mm:1")
+
+    def test_the_platform_layer_may_use_conditions(self):
+        self.write("platform/gnustep/a.mm", "#if 1\n#endif\n")
+        self.assertEqual(layering.lint(self.root), [])
+
+
+class FixedTexts(SampleProject):
+    def list(self, *lines):
+        self.write(fixed_texts.LIST, "".join(line + "\n" for line in lines))
+
+    def test_a_text_must_stand_in_its_folder_as_a_whole_literal(self):
+        self.list('agent\t"Launching.."')
+        self.write("agent/a.mm", 'NSString *a = @"Launching..";\n')
+        self.assertEqual(fixed_texts.lint(self.root), [])
+        self.write("agent/a.mm", 'NSString *a = @"Launching...";\n')
+        self.assert_finds(fixed_texts.lint(self.root), "Launching..", "does not stand in agent")
+
+    def test_a_comment_or_another_folder_does_not_count(self):
+        self.list('agent\t"value"')
+        self.write("agent/a.mm", '// @"value"\n/* @"value" */\nconst char *b = "value";\n')
+        self.write("app/a.mm", 'NSString *a = @"value";\n')
+        self.assert_finds(fixed_texts.lint(self.root), "value")
+
+    def test_adjacent_literals_are_one_text(self):
+        self.list('plugin\t"one two"')
+        self.write("plugin/a.mm", 'f(@"one "\n  @"two");\n')
+        self.assertEqual(fixed_texts.lint(self.root), [])
+
+    def test_any_of_several_places_will_do(self):
+        self.list('agent app/b.mm\t"name"')
+        self.write("app/b.mm", 'f(@"name");\n')
+        self.assertEqual(fixed_texts.lint(self.root), [])
+
+    def test_a_log_line_that_is_not_listed_is_found(self):
+        self.list('app\t"known"')
+        self.write("app/a.mm", 'f(@"known");\nNSLog(@"unknown %d", 1);\n')
+        self.assert_finds(fixed_texts.lint(self.root), "app/a.mm:2", "unknown %d")
+
+    def test_a_log_line_listed_for_another_folder_is_found(self):
+        self.list('app\t"known"')
+        self.write("app/a.mm", 'NSLog(@"known");\n')
+        self.write("send/a.mm", 'NSLog(@"known");\n')
+        self.assert_finds(fixed_texts.lint(self.root), "send/a.mm:1")
+
+    def test_a_log_line_may_be_a_constant_but_nothing_computed(self):
+        self.list('app\t"known"')
+        self.write("app/a.h", 'inline NSString *const kKnown = @"known";\n')
+        self.write("app/a.mm", "NSLog(texts::kKnown);\n")
+        self.assertEqual(fixed_texts.lint(self.root), [])
+        self.write("app/a.mm", "NSLog([reply objectForKey:kKnown]);\n")
+        self.assert_finds(fixed_texts.lint(self.root), "app/a.mm:1")
+
+    def test_a_line_of_another_form_is_found(self):
+        self.list("app  value")
+        self.assert_finds(fixed_texts.lint(self.root), "fixed_texts.txt:1")
+
+
+class FileLength(SampleProject):
+    def test_a_long_file_is_found(self):
+        self.write("app/a.mm", "\n" * file_length.FAIL_ABOVE)
+        self.assertEqual(file_length.lint(self.root), [])
+        self.write("app/a.mm", "\n" * (file_length.FAIL_ABOVE + 1))
+        self.assert_finds(file_length.lint(self.root), "app/a.mm", "351")
+
+
+class ForbiddenWords(SampleProject):
+    def test_references_to_the_papers_are_found(self):
+        for text in ("see Part 1.1", "as the specification says", "per spec, nil", "/work/x/y"):
+            with self.subTest(text):
+                self.write("docs/a.md", f"fine\n{text}\n")
+                self.assert_finds(forbidden_words.lint(self.root), "docs/a.md:2")
+
+    def test_other_words_pass(self):
+        self.write("docs/a.md", "a part of it, specific and special; -isystem /usr/include/work/a\n")
+        self.assertEqual(forbidden_words.lint(self.root), [])
+
+    def test_a_file_name_counts_too(self):
+        self.write("docs/spec.md", "")
+        self.assert_finds(forbidden_words.lint(self.root), "docs/spec.md")
+
+
+class ScriptSyntax(SampleProject):
+    def test_broken_scripts_are_found(self):
+        self.write("run", "#!/bin/bash\nif true; then\n")
+        self.assert_finds(script_syntax.lint(self.root), "run")
+        self.write("run", "#!/usr/bin/python3 -IS\ndef f(:\n")
+        self.assert_finds(script_syntax.lint(self.root), "run:2")
+        self.write("run", "#!/usr/bin/env bash\ntrue\n")
+        self.write("picture.png", b"\x89PNG\xff")
+        self.assertEqual(script_syntax.lint(self.root), [])
+
+
+class Format(SampleProject):
+    def test_an_unformatted_file_is_found(self):
+        self.write(".clang-format", "BasedOnStyle: Google\n")
+        self.write("app/a.cpp", "int f() { return 1; }\n")
+        self.assertEqual(formatting.lint(self.root), [])
+        self.write("app/a.cpp", "int f( ) {return 1;}\n")
+        self.assert_finds(formatting.lint(self.root), "app/a.cpp:1")
+
+
+class StringTables(SampleProject):
+    def table(self, language, content):
+        self.write(f"resources/{language}.lproj/Localizable.strings", content)
+
+    def find(self, *parts):
+        self.assert_finds(string_tables.lint(self.root), *parts)
+
+    def test_a_good_pair_passes(self):
+        self.table("en", '/* note */\n"a" = "%1$@ of %2$@ \\"x\\" 100%%"; // end\n')
+        self.table("fr", '"a" = "%2$@, \\U00e9 %1$@ 100%%";\n')
+        self.write("app/a.mm", 'localizedText(@"a");\n')
+        self.assertEqual(string_tables.lint(self.root), [])
+
+    def test_a_missing_and_a_surplus_key_are_found(self):
+        self.table("en", '"a" = "x";\n"b" = "x";\n')
+        self.table("fr", '"a" = "x";\n')
+        self.find("fr.lproj", '"b"', "missing")
+        self.table("fr", '"a" = "x";\n"b" = "x";\n"c" = "x";\n')
+        self.find("fr.lproj", ":3", '"c"')
+
+    def test_a_key_that_stands_twice_is_found(self):
+        self.table("en", '"a" = "x";\n"a" = "y";\n')
+        self.find(":2", "twice")
+
+    def test_a_bare_percent_sign_is_found(self):
+        for text in ("100%", "100% sure", "%", "50 %-off"):
+            with self.subTest(text):
+                self.table("en", f'"a" = "{text}";\n')
+                self.find("percent")
+
+    def test_other_format_arguments_are_found(self):
+        self.table("en", '"a" = "%@ %d";\n')
+        self.table("fr", '"a" = "%d %@";\n')
+        self.find("format arguments")
+
+    def test_other_characters_need_an_escape_or_a_mark(self):
+        self.table("en", '"a" = "é";\n')
+        self.find("ASCII")
+        self.table("en", '"a" = "é";\n'.encode("utf-16"))
+        self.assertEqual(string_tables.lint(self.root), [])
+        self.table("en", '"a" = "\\u00e9";\n')
+        self.find("escape")
+
+    def test_a_broken_table_is_found(self):
+        self.table("en", '"a" = "x";\n"b" = "y"\n"c" = "z";\n')
+        self.find(":2", "form")
+
+    def test_a_key_that_no_table_has_is_found(self):
+        self.table("en", '"a" = "x";\n')
+        self.write("send/a.mm", '// localizedText(@"c")\nlocalizedText(\n    @"b");\n')
+        self.find("send/a.mm:2", '"b"')
