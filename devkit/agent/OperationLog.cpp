@@ -51,8 +51,8 @@ std::string now() {
 
 }  // namespace
 
-void OperationLog::add(std::string_view operation, const Arguments &arguments, int error,
-                       std::string_view errorMessage) {
+void OperationLog::add(std::string_view operation, const Arguments &arguments,
+                       const Reply &reply) {
   std::string line = "{\"time\": " + json(std::string_view(now())) +
                      ", \"operation\": " + json(operation) + ", \"arguments\": {";
   bool first = true;
@@ -61,8 +61,11 @@ void OperationLog::add(std::string_view operation, const Arguments &arguments, i
     first = false;
     line += json(name) + ": " + json(value);
   }
-  line += "}, \"error\": " + std::to_string(error) + ", \"errorMessage\": " + json(errorMessage) +
-          "}\n";
+  line += "}, \"error\": " + std::to_string(reply.error) +
+          ", \"errorMessage\": " + json(std::string_view(reply.errorMessage));
+  if (const auto *text = std::get_if<std::string>(&reply.value))
+    line += ", \"value\": " + json(std::string_view(*text));
+  line += "}\n";
 
   const int file = open(path_.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0600);
   const auto written = file < 0 ? -1 : write(file, line.data(), line.size());

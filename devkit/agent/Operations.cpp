@@ -270,7 +270,7 @@ Reply Operations::answer(std::string_view operation, const Arguments &arguments,
     std::fprintf(stderr, "VeldaneKRVAgent: %s\n", failure.what());
     refuse(Refusal::ServiceFailed, "The service cannot do this at the moment.");
   }
-  log_.add(operation, arguments, reply.error, reply.errorMessage);
+  log_.add(operation, arguments, reply);
   return reply;
 }
 

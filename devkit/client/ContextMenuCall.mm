@@ -72,6 +72,7 @@ void call(id<ContextMenuService> application, const Request &request, const Loca
     case Verb::Share:
       [application LaunchShareFolderTab:serverId:name:NO:tab:YES];
       break;
+    case Verb::Status:
     case Verb::Help:
       break;
   }
@@ -80,13 +81,19 @@ void call(id<ContextMenuService> application, const Request &request, const Loca
 }  // namespace
 
 std::optional<Failure> perform(const Request &request) {
+  const Patience patience = {request.wait, request.timeout};
+  if (request.verb == Verb::Status) {
+    const auto found = lookUp(kServiceName, @protocol(ContextMenuService), kApplication, patience);
+    const auto *failure = std::get_if<Failure>(&found);
+    return failure ? std::optional(*failure) : std::nullopt;
+  }
+
   const auto found = findItem(request.path, SyncedFolder(syncedFolderPath()));
   if (const auto *failure = std::get_if<Failure>(&found)) return *failure;
   const auto &item = std::get<LocalItem>(found);
   if (request.verb == Verb::Share && item.kind == Kind::File)
     return Failure{Exit::WrongUsage, shown(request.path) + " is a file; only folders are shared"};
 
-  const Patience patience = {request.wait, request.timeout};
   const auto identified = serverId(item, patience);
   if (const auto *failure = std::get_if<Failure>(&identified)) return *failure;
 

@@ -10,11 +10,14 @@ constexpr double kLongestSeconds = 24 * 60 * 60;
 struct Command {
   const char *name;
   Verb verb;
+  std::size_t paths;
   bool hasTabs;
 };
 
-constexpr Command kCommands[] = {
-    {"copy-link", Verb::CopyLink, false}, {"send", Verb::Send, true}, {"share", Verb::Share, true}};
+constexpr Command kCommands[] = {{"copy-link", Verb::CopyLink, 1, false},
+                                 {"send", Verb::Send, 1, true},
+                                 {"share", Verb::Share, 1, true},
+                                 {"status", Verb::Status, 0, false}};
 
 const Command *commandNamed(const std::string &name) {
   for (const auto &command : kCommands)
@@ -70,11 +73,12 @@ std::variant<Request, Failure> parseRequest(const std::vector<std::string> &argu
   if (words.empty()) return wrong("no command given");
   const auto *command = commandNamed(words[0]);
   if (!command) return wrong("unknown command \"" + words[0] + "\"");
-  if (words.size() != 2 || words[1].empty()) return wrong(words[0] + " takes exactly one path");
+  if (words.size() != 1 + command->paths || words.back().empty())
+    return wrong(words[0] + (command->paths == 0 ? " takes no path" : " takes exactly one path"));
   if (tab && !command->hasTabs) return wrong(words[0] + " has no tabs");
   if (tab && *tab != "0" && *tab != "1") return wrong("--tab takes 0 or 1, not \"" + *tab + "\"");
   request.verb = command->verb;
-  request.path = words[1];
+  if (command->paths > 0) request.path = words[1];
   request.tab = tab == "1" ? 1 : 0;
   return request;
 }

@@ -10,7 +10,7 @@
 
 namespace devkit {
 
-enum class Verb { Help, CopyLink, Send, Share };
+enum class Verb { Help, Status, CopyLink, Send, Share };
 
 /// What the command line asks for.
 struct Request {
@@ -31,7 +31,9 @@ inline constexpr const char *kUsage =
     "Usage: contextmenu [OPTION]... copy-link PATH\n"
     "       contextmenu [OPTION]... send PATH [--tab N]\n"
     "       contextmenu [OPTION]... share PATH [--tab N]\n"
-    "Asks the running application to act on a file or folder of the synced folder.\n"
+    "       contextmenu [OPTION]... status\n"
+    "Asks the running application to act on a file or folder of the synced folder; status only\n"
+    "tells whether it is there to be asked.\n"
     "  --tab N            send: 0 send, 1 copy link; share: 0 permissions, 1 invite\n"
     "  --wait SECONDS     wait for the application to come up\n"
     "  --timeout SECONDS  how long a busy application may take to answer at all (20)\n"

@@ -21,6 +21,7 @@ int main(int argc, char **argv) {
       return 0;
     }
     if (const auto failure = devkit::perform(request)) return fail(*failure);
+    if (request.verb == devkit::Verb::Status) std::puts("the application answers");
     return 0;
   }
 }
