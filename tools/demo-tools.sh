@@ -26,6 +26,7 @@ agent_decided() { grep -q 'registered as' "$agent_log" || ! alive "$agent"; }
 start_agent() {
   agent_log=$1
   shift
+  : >"$agent_log"  # the shell may look into it before the agent has been started
   "$agent_program" "$@" >"$agent_log" 2>&1 &
   agent=$!
   until_true $start_seconds agent_decided || die "the agent does not come up; see $agent_log"
