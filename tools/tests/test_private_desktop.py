@@ -7,6 +7,7 @@ import subprocess
 import tempfile
 import time
 import unittest
+import uuid
 from pathlib import Path
 
 PROGRAM = str(Path(__file__).resolve().parents[1] / "private-desktop")
@@ -22,12 +23,19 @@ def shell(script, *options, **environment):
     return run(*options, "sh", "-c", script, **environment)
 
 
-def is_running(process):
-    try:
-        os.kill(process, 0)
-    except ProcessLookupError:
-        return False
-    return True
+def new_mark():
+    """A number of seconds to sleep that no other process has among its arguments. Processes are
+    found by it: their numbers inside a desktop are other ones than outside."""
+    return f"600.{uuid.uuid4().int % 10**18}"
+
+
+def is_running(mark):
+    def arguments(process):
+        try:
+            return (process / "cmdline").read_text(errors="replace")
+        except (FileNotFoundError, ProcessLookupError):
+            return ""
+    return any(mark in arguments(process) for process in Path("/proc").glob("[0-9]*"))
 
 
 class WithoutDisplay(unittest.TestCase):
@@ -89,30 +97,38 @@ class WithoutDisplay(unittest.TestCase):
         self.assertNotIn("outer", result.stdout)
         self.assertIn("1\n", result.stdout)
 
+    def test_processes_of_other_desktops_are_not_seen(self):
+        mark = new_mark()
+        with subprocess.Popen(["sleep", mark]) as outside:
+            self.assertNotIn(mark, self.shell("cat /proc/*/cmdline | tr '\\0' ' '").stdout)
+            outside.kill()
+
     def test_daemons_and_forgotten_children_end_with_it(self):
-        result = self.shell("setsid sh -c 'sleep 600 & echo $!' ; sleep 600 & echo $!")
-        for process in map(int, result.stdout.split()):
-            self.assertFalse(is_running(process))
+        mark = new_mark()
+        self.shell(f"setsid sh -c 'sleep {mark} &'; sleep {mark} &")
+        self.assertFalse(is_running(mark))
 
     def test_a_stopped_child_and_one_that_refuses_end_too(self):
         began = time.monotonic()
-        result = self.shell("sleep 600 & kill -STOP $!; echo $!;"
-                            " sh -c 'trap \"\" TERM; while :; do sleep 600; done' & echo $!")
-        for process in map(int, result.stdout.split()):
-            self.assertFalse(is_running(process))
+        mark = new_mark()
+        self.shell(f"sleep {mark} & kill -STOP $!;"
+                   f" sh -c 'trap \"\" TERM; while :; do sleep {mark}; done' &")
+        self.assertFalse(is_running(mark))
         self.assertLess(time.monotonic() - began, 10)
 
     def test_a_request_to_end_ends_everything(self):
         for number in (signal.SIGTERM, signal.SIGINT):
             with self.subTest(number):
+                mark = new_mark()
                 process = subprocess.Popen([PROGRAM, "--no-display", "sh", "-c",
-                                            "sleep 600 & echo $! $HOME; wait"],
+                                            f"sleep {mark} & echo $HOME; wait"],
                                            stdout=subprocess.PIPE, text=True)
                 with process.stdout:
-                    child, home = process.stdout.readline().split()
+                    home = process.stdout.readline().strip()
+                    self.assertTrue(is_running(mark))
                     process.send_signal(number)
                     self.assertEqual(process.wait(DEADLINE_SECONDS), 128 + number)
-                self.assertFalse(is_running(int(child)))
+                self.assertFalse(is_running(mark))
                 self.assertFalse(os.path.exists(home))
 
     def test_the_command_dies_with_a_killed_desktop(self):

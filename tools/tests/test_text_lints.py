@@ -4,7 +4,6 @@ from sample import SampleProject
 
 import file_length
 import fixed_texts
-import forbidden_words
 import format as formatting
 import layering
 import script_syntax
@@ -120,22 +119,6 @@ class FileLength(SampleProject):
         self.assertEqual(file_length.lint(self.root), [])
         self.write("app/a.mm", "\n" * (file_length.FAIL_ABOVE + 1))
         self.assert_finds(file_length.lint(self.root), "app/a.mm", "351")
-
-
-class ForbiddenWords(SampleProject):
-    def test_references_to_the_papers_are_found(self):
-        for text in ("see Part 1.1", "as the specification says", "per spec, nil", "/work/x/y"):
-            with self.subTest(text):
-                self.write("docs/a.md", f"fine\n{text}\n")
-                self.assert_finds(forbidden_words.lint(self.root), "docs/a.md:2")
-
-    def test_other_words_pass(self):
-        self.write("docs/a.md", "a part of it, specific and special; -isystem /usr/include/work/a\n")
-        self.assertEqual(forbidden_words.lint(self.root), [])
-
-    def test_a_file_name_counts_too(self):
-        self.write("docs/spec.md", "")
-        self.assert_finds(forbidden_words.lint(self.root), "docs/spec.md")
 
 
 class ScriptSyntax(SampleProject):
