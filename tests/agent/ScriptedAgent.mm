@@ -2,6 +2,7 @@
 
 #import <objc/runtime.h>
 #include <csignal>
+#include <initializer_list>
 
 #include <unistd.h>
 
@@ -21,7 +22,7 @@
 namespace {
 
 const char *typesOfOperation(SEL selector) {
-  for (Protocol *protocol in @[ @protocol(KRVProxy), @protocol(KRVOperations) ]) {
+  for (Protocol *const protocol : { @protocol (KRVProxy), @protocol (KRVOperations) }) {
     const auto description = protocol_getMethodDescription(protocol, selector, YES, YES);
     if (description.types != nullptr) return description.types;
   }

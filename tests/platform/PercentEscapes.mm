@@ -43,8 +43,11 @@ TEST(PercentEscapes, EveryPlaneIsWrittenInUtf8) {
 }
 
 TEST(PercentEscapes, ASurrogateWithoutItsPairBecomesTheReplacementCharacter) {
-  const unichar units[] = {'a', 0xD83D, 'b', 0xDE00};
-  EXPECT_EQ(escaped([NSString stringWithCharacters:units length:4]), "a%EF%BF%BDb%EF%BF%BD");
+  // Only a mutable string can hold one here.
+  NSMutableString *const broken = [NSMutableString string];
+  for (const unichar unit : {u'a', u'\xD83D', u'b', u'\xDE00'}) [broken appendFormat:@"%C", unit];
+  ASSERT_EQ([broken length], 4u);
+  EXPECT_EQ(escaped(broken), "a%EF%BF%BDb%EF%BF%BD");
 }
 
 TEST(PercentEscapes, ANulIsEscapedLikeAnyOtherControl) {

@@ -155,8 +155,10 @@ TEST_F(PathResolution, NoPathAtAllIsTheEmptyPath) {
 }
 
 TEST_F(PathResolution, APathThatUtf8CannotHoldIsAskedForAndUnknown) {
-  const unichar alone[] = {'/', 0xD800};
-  EXPECT_EQ(file([NSString stringWithCharacters:alone length:2]), ScriptedEngine::kUnknownPath);
+  NSMutableString *const alone = [NSMutableString stringWithString:@"/"];
+  [alone appendFormat:@"%C", static_cast<unichar>(0xD800)];
+  ASSERT_EQ([alone length], 2u);
+  EXPECT_EQ(file(alone), ScriptedEngine::kUnknownPath);
 }
 
 TEST_F(PathResolution, TheFileStateAnswersWhetherTheQuerySucceededAndNothingElse) {

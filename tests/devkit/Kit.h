@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+/// A synced folder and a data folder for one test, and the environment that leads the kit's programs
+/// to them. The test session removes them.
+class Kit {
+ public:
+  Kit();
+
+  const std::string &syncedFolder() const { return syncedFolder_; }
+  const std::string &dataFolder() const { return dataFolder_; }
+
+  /// The full path of something in the synced folder.
+  std::string path(const std::string &relativePath) const;
+
+  /// Makes a file or a folder, with the folders above it, and answers its full path. Takes paths of
+  /// any length.
+  std::string makeFile(const std::string &relativePath) const;
+  std::string makeFolder(const std::string &relativePath) const;
+
+  /// The content of a file in the data folder; empty when there is none.
+  std::string data(const std::string &name) const;
+
+ private:
+  std::string syncedFolder_;
+  std::string dataFolder_;
+};

@@ -1,0 +1,26 @@
+#import <Foundation/Foundation.h>
+
+#import "plugin/ContextMenuService.h"
+
+/// What stands in for the application on the name "ContextMenuPlugin": notes each call with its
+/// arguments.
+@interface StandIn : NSObject <ContextMenuService> {
+ @private
+  NSConnection *_connection;
+  NSMutableArray *_calls;
+  BOOL _vanishes;
+}
+
+/// Vends object under the name of the application, in the current run loop.
+- (instancetype)initVending:(id)object;
+
+/// Vends itself.
+- (instancetype)init;
+
+/// From now on the connection breaks in the middle of a call.
+- (void)vanish;
+
+/// One text for each call: the operation and its arguments, separated by "|".
+- (NSArray *)calls;
+
+@end

@@ -1,0 +1,209 @@
+#include <gtest/gtest.h>
+
+#import <Foundation/Foundation.h>
+#include <sys/stat.h>
+
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#import "agent/AgentIdentity.h"
+#import "agent/BVDataModelController.h"
+#import "agent/ConnectionAttempt.h"
+#import "agent/Patience.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/Strings.h"
+
+namespace {
+
+BVDataModelController *newController() {
+  return [[[BVDataModelController alloc] init] autorelease];
+}
+
+/// Seconds that something takes.
+template <class Work>
+double secondsFor(Work work) {
+  const double start = detail::secondsNow();
+  work();
+  return detail::secondsNow() - start;
+}
+
+/// Far less than an attempt, far more than an answer at once takes on a busy machine.
+constexpr double kAtOnceSeconds = 8;
+
+}  // namespace
+
+TEST(AgentConnection, InitFindsAPresentAgent) {
+  AgentProcess agent;
+  BVDataModelController *const controller = newController();
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+  EXPECT_NE([controller krvAgentProxy], nil);
+}
+
+TEST(AgentConnection, TheGatePassesWithAPresentAgent) {
+  AgentProcess agent;
+  EXPECT_TRUE([newController() checkIfConnectionExists]);
+}
+
+TEST(AgentConnection, WithoutAnAgentInitTakesFifteenSecondsAndTheGateAnswersAtOnce) {
+  BVDataModelController *controller = nil;
+  const double initSeconds = secondsFor([&] { controller = newController(); });
+  EXPECT_GE(initSeconds, agent::kConnectionDeadlineSeconds);
+  EXPECT_LT(initSeconds, agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+  EXPECT_FALSE([controller krvAgentConnectionExisting]);
+  EXPECT_EQ([controller krvAgentProxy], nil);
+  EXPECT_LT(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
+            kAtOnceSeconds);
+}
+
+TEST(AgentConnection, AnAgentThatRunsWithoutItsNameIsWaitedForByInitAndByTheGate) {
+  AgentProcess agent({.name = "-"});
+  BVDataModelController *controller = nil;
+  EXPECT_GE(secondsFor([&] { controller = newController(); }), agent::kConnectionDeadlineSeconds);
+  EXPECT_EQ([controller krvAgentProxy], nil);
+  EXPECT_GE(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
+            agent::kConnectionDeadlineSeconds);
+}
+
+TEST(AgentConnection, ANameThatIsRegisteredThreeSecondsLateIsFound) {
+  AgentProcess agent({.registerAfterSeconds = 3});
+  BVDataModelController *const controller = newController();
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+  EXPECT_TRUE([controller checkIfConnectionExists]);
+}
+
+TEST(AgentConnection, TheFlagOutlivesTheAgentAndTheGateRestsOnTheProxy) {
+  auto agent = std::make_unique<AgentProcess>();
+  BVDataModelController *const controller = newController();
+  agent.reset();
+  AgentProcess successor({.name = "-"});
+  EXPECT_FALSE([controller checkIfConnectionExists]);
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+  EXPECT_EQ([controller krvAgentProxy], nil);
+}
+
+TEST(AgentConnection, AnIdentifierInOtherLetterCaseIsTheAgent) {
+  AgentProcess agent({.identifier = "COM.Veldane.WAYFOLD.KrvAgent"});
+  EXPECT_TRUE([newController() checkIfAppIsRunning]);
+}
+
+TEST(AgentConnection, AnotherApplicationIsNotTheAgent) {
+  AgentProcess agent({.identifier = "com.veldane.wayfold.krvagent.helper"});
+  EXPECT_FALSE([newController() checkIfAppIsRunning]);
+}
+
+TEST(AgentConnection, TheGateIsClosedWhenOnlyTheNameIsThere) {
+  AgentProcess stranger({.identifier = "org.example.other"});
+  BVDataModelController *const controller = newController();
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+  EXPECT_FALSE([controller checkIfConnectionExists]);
+}
+
+TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
+  AgentProcess agent;
+  // The platform raises when the lock of its table of names stays held.
+  const std::string lock =
+      [NSTemporaryDirectory() fileSystemRepresentation] + std::string("/NSMessagePort/names/lock");
+  ASSERT_TRUE(std::filesystem::create_directory(lock));
+  std::thread holder([&] {
+    std::this_thread::sleep_for(std::chrono::seconds(3));
+    std::filesystem::remove(lock);
+  });
+  BVDataModelController *controller = nil;
+  EXPECT_NO_THROW(controller = newController());
+  holder.join();
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+}
+
+namespace {
+
+/// Stands in for the platform's look-up while one of these lives.
+class ReplacedLookUp {
+ public:
+  using LookUp = id (*)(id, SEL, NSString *, NSString *);
+  explicit ReplacedLookUp(LookUp lookUp)
+      : method_(class_getClassMethod([NSConnection class],
+                                     @selector(rootProxyForConnectionWithRegisteredName:host:))),
+        former_(method_setImplementation(method_, reinterpret_cast<IMP>(lookUp))) {}
+  ~ReplacedLookUp() { method_setImplementation(method_, former_); }
+
+ private:
+  Method method_;
+  IMP former_;
+};
+
+}  // namespace
+
+TEST(AgentConnection, WhatIsNoPlatformExceptionPassesOnToTheCaller) {
+  const ReplacedLookUp lookUp([](id, SEL, NSString *, NSString *) -> id { @throw @"not one"; });
+  NSString *caught = nil;
+  @try {
+    newController();
+  } @catch (NSString *thrown) {
+    caught = thrown;
+  }
+  EXPECT_EQ(text(caught), "not one");
+}
+
+TEST(AgentConnection, TheLookUpAsksForTheAgentsNameOnThisHost) {
+  static NSString *name;
+  static NSString *host = @"unset";
+  const ReplacedLookUp lookUp([](id, SEL, NSString *askedName, NSString *askedHost) -> id {
+    name = askedName;
+    host = askedHost;
+    return [[[NSProxy alloc] autorelease] self];
+  });
+  // The stand-in answers no message, so only the question itself is looked at.
+  @try {
+    newController();
+  } @catch (id) {
+  }
+  EXPECT_EQ(text(name), "KRVSyncAgent");
+  EXPECT_EQ(text(host), "(nil)");
+}
+
+TEST(AgentConnection, AStoppedAgentHoldsTheLookUpNoLongerThanTheAttempt) {
+  AgentProcess agent;
+  agent.process().signal(SIGSTOP);
+  BVDataModelController *controller = nil;
+  const double seconds = secondsFor([&] { controller = newController(); });
+  EXPECT_EQ([controller krvAgentProxy], nil);
+  EXPECT_GE(seconds, agent::kConnectionDeadlineSeconds);
+  EXPECT_LT(seconds, agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+  agent.process().signal(SIGCONT);
+  EXPECT_TRUE([newController() checkIfConnectionExists]);
+}
+
+TEST(AgentConnection, AnAgentThatStopsBetweenInitAndGateHoldsNeitherForEver) {
+  AgentProcess agent;
+  BVDataModelController *const controller = newController();
+  agent.process().signal(SIGSTOP);
+  EXPECT_LT(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
+            agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+  agent.process().signal(SIGCONT);
+}
+
+TEST(AgentConnection, OtherConnectionsKeepTheirOwnPatience) {
+  AgentProcess agent;
+  [[NSConnection defaultConnection] setReplyTimeout:77];
+  [[NSConnection defaultConnection] setRequestTimeout:88];
+  newController();
+  EXPECT_EQ([[NSConnection defaultConnection] replyTimeout], 77);
+  EXPECT_EQ([[NSConnection defaultConnection] requestTimeout], 88);
+}
+
+TEST(AgentConnection, ManyInstancesLeaveNoDescriptorBehind) {
+  AgentProcess agent;
+  const auto openDescriptors = [] {
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
+  };
+  const auto exchange = [] {
+    @autoreleasepool {
+      [newController() getEmployeeAddressBook];
+    }
+  };
+  exchange();
+  const auto before = openDescriptors();
+  for (int i = 0; i < 200; ++i) exchange();
+  EXPECT_EQ(openDescriptors(), before);
+}
