@@ -28,6 +28,9 @@ constexpr NSUInteger kRecordsAtATime = 10000;
 /// Below this many records a part that cannot be read as a whole is read record by record.
 constexpr NSUInteger kReadSinglyBelow = 8;
 
+NSString *const kNameKey = @"name";
+NSString *const kAddressKey = @"primaryemail";
+
 /// The control character "unit separator": no name or address holds it. If one does after all, the
 /// number of pieces tells, and the part is read in smaller parts.
 NSString *const kSeparator = @"\x1f";
@@ -42,6 +45,12 @@ id withProtocol(id object) {
 NSArray *joinedAndSplit(id array) {
   return [stringOrNil([withProtocol(array) componentsJoinedByString:kSeparator])
       componentsSeparatedByString:kSeparator];
+}
+
+/// One field of one record, asked for by itself.
+NSString *stringIn(id record, NSString *key) {
+  if (![withProtocol(record) isKindOfClass:[NSDictionary class]]) return nil;
+  return stringOrNil([record objectForKey:key]);
 }
 
 /// The values of one key over several records, as text with the class of each: text alone does not
@@ -67,7 +76,7 @@ class Column {
     }
     if ([name isEqualToString:@"<null>"] || [name isEqualToString:@"NSNull"]) return nil;
     // Rare enough to ask: a number, or a string of a class that only the agent knows.
-    return stringOrNil([withProtocol([records_ objectAtIndex:index]) objectForKey:key_]);
+    return stringIn([records_ objectAtIndex:index], key_);
   }
 
  private:
@@ -80,13 +89,8 @@ class Column {
 void visitSingly(id records, const ContactVisitor &visit) {
   const NSUInteger count = [records count];
   for (NSUInteger i = 0; i < count; ++i) {
-    id const record = withProtocol([records objectAtIndex:i]);
-    if (![record isKindOfClass:[NSDictionary class]]) {
-      visit(nil, nil);
-      continue;
-    }
-    visit(stringOrNil([record objectForKey:@"name"]),
-          stringOrNil([record objectForKey:@"primaryemail"]));
+    id const record = [records objectAtIndex:i];
+    visit(stringIn(record, kNameKey), stringIn(record, kAddressKey));
   }
 }
 
@@ -96,8 +100,8 @@ bool visitAsColumns(id records, NSUInteger count, const ContactVisitor &visit) {
   std::optional<Column> names;
   std::optional<Column> addresses;
   @try {
-    names.emplace(records, @"name");
-    addresses.emplace(records, @"primaryemail");
+    names.emplace(records, kNameKey);
+    addresses.emplace(records, kAddressKey);
   } @catch (NSException *) {
     // A record that is no dictionary has no values for keys. A connection that broke raises too;
     // the smaller parts will find it broken again.

@@ -11,16 +11,25 @@ struct CloseCollator {
   void operator()(UCollator *collator) const { ucol_close(collator); }
 };
 
-// The collator that the platform would open for one comparison, kept for the thread as long as the
-// user's locale stays the same.
+/// The collator's name for the user's locale. The plain C locale, in which the platform would sort
+/// by code points, gets the order that all languages share: on the Mac there is no such locale, and
+/// an address book that lists "Zoe" before "anna" is of no use to anybody.
+std::string collatorName() {
+  const char *const identifier = [[[NSLocale currentLocale] localeIdentifier] UTF8String];
+  const std::string name = identifier != nullptr ? identifier : "";
+  return name == "en_US_POSIX" || name == "C" || name == "POSIX" ? "" : name;
+}
+
+/// The collator that the platform would open for one comparison, kept for the thread as long as the
+/// user's locale stays the same.
 UCollator *collatorForCurrentLocale() {
   thread_local std::unique_ptr<UCollator, CloseCollator> collator;
   thread_local std::string collatorLocale;
-  const char *const locale = [[[NSLocale currentLocale] localeIdentifier] UTF8String] ?: "";
-  if (collator == nullptr || collatorLocale != locale) {
+  const std::string name = collatorName();
+  if (collator == nullptr || collatorLocale != name) {
     UErrorCode status = U_ZERO_ERROR;
-    collator.reset(ucol_open(*locale == '\0' ? nullptr : locale, &status));
-    collatorLocale = locale;
+    collator.reset(ucol_open(name.c_str(), &status));
+    collatorLocale = name;
     if (U_FAILURE(status)) collator.reset();
     // The strength that the platform uses for comparisons without regard to letter case.
     if (collator != nullptr) ucol_setStrength(collator.get(), UCOL_PRIMARY);
@@ -28,7 +37,7 @@ UCollator *collatorForCurrentLocale() {
   return collator.get();
 }
 
-// A string's UTF-16 units: on the stack for names and addresses, which are short.
+/// A string's UTF-16 units: on the stack for names and addresses, which are short.
 class Units {
  public:
   explicit Units(NSString *string) : length_([string length]) {

@@ -36,10 +36,9 @@ class Stranger {
   static std::string agentSocket() {
     namespace fs = std::filesystem;
     const std::string own = std::to_string(getpid()) + ".";
-    const auto folder = fs::path(std::getenv("TEMP")) /
-                        ("GNUstepSecure" + std::to_string(getuid())) / "NSMessagePort" / "ports";
-    for (const auto &entry : fs::directory_iterator(folder))
-      if (!entry.path().filename().string().starts_with(own)) return entry.path();
+    for (const auto &entry : fs::recursive_directory_iterator(std::getenv("TEMP")))
+      if (entry.is_socket() && !entry.path().filename().string().starts_with(own))
+        return entry.path();
     return "";
   }
 
@@ -67,7 +66,12 @@ bool answers(const DevelopmentAgent &agent) {
   return [[agent.proxy() getEmployeeAddressBook] objectForKey:@"value"] != nil;
 }
 
-class BadBytes : public testing::TestWithParam<std::string> {};
+struct Bytes {
+  const char *what;
+  std::string bytes;
+};
+
+class BadBytes : public testing::TestWithParam<Bytes> {};
 
 }  // namespace
 
@@ -76,25 +80,31 @@ TEST_P(BadBytes, DoNotEndTheAgent) {
   DevelopmentAgent agent;
   const Stranger stranger(agent);
   ASSERT_TRUE(stranger.isConnected());
-  stranger.say(GetParam());
+  stranger.say(GetParam().bytes);
   EXPECT_TRUE(answers(agent));
   EXPECT_FALSE(agent.process().hasEnded()) << agent.process().output();
 }
 
 INSTANTIATE_TEST_SUITE_P(
     All, BadBytes,
-    testing::Values("GET / HTTP/1.0\r\n\r\n", introduction() + number(3) + number(0),
-                    introduction() + message(2, 0, ""), introduction() + message(77, 1, "xxxx"),
-                    message(2, 1, "xxxx"), introduction() + message(2, 1, std::string(64, '\x7F')),
-                    introduction() + message(0, 1, std::string(64, '\x01'))));
+    testing::Values(Bytes{"AnotherProtocol", "GET / HTTP/1.0\r\n\r\n"},
+                    Bytes{"EmptyHead", introduction() + number(3) + number(0)},
+                    Bytes{"NoItems", introduction() + message(2, 0, "")},
+                    Bytes{"UnknownMessage", introduction() + message(77, 1, "xxxx")},
+                    Bytes{"NoIntroduction", message(2, 1, "xxxx")},
+                    Bytes{"GarbageQuestion",
+                          introduction() + message(2, 1, std::string(64, '\x7F'))},
+                    Bytes{"GarbageCall", introduction() + message(0, 1, std::string(64, '\x01'))}),
+    [](const auto &info) { return info.param.what; });
 
 TEST(AgentFaults, ArgumentsOfEveryKindAreAnswered) {
   const Kit kit;
   const DevelopmentAgent agent;
   NSString *const huge = [@"" stringByPaddingToLength:4'000'000 withString:@"写" startingAtIndex:0];
   const unichar half = 0xD800;
-  NSString *const broken = [NSString stringWithCharacters:&half length:1];
-  // The last one stays in this process; the agent gets a stand-in that answers over the wire.
+  // The platform makes no such string at once, but puts one together.
+  NSString *const broken = [NSMutableString stringWithFormat:@"%C", half];
+  // The last ones stay in this process; the agent gets stand-ins for them.
   NSArray *const arguments =
       @[ @"", huge, broken, @5, [NSNull null], [NSData data], @[ @"a" ],
          @{@"a" : @1} ];

@@ -22,9 +22,9 @@ class Contacts : public testing::Test {
 
 TEST(Contact, TheNameIsWrittenEitherWay) {
   EXPECT_EQ((Contact{.email = "", .firstName = "Jo", .lastName = "Doe"}).displayName(), "Jo Doe");
-  EXPECT_EQ((Contact{.email = "", .firstName = "Jo", .lastName = "Doe", .lastFirst = true})
-                .displayName(),
-            "Doe, Jo");
+  EXPECT_EQ(
+      (Contact{.email = "", .firstName = "Jo", .lastName = "Doe", .lastFirst = true}).displayName(),
+      "Doe, Jo");
   EXPECT_EQ((Contact{.email = "", .firstName = "Reception", .lastName = ""}).displayName(),
             "Reception");
 }

@@ -1,12 +1,11 @@
 #pragma once
 
 #import "agent/KRVProxy.h"
-
 #include "tests/devkit/Kit.h"
 #include "tests/support/ChildProcess.h"
 
-/// The development agent as a process of its own, started and registered, and the real connection to
-/// it.
+/// The development agent as a process of its own, started and registered, and the real connection
+/// to it.
 class DevelopmentAgent {
  public:
   explicit DevelopmentAgent(const std::vector<std::string> &options = {});

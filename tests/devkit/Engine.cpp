@@ -106,8 +106,7 @@ TEST_F(Engine, ManyProcessesThatMeetANewStoreAgreeOnEveryId) {
   std::vector<std::unique_ptr<ChildProcess>> processes;
   for (int index = 0; index < 8; ++index)
     processes.push_back(std::make_unique<ChildProcess>(command));
-  for (const auto &process : processes)
-    EXPECT_EQ(process->waitForEnd(), 0) << process->output();
+  for (const auto &process : processes) EXPECT_EQ(process->waitForEnd(), 0) << process->output();
   for (const auto &process : processes) {
     EXPECT_EQ(process->output(), processes[0]->output());
     EXPECT_EQ(process->output().size(), 25u * 33);

@@ -25,7 +25,12 @@ class Items : public testing::Test {
   devkit::Store store_{kit_.dataFolder(), kit_.syncedFolder()};
 };
 
-class OddNames : public Items, public testing::WithParamInterface<const char *> {};
+struct OddName {
+  const char *what;
+  const char *name;
+};
+
+class OddNames : public Items, public testing::WithParamInterface<OddName> {};
 
 }  // namespace
 
@@ -107,13 +112,18 @@ TEST_F(Items, AStoreThatCannotBeMadeSaysSo) {
 }
 
 TEST_P(OddNames, AreItemsLikeAnyOther) {
-  const auto path = kit_.makeFile(std::string("folder/") + GetParam());
+  const auto path = kit_.makeFile(std::string("folder/") + GetParam().name);
   const auto known = id(path);
   ASSERT_EQ(known.size(), 32u);
   EXPECT_EQ(id(path), known);
-  EXPECT_EQ(store_.items.byId(known)->name(), GetParam());
+  EXPECT_EQ(store_.items.byId(known)->name(), GetParam().name);
 }
 
-INSTANTIATE_TEST_SUITE_P(All, OddNames,
-                         testing::Values("a blank", "two\nlines", "'quoted\"", "写真", "Ünïcode",
-                                         "حداد", "not \xFF\xC3 UTF-8", "%41;--", "🗂️"));
+INSTANTIATE_TEST_SUITE_P(
+    All, OddNames,
+    testing::Values(OddName{"Blank", "a blank"}, OddName{"LineFeed", "two\nlines"},
+                    OddName{"Quotes", "'quoted\""}, OddName{"Japanese", "写真"},
+                    OddName{"Accents", "Ünïcode"}, OddName{"Arabic", "حداد"},
+                    OddName{"NoUtf8", "not \xFF\xC3 UTF-8"}, OddName{"Statement", "%41;--"},
+                    OddName{"Emoji", "🗂️"}),
+    [](const auto &info) { return info.param.what; });

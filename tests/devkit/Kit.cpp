@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <system_error>
 
 #include "tests/support/ChildProcess.h"
 
@@ -32,12 +33,17 @@ int folderOf(const std::string &root, std::string &relativePath) {
 }  // namespace
 
 Kit::Kit() {
-  const auto folder = newTemporaryFolder();
-  syncedFolder_ = folder + "/Brisvale";
-  dataFolder_ = folder + "/data";
+  folder_ = newTemporaryFolder();
+  syncedFolder_ = folder_ + "/Brisvale";
+  dataFolder_ = folder_ + "/data";
   std::filesystem::create_directory(syncedFolder_);
   setenv("BV_SYNCED_FOLDER", syncedFolder_.c_str(), 1);
   setenv("BV_DEVKIT_DATA", dataFolder_.c_str(), 1);
+}
+
+Kit::~Kit() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
 }
 
 std::string Kit::path(const std::string &relativePath) const {

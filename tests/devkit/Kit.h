@@ -2,11 +2,14 @@
 
 #include <string>
 
-/// A synced folder and a data folder for one test, and the environment that leads the kit's programs
-/// to them. The test session removes them.
+/// A synced folder and a data folder for one test, and the environment that leads the kit's
+/// programs to them. Both go with it.
 class Kit {
  public:
   Kit();
+  ~Kit();
+  Kit(const Kit &) = delete;
+  Kit &operator=(const Kit &) = delete;
 
   const std::string &syncedFolder() const { return syncedFolder_; }
   const std::string &dataFolder() const { return dataFolder_; }
@@ -23,6 +26,7 @@ class Kit {
   std::string data(const std::string &name) const;
 
  private:
+  std::string folder_;
   std::string syncedFolder_;
   std::string dataFolder_;
 };

@@ -122,7 +122,8 @@ TEST(Letter, AMailProgramReadsWhatWasWritten) {
 TEST(Letter, AllScriptsArriveWhole) {
   auto written = letter();
   written.senderName = "María José \"Pepa\" González";
-  written.subject = "Übersicht 写真 حداد 🗂️ and a subject that does not fit into one line by far";
+  written.subject =
+      "Übersicht 写真 حداد 🗂️ and a subject that does not fit into one line by far";
   written.body = "Grüße,\n写真 = \t🗂️ \n.\nFrom here";
   const auto found = read(written);
   EXPECT_TRUE(contains(found, "\"" + written.subject + "\"")) << found;

@@ -44,7 +44,12 @@ class Operations : public testing::Test {
   ItemReference folder_ = {kit_.makeFolder("MyDocs/Plans"), false};
 };
 
-class Downloads : public Operations, public testing::WithParamInterface<const char *> {};
+struct Number {
+  const char *what;
+  const char *text;
+};
+
+class Downloads : public Operations, public testing::WithParamInterface<Number> {};
 
 }  // namespace
 
@@ -71,11 +76,15 @@ TEST_F(Operations, AFileIsNoFolderAndAFolderNoFile) {
 }
 
 TEST_P(Downloads, ThatAreNoNumberAreRefused) {
-  EXPECT_EQ(error(operations_.getLink(Kind::File, file_, {.maxDownloads = GetParam()})), 400);
+  EXPECT_EQ(error(operations_.getLink(Kind::File, file_, {.maxDownloads = GetParam().text})), 400);
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Downloads,
-                         testing::Values("", "0", "-2", "five", "5 ", "99999999999999999999"));
+                         testing::Values(Number{"Nothing", ""}, Number{"Zero", "0"},
+                                         Number{"Negative", "-2"}, Number{"Word", "five"},
+                                         Number{"TrailingBlank", "5 "},
+                                         Number{"TooLarge", "99999999999999999999"}),
+                         [](const auto &info) { return info.param.what; });
 
 TEST_F(Operations, AMailToNoAddressIsNotSent) {
   EXPECT_EQ(error(send("a@b,nobody")), 400);

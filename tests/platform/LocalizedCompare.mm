@@ -8,12 +8,13 @@
 
 namespace {
 
-/// What the platform itself answers, by the longer way.
+/// What the platform itself answers, by the longer way, for a user who writes English.
 NSComparisonResult platformsAnswer(NSString *left, NSString *right) {
+  static NSLocale *const english = [[NSLocale alloc] initWithLocaleIdentifier:@"en_US"];
   return [left compare:right
                options:NSCaseInsensitiveSearch
                  range:NSMakeRange(0, [left length])
-                locale:[NSLocale currentLocale]];
+                locale:english];
 }
 
 NSString *randomString(std::mt19937 &random) {
@@ -40,6 +41,12 @@ TEST(LocalizedCompare, AnswersAsThePlatformDoesForRandomStrings) {
           << text(left) << " | " << text(right);
     }
   }
+}
+
+TEST(LocalizedCompare, LetterCaseDoesNotCountInThePlainLocaleEither) {
+  EXPECT_EQ(text([[NSLocale currentLocale] localeIdentifier]), "en_US_POSIX");
+  EXPECT_EQ([@"anna" localizedCaseInsensitiveCompare:@"Bob"], NSOrderedAscending);
+  EXPECT_EQ([@"ANNA" localizedCaseInsensitiveCompare:@"anna"], NSOrderedSame);
 }
 
 TEST(LocalizedCompare, LongStringsCompareLikeShortOnes) {
