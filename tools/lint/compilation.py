@@ -4,6 +4,7 @@ parallel without repeating those whose inputs have not changed since they passed
 import hashlib
 import json
 import os
+import re
 import shlex
 import subprocess
 from concurrent.futures import ThreadPoolExecutor
@@ -11,6 +12,10 @@ from functools import lru_cache
 from pathlib import Path
 
 from project import Findings
+
+
+# "3 warnings generated.", which counts what was hidden on purpose.
+COUNT = re.compile(r"\d+ (warning|error)s?( and \d+ errors?)? generated\.$")
 
 
 class Unit:
@@ -122,7 +127,8 @@ def check_all(build, name, checked, command_for, extra_inputs=(), jobs=None):
             if remembered:
                 cache.passed(remembered)
             return None
-        return f"{result.stdout.strip()}\n{result.stderr.strip()}".strip()
+        said = f"{result.stdout}\n{result.stderr}".splitlines()
+        return "\n".join(line for line in said if line and not COUNT.match(line))
 
     findings = Findings()
     with ThreadPoolExecutor(jobs or os.cpu_count()) as pool:
