@@ -51,8 +51,7 @@ std::string now() {
 
 }  // namespace
 
-void OperationLog::add(std::string_view operation, const Arguments &arguments,
-                       const Reply &reply) {
+void OperationLog::add(std::string_view operation, const Arguments &arguments, const Reply &reply) {
   std::string line = "{\"time\": " + json(std::string_view(now())) +
                      ", \"operation\": " + json(operation) + ", \"arguments\": {";
   bool first = true;

@@ -5,6 +5,7 @@
 #import "devkit/agent/AgentProcess.h"
 #import "devkit/agent/EndingSignals.h"
 #import "devkit/agent/KRVAgentService.h"
+#include "devkit/base/Arguments.h"
 
 namespace {
 
@@ -39,9 +40,10 @@ int run(const devkit::AgentOptions &options) {
 
 }  // namespace
 
-int main(int argc, char **argv) {
+int main(int argc, char *argv[]) {
+  const auto arguments = devkit::originalArguments(argc, argv);
   @autoreleasepool {
-    const auto options = devkit::parseAgentOptions({argv + 1, argv + argc});
+    const auto options = devkit::parseAgentOptions(arguments);
     if (!options.problem.empty())
       return fail(kWrongUsage, options.problem + "\n" + devkit::kAgentUsage);
     if (options.help) {

@@ -1,5 +1,6 @@
 #include <cstdio>
 
+#include "devkit/base/Arguments.h"
 #import "devkit/client/ContextMenuCall.h"
 
 namespace {
@@ -11,9 +12,10 @@ int fail(const devkit::Failure &failure) {
 
 }  // namespace
 
-int main(int argc, char **argv) {
+int main(int argc, char *argv[]) {
+  const auto arguments = devkit::originalArguments(argc, argv);
   @autoreleasepool {
-    const auto parsed = devkit::parseRequest({argv + 1, argv + argc});
+    const auto parsed = devkit::parseRequest(arguments);
     if (const auto *failure = std::get_if<devkit::Failure>(&parsed)) return fail(*failure);
     const auto &request = std::get<devkit::Request>(parsed);
     if (request.verb == devkit::Verb::Help) {

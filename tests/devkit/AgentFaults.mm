@@ -71,6 +71,10 @@ struct Bytes {
   std::string bytes;
 };
 
+void PrintTo(const Bytes &bytes, std::ostream *out) {
+  *out << bytes.what;
+}
+
 class BadBytes : public testing::TestWithParam<Bytes> {};
 
 }  // namespace

@@ -30,6 +30,10 @@ struct OddName {
   const char *name;
 };
 
+void PrintTo(const OddName &name, std::ostream *out) {
+  *out << name.what;
+}
+
 class OddNames : public Items, public testing::WithParamInterface<OddName> {};
 
 }  // namespace

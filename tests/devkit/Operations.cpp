@@ -49,6 +49,10 @@ struct Number {
   const char *text;
 };
 
+void PrintTo(const Number &number, std::ostream *out) {
+  *out << number.what;
+}
+
 class Downloads : public Operations, public testing::WithParamInterface<Number> {};
 
 }  // namespace
