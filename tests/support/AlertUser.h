@@ -1,0 +1,34 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+/// What a test's user saw of one application-modal alert.
+struct SeenAlert {
+  std::vector<std::string> texts;
+  bool shows(const std::string &text) const;
+};
+
+/// While one of these lives, somebody sits in front of the screen, reads every application-modal
+/// alert and dismisses it with its first button.
+class AlertUser {
+ public:
+  /// whileOpen: runs while an alert is on the screen, before it is dismissed.
+  explicit AlertUser(std::function<void()> whileOpen = [] {});
+  ~AlertUser();
+  AlertUser(const AlertUser &) = delete;
+  AlertUser &operator=(const AlertUser &) = delete;
+
+  const std::vector<SeenAlert> &alerts() const { return alerts_; }
+
+  /// Looks at the screen once. Called by a timer.
+  void look();
+
+ private:
+  std::function<void()> whileOpen_;
+  std::vector<SeenAlert> alerts_;
+  NSTimer *timer_;
+};

@@ -1,0 +1,27 @@
+#include <gtest/gtest.h>
+
+#include <cstdio>
+
+#import <AppKit/AppKit.h>
+#include <unistd.h>
+
+#include "tests/support/PrivateSession.h"
+
+int main(int argc, char *argv[]) {
+  enterPrivateSession(argc, argv, Screen::Private);
+  testing::InitGoogleTest(&argc, argv);
+  int result = 0;
+  @autoreleasepool {
+    if (!testing::GTEST_FLAG(list_tests)) {
+      NSString *const principal =
+          [[[NSBundle mainBundle] infoDictionary] objectForKey:@"NSPrincipalClass"];
+      [NSClassFromString(principal) sharedApplication];
+      // Without a delegate yet: each test decides when the application's own launch begins.
+      [NSApp finishLaunching];
+    }
+    result = RUN_ALL_TESTS();
+  }
+  // Without the destructors of the platform's libraries, which race their own threads.
+  std::fflush(stdout);
+  _exit(result);
+}

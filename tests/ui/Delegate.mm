@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#import <objc/runtime.h>
+
+#import "app/ContextMenuAppAppDelegate.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Pump.h"
+#include "tests/support/Strings.h"
+#include "tests/ui/Application.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr NSTimeInterval kOneDay = 86400;
+
+NSDictionary *script() {
+  NSArray *const book = @[ @{@"name" : @"Doe, John", @"primaryemail" : @"a@b"} ];
+  return @{
+    @"getEmployeeAddressBook" : @{@"reply" : success(book)},
+    @"getHomeDirectoryInfo" : @{@"reply" : @{@"homefolder" : @"home-1", @"quota" : @5}}
+  };
+}
+
+struct Delegate : testing::Test {
+  ContextMenuAppAppDelegate *delegate = loadedDelegate();
+
+  void launch() { [delegate applicationDidFinishLaunching:nil]; }
+};
+
+}  // namespace
+
+TEST_F(Delegate, TheMainInterfaceResourceMakesItTheApplicationsDelegate) {
+  EXPECT_TRUE([delegate isKindOfClass:[ContextMenuAppAppDelegate class]]);
+  EXPECT_TRUE([delegate conformsToProtocol:@protocol(NSApplicationDelegate)]);
+}
+
+TEST_F(Delegate, ItsFieldsStandInTheirOrder) {
+  unsigned count = 0;
+  Ivar *const fields = class_copyIvarList([ContextMenuAppAppDelegate class], &count);
+  Lines names;
+  for (unsigned i = 0; i < count; ++i) names.push_back(ivar_getName(fields[i]));
+  free(fields);
+  EXPECT_EQ(names, (Lines{"window", "krvContextMenu", "copyLink", "sendFile", "shareFolder",
+                          "sendFolder", "contextMenuFlag", "addressBookForSend",
+                          "addressBookForShare", "employeeContacts", "syncedFilePath",
+                          "updateAddressBookTimer", "homeFolderInfo", "contextMenuPlugin"}));
+}
+
+TEST_F(Delegate, CopyPropertiesKeepTheirOwnCopy) {
+  NSMutableString *const path = [NSMutableString stringWithString:@"/a"];
+  [delegate setSyncedFilePath:path];
+  [path appendString:@"/b"];
+  EXPECT_EQ(text([delegate syncedFilePath]), "/a");
+  NSMutableDictionary *const info = [NSMutableDictionary dictionary];
+  [delegate setHomeFolderInfo:info];
+  [info setObject:@"x" forKey:@"homefolder"];
+  EXPECT_EQ([[delegate homeFolderInfo] count], 0u);
+}
+
+TEST_F(Delegate, TheSyncedFolderIsUnderUsersWhereverTheHomeDirectoryIs) {
+  AgentProcess agent;
+  launch();
+  // The private session's home directory is a temporary folder.
+  EXPECT_FALSE([NSHomeDirectory() hasPrefix:@"/Users/"]);
+  EXPECT_EQ(text([delegate syncedFilePath]), "/Users/" + text(NSUserName()) + "/Brisvale");
+}
+
+TEST_F(Delegate, LaunchLoadsTheAddressBooksAndTheHomeFolderInfoAndSetsTheFlag) {
+  AgentProcess agent;
+  agent.setScript(script());
+  EXPECT_FALSE([delegate contextMenuFlag]);
+  launch();
+  EXPECT_TRUE([delegate contextMenuFlag]);
+  EXPECT_EQ(text([[delegate addressBookForShare] objectAtIndex:0]), "John Doe<a@b>");
+  EXPECT_EQ(text([[delegate employeeContacts] objectAtIndex:0]), "a@b");
+  EXPECT_TRUE(([[delegate homeFolderInfo] isEqual:@{@"homefolder" : @"home-1", @"quota" : @5}]));
+  EXPECT_EQ([delegate addressBookForSend], nil);
+}
+
+TEST_F(Delegate, AHomeFolderReplyThatIsNoDictionaryOrNoReplyGivesAnEmptyDictionary) {
+  AgentProcess agent;
+  for (NSDictionary *entry in @[
+         @{@"reply" : @"text"},
+         @{@"reply" : @[ @"homefolder" ]},
+         @{@"nil" : @1}, @{@"raise" : @"SomeException"}
+       ]) {
+    agent.setScript(@{@"getHomeDirectoryInfo" : entry});
+    launch();
+    EXPECT_TRUE([[delegate homeFolderInfo] isEqual:@{}]) << text(entry);
+  }
+}
+
+TEST_F(Delegate, TheRefreshIsDueOneDayAfterLaunchAndThenEveryDay) {
+  AgentProcess agent;
+  const NSTimeInterval before = [NSDate timeIntervalSinceReferenceDate];
+  launch();
+  const NSTimeInterval after = [NSDate timeIntervalSinceReferenceDate];
+  NSTimer *const timer = [delegate updateAddressBookTimer];
+  EXPECT_TRUE([timer isValid]);
+  EXPECT_EQ([timer timeInterval], kOneDay);
+  EXPECT_GE([[timer fireDate] timeIntervalSinceReferenceDate], before + kOneDay);
+  EXPECT_LE([[timer fireDate] timeIntervalSinceReferenceDate], after + kOneDay);
+}
+
+TEST_F(Delegate, TheRefreshReloadsTheAddressBooksAndStaysScheduled) {
+  AgentProcess agent;
+  launch();
+  EXPECT_EQ([[delegate addressBookForShare] count], 0u);
+  agent.setScript(script());
+  [[delegate updateAddressBookTimer] fire];
+  EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 1; }));
+  EXPECT_TRUE([[delegate updateAddressBookTimer] isValid]);
+}
+
+TEST_F(Delegate, BecomingActiveOnlyWritesItsLine) {
+  [delegate setContextMenuFlag:NO];
+  const NSUInteger windows = [[NSApp windows] count];
+  const CapturedLog log;
+  [delegate applicationDidBecomeActive:nil];
+  EXPECT_EQ(log.lines(), Lines{"Context Menu Application Did Become Active"});
+  EXPECT_FALSE([delegate contextMenuFlag]);
+  EXPECT_EQ([[NSApp windows] count], windows);
+}
+
+TEST_F(Delegate, ThePlatformTellsItWhenTheApplicationBecomesActive) {
+  const CapturedLog log;
+  [NSApp activateIgnoringOtherApps:YES];
+  EXPECT_EQ(log.lines(), Lines{"Context Menu Application Did Become Active"});
+}
+
+TEST_F(Delegate, HideMeHidesTheApplication) {
+  [NSApp unhideWithoutActivation];
+  [delegate hideMe];
+  EXPECT_TRUE([NSApp isHidden]);
+}
+
+TEST_F(Delegate, TheApplicationShowsNothingAtRest) {
+  AgentProcess agent;
+  launch();
+  for (NSWindow *window in [NSApp windows]) EXPECT_FALSE([window isVisible]) << text(window);
+}
