@@ -23,4 +23,9 @@ endif()
 if(sanitizer_flags)
   target_compile_options(project_options INTERFACE ${sanitizer_flags})
   target_link_options(project_options INTERFACE ${sanitizer_flags})
+  # The sanitizers' run-time options, in programs only: libraries are loaded into these.
+  set(sanitizers ${PROJECT_SOURCE_DIR}/tools/sanitizers)
+  target_sources(project_options INTERFACE
+      $<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:${sanitizers}/defaults.cpp>)
+  target_compile_definitions(project_options INTERFACE SANITIZER_SUPPRESSIONS="${sanitizers}")
 endif()
