@@ -1,12 +1,17 @@
 #import "devkit/agent/AgentProcess.h"
 
 #import "agent/AgentIdentity.h"
+#include "devkit/base/LeakCheckPause.h"
 
 @implementation AgentProcess
 
 - (instancetype)initWithService:(id)service {
   self = [super init];
   if (self) {
+    {
+      const devkit::LeakCheckPause whileThePlatformSetsItselfUp;
+      [NSConnection class];
+    }
     _connection = [[NSConnection alloc] init];
     [_connection setRootObject:service];
   }

@@ -19,9 +19,10 @@ static NSDictionary *BareDictionary(const Reply &reply) {
   return record ? dictionaryFrom(*record) : [NSDictionary dictionary];
 }
 
-/// A flag is one byte, and any byte may arrive.
-static bool Flag(BOOL byte) {
-  return byte != 0;
+/// A flag is one byte, and any byte may arrive. Taken by reference and read as what it is, since
+/// the sanitizer ends the program at a BOOL that is neither YES nor NO.
+static bool Flag(const BOOL &byte) {
+  return reinterpret_cast<const char &>(byte) != 0;
 }
 
 @implementation KRVAgentService

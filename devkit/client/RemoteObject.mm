@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "devkit/base/LeakCheckPause.h"
+
 namespace devkit {
 namespace {
 
@@ -37,7 +39,11 @@ bool isRegistered(NSString *name) {
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
                                  const Patience &patience) {
   // The platform's own limit is endless. New connections take it over from the default one.
-  NSConnection *defaults = [NSConnection defaultConnection];
+  NSConnection *defaults = nil;
+  {
+    const LeakCheckPause whileThePlatformSetsItselfUp;
+    defaults = [NSConnection defaultConnection];
+  }
   const NSTimeInterval endless = [defaults replyTimeout];
   [defaults setReplyTimeout:patience.timeout.count()];
   [defaults setRequestTimeout:patience.timeout.count()];
