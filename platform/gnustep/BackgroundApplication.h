@@ -1,7 +1,9 @@
 #import <AppKit/AppKit.h>
 
 /// The principal class of an application that lives behind the others, as LSUIElement makes one on
-/// the Mac: no icon tile, and nobody's focus is taken when it starts.
+/// the Mac: no icon tile, nobody's focus is taken when it starts, and hiding takes its windows off
+/// the screen although there is no tile to bring them back (the platform would miniaturise them
+/// instead).
 @interface BackgroundApplication : NSApplication {
  @private
   BOOL _isLaunching;

@@ -21,4 +21,21 @@
   if (!_isLaunching) [super activateIgnoringOtherApps:ignoringOtherApps];
 }
 
+- (void)hide:(id)sender {
+  (void)sender;
+  if (_app_is_hidden) return;
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center postNotificationName:NSApplicationWillHideNotification object:self];
+  // First, because it notes which window has the keyboard.
+  [self deactivate];
+  for (NSWindow *window in [self windows]) {
+    if (![window isVisible] || ![window canHide]) continue;
+    [_hidden addObject:window];
+    [window orderOut:self];
+  }
+  _app_is_hidden = YES;
+  _unhide_on_activation = YES;
+  [center postNotificationName:NSApplicationDidHideNotification object:self];
+}
+
 @end

@@ -31,4 +31,5 @@ class AlertUser {
   std::function<void()> whileOpen_;
   std::vector<SeenAlert> alerts_;
   NSTimer *timer_;
+  int session_ = 0;
 };

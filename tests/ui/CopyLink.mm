@@ -92,8 +92,8 @@ TEST_F(CopyLink, ASuccessfulReplyPutsTheLinkOnTheClipboardAsASingleString) {
   const CapturedLog log;
   EXPECT_EQ(text([controller pasteToClipboard:success(@"https://x/y")]), "0");
   EXPECT_EQ(text(clipboardText()), "https://x/y");
-  EXPECT_TRUE([[[NSPasteboard generalPasteboard] types]
-      isEqual:[NSArray arrayWithObject:NSStringPboardType]]);
+  NSArray *const types = [[NSPasteboard generalPasteboard] types];
+  EXPECT_EQ(text([types componentsJoinedByString:@" "]), text(NSStringPboardType));
   EXPECT_EQ(log.lines(), Lines{"copy success = 1"});
 }
 
