@@ -9,7 +9,7 @@
   self = [super init];
   if (self) {
     {
-      const devkit::LeakCheckPause whileThePlatformSetsItselfUp;
+      [[maybe_unused]] const devkit::LeakCheckPause whileThePlatformSetsItselfUp;
       [NSConnection class];
     }
     _connection = [[NSConnection alloc] init];

@@ -131,7 +131,7 @@ Reply Operations::send(Kind kind, const ItemReference &item, const RequestedLink
 
                   const auto address = store_.links.make(found.id, options);
                   letter.body = message + linkText(address, options);
-                  mailOut(found, address, std::move(letter));
+                  mailOut(found, address, letter);
                   reply.value = address;
                 });
 }
@@ -161,7 +161,7 @@ Reply Operations::grantAccess(const ItemReference &item, const RequestedGrant &g
                                                    .firstName = person.firstName,
                                                    .lastName = person.lastName,
                                                    .rights = grant.rights});
-                  mailOut(folder, "", std::move(letter));
+                  mailOut(folder, "", letter);
                   reply.value = Record{{"userfname", person.firstName},
                                        {"userlname", person.lastName},
                                        {"useremail", person.email}};
@@ -311,7 +311,7 @@ Contact Operations::colleague(const Text &email) {
   return *person;
 }
 
-void Operations::mailOut(const Item &item, const std::string &link, Letter letter) {
+void Operations::mailOut(const Item &item, const std::string &link, const Letter &letter) {
   MailRecord record = {.itemId = item.id,
                        .link = link,
                        .recipients = {},

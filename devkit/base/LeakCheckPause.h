@@ -19,8 +19,8 @@ class LeakCheckPause {
     __lsan_enable();
   }
 #else
-  LeakCheckPause() {}
-  ~LeakCheckPause() {}
+  LeakCheckPause() = default;
+  ~LeakCheckPause() = default;
 #endif
   LeakCheckPause(const LeakCheckPause &) = delete;
   LeakCheckPause &operator=(const LeakCheckPause &) = delete;

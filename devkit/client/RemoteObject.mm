@@ -41,7 +41,7 @@ std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char 
   // The platform's own limit is endless. New connections take it over from the default one.
   NSConnection *defaults = nil;
   {
-    const LeakCheckPause whileThePlatformSetsItselfUp;
+    [[maybe_unused]] const LeakCheckPause whileThePlatformSetsItselfUp;
     defaults = [NSConnection defaultConnection];
   }
   const NSTimeInterval endless = [defaults replyTimeout];

@@ -23,7 +23,7 @@ std::string fileName(const Letter &letter) {
 std::string Outbox::put(const Letter &letter) {
   namespace fs = std::filesystem;
   fs::create_directories(folder_);
-  const auto path = folder_ + "/" + fileName(letter);
+  auto path = folder_ + "/" + fileName(letter);
   const auto unfinished = path + ".part";
   std::ofstream file(unfinished, std::ios::binary);
   file << written(letter);

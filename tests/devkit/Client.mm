@@ -35,7 +35,7 @@ class Client : public testing::Test {
 
 class WithApplication : public Client {
  protected:
-  ~WithApplication() override { [application_ release]; }
+  void TearDown() override { [application_ release]; }
 
   std::string call() const { return text([[application_ calls] componentsJoinedByString:@" "]); }
 
