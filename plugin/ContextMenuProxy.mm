@@ -6,6 +6,7 @@
 
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
+#import "plugin/ServingPause.h"
 #import "send/Alerts.h"
 #import "send/CopyLinkController.h"
 
@@ -80,6 +81,7 @@ bool isOperation(SEL selector) {
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;
+  const ServingPause othersWait(self);
   [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
                                                       object:nil];
   // An argument may be anything, also an object of the caller's process that claims to be a string.

@@ -13,6 +13,13 @@
   _isLaunching = YES;
   [super finishLaunching];
   _isLaunching = NO;
+  [self performSelector:@selector(startPasteboardServer) withObject:nil afterDelay:0];
+}
+
+/// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
+/// pasteboard first waits for that: better nobody than the user.
+- (void)startPasteboardServer {
+  [NSPasteboard generalPasteboard];
 }
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps {

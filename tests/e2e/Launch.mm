@@ -1,0 +1,101 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#import "tests/e2e/RunningApplication.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/Strings.h"
+
+namespace {
+
+long countOf(const std::vector<std::string> &lines, const std::string &line) {
+  return std::count(lines.begin(), lines.end(), line);
+}
+
+std::vector<std::string> linesOfLaunch(const RunningApplication &application) {
+  std::vector<std::string> lines;
+  for (const std::string &line : application.log()) {
+    if (line.starts_with("Context Menu ")) lines.push_back(line);
+  }
+  return lines;
+}
+
+NSString *operation(NSDictionary *call) {
+  return [call objectForKey:@"operation"];
+}
+
+bool pluginWasRegistered(NSDictionary *call) {
+  return [[call objectForKey:@"pluginIsRegistered"] boolValue];
+}
+
+const std::vector<std::string> kLinesOfAGoodLaunch = {
+    "Context Menu Application Launched for first time",
+    "Context Menu Plugin Connection successfully created."};
+
+}  // namespace
+
+TEST(Launch, AsksForTheAddressBookThenRegistersThenAsksForTheHomeFolder) {
+  AgentProcess agent;
+  RunningApplication application;
+  ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  NSArray *const calls = agent.calls();
+  ASSERT_EQ([calls count], 2u);
+  EXPECT_EQ(text(operation([calls objectAtIndex:0])), "getEmployeeAddressBook");
+  EXPECT_FALSE(pluginWasRegistered([calls objectAtIndex:0]));
+  EXPECT_EQ(text(operation([calls objectAtIndex:1])), "getHomeDirectoryInfo");
+  EXPECT_TRUE(pluginWasRegistered([calls objectAtIndex:1]));
+  EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
+}
+
+TEST(Launch, WithoutAnAgentItCompletesAndServesThePlugin) {
+  RunningApplication application;
+  ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
+}
+
+TEST(Launch, ShowsNoAlertWithoutAnAgent) {
+  RunningApplication application;
+  ASSERT_TRUE(application.waitUntilServing());
+  EXPECT_FALSE(RunningApplication::isVisible());
+}
+
+TEST(Launch, ASyncEngineThatCannotBeginIsIgnored) {
+  AgentProcess agent;
+  RunningApplication application({{"LD_PRELOAD", FAILING_ENGINE}});
+  EXPECT_TRUE(application.waitUntilServing()) << application.process().output();
+  EXPECT_EQ(countOf(application.log(), kLinesOfAGoodLaunch[0]), 1);
+}
+
+TEST(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
+  AgentProcess agent;
+  RunningApplication good({{"LD_PRELOAD", TALKING_ENGINE}});
+  ASSERT_TRUE(good.waitUntilServing());
+  EXPECT_EQ(good.process().countInOutput("engine: BvInitialize"), 1);
+  EXPECT_EQ(good.process().countInOutput("engine: BvUninitialize"), 1);
+  good.process().signal(SIGKILL);
+  good.process().waitForEnd();
+  RunningApplication bad({{"LD_PRELOAD", FAILING_ENGINE}});
+  ASSERT_TRUE(bad.waitUntilServing());
+  EXPECT_EQ(bad.process().countInOutput("engine: BvInitialize"), 1);
+  EXPECT_EQ(bad.process().countInOutput("engine: BvUninitialize"), 0);
+}
+
+TEST(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheSecondApplication) {
+  AgentProcess agent;
+  RunningApplication first;
+  ASSERT_TRUE(first.waitUntilServing());
+  RunningApplication second;
+  EXPECT_TRUE(
+      second.process().waitForOutput("Context Menu Plugin Connection could not be created\n"));
+  // Its launch goes on: the home folder is asked for after the registration.
+  EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 4; }));
+  EXPECT_FALSE(second.process().hasEnded());
+}
+
+TEST(Launch, AnAgentThatStartsWhileTheApplicationWaitsIsFound) {
+  RunningApplication application;
+  ASSERT_TRUE(application.process().waitForOutput("Launched for first time"));
+  AgentProcess agent;
+  ASSERT_TRUE(application.waitUntilServing());
+  EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 2; }));
+}

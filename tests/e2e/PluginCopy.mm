@@ -1,0 +1,214 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <thread>
+
+#import "tests/e2e/RunningApplication.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/Strings.h"
+
+namespace {
+
+NSString *const kFileOperation = @"getLinkForFile:::::";
+
+struct PluginCopy : testing::Test {
+  AgentProcess agent;
+  RunningApplication application;
+
+  void SetUp() override { ASSERT_TRUE(application.waitUntilServing()); }
+
+  static void copy(NSString *item, bool withProtocol = true) {
+    // clang-format off: it takes the first anonymous argument for a part of the name.
+    [RunningApplication::service(withProtocol) copyLinkToClipboard:item:NO:NO];
+    // clang-format on
+  }
+
+  /// Makes the call in a process of its own, so that this one can look at the screen meanwhile.
+  static ChildProcess copyElsewhere(const char *item = "id-1") {
+    return ChildProcess({PLUGIN_CALL, item});
+  }
+
+  static bool isVisible() { return RunningApplication::isVisible(); }
+
+  long linesInLog(const std::string &line) {
+    const auto lines = application.log();
+    return std::count(lines.begin(), lines.end(), line);
+  }
+
+  NSUInteger linksAskedFor() {
+    NSUInteger count = 0;
+    for (NSString *name in agent.operations()) count += [name isEqualToString:kFileOperation];
+    return count;
+  }
+};
+
+}  // namespace
+
+TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
+  agent.answer(kFileOperation, success(@"https://brisvale.example/s/1"));
+  copy(@"id-1");
+  EXPECT_EQ(clipboardReadByXclip(), "https://brisvale.example/s/1");
+  EXPECT_EQ(linesInLog("copy success = 1"), 1);
+  EXPECT_EQ(linesInLog("Link copied successfully."), 1);
+  EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PluginCopy, LinksInAnyScriptAreReadBackByAnotherProgram) {
+  for (NSString *link in
+       @[ @"https://例え.jp/漢字/é", @"https://x/😀", @"https://x/رابط", @"two\nlines" ]) {
+    agent.answer(kFileOperation, success(link));
+    copy(@"id-1");
+    EXPECT_EQ(clipboardReadByXclip(), text(link));
+  }
+}
+
+TEST_F(PluginCopy, AClientThatSetsNoProtocolIsServedToo) {
+  agent.answer(kFileOperation, success(@"https://x/plain"));
+  copy(@"id-1", false);
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/plain");
+}
+
+TEST_F(PluginCopy, IdsInAnyScriptReachTheAgentAsTheyAre) {
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  NSString *const odd = @"id 漢😀\n%@%n\"\\";
+  copy(odd);
+  NSDictionary *const call = [agent.calls() lastObject];
+  EXPECT_EQ(text([[call objectForKey:@"arguments"] objectAtIndex:0]), text(odd));
+}
+
+TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
+  agent.answer(kFileOperation, refusal(1, @"quota"));
+  ChildProcess call = copyElsewhere();
+  ASSERT_TRUE(waitFor([&] { return isVisible(); }));
+  EXPECT_EQ(linesInLog("Unable to copy link at this time"), 1);
+  EXPECT_FALSE(call.hasEnded());
+  // A key pressed before the alert has the keyboard is lost, as it is for a person.
+  EXPECT_TRUE(waitFor([&] {
+    pressReturn();
+    return call.hasEnded();
+  }));
+  EXPECT_EQ(call.waitForEnd(), 0) << call.output();
+  EXPECT_TRUE(waitFor([&] { return !isVisible(); }));
+  EXPECT_EQ(clipboardReadByXclip(), "");
+}
+
+TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) {
+  agent.setScript(@{kFileOperation : @{@"delay" : @0.3, @"die" : @"before"}});
+  ChildProcess call = copyElsewhere();
+  ASSERT_TRUE(waitFor([&] { return isVisible(); }));
+  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_TRUE(waitFor([&] {
+    pressReturn();
+    return call.hasEnded();
+  }));
+  AgentProcess successor;
+  successor.answer(kFileOperation, success(@"https://x/again"));
+  copy(@"id-1");
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/again");
+}
+
+TEST_F(PluginCopy, ASecondCallWaitsWhileTheAgentIsAskedForTheFirst) {
+  agent.setScript(@{
+    kFileOperation : @[
+      @{@"delay" : @1,
+        @"reply" : success(@"https://x/first")},
+      @{@"reply" : success(@"https://x/second")}
+    ]
+  });
+  ChildProcess first = copyElsewhere("id-1");
+  ASSERT_TRUE(waitFor([&] { return linksAskedFor() == 1; }));
+  ChildProcess second = copyElsewhere("id-2");
+  EXPECT_EQ(first.waitForEnd(), 0) << first.output();
+  EXPECT_EQ(second.waitForEnd(), 0) << second.output();
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/second");
+  // One after the other: had the second been served inside the first, the first would have written
+  // to the clipboard last.
+  EXPECT_EQ(linesInLog("Link copied successfully."), 2);
+}
+
+TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
+  agent.setScript(@{kFileOperation : @[ @{@"nil" : @1}, @{@"reply" : success(@"https://x/2")} ]});
+  ChildProcess first = copyElsewhere();
+  ASSERT_TRUE(waitFor([&] { return isVisible(); }));
+  ChildProcess second = copyElsewhere();
+  EXPECT_TRUE(second.waitForOutput("calling"));
+  EXPECT_EQ(linksAskedFor(), 1u);
+  EXPECT_TRUE(waitFor([&] {
+    pressReturn();
+    return first.hasEnded();
+  }));
+  EXPECT_EQ(second.waitForEnd(), 0) << second.output();
+  EXPECT_EQ(linksAskedFor(), 2u);
+}
+
+TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
+  agent.setScript(@{
+    kFileOperation : @[
+      @{@"delay" : @0.5,
+        @"reply" : success(@"https://x/1")},
+      @{@"reply" : success(@"https://x/2")}
+    ]
+  });
+  {
+    ChildProcess client = copyElsewhere();
+    ASSERT_TRUE(waitFor([&] { return linksAskedFor() == 1; }));
+  }
+  copy(@"id-2");
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/2");
+  EXPECT_FALSE(application.process().hasEnded());
+}
+
+namespace {
+
+/// A message that goes over the wire whatever the local proxy would do with it; answers the name of
+/// the exception that came back, "" for none.
+std::string sendOverWire(id proxy, SEL selector, const char *types, id argument = nil) {
+  NSInvocation *const message =
+      [NSInvocation invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:types]];
+  [message setTarget:proxy];
+  [message setSelector:selector];
+  if (std::string(types).size() > 3) [message setArgument:&argument atIndex:2];
+  @try {
+    [proxy forwardInvocation:message];
+    return "";
+  } @catch (NSException *exception) {
+    return text([exception name]);
+  }
+}
+
+}  // namespace
+
+TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  id const stranger = RunningApplication::service(false);
+  const std::string refused = text(NSInvalidArgumentException);
+  EXPECT_EQ(sendOverWire(stranger, @selector(valueForKey:), "@@:@", @"flag"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(dealloc), "v@:"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(release), "v@:"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(autorelease), "@@:"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(copy), "@@:"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(description), "@@:"), refused);
+  EXPECT_EQ(sendOverWire(stranger, @selector(terminate:), "v@:@", nil), refused);
+  copy(@"id-1");
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/y");
+  EXPECT_FALSE(application.process().hasEnded());
+}
+
+TEST_F(PluginCopy, AStrangerCannotReleaseTheSignatureThatItIsHanded) {
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  id const stranger = RunningApplication::service(false);
+  NSInvocation *const question = [NSInvocation
+      invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:"@@::"]];
+  SEL asked = @selector(copyLinkToClipboard:::);
+  [question setTarget:stranger];
+  [question setSelector:@selector(methodSignatureForSelector:)];
+  [question setArgument:&asked atIndex:2];
+  [stranger forwardInvocation:question];
+  id signature = nil;
+  [question getReturnValue:&signature];
+  ASSERT_TRUE([signature isProxy]);
+  for (int i = 0; i < 20; ++i) EXPECT_NE(sendOverWire(signature, @selector(release), "v@:"), "");
+  copy(@"id-1", false);
+  EXPECT_EQ(clipboardReadByXclip(), "https://x/y");
+  EXPECT_FALSE(application.process().hasEnded());
+}

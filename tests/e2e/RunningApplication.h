@@ -1,0 +1,43 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <string>
+#include <vector>
+
+#import "plugin/ContextMenuService.h"
+#include "tests/support/ChildProcess.h"
+
+/// The application itself, as a process of its own, on the private session's screen.
+class RunningApplication {
+ public:
+  /// Starts it; see waitUntilServing. environment: additions to this process's own.
+  explicit RunningApplication(const ChildProcess::Environment &environment = {});
+
+  /// Waits until the application answers under its name, at most a minute; answers whether it does.
+  bool waitUntilServing();
+
+  /// Its vended object, as a plug-in gets it, with the protocol of the plug-in set on it or not;
+  /// nil when it cannot be reached. Autoreleased.
+  static id<ContextMenuService> service(bool withProtocol = true);
+
+  /// Its log lines so far.
+  std::vector<std::string> log() const;
+
+  /// Whether a window of an application of this name can be seen on the screen.
+  static bool isVisible();
+
+  ChildProcess &process() { return process_; }
+
+ private:
+  ChildProcess process_;
+};
+
+/// Another program's view of the clipboard: what xclip reads from it.
+std::string clipboardReadByXclip();
+
+/// Runs a program and answers its output; "" when it fails.
+std::string outputOf(const std::vector<std::string> &command);
+
+/// Presses the Return key in the window that is in front, as somebody at the keyboard does.
+void pressReturn();

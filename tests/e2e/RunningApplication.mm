@@ -1,0 +1,58 @@
+#import "tests/e2e/RunningApplication.h"
+
+#include "tests/support/CapturedLog.h"
+
+// Makes the protocol known at run time, as it must be to be set on a proxy.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wprotocol"
+#pragma clang diagnostic ignored "-Wincomplete-implementation"
+@interface ContextMenuServiceAdopter : NSObject <ContextMenuService>
+@end
+@implementation ContextMenuServiceAdopter
+@end
+#pragma clang diagnostic pop
+
+RunningApplication::RunningApplication(const ChildProcess::Environment &environment)
+    : process_({CONTEXT_MENU_APP}, environment) {}
+
+bool RunningApplication::waitUntilServing() {
+  // The name is registered before the launch is over; only the log's silence or an answer tells
+  // that the application serves, so ask.
+  return waitFor([&] {
+           if (process_.hasEnded()) return true;
+           @autoreleasepool {
+             return service() != nil;
+           }
+         }) &&
+         !process_.hasEnded();
+}
+
+id<ContextMenuService> RunningApplication::service(bool withProtocol) {
+  id const proxy = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuPlugin"
+                                                                     host:nil];
+  if (withProtocol) [proxy setProtocolForProxy:@protocol(ContextMenuService)];
+  return proxy;
+}
+
+std::vector<std::string> RunningApplication::log() const {
+  return logLinesIn(process_.output());
+}
+
+std::string outputOf(const std::vector<std::string> &command) {
+  ChildProcess program(command);
+  return program.waitForEnd() == 0 ? program.output() : "";
+}
+
+std::string clipboardReadByXclip() {
+  return outputOf({"/usr/bin/xclip", "-selection", "clipboard", "-o"});
+}
+
+void pressReturn() {
+  outputOf({"/usr/bin/xdotool", "key", "Return"});
+}
+
+bool RunningApplication::isVisible() {
+  // By the class that the platform gives its windows: their process is not noted on them.
+  return !outputOf({"/usr/bin/xdotool", "search", "--onlyvisible", "--classname", "ContextMenuApp"})
+              .empty();
+}
