@@ -1,0 +1,39 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <memory>
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+
+/// A program that vends an object under a name.
+struct Program {
+  std::string path;
+  NSString *connectionName;
+};
+
+/// The application itself, and the yardsticks.
+Program contextMenuApp();
+Program bareCopy();
+Program emptyApplication();
+
+/// A running program. It is killed when this goes away.
+class Application {
+ public:
+  /// Starts it; returns at once.
+  explicit Application(const Program &program);
+  ~Application();
+  Application(const Application &) = delete;
+  Application &operator=(const Application &) = delete;
+
+  /// Waits until the program answers and returns its root object; throws std::runtime_error when it
+  /// does not come to that within a minute. Autoreleased: must be gone before the program is.
+  NSDistantObject *rootProxy();
+
+  ChildProcess &process() { return *process_; }
+
+ private:
+  Program program_;
+  std::unique_ptr<ChildProcess> process_;
+};

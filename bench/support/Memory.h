@@ -1,0 +1,17 @@
+#pragma once
+
+#include <sys/types.h>
+
+/// Memory of a process in KiB.
+struct MemoryUse {
+  double resident = 0;      // everything in memory, the shared libraries included
+  double proportional = 0;  // of each shared page the part that falls to this process
+  double own = 0;           // pages that nobody else has
+};
+
+/// Throws std::runtime_error when the process is gone.
+MemoryUse memoryOf(pid_t process);
+
+/// The highest resident memory of this process since resetPeak, in KiB.
+double peakResident();
+void resetPeak();

@@ -1,0 +1,42 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include "bench/support/Application.h"
+#include "tests/support/AgentProcess.h"
+
+/// Prepares a benchmark program: moves it to a desktop of its own (unless it is on one already) and
+/// reads its only argument, --rounds N. Answers the number of rounds. To be called first in main.
+int prepareBenchmark(int argc, char *argv[], int defaultRounds);
+
+/// The agent that the application meets in the benchmarks of whole programs: a link for every file,
+/// a small address book, a home folder.
+void scriptSmallAccount(const AgentProcess &agent);
+
+/// While one of these lives there are as many more processes as a usual desktop has. They sleep.
+class BusyProcessTable {
+ public:
+  BusyProcessTable();
+  ~BusyProcessTable();
+  BusyProcessTable(const BusyProcessTable &) = delete;
+  BusyProcessTable &operator=(const BusyProcessTable &) = delete;
+
+ private:
+  std::vector<pid_t> processes_;
+};
+
+/// Sends direct copies as the plug-in does: a client that knows the interface. Must be gone before
+/// the application is.
+class CopyClient {
+ public:
+  explicit CopyClient(Application &application);
+  ~CopyClient();
+  CopyClient(const CopyClient &) = delete;
+  CopyClient &operator=(const CopyClient &) = delete;
+
+  /// Returns when the call has returned.
+  void copyLink() const;
+
+ private:
+  NSDistantObject *proxy_;
+};

@@ -1,0 +1,84 @@
+#import "bench/support/Setting.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string_view>
+
+#include <sys/prctl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#import "plugin/ContextMenuService.h"
+#include "tests/support/PrivateSession.h"
+
+/// A protocol is only known at run time when a class of the program adopts it.
+@interface ContextMenuServiceAdopter : NSObject <ContextMenuService>
+@end
+@implementation ContextMenuServiceAdopter
+// clang-format off: it takes the first anonymous argument for a part of the name.
+- (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
+  // clang-format on
+  (void)item;
+  (void)isFolder;
+  (void)unused;
+}
+@end
+
+namespace {
+
+constexpr int kProcessesOfADesktop = 200;
+
+}  // namespace
+
+int prepareBenchmark(int argc, char *argv[], int defaultRounds) {
+  enterPrivateSession(argc, argv, Screen::Private);
+  if (argc == 1) return defaultRounds;
+  const int rounds = argc == 3 && std::string_view(argv[1]) == "--rounds" ? std::atoi(argv[2]) : 0;
+  if (rounds > 0) return rounds;
+  std::fprintf(stderr, "usage: %s [--rounds N]\n", argv[0]);
+  std::exit(2);
+}
+
+void scriptSmallAccount(const AgentProcess &agent) {
+  agent.setScript(@{
+    @"getLinkForFile:::::" : @{@"reply" : success(@"https://example.org/l/0123456789abcdef")},
+    @"getEmployeeAddressBook" : @{@"contacts" : @60},
+    @"getHomeDirectoryInfo" : @{@"reply" : @{@"homefolder" : @"4711", @"name" : @"MyDocs"}}
+  });
+}
+
+BusyProcessTable::BusyProcessTable() {
+  for (int i = 0; i < kProcessesOfADesktop; ++i) {
+    const pid_t process = fork();
+    if (process == 0) {
+      prctl(PR_SET_PDEATHSIG, SIGKILL);
+      for (;;) pause();
+    }
+    if (process > 0) processes_.push_back(process);
+  }
+}
+
+BusyProcessTable::~BusyProcessTable() {
+  for (const pid_t process : processes_) kill(process, SIGKILL);
+  for (const pid_t process : processes_) waitpid(process, nullptr, 0);
+}
+
+CopyClient::CopyClient(Application &application) {
+  @autoreleasepool {
+    proxy_ = [application.rootProxy() retain];
+  }
+  [proxy_ setProtocolForProxy:@protocol(ContextMenuService)];
+}
+
+CopyClient::~CopyClient() {
+  [proxy_ release];
+}
+
+void CopyClient::copyLink() const {
+  @autoreleasepool {
+    // clang-format off: it takes the first anonymous argument for a part of the name.
+    [static_cast<id>(proxy_) copyLinkToClipboard:@"4711":NO:NO];
+    // clang-format on
+  }
+}
