@@ -14,6 +14,9 @@
     }
     _connection = [[NSConnection alloc] init];
     [_connection setRootObject:service];
+    // The platform waits in this mode while it sends a reply. What a stranger sends meanwhile would
+    // then be read there, and what is wrong with it be told to whoever the reply is for.
+    [_connection removeRequestMode:NSConnectionReplyMode];
   }
   return self;
 }
