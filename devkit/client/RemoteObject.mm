@@ -73,7 +73,7 @@ Failure failureOf(NSException *exception, id proxy, const char *who) {
     return {Exit::WentAway, std::string(who) + " went away during the call" + detail};
   // The other side has no such method, or one with other arguments.
   if ([name isEqualToString:NSInvalidArgumentException])
-    return {Exit::NotOffered, std::string(who) + " does not offer this operation" + detail};
+    return {Exit::NotOffered, std::string(who) + " does not offer this operation"};
   return {Exit::Failed, std::string(who) + " failed with " + text(name) + detail};
 }
 
