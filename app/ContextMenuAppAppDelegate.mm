@@ -24,6 +24,7 @@ NSDictionary *homeFolderInfoFromAgent() {
 
 }  // namespace
 
+// NOLINTNEXTLINE(clang-analyzer-osx.cocoa.Dealloc): lives as long as the process
 @implementation ContextMenuAppAppDelegate
 
 @synthesize window;

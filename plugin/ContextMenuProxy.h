@@ -11,6 +11,6 @@
 @interface ContextMenuProxy : NSObject <ContextMenuService> {
  @private
   // Part of the vended object's declaration. Nothing reads or writes it.
-  BOOL flag;
+  BOOL flag;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
 }
 @end

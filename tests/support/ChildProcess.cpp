@@ -14,8 +14,6 @@
 #include <stdexcept>
 #include <thread>
 
-extern char **environ;
-
 namespace {
 
 std::vector<std::string> environmentWith(const ChildProcess::Environment &additions) {
