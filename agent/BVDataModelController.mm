@@ -16,8 +16,10 @@ id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
     const agent::LookupBound bound(seconds);
     proxy = [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   }
-  // Spares the first message of each operation the question for its signature.
-  [proxy setProtocolForProxy:@protocol(KRVProxy)];
+  // Spares the first message of each operation the question for its signature. Only a protocol that
+  // a class of this program adopts is known at run time, and messages of the protocols that it
+  // adopts itself are not found: so this one, and not KRVProxy.
+  [proxy setProtocolForProxy:@protocol(KRVOperations)];
   // A new connection came up with what was left of the attempt as its patience.
   agent::setPatience(proxy, agent::kConnectionDeadlineSeconds);
   return proxy;

@@ -4,6 +4,7 @@
 #include <optional>
 
 #import "agent/AgentCall.h"
+#import "agent/Pieces.h"
 #import "agent/ResultDictionary.h"
 
 /// What this file sends to arrays and records of another process (see ResultDictionary.mm).
@@ -14,6 +15,7 @@
 - (NSArray *)subarrayWithRange:(NSRange)range;
 - (id)valueForKey:(NSString *)key;
 - (NSString *)componentsJoinedByString:(NSString *)separator;
+- (void)makeObjectsPerformSelector:(SEL)selector;
 - (BOOL)isKindOfClass:(Class)cls;
 @end
 
@@ -33,7 +35,7 @@ NSString *const kAddressKey = @"primaryemail";
 
 /// The control character "unit separator": no name or address holds it. If one does after all, the
 /// number of pieces tells, and the part is read in smaller parts.
-NSString *const kSeparator = @"\x1f";
+constexpr unichar kSeparator = 0x1F;
 
 id withProtocol(id object) {
   if ([object isProxy]) {
@@ -42,9 +44,24 @@ id withProtocol(id object) {
   return object;
 }
 
+/// The elements' text forms, brought over as one.
 NSArray *joinedAndSplit(id array) {
-  return [stringOrNil([withProtocol(array) componentsJoinedByString:kSeparator])
-      componentsSeparatedByString:kSeparator];
+  static NSString *const separator = [[NSString alloc] initWithCharacters:&kSeparator length:1];
+  return piecesOf(stringOrNil([withProtocol(array) componentsJoinedByString:separator]),
+                  kSeparator);
+}
+
+/// Whether every element is a string. One message: each element is sent one that strings answer and
+/// that changes nothing, and the first that is no string (the null object that stands for a missing
+/// value, a number) makes the agent raise.
+bool areAllStrings(id array) {
+  @try {
+    [withProtocol(array) makeObjectsPerformSelector:@selector(isAbsolutePath)];
+    return true;
+  } @catch (NSException *) {
+    // Also when the connection broke; the next message finds out.
+    return false;
+  }
 }
 
 /// One field of one record, asked for by itself.
@@ -53,23 +70,25 @@ NSString *stringIn(id record, NSString *key) {
   return stringOrNil([record objectForKey:key]);
 }
 
-/// The values of one key over several records, as text with the class of each: text alone does not
-/// tell, because a number and the null object have a text form too.
+/// The values of one key over several records, as text. Text alone does not tell strings from other
+/// values, because a number and the null object have a text form too; so where not all values are
+/// strings, the class of each is brought over as well.
 class Column {
  public:
   /// Raises when a record has no values for keys, or when the connection breaks.
   Column(id records, NSString *key) : records_(records), key_(key) {
     id const values = withProtocol([records valueForKey:key]);
     texts_ = joinedAndSplit(values);
-    classes_ = joinedAndSplit([values valueForKey:@"classForCoder"]);
+    if (!areAllStrings(values)) classes_ = joinedAndSplit([values valueForKey:@"classForCoder"]);
   }
 
   bool isComplete(NSUInteger count) const {
-    return [texts_ count] == count && [classes_ count] == count;
+    return [texts_ count] == count && (classes_ == nil || [classes_ count] == count);
   }
 
   /// The value of record `index` when it is a string, otherwise nil.
   NSString *stringAt(NSUInteger index) const {
+    if (classes_ == nil) return [texts_ objectAtIndex:index];
     NSString *const name = [classes_ objectAtIndex:index];
     if ([name isEqualToString:@"NSString"] || [name isEqualToString:@"NSMutableString"]) {
       return [texts_ objectAtIndex:index];

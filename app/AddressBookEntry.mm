@@ -1,44 +1,45 @@
 #import "app/AddressBookEntry.h"
 
-#include <algorithm>
-#include <string>
+#import "agent/UTF16.h"
+
+// Written over UTF-16 units, without the platform's strings and character sets: this runs for every
+// contact of the book, and its rules are about three plain characters.
 
 namespace {
 
 /// What marks a name as last name, first name.
-NSString *const kLastFirstSeparator = @", ";
+constexpr std::u16string_view kLastFirstSeparator = u", ";
 
 /// What would end a recipient while it is typed.
-NSString *const kRemovedCharacters = @",; ";
+constexpr std::u16string_view kRemovedCharacters = u",; ";
 
-/// The part without the removed characters. Written over UTF-16 units, without the platform's
-/// character sets: this runs for every contact of the book.
-NSString *cleaned(NSString *part) {
-  const NSUInteger length = [part length];
-  std::u16string units(length, u'\0');
-  [part getCharacters:reinterpret_cast<unichar *>(units.data()) range:NSMakeRange(0, length)];
-  static const std::u16string removed = [] {
-    std::u16string characters([kRemovedCharacters length], u'\0');
-    [kRemovedCharacters getCharacters:reinterpret_cast<unichar *>(characters.data())
-                                range:NSMakeRange(0, characters.size())];
-    return characters;
-  }();
-  std::erase_if(units, [](char16_t unit) { return removed.find(unit) != std::u16string::npos; });
-  if (units.size() == length) return part;
-  return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(units.data())
-                                 length:units.size()];
+std::u16string cleaned(std::u16string_view part) {
+  std::u16string rest(part);
+  std::erase_if(rest, [](char16_t unit) {
+    return kRemovedCharacters.find(unit) != std::u16string_view::npos;
+  });
+  return rest;
 }
 
 }  // namespace
 
 NSString *addressBookEntry(NSString *personName, NSString *address,
-                           NSString *lastCommaFirstFormat) {
-  if (personName == nil) return [NSString stringWithFormat:@"%@<%@>", personName, address];
-  NSArray *const parts = [personName componentsSeparatedByString:kLastFirstSeparator];
-  NSString *const first = cleaned([parts objectAtIndex:0]);
-  if ([parts count] == 2) {
-    return [NSString
-        stringWithFormat:lastCommaFirstFormat, cleaned([parts objectAtIndex:1]), first, address];
+                           const EntryFormat &lastCommaFirstFormat) {
+  // The platform knows best how it writes nil; the missing part needs no cleaning.
+  NSString *const name = personName ?: [NSString stringWithFormat:@"%@", personName];
+  NSString *const mail = address ?: [NSString stringWithFormat:@"%@", address];
+  static const EntryFormat plainFormat(@"%@<%@>");
+
+  const std::u16string nameUnits = utf16::unitsOf(name);
+  const std::u16string mailUnits = utf16::unitsOf(mail);
+  const std::u16string_view all = nameUnits;
+  const size_t separator = all.find(kLastFirstSeparator);
+  const std::u16string first = cleaned(all.substr(0, separator));
+  if (separator != all.npos) {
+    const std::u16string_view rest = all.substr(separator + kLastFirstSeparator.size());
+    if (rest.find(kLastFirstSeparator) == rest.npos) {
+      return lastCommaFirstFormat.fill({cleaned(rest), first, mailUnits});
+    }
   }
-  return [NSString stringWithFormat:@"%@<%@>", first, address];
+  return plainFormat.fill({first, mailUnits, {}});
 }

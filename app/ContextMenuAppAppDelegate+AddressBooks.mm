@@ -37,7 +37,7 @@ namespace {
 /// Fills the lists from the agent's contact records; answers false when the connection broke before
 /// the last one.
 bool fill(AddressBookLists *lists, id records) {
-  NSString *const lastCommaFirstFormat = localizedText(@"personNameinAddressbookFormatKey");
+  const EntryFormat lastCommaFirstFormat(localizedText(@"personNameinAddressbookFormatKey"));
   const bool complete = agent::visitContactRecords(records, [&](NSString *name, NSString *address) {
     emailContact *const contact = [[emailContact alloc] init];
     [contact setPersonEmaild:address];

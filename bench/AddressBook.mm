@@ -57,11 +57,12 @@ class Book {
   /// The yardstick sorts entries that are there already: making them is not part of it.
   void prepareYardstick() {
     @autoreleasepool {
+      const EntryFormat format(@"%@ %@<%@>");
       NSArray *const names = column(askedRecords(), @"name");
       NSArray *const addresses = [delegate_ employeeContacts];
       for (unsigned i = 0; i < contacts_; ++i) {
         [entries_ addObject:addressBookEntry([names objectAtIndex:i], [addresses objectAtIndex:i],
-                                             @"%@ %@<%@>")];
+                                             format)];
       }
     }
   }

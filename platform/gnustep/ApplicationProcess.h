@@ -1,13 +1,15 @@
 #import <AppKit/AppKit.h>
 
+#include "platform/gnustep/ProcessTable.h"
+
 /// A running application, known by its process and its bundle. The platform's own class answers
-/// nothing to every question.
+/// nothing to every question. Two of the same process and bundle are equal.
 @interface ApplicationProcess : NSRunningApplication {
  @private
   pid_t _processIdentifier;
   NSString *_bundlePath;
 }
 
-- (id)initWithProcessIdentifier:(pid_t)processIdentifier bundlePath:(NSString *)bundlePath;
+- (id)initWithEntry:(const platform::ApplicationProcessEntry &)entry;
 
 @end

@@ -21,6 +21,15 @@ struct CloseDirectory {
   void operator()(DIR *directory) const { closedir(directory); }
 };
 
+/// The bundle of the program behind a link of the kernel's process table, relative to a folder.
+std::optional<std::string> bundleOfProcess(int folder, const std::string &link) {
+  std::array<char, PATH_MAX> target;
+  // Fails for kernel threads and for other users' processes: neither is an application of ours.
+  const ssize_t length = readlinkat(folder, link.c_str(), target.data(), target.size());
+  if (length <= 0) return std::nullopt;
+  return bundleOfExecutable({target.data(), static_cast<size_t>(length)});
+}
+
 }  // namespace
 
 std::optional<std::string> bundleOfExecutable(std::string_view path) {
@@ -34,23 +43,21 @@ std::optional<std::string> bundleOfExecutable(std::string_view path) {
   return std::string(folder);
 }
 
+bool isStillRunning(const ApplicationProcessEntry &entry) {
+  return bundleOfProcess(AT_FDCWD, "/proc/" + std::to_string(entry.pid) + "/exe") ==
+         entry.bundlePath;
+}
+
 std::vector<ApplicationProcessEntry> runningApplicationProcesses() {
   std::vector<ApplicationProcessEntry> found;
   const std::unique_ptr<DIR, CloseDirectory> table(opendir("/proc"));
   if (!table) return found;
-  std::array<char, PATH_MAX> target;
   while (const dirent *entry = readdir(table.get())) {
     const char *const end = entry->d_name + std::strlen(entry->d_name);
     pid_t pid = 0;
     if (std::from_chars(entry->d_name, end, pid).ptr != end) continue;
-    const std::string link = std::string(entry->d_name) + "/exe";
-    // Fails for kernel threads and for other users' processes: neither is an application of ours.
-    const ssize_t length =
-        readlinkat(dirfd(table.get()), link.c_str(), target.data(), target.size());
-    if (length <= 0) continue;
-    if (auto bundle = bundleOfExecutable({target.data(), static_cast<size_t>(length)})) {
-      found.push_back({pid, std::move(*bundle)});
-    }
+    auto bundle = bundleOfProcess(dirfd(table.get()), std::string(entry->d_name) + "/exe");
+    if (bundle) found.push_back({pid, std::move(*bundle)});
   }
   return found;
 }

@@ -26,4 +26,7 @@ std::optional<std::string> bundleOfExecutable(std::string_view executablePath);
 /// process, about 4 microseconds each. Any thread.
 std::vector<ApplicationProcessEntry> runningApplicationProcesses();
 
+/// Whether the process of an entry still runs the application of the entry. One short question.
+bool isStillRunning(const ApplicationProcessEntry &entry);
+
 }  // namespace platform

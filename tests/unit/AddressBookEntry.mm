@@ -6,10 +6,9 @@
 
 namespace {
 
-NSString *const kFormat = @"%1$@ %2$@<%3$@>";
-
-std::string entry(NSString *name, NSString *address = @"a@b") {
-  return text(addressBookEntry(name, address, kFormat));
+std::string entry(NSString *name, NSString *address = @"a@b",
+                  NSString *format = @"%1$@ %2$@<%3$@>") {
+  return text(addressBookEntry(name, address, EntryFormat(format)));
 }
 
 }  // namespace
@@ -19,7 +18,7 @@ TEST(AddressBookEntry, ANameWithOneCommaAndBlankGetsTheLocalizedForm) {
 }
 
 TEST(AddressBookEntry, TheLocalizedFormatDecidesTheOrder) {
-  EXPECT_EQ(text(addressBookEntry(@"Doe, John", @"a@b", @"%2$@ %1$@ <%3$@>")), "Doe John <a@b>");
+  EXPECT_EQ(entry(@"Doe, John", @"a@b", @"%2$@ %1$@ <%3$@>"), "Doe John <a@b>");
 }
 
 TEST(AddressBookEntry, ANameWithABlankIsJoinedIntoOneWord) {

@@ -1,0 +1,16 @@
+#import "agent/Pieces.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/support/Strings.h"
+
+TEST(Pieces, AreThoseThatThePlatformAnswers) {
+  for (NSString *whole in @[ @"", @",", @"a", @"a,b", @",a,,b,", @"漢,😀,é", @",,," ]) {
+    EXPECT_TRUE([agent::piecesOf(whole, ',') isEqual:[whole componentsSeparatedByString:@","]])
+        << text(whole);
+  }
+}
+
+TEST(Pieces, OfNothingAreNothing) {
+  EXPECT_EQ(agent::piecesOf(nil, ','), nil);
+}
