@@ -25,30 +25,35 @@ class ContextMenuFlagCleared {
   ContextMenuFlagCleared &operator=(const ContextMenuFlagCleared &) = delete;
 };
 
-/// What the user is told, and what is logged, when a direct copy has ended. The alerts' texts are
-/// fixed, unlike all others of the application.
-struct Outcome {
-  NSString *logLine;
-  NSString *alertMessage;  // nil: no alert
-  NSString *alertInformative;
-};
+/// How a direct copy can end.
+enum class DirectCopyEnd { Copied, Refused, NoReply };
 
-Outcome outcomeOfDirectCopy(bool hasReply, bool isOnClipboard) {
-  if (!hasReply) {
-    return {@"Getting null data from rest API(machine offline or server down)",
-            @"Cannot connect to brisvale", @"Brisvale is down or check you internet connection"};
-  }
-  if (!isOnClipboard) {
-    return {@"Unable to copy link at this time", @"Unable to copy link at this time", nil};
-  }
-  return {@"Link copied successfully.", nil, nil};
+DirectCopyEnd endOfDirectCopy(NSDictionary *reply, NSString *clipboardStatus) {
+  if ([reply count] == 0) return DirectCopyEnd::NoReply;
+  return [clipboardStatus isEqualToString:@"0"] ? DirectCopyEnd::Copied : DirectCopyEnd::Refused;
 }
 
-void report(const Outcome &outcome) {
-  NSLog(@"%@", outcome.logLine);
-  if (outcome.alertMessage == nil) return;
-  runModally(alertWithTexts(outcome.alertMessage, outcome.alertInformative));
+void tellUser(NSString *message, NSString *informative) {
+  runModally(alertWithTexts(message, informative));
   [applicationDelegate() hideMe];
+}
+
+/// What is logged and what the user is told. These texts are fixed, unlike those of all other
+/// alerts of the application.
+void report(DirectCopyEnd end) {
+  switch (end) {
+    case DirectCopyEnd::Copied:
+      NSLog(@"Link copied successfully.");
+      return;
+    case DirectCopyEnd::Refused:
+      NSLog(@"Unable to copy link at this time");
+      tellUser(@"Unable to copy link at this time", nil);
+      return;
+    case DirectCopyEnd::NoReply:
+      NSLog(@"Getting null data from rest API(machine offline or server down)");
+      tellUser(@"Cannot connect to brisvale", @"Brisvale is down or check you internet connection");
+      return;
+  }
 }
 
 /// The questions that a client's proxy asks before it sends an operation for the first time.
@@ -93,7 +98,7 @@ bool isOperation(SEL selector) {
   const ContextMenuFlagCleared busy;
   NSDictionary *const reply = [controller getCopyLink:serverId:YES:NO:@"-1"];
   NSString *const status = [controller pasteToClipboard:reply];
-  report(outcomeOfDirectCopy([reply count] > 0, [status isEqualToString:@"0"]));
+  report(endOfDirectCopy(reply, status));
 }
 
 @end

@@ -25,6 +25,13 @@ def fixed_texts(root, findings):
     return entries
 
 
+def texts_in(source):
+    """The texts that stand in a source as whole literals: Objective-C strings, and UTF-16 ones where
+    code works on the units of strings."""
+    utf16 = re.findall(r'\bu"((?:\\.|[^"\\])*)"', without_comments(source))
+    return {literal for _, literal in literals(source)} | set(utf16)
+
+
 def is_in(path, places):
     return any(str(path) == place or str(path).startswith(place + "/") for place in places)
 
@@ -55,8 +62,7 @@ def lint(root):
     findings = Findings()
     paths = tracked(root, suffixes=(".h", ".mm"), folders=APPLICATION_FOLDERS)
     sources = {path: read(root, path) for path in paths}
-    stands_in = {path: {literal for _, literal in literals(text)}
-                 for path, text in sources.items()}
+    stands_in = {path: texts_in(text) for path, text in sources.items()}
     entries = fixed_texts(root, findings)
     for number, places, text in entries:
         if not any(text in stands_in[path] for path in paths if is_in(path, places)):

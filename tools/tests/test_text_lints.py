@@ -73,6 +73,13 @@ class FixedTexts(SampleProject):
         self.write("agent/a.mm", 'NSString *a = @"Launching...";\n')
         self.assert_finds(fixed_texts.lint(self.root), "Launching..", "does not stand in agent")
 
+    def test_a_text_may_stand_as_utf_16(self):
+        self.list('agent\t", "')
+        self.write("agent/a.mm", 'constexpr std::u16string_view a = u", ";\n')
+        self.assertEqual(fixed_texts.lint(self.root), [])
+        self.write("agent/a.mm", 'constexpr std::u16string_view a = u",";\n')
+        self.assert_finds(fixed_texts.lint(self.root), "does not stand in agent")
+
     def test_a_comment_or_another_folder_does_not_count(self):
         self.list('agent\t"value"')
         self.write("agent/a.mm", '// @"value"\n/* @"value" */\nconst char *b = "value";\n')
