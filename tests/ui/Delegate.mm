@@ -79,6 +79,18 @@ TEST_F(Delegate, LaunchLoadsTheAddressBooksAndTheHomeFolderInfoAndSetsTheFlag) {
   EXPECT_EQ([delegate addressBookForSend], nil);
 }
 
+TEST_F(Delegate, WithoutAnAgentLaunchCompletesWithEmptyListsAndAnEmptyDictionary) {
+  const CapturedLog log;
+  launch();
+  EXPECT_TRUE([[delegate homeFolderInfo] isEqual:@{}]);
+  EXPECT_EQ([[delegate homeFolderInfo] objectForKey:@"homefolder"], nil);
+  EXPECT_EQ([[delegate addressBookForShare] count], 0u);
+  EXPECT_TRUE([delegate contextMenuFlag]);
+  EXPECT_EQ(log.lines(), (Lines{"Context Menu Application Launched for first time",
+                                "Context Menu Plugin Connection successfully created."}));
+  EXPECT_EQ([NSApp modalWindow], nil);
+}
+
 TEST_F(Delegate, AHomeFolderReplyThatIsNoDictionaryOrNoReplyGivesAnEmptyDictionary) {
   AgentProcess agent;
   for (NSDictionary *entry in @[
