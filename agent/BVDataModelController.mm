@@ -10,10 +10,11 @@
 namespace {
 
 /// Asks the platform once for the agent's root object, without waiting longer than `seconds`.
-id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
+/// formerProxy: what the last look-up found, or nil.
+id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
   id proxy = nil;
   {
-    const agent::LookupBound bound(seconds);
+    const agent::LookupBound bound(seconds, formerProxy);
     proxy = [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   }
   // Spares the first message of each operation the question for its signature. Only a protocol that
@@ -79,19 +80,19 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 }
 
 - (void)initializeKRVAgentProxy {
-  const bool found =
-      agent::attemptConnection([] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
-                               [self](double remainingSeconds) {
-                                 @try {
-                                   [self setKrvAgentProxy:lookedUpProxy(remainingSeconds)];
-                                   return [self krvAgentProxy] != nil;
-                                 } @catch (NSException *) {
-                                   // The platform raises when, for example, another process holds
-                                   // the lock of the names for too long: a try like any other, the
-                                   // next may succeed.
-                                   return false;
-                                 }
-                               });
+  const bool found = agent::attemptConnection(
+      [] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
+      [self](double remainingSeconds) {
+        @try {
+          [self setKrvAgentProxy:lookedUpProxy(remainingSeconds, [self krvAgentProxy])];
+          return [self krvAgentProxy] != nil;
+        } @catch (NSException *) {
+          // The platform raises when, for example, another process holds
+          // the lock of the names for too long: a try like any other, the
+          // next may succeed.
+          return false;
+        }
+      });
   if (found) [self setKrvAgentConnectionExisting:YES];
 }
 

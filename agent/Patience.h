@@ -2,8 +2,6 @@
 
 #import <Foundation/Foundation.h>
 
-#include <vector>
-
 namespace agent {
 
 /// How long a call of an agent operation is waited for: as long as the agent takes. A finite number
@@ -14,24 +12,23 @@ constexpr NSTimeInterval kAsLongAsItTakes = 1e9;
 /// given time for the other process. Without it a process that has registered its name and then
 /// hangs would hold the look-up for ever: that is the platform's default.
 ///
-/// A look-up goes over the thread's default connection, whose time-outs a new connection takes
-/// over, or over an existing connection with the same receive port; so all of those are bounded,
-/// and get their own time-outs back at the end.
+/// A look-up makes a new connection, which takes over the time-outs of the thread's default
+/// connection, or finds the one that an earlier look-up made. Both are bounded; the default
+/// connection gets its own time-outs back at the end. (Not done over all connections of the
+/// process: those of another thread may end at any moment, and must end there.)
 class LookupBound {
  public:
-  /// seconds: more than 0; anything less means that the look-up is not waited for.
-  explicit LookupBound(NSTimeInterval seconds);
+  /// seconds: more than 0; anything less means that the look-up is not waited for. formerProxy:
+  /// what an earlier look-up of the same name found, nil for nothing; its connection stays bounded.
+  LookupBound(NSTimeInterval seconds, id formerProxy);
   ~LookupBound();
   LookupBound(const LookupBound &) = delete;
   LookupBound &operator=(const LookupBound &) = delete;
 
  private:
-  struct Saved {
-    NSConnection *connection;  // retained
-    NSTimeInterval replyTimeout;
-    NSTimeInterval requestTimeout;
-  };
-  std::vector<Saved> saved_;
+  NSConnection *defaultConnection_;  // retained
+  NSTimeInterval replyTimeout_;
+  NSTimeInterval requestTimeout_;
 };
 
 /// While one of these lives, replies on the proxy's connection are waited for as long as they take;

@@ -2,45 +2,46 @@
 
 namespace agent {
 
-LookupBound::LookupBound(NSTimeInterval seconds) {
-  NSPort *const receivePort = [[NSConnection defaultConnection] receivePort];
-  for (NSConnection *connection in [NSConnection allConnections]) {
-    // Other threads' connections have other receive ports and must be left alone.
-    if ([connection receivePort] != receivePort) continue;
-    saved_.push_back({[connection retain], [connection replyTimeout], [connection requestTimeout]});
-    [connection setReplyTimeout:seconds];
-    [connection setRequestTimeout:seconds];
-  }
+namespace {
+
+void setTimeouts(NSConnection *connection, NSTimeInterval reply, NSTimeInterval request) {
+  [connection setReplyTimeout:reply];
+  [connection setRequestTimeout:request];
+}
+
+NSConnection *connectionOf(id proxy) {
+  return [static_cast<NSDistantObject *>(proxy) connectionForProxy];
+}
+
+}  // namespace
+
+LookupBound::LookupBound(NSTimeInterval seconds, id formerProxy)
+    : defaultConnection_([[NSConnection defaultConnection] retain]),
+      replyTimeout_([defaultConnection_ replyTimeout]),
+      requestTimeout_([defaultConnection_ requestTimeout]) {
+  setTimeouts(defaultConnection_, seconds, seconds);
+  setTimeouts(connectionOf(formerProxy), seconds, seconds);
 }
 
 LookupBound::~LookupBound() {
-  for (const Saved &saved : saved_) {
-    [saved.connection setReplyTimeout:saved.replyTimeout];
-    [saved.connection setRequestTimeout:saved.requestTimeout];
-    [saved.connection release];
-  }
+  setTimeouts(defaultConnection_, replyTimeout_, requestTimeout_);
+  [defaultConnection_ release];
 }
 
-UnboundedReply::UnboundedReply(id proxy)
-    : connection_([[static_cast<NSDistantObject *>(proxy) connectionForProxy] retain]) {
+UnboundedReply::UnboundedReply(id proxy) : connection_([connectionOf(proxy) retain]) {
   if (connection_ == nil) return;
   replyTimeout_ = [connection_ replyTimeout];
   requestTimeout_ = [connection_ requestTimeout];
-  [connection_ setReplyTimeout:kAsLongAsItTakes];
-  [connection_ setRequestTimeout:kAsLongAsItTakes];
+  setTimeouts(connection_, kAsLongAsItTakes, kAsLongAsItTakes);
 }
 
 UnboundedReply::~UnboundedReply() {
-  if (connection_ == nil) return;
-  [connection_ setReplyTimeout:replyTimeout_];
-  [connection_ setRequestTimeout:requestTimeout_];
+  setTimeouts(connection_, replyTimeout_, requestTimeout_);
   [connection_ release];
 }
 
 void setPatience(id proxy, NSTimeInterval seconds) {
-  NSConnection *const connection = [static_cast<NSDistantObject *>(proxy) connectionForProxy];
-  [connection setReplyTimeout:seconds];
-  [connection setRequestTimeout:seconds];
+  setTimeouts(connectionOf(proxy), seconds, seconds);
 }
 
 }  // namespace agent
