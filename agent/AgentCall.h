@@ -9,7 +9,7 @@ namespace agent {
 /// its result, or nil when the exchange raised a platform exception: the connection broke, the
 /// agent refused the message, or what it sent cannot be read. To its callers all of that is the
 /// same as no reply, so that the user gets the cannot-connect message instead of silence or a
-/// crash. Apart from the connection attempt this is the one place that catches one.
+/// crash. Apart from the connection attempt this is the one place that decides so.
 template <class Exchange>
 id nilIfBroken(Exchange exchange) {
   @try {
@@ -26,12 +26,10 @@ id nilIfBroken(Exchange exchange) {
 template <class Operation>
 NSDictionary *replyOf(id proxy, Operation operation, NSDictionary *(*read)(id) = broughtOver) {
   return nilIfBroken([&]() -> id {
-    id reply = nil;
-    {
-      const UnboundedReply patience(proxy);
-      reply = operation();
-    }
-    return read(reply);
+    // Over the reading too: an agent that serves somebody else in between must not turn its own
+    // good answer into none.
+    const UnboundedReply patience(proxy);
+    return read(operation());
   });
 }
 

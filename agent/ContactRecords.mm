@@ -151,6 +151,7 @@ void visitRange(id records, NSRange range, const ContactVisitor &visit) {
 
 bool visitContactRecords(id records, const ContactVisitor &visit) {
   return nilIfBroken([&]() -> id {
+           const UnboundedReply patience([records isProxy] ? records : nil);
            if (![withProtocol(records) isKindOfClass:[NSArray class]]) return @"no array";
            const NSUInteger count = [records count];
            for (NSUInteger start = 0; start < count; start += kRecordsAtATime) {

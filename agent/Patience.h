@@ -47,7 +47,7 @@ class UnboundedReply {
   NSTimeInterval requestTimeout_ = 0;
 };
 
-/// Sets both time-outs of the proxy's connection, for the reading of replies between operations.
+/// Sets both time-outs of the proxy's connection: its patience between operations.
 void setPatience(id proxy, NSTimeInterval seconds);
 
 }  // namespace agent

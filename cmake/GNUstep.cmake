@@ -19,7 +19,7 @@ gnustep_flags(--gui-libs gnustep_link)
 # warnings stop at our own files.
 list(FILTER gnustep_compile INCLUDE REGEX "^(-D|-f|-pthread)")
 list(FILTER gnustep_compile EXCLUDE REGEX "^-D(GSWARN|GSDIAGNOSE)")
-list(FILTER gnustep_link EXCLUDE REGEX "^-L.*/root/|^-L${CMAKE_INSTALL_PREFIX}")
+list(FILTER gnustep_link EXCLUDE REGEX "^-L.*/GNUstep/Library/Libraries$")
 
 # clang does not look for GCC's Objective-C runtime by itself.
 execute_process(COMMAND gcc -print-search-dirs OUTPUT_VARIABLE gcc_dirs COMMAND_ERROR_IS_FATAL ANY)

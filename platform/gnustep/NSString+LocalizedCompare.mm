@@ -31,8 +31,9 @@ UCollator *collatorForCurrentLocale() {
     collator.reset(ucol_open(name.c_str(), &status));
     collatorLocale = name;
     if (U_FAILURE(status)) collator.reset();
-    // The strength that the platform uses for comparisons without regard to letter case.
-    if (collator != nullptr) ucol_setStrength(collator.get(), UCOL_PRIMARY);
+    // Letter case does not count, accents do, as on the Mac. (The platform's own comparison takes
+    // "Resume" and "Résumé" for the same.)
+    if (collator != nullptr) ucol_setStrength(collator.get(), UCOL_SECONDARY);
   }
   return collator.get();
 }
@@ -61,7 +62,7 @@ class Units {
 }  // namespace
 
 // The platform opens and closes a collator for every single comparison, most of the time that
-// sorting an address book takes. The answers are the same.
+// sorting an address book takes.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

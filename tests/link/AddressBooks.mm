@@ -169,10 +169,10 @@ TEST_F(AddressBooks, ManyRefreshesLeaveNoDescriptorBehind) {
     [delegate getAddressBookForShareFolder];
     NSArray *const former = [delegate addressBookForShare];
     [delegate updateAddressBook:nil];
-    pumpUntil([&] {
+    ASSERT_TRUE(pumpUntil([&] {
       return
           [delegate addressBookForShare] != former && [[delegate addressBookForShare] count] == 20;
-    });
+    }));
   };
   refresh();
   const auto before = openDescriptors();

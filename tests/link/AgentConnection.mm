@@ -63,6 +63,7 @@ TEST(AgentConnection, AnAgentThatRunsWithoutItsNameIsWaitedForByInitAndByTheGate
   EXPECT_EQ([controller krvAgentProxy], nil);
   EXPECT_GE(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
             agent::kConnectionDeadlineSeconds);
+  EXPECT_EQ([controller getEmployeeAddressBook], nil);
 }
 
 TEST(AgentConnection, ANameThatIsRegisteredThreeSecondsLateIsFound) {
@@ -143,6 +144,39 @@ TEST(AgentConnection, WhatIsNoPlatformExceptionPassesOnToTheCaller) {
     caught = thrown;
   }
   EXPECT_EQ(text(caught), "not one");
+}
+
+TEST(AgentConnection, ExceptionsFromEveryLookUpEscapeNeitherInitNorTheGate) {
+  AgentProcess agent;
+  static int tries;
+  tries = 0;
+  const ReplacedLookUp lookUp([](id, SEL, NSString *, NSString *) -> id {
+    ++tries;
+    [NSException raise:NSGenericException format:@"as always"];
+    return nil;
+  });
+  BVDataModelController *controller = nil;
+  const double seconds = secondsFor([&] { controller = newController(); });
+  EXPECT_GE(seconds, agent::kConnectionDeadlineSeconds);
+  EXPECT_GT(tries, 10);
+  EXPECT_FALSE([controller krvAgentConnectionExisting]);
+  EXPECT_FALSE([controller checkIfConnectionExists]);
+}
+
+TEST(AgentConnection, APresentAgentCostsInitOneTryAndTheGateOneMore) {
+  AgentProcess agent;
+  static int tries;
+  static id proxy;
+  tries = 0;
+  proxy = [NSConnection rootProxyForConnectionWithRegisteredName:@"KRVSyncAgent" host:nil];
+  const ReplacedLookUp lookUp([](id, SEL, NSString *, NSString *) -> id {
+    ++tries;
+    return proxy;
+  });
+  BVDataModelController *const controller = newController();
+  EXPECT_EQ(tries, 1);
+  EXPECT_TRUE([controller checkIfConnectionExists]);
+  EXPECT_EQ(tries, 2);
 }
 
 TEST(AgentConnection, TheLookUpAsksForTheAgentsNameOnThisHost) {
