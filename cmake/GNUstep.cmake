@@ -14,6 +14,10 @@ endfunction()
 
 gnustep_flags(--objc-flags gnustep_compile)
 gnustep_flags(--gui-libs gnustep_link)
+if(NOT gnustep_link)
+  # It answers nothing, and calls that a success, where the "make" program is missing.
+  message(FATAL_ERROR "${GNUSTEP_CONFIG} knows no libraries; is \"make\" installed?")
+endif()
 # Kept: definitions and language options. Dropped: optimisation, debugging, dependency files and
 # warnings, which are ours to choose, and include paths, which follow as system paths so that our
 # warnings stop at our own files.

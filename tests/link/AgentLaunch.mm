@@ -1,52 +1,72 @@
 #include <gtest/gtest.h>
 
+#import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
 #include <filesystem>
 #include <fstream>
 
-#import "agent/AgentIdentity.h"
 #import "agent/BVDataModelController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/Strings.h"
 
 namespace {
 
-/// Asks the platform to do as it is told with administrator's rights where this user lacks them.
-bool asAdministrator(const std::string &command) {
-  const std::string prefix = getuid() == 0 ? "" : "sudo -n ";
-  return std::system((prefix + command).c_str()) == 0;
-}
-
-/// An application at the agent's fixed place, which writes a file when it is started. Taken away
-/// again in the end. The place must be free: a real installation is not touched.
-class InstalledAgent {
+/// An application that writes a file when it is started.
+class MarkingApplication {
  public:
-  InstalledAgent() : mark_(newTemporaryFolder() + "/started"), draft_(newTemporaryFolder()) {
+  MarkingApplication() : mark_(newTemporaryFolder() + "/started") {
     namespace fs = std::filesystem;
-    const fs::path application = fs::path(draft_) / "VeldaneKRVAgent.app";
+    const fs::path application = fs::path(newTemporaryFolder()) / "VeldaneKRVAgent.app";
     fs::create_directories(application / "Resources");
     std::ofstream(application / "Resources" / "Info-gnustep.plist")
         << "{ NSExecutable = VeldaneKRVAgent; }\n";
     const fs::path program = application / "VeldaneKRVAgent";
     std::ofstream(program) << "#!/bin/sh\necho started > '" << mark_ << "'\n";
     fs::permissions(program, fs::perms::owner_all);
-    isInstalled_ =
-        !fs::exists(place()) &&
-        asAdministrator("mkdir -p '" + place().parent_path().string() + "'") &&
-        asAdministrator("ln -s '" + application.string() + "' '" + place().string() + "'");
-  }
-  ~InstalledAgent() {
-    if (isInstalled_) asAdministrator("rm '" + place().string() + "'");
+    path_ = application;
   }
 
-  bool isInstalled() const { return isInstalled_; }
+  const std::string &path() const { return path_; }
   bool wasStarted() const { return std::filesystem::exists(mark_); }
 
  private:
-  static std::filesystem::path place() { return [agent::kApplicationPath UTF8String]; }
-
   std::string mark_;
-  std::string draft_;
-  bool isInstalled_ = false;
+  std::string path_;
+};
+
+/// The platform's launching of applications, with another application in the place of whatever is
+/// asked for: the agent's own place belongs to the machine and to a real installation.
+class RedirectedLaunch {
+ public:
+  explicit RedirectedLaunch(const MarkingApplication &application)
+      : method_(class_getInstanceMethod([NSWorkspace class], @selector(launchApplication:))) {
+    asked.clear();
+    place = [[NSString alloc] initWithUTF8String:application.path().c_str()];
+    former =
+        reinterpret_cast<Launch>(method_setImplementation(method_, reinterpret_cast<IMP>(launch)));
+  }
+  ~RedirectedLaunch() {
+    method_setImplementation(method_, reinterpret_cast<IMP>(former));
+    [place release];
+  }
+
+  /// The paths that were asked for.
+  static const std::vector<std::string> &paths() { return asked; }
+
+ private:
+  using Launch = BOOL (*)(id, SEL, NSString *);
+
+  static BOOL launch(id self, SEL selector, NSString *path) {
+    asked.push_back(text(path));
+    return former(self, selector, place);
+  }
+
+  inline static std::vector<std::string> asked;
+  inline static NSString *place;
+  inline static Launch former;
+  Method method_;
 };
 
 using Lines = std::vector<std::string>;
@@ -54,24 +74,25 @@ using Lines = std::vector<std::string>;
 }  // namespace
 
 TEST(AgentLaunch, ARunningAgentIsNotStartedAndNothingIsLogged) {
-  InstalledAgent installed;
-  ASSERT_TRUE(installed.isInstalled());
+  const MarkingApplication application;
+  const RedirectedLaunch launch(application);
   AgentProcess agent;
   BVDataModelController *const controller = [[[BVDataModelController alloc] init] autorelease];
   const CapturedLog log;
   [controller launchMyAppIfNotRunning];
   EXPECT_EQ(log.lines(), Lines());
-  EXPECT_FALSE(installed.wasStarted());
+  EXPECT_EQ(launch.paths(), Lines());
 }
 
 TEST(AgentLaunch, AMissingAgentIsLoggedAndStartedFromItsPlace) {
-  InstalledAgent installed;
-  ASSERT_TRUE(installed.isInstalled());
+  const MarkingApplication application;
+  const RedirectedLaunch launch(application);
   AgentProcess stranger({.identifier = "org.example.other"});
   BVDataModelController *const controller = [[[BVDataModelController alloc] init] autorelease];
   const CapturedLog log;
   [controller launchMyAppIfNotRunning];
   ASSERT_FALSE(log.lines().empty());
   EXPECT_EQ(log.lines().front(), "Launching KRV Agent..");
-  EXPECT_TRUE(waitFor([&] { return installed.wasStarted(); }));
+  EXPECT_EQ(launch.paths(), Lines{"/Applications/Veldane/Wayfold/VeldaneKRVAgent.app"});
+  EXPECT_TRUE(waitFor([&] { return application.wasStarted(); }));
 }
