@@ -1,4 +1,4 @@
-"""What must not be written is found. Exempt itself, since it has to write it."""
+"""What must not be written is found. The words are put together here, so as not to stand here."""
 
 from sample import SampleProject
 
@@ -7,7 +7,8 @@ import forbidden_words
 
 class ForbiddenWords(SampleProject):
     def test_references_to_the_papers_are_found(self):
-        for text in ("see Part 1.1", "as the specification says", "per spec, nil", "/work/x/y"):
+        for text in ("see P" "art 1.1", "as the sp" "ecification says", "per sp" "ec, nil",
+                     "/wo" "rk/x/y"):
             with self.subTest(text):
                 self.write("docs/a.md", f"fine\n{text}\n")
                 self.assert_finds(forbidden_words.lint(self.root), "docs/a.md:2")
@@ -17,5 +18,5 @@ class ForbiddenWords(SampleProject):
         self.assertEqual(forbidden_words.lint(self.root), [])
 
     def test_a_file_name_counts_too(self):
-        self.write("docs/spec.md", "")
-        self.assert_finds(forbidden_words.lint(self.root), "docs/spec.md")
+        self.write("docs/sp" "ec.md", "")
+        self.assert_finds(forbidden_words.lint(self.root), "docs/sp" "ec.md")
