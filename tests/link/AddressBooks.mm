@@ -88,7 +88,7 @@ TEST_F(AddressBooks, AFetchFromARefusingOrMalformedAgentLeavesBothListsEmpty) {
   }
 }
 
-TEST_F(AddressBooks, AnAgentThatDiesWhileTheBookIsReadLeavesBothListsEmpty) {
+TEST_F(AddressBooks, AnAgentThatDiesWhileItsReplyIsReadLeavesBothListsEmpty) {
   AgentProcess agent;
   agent.setScript(@{kBook : @{@"die" : @"whenRead"}});
   [delegate getAddressBookForShareFolder];

@@ -68,7 +68,7 @@ TEST(RunningApplications, EachIsListedOnceHoweverTheListIsRead) {
   }
 }
 
-TEST(RunningApplications, OneWithoutAnIdentifierHasNone) {
+TEST(RunningApplications, AnEmptyIdentifierIsNoIdentifier) {
   AgentProcess agent(identifiedAs(""));
   EXPECT_EQ([[applicationOf(agent.process().pid()) bundleIdentifier] length], 0u);
 }

@@ -229,7 +229,7 @@ TEST_F(DirectCopy, AnAgentThatRaisesIsNoReply) {
   expectNoReplyAlert();
 }
 
-TEST_F(DirectCopy, WithoutAnAgentTheAlertComesAfterTheAttempt) {
+TEST_F(DirectCopy, WithoutAnAgentThereIsNoReply) {
   copy();
   expectNoReplyAlert();
 }
