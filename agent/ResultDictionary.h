@@ -45,6 +45,13 @@ NSString *errorText(NSDictionary *reply);
 /// "errorMessage", nil when it is not a string.
 NSString *errorMessage(NSDictionary *reply);
 
+/// The value of `key` read as a boolean: a number's or a string's, NO for anything else and for
+/// nothing.
+BOOL flagIn(NSDictionary *entry, NSString *key);
+
+/// The string that stands under `key`, nil for anything else.
+NSString *stringIn(NSDictionary *entry, NSString *key);
+
 /// object when it is a string of this process, otherwise nil. A proxy may claim any class.
 NSString *stringOrNil(id object);
 

@@ -72,9 +72,7 @@ ReplyKind kindOfLinkReply(NSDictionary *reply) {
 
 ReplyKind kindOfActionReply(NSDictionary *reply) {
   if ([reply count] == 0) return ReplyKind::Unreachable;
-  id const error = [reply objectForKey:kErrorKey];
-  const bool readable = isLocal(error, [NSNumber class]) || isLocal(error, [NSString class]);
-  return readable && [error boolValue] ? ReplyKind::Refused : ReplyKind::Succeeded;
+  return flagIn(reply, kErrorKey) ? ReplyKind::Refused : ReplyKind::Succeeded;
 }
 
 NSString *errorText(NSDictionary *reply) {
@@ -83,7 +81,17 @@ NSString *errorText(NSDictionary *reply) {
 }
 
 NSString *errorMessage(NSDictionary *reply) {
-  return stringOrNil([reply objectForKey:kErrorMessageKey]);
+  return stringIn(reply, kErrorMessageKey);
+}
+
+BOOL flagIn(NSDictionary *entry, NSString *key) {
+  id const value = [entry objectForKey:key];
+  const bool readable = isLocal(value, [NSNumber class]) || isLocal(value, [NSString class]);
+  return readable && [value boolValue];
+}
+
+NSString *stringIn(NSDictionary *entry, NSString *key) {
+  return stringOrNil([entry objectForKey:key]);
 }
 
 }  // namespace agent

@@ -2,6 +2,8 @@
 
 #import <objc/runtime.h>
 
+#include <cstdint>
+#include <cstring>
 #include <initializer_list>
 
 #import "agent/ResultDictionary.h"
@@ -9,6 +11,14 @@
 #import "plugin/ServingPause.h"
 #import "send/Alerts.h"
 #import "send/CopyLinkController.h"
+#import "send/CopyOutcome.h"
+#import "send/LocalizedText.h"
+#import "send/SendAndCopyTabController.h"
+#import "send/SendFileController.h"
+#import "send/WindowTitle.h"
+#import "share/BrisvaleTabController.h"
+#import "share/InviteTabController.h"
+#import "share/PermissionTabController.h"
 
 namespace {
 
@@ -25,14 +35,6 @@ class ContextMenuFlagCleared {
   ContextMenuFlagCleared &operator=(const ContextMenuFlagCleared &) = delete;
 };
 
-/// How a direct copy can end.
-enum class DirectCopyEnd { Copied, Refused, NoReply };
-
-DirectCopyEnd endOfDirectCopy(NSDictionary *reply, NSString *clipboardStatus) {
-  if ([reply count] == 0) return DirectCopyEnd::NoReply;
-  return [clipboardStatus isEqualToString:@"0"] ? DirectCopyEnd::Copied : DirectCopyEnd::Refused;
-}
-
 void tellUser(NSString *message, NSString *informative) {
   runModally(alertWithTexts(message, informative));
   [applicationDelegate() hideMe];
@@ -40,20 +42,54 @@ void tellUser(NSString *message, NSString *informative) {
 
 /// What is logged and what the user is told. These texts are fixed, unlike those of all other
 /// alerts of the application.
-void report(DirectCopyEnd end) {
-  switch (end) {
-    case DirectCopyEnd::Copied:
+void report(CopyOutcome outcome) {
+  switch (outcome) {
+    case CopyOutcome::Copied:
       NSLog(@"Link copied successfully.");
       return;
-    case DirectCopyEnd::Refused:
+    case CopyOutcome::Refused:
       NSLog(@"Unable to copy link at this time");
       tellUser(@"Unable to copy link at this time", nil);
       return;
-    case DirectCopyEnd::NoReply:
+    case CopyOutcome::NoReply:
       NSLog(@"Getting null data from rest API(machine offline or server down)");
       tellUser(@"Cannot connect to brisvale", @"Brisvale is down or check you internet connection");
       return;
   }
+}
+
+/// A flag as its byte came over the wire, where any value may stand: YES for all but 0. Read
+/// through memory, because the compiler may take a BOOL for YES or NO already.
+BOOL flagOf(const BOOL &received) {
+  unsigned char byte = 0;
+  std::memcpy(&byte, &received, sizeof byte);
+  return byte == 0 ? NO : YES;
+}
+
+/// A tab position that travels as one signed byte in a BOOL's place.
+std::int64_t positionOf(const BOOL &received) {
+  signed char byte = 0;
+  std::memcpy(&byte, &received, sizeof byte);
+  return byte;
+}
+
+/// What every operation begins with: all open windows close.
+void closeOpenWindows() {
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                      object:nil];
+}
+
+/// Tells a tab controller what its window is for.
+template <class TabController>
+void give(TabController *controller, NSString *item, BOOL isFileId) {
+  [controller setIsFileId:isFileId];
+  [controller setFilePath:item];
+}
+template <class TabController>
+void give(TabController *controller, NSString *item, BOOL isFileId, BOOL isFolder) {
+  [controller setIsFileId:isFileId];
+  [controller setIsFolder:isFolder];
+  [controller setFilePath:item];
 }
 
 /// The questions that a client's proxy asks before it sends an operation for the first time.
@@ -73,6 +109,22 @@ bool isOperation(SEL selector) {
   return false;
 }
 
+/// Shows the window of a new controller in front of all applications; nil when it could not be
+/// loaded, and then the controller is gone, because only a window's closing would end it.
+NSWindow *windowInFront(NSWindowController *controller) {
+  NSWindow *const window = [controller window];
+  if (window == nil) [controller release];
+  [window orderFrontRegardless];
+  return window;
+}
+
+/// Brings the application to the front, with the window that it has just opened.
+void activateWith(NSWindow *window) {
+  [NSApp activateIgnoringOtherApps:YES];
+  [window makeKeyWindow];
+  [applicationDelegate() setContextMenuFlag:NO];
+}
+
 }  // namespace
 
 @implementation ContextMenuProxy
@@ -83,22 +135,66 @@ bool isOperation(SEL selector) {
 }
 
 // clang-format off: it takes the first anonymous argument for a part of the name.
+- (void)LaunchSendCopyLinkTab:(NSString *)item:(NSString *)displayName:(BOOL)isMyDocs
+                             :(BOOL)isFolder:(BOOL)tabPosition:(BOOL)isFileId {
+  // clang-format on
+  const ServingPause othersWait(self);
+  closeOpenWindows();
+  [applicationDelegate() conditionalFetchAddressBook];
+  SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
+  [controller selectTabAtPosition:positionOf(tabPosition)];
+  NSWindow *const window = windowInFront(controller);
+  if (window == nil) return;
+  NSString *const name = windowTitle(agent::stringOrNil(displayName));
+  [window setTitle:flagOf(isMyDocs) ? @"MyDocs" : name ?: [window title]];
+  activateWith(window);
+  SendFileController *const sending = [controller sendFile];
+  if (flagOf(isFolder)) {
+    [sending setLabelForTab:localizedText(@"sendFolderLabelTextKey")];
+    [[sending mailSubject] setStringValue:localizedText(@"defaultSubjectForSendFolderKey")];
+  } else {
+    [[sending mailSubject] setStringValue:localizedText(@"defaultSubjectForSendFileKey")];
+  }
+  NSString *const reference = agent::stringOrNil(item);
+  give(sending, reference, flagOf(isFileId), flagOf(isFolder));
+  give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
+}
+
+// clang-format off: it takes the first anonymous argument for a part of the name.
+- (void)LaunchShareFolderTab:(NSString *)item:(NSString *)unusedDisplayName:(BOOL)unused
+                            :(BOOL)tabPosition:(BOOL)isFileId {
+  // clang-format on
+  (void)unusedDisplayName;
+  (void)unused;
+  const ServingPause othersWait(self);
+  closeOpenWindows();
+  [applicationDelegate() conditionalFetchAddressBook];
+  BrisvaleTabController *const controller = [[BrisvaleTabController alloc] init];
+  [controller selectTabAtPosition:positionOf(tabPosition)];
+  NSWindow *const window = windowInFront(controller);
+  if (window == nil) return;
+  activateWith(window);
+  NSString *const reference = agent::stringOrNil(item);
+  give([controller givePermissionTab], reference, flagOf(isFileId));
+  give([controller sendInviteTab], reference, flagOf(isFileId));
+}
+
+// clang-format off: it takes the first anonymous argument for a part of the name.
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;
   const ServingPause othersWait(self);
-  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
-                                                      object:nil];
+  closeOpenWindows();
   // An argument may be anything, also an object of the caller's process that claims to be a string.
   NSString *const serverId = agent::stringOrNil(item);
   CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
-  if (isFolder) [controller setIsFolder:YES];
+  if (flagOf(isFolder)) [controller setIsFolder:YES];
   [controller setFilePath:serverId];
   [controller setIsFileId:YES];
   const ContextMenuFlagCleared busy;
   NSDictionary *const reply = [controller getCopyLink:serverId:YES:NO:@"-1"];
   NSString *const status = [controller pasteToClipboard:reply];
-  report(endOfDirectCopy(reply, status));
+  report(outcomeOfCopy(reply, status));
 }
 
 @end

@@ -11,8 +11,6 @@
 /// item: the server id; isFolder: whether the item is a folder.
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused;
 
-@optional
-
 /// Opens the send and copy-link window. item: path or server id, as isFileId says; tabPosition: 0
 /// for the send tab, 1 for the copy-link tab.
 - (void)LaunchSendCopyLinkTab:(NSString *)

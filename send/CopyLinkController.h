@@ -1,14 +1,24 @@
 #import <AppKit/AppKit.h>
 
-/// Makes a link to one item and puts it on the clipboard.
+/// The copy-link tab: makes a link to one item and puts it on the clipboard. The window's interface
+/// file creates it.
 ///
-/// A caller without a window sets filePath, isFileId and isFolder, then asks for the link and hands
-/// the reply on: getCopyLink:::: and pasteToClipboard: touch no control. Main thread only.
+/// A caller without a window makes one with init, sets filePath, isFileId and isFolder, then asks
+/// for the link and hands the reply on: getCopyLink:::: and pasteToClipboard: touch no control.
+/// Main thread only.
 @interface CopyLinkController : NSObject {
  @private
+  IBOutlet NSButton *isNotifyMe;
+  IBOutlet NSButton *isAskForMail;
+  IBOutlet NSPopUpButton *noOfDownloads;
+  IBOutlet NSProgressIndicator *spinGear;
   NSString *filePath;
   BOOL isFileId;
   BOOL isFolder;
+  NSTabViewItem *copyLinkTab;
+  NSWindow *ourMainWindow;
+  NSWindow *modalWindow;
+  NSTextField *modalWindowText;
 }
 
 /// Local path of the item, or its server id when isFileId is YES.
@@ -16,8 +26,34 @@
 @property (assign) BOOL isFileId;
 @property (assign) BOOL isFolder;
 
+@property (retain) IBOutlet NSTabViewItem *copyLinkTab;
+
+/// The window with the tab, nil once it has been closed. Alerts and the success sheet go there.
+@property (retain) IBOutlet NSWindow *ourMainWindow;
+@property (assign) IBOutlet NSWindow *modalWindow;
+@property (assign) IBOutlet NSTextField *modalWindowText;
+
+// A tab like any other: its name alone would make it a method that hands ownership over.
+- (NSTabViewItem *)copyLinkTab __attribute__((objc_method_family(none)));
+
 /// isFileId and isFolder start as NO.
 - (id)init;
+
+/// The copy button: copies the link with the options of the tab. Blocks until the agent answers.
+/// After a success the window closes by itself; after an alert everything stays as it was.
+- (IBAction)sendCopyLink:(id)sender;
+
+/// The Cancel button: closes the window.
+- (IBAction)cancelSendCopyLink:(id)sender;
+
+/// Whether the box is checked; mixed is not.
+- (BOOL)checkBoxState:(NSButton *)box;
+
+/// Shows the success sheet with the text for `key`.
+- (void)showSuccessModalWindow:(NSString *)key;
+
+/// The success sheet's timer: ends the sheet and closes the window.
+- (void)killModalWindow:(NSTimer *)timer;
 
 /// Asks the agent for a link to filePath, as a file or a folder by isFolder. The first argument is
 /// not used, on purpose: callers set filePath. downloads: decimal text, "-1" for unlimited.

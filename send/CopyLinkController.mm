@@ -2,12 +2,23 @@
 
 #import "agent/BVDataModelController.h"
 #import "agent/ResultDictionary.h"
+#import "send/Alerts.h"
+#import "send/Controls.h"
+#import "send/CopyOutcome.h"
+#import "send/FolderTest.h"
+#import "send/LocalizedText.h"
+#import "send/ResultSheet.h"
+#import "send/TextFormat.h"
 
 @implementation CopyLinkController
 
 @synthesize filePath;
 @synthesize isFileId;
 @synthesize isFolder;
+@synthesize copyLinkTab;
+@synthesize ourMainWindow;
+@synthesize modalWindow;
+@synthesize modalWindowText;
 
 - (id)init {
   if ((self = [super init])) {
@@ -19,8 +30,71 @@
 
 - (void)dealloc {
   [filePath release];
+  [copyLinkTab release];
+  [ourMainWindow release];
   [super dealloc];
 }
+
+- (void)awakeFromNib {
+  [noOfDownloads selectItemAtIndex:0];
+}
+
+#pragma mark - Actions
+
+- (IBAction)sendCopyLink:(id)sender {
+  (void)sender;
+  // A server id says nothing about the kind of the item: whoever opened the window knows.
+  if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
+  const BOOL notify = [self checkBoxState:isNotifyMe];
+  const BOOL askForMail = [self checkBoxState:isAskForMail];
+  NSString *const downloads = chosenDownloads(noOfDownloads);
+  showBusy(spinGear);
+  NSDictionary *const reply = [self getCopyLink:[self filePath]:notify:askForMail:downloads];
+  [self show:outcomeOfCopy(reply, [self pasteToClipboard:reply])];
+  [spinGear setHidden:YES];
+}
+
+- (IBAction)cancelSendCopyLink:(id)sender {
+  (void)sender;
+  // Closing ends the window's controller, which is the owner of this one.
+  [[self retain] autorelease];
+  [ourMainWindow close];
+}
+
+- (BOOL)checkBoxState:(NSButton *)box {
+  return isChecked(box);
+}
+
+#pragma mark - Outcome
+
+- (void)show:(CopyOutcome)outcome {
+  NSAlert *alert = nil;
+  switch (outcome) {
+    case CopyOutcome::Copied:
+      [self showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+      return;
+    case CopyOutcome::Refused:
+      alert = alertWithTexts(formatted(localizedText(@"unableCopyLinkMessagetextKey")),
+                             formatted(localizedText(@"unableCopyLinkInformativeKey")));
+      break;
+    case CopyOutcome::NoReply:
+      alert = cannotConnectAlert();
+      break;
+  }
+  showAsSheet(alert, ourMainWindow, self);
+}
+
+- (void)showSuccessModalWindow:(NSString *)key {
+  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
+}
+
+- (void)killModalWindow:(NSTimer *)timer {
+  endSuccess(timer);
+  // In this window a success is also the end of the work.
+  [ourMainWindow close];
+}
+
+#pragma mark - The link
 
 // clang-format off: it takes the first anonymous argument for a part of the name.
 - (NSDictionary *)getCopyLink:(NSString *)

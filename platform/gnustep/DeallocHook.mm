@@ -1,0 +1,76 @@
+#import "platform/gnustep/DeallocHook.h"
+
+#import <objc/runtime.h>
+
+#include <algorithm>
+#include <map>
+#include <mutex>
+#include <vector>
+
+namespace {
+
+using Dealloc = void (*)(id, SEL);
+
+struct Hooked {
+  Dealloc original;
+  std::vector<EndOfObject> atEnd;
+};
+
+struct Hooks {
+  std::mutex lock;
+  std::map<Class, Hooked> classes;
+};
+
+Hooks &hooks() {
+  static Hooks *const all = new Hooks;  // objects end after static destructors, too
+  return *all;
+}
+
+void endObject(id object, SEL dealloc, Class cls) {
+  Hooked hooked = {};
+  {
+    const std::lock_guard<std::mutex> guard(hooks().lock);
+    hooked = hooks().classes.at(cls);
+  }
+  for (const EndOfObject atEnd : hooked.atEnd) atEnd(object);
+  hooked.original(object, dealloc);
+}
+
+/// The objects that are ending on this thread, innermost last, each with the hooked class whose part
+/// of the dealloc is running. A superclass may be hooked as well: its turn comes through [super
+/// dealloc], and the object's class alone does not tell which of the two is meant.
+thread_local std::vector<std::pair<id, Class>> underWay;
+
+void hookedDealloc(id object, SEL dealloc) {
+  Class from = object_getClass(object);
+  if (!underWay.empty() && underWay.back().first == object) {
+    from = class_getSuperclass(underWay.back().second);
+  }
+  Class cls = from;
+  {
+    const std::lock_guard<std::mutex> guard(hooks().lock);
+    while (cls != Nil && hooks().classes.count(cls) == 0) cls = class_getSuperclass(cls);
+  }
+  underWay.emplace_back(object, cls);
+  endObject(object, dealloc, cls);
+  underWay.pop_back();
+}
+
+}  // namespace
+
+void addDeallocHook(Class cls, EndOfObject atEnd) {
+  const std::lock_guard<std::mutex> guard(hooks().lock);
+  auto &classes = hooks().classes;
+  const auto known = classes.find(cls);
+  if (known != classes.end()) {
+    auto &present = known->second.atEnd;
+    if (std::find(present.begin(), present.end(), atEnd) == present.end()) present.push_back(atEnd);
+    return;
+  }
+  const SEL dealloc = @selector(dealloc);
+  Method const inherited = class_getInstanceMethod(cls, dealloc);
+  const IMP original = method_getImplementation(inherited);
+  classes[cls] = {reinterpret_cast<Dealloc>(original), {atEnd}};
+  class_replaceMethod(cls, dealloc, reinterpret_cast<IMP>(hookedDealloc),
+                      method_getTypeEncoding(inherited));
+}

@@ -1,0 +1,43 @@
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+#import "platform/gnustep/DeallocHook.h"
+
+/// Observers that disappear with their object. On the Mac one that ends while it is registered is
+/// forgotten; the notification centre here keeps its bare address and sends the next notification
+/// there.
+@interface NSNotificationCenter (EndedObservers)
+@end
+
+namespace {
+
+using AddObserver = void (*)(id, SEL, id, SEL, NSString *, id);
+AddObserver platformAddObserver = nullptr;
+
+void forget(id observer) {
+  [[NSNotificationCenter defaultCenter] removeObserver:observer];
+}
+
+/// Only for classes of the program: the platform's own look after themselves, and there are many.
+/// Their subclasses made at run time (of observed objects) count as what they stand for.
+void addObserver(id center, SEL self_, id observer, SEL handler, NSString *name, id object) {
+  Class const cls = object_getClass(observer);
+  if (observer != nil && [NSBundle bundleForClass:[observer class]] == [NSBundle mainBundle]) {
+    addDeallocHook(cls, forget);
+  }
+  platformAddObserver(center, self_, observer, handler, name, object);
+}
+
+}  // namespace
+
+@implementation NSNotificationCenter (EndedObservers)
+
++ (void)load {
+  const SEL selector = @selector(addObserver:selector:name:object:);
+  Method const method = class_getInstanceMethod(self, selector);
+  platformAddObserver = reinterpret_cast<AddObserver>(method_getImplementation(method));
+  class_replaceMethod(self, selector, reinterpret_cast<IMP>(addObserver),
+                      method_getTypeEncoding(method));
+}
+
+@end

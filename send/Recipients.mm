@@ -1,0 +1,72 @@
+#import "send/Recipients.h"
+
+#import "app/ContextMenuAppAppDelegate.h"
+#import "send/Alerts.h"
+#import "send/LocalizedText.h"
+#import "send/TextFormat.h"
+
+namespace {
+
+NSString *const kSeparator = @",";
+NSString *const kTokenizing = @",;";
+NSString *const kBrackets = @"<>";
+
+NSPredicate *addressPattern() {
+  static NSPredicate *const pattern = [[NSPredicate
+      predicateWithFormat:@"SELF MATCHES %@",
+                          @"[A-Z0-9a-z._%+-]+@[A-Za-z0-9.-]+\\.[A-Za-z]{2,4}"] retain];
+  return pattern;
+}
+
+}  // namespace
+
+void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate) {
+  [field
+      setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
+  [field setDelegate:delegate];
+}
+
+NSArray *completions(NSString *substring) {
+  ContextMenuAppAppDelegate *const delegate =
+      static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
+  NSArray *const book = [delegate addressBookForShare];
+  if (book == nil || substring == nil) return [NSArray array];
+  NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
+  NSPredicate *const contains = [NSPredicate
+      predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)", substring,
+                          substring];
+  return [[book filteredArrayUsingPredicate:begins]
+      arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
+}
+
+NSString *addressOfEntry(NSString *editingString) {
+  NSCharacterSet *const brackets = [NSCharacterSet characterSetWithCharactersInString:kBrackets];
+  NSArray *const pieces = [editingString componentsSeparatedByCharactersInSet:brackets];
+  return [pieces count] < 2 ? nil : [pieces objectAtIndex:1];
+}
+
+BOOL isValidAddress(NSString *address) {
+  return address != nil && [addressPattern() evaluateWithObject:address];
+}
+
+NSArray *recipientsIn(NSString *entered) {
+  return [entered ?: @"" componentsSeparatedByString:kSeparator];
+}
+
+NSString *firstInvalidRecipient(NSString *entered) {
+  for (NSString *recipient in recipientsIn(entered)) {
+    if (!isValidAddress(recipient)) return recipient;
+  }
+  return nil;
+}
+
+NSAlert *invalidRecipientAlert(NSString *recipient) {
+  NSString *const informative =
+      [recipient length] == 0
+          ? localizedText(@"invalidEmailErrorInformativeTextBlankKey")
+          : formatted(localizedText(@"invalidEmailErrorInformativeTextFormatKey"), recipient);
+  NSAlert *const alert =
+      alertWithTexts(localizedText(@"invalidEmailErrorMessageTextKey"), informative);
+  [alert addButtonWithTitle:localizedText(@"alertOkButtonTitleKey")];
+  return alert;
+}

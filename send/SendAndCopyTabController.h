@@ -1,0 +1,46 @@
+#import <AppKit/AppKit.h>
+
+#include <cstdint>
+
+@class CopyLinkController;
+@class SendFileController;
+
+/// The window in which a link to one item is mailed or copied.
+///
+/// Its opener posts "newInstanceofWindowOpened", makes a controller, calls selectTabAtPosition:,
+/// shows the window, and gives the item to both tab controllers. Nobody owns the controller: it
+/// lives until its window closes and destroys itself then. Main thread only.
+@interface SendAndCopyTabController : NSWindowController <NSWindowDelegate> {
+ @private
+  NSTabView *sendAndCopyTab;
+  SendFileController *sendFile;
+  CopyLinkController *sendCopyFile;
+  std::int64_t defaultTab;
+  NSString *filePath;
+}
+
+/// The first tab sends, the second copies the link.
+@property (retain) IBOutlet NSTabView *sendAndCopyTab;
+@property (retain) IBOutlet SendFileController *sendFile;
+@property (retain) IBOutlet CopyLinkController *sendCopyFile;
+
+/// Index of the tab that is shown when the window is loaded. One that does not exist shows the
+/// first.
+@property (nonatomic, assign) std::int64_t defaultTab;
+
+/// Not read here: each tab controller has its own.
+@property (copy) NSString *filePath;
+
+/// A controller without a window yet; the first use of window loads it.
+- (id)init;
+
+/// Sets defaultTab. Without effect once the window has been loaded.
+- (void)selectTabAtPosition:(std::int64_t)position;
+
+/// Closes the window, and with it the controller.
+- (void)close;
+
+/// Another window of the application is about to open.
+- (void)closeActiveWindow:(NSNotification *)notification;
+
+@end

@@ -1,0 +1,63 @@
+#import <AppKit/AppKit.h>
+
+/// The send tab: mails a link to one file or folder. The window's interface file creates it. Main
+/// thread only.
+@interface SendFileController : NSObject <NSTokenFieldDelegate> {
+ @private
+  IBOutlet NSTokenField *mailList;
+  NSTextField *mailSubject;
+  IBOutlet NSTextView *mailContent;
+  IBOutlet NSButton *isCopyMe;
+  IBOutlet NSButton *isNotifyMe;
+  IBOutlet NSButton *isAskForEmail;
+  IBOutlet NSPopUpButton *noOfDownloads;
+  IBOutlet NSProgressIndicator *spinner;
+  NSString *filePath;
+  BOOL isFileId;
+  BOOL isFolder;
+  IBOutlet NSTabViewItem *sendFileTab;
+  NSWindow *ourMainWindow;
+  NSWindow *modalWindow;
+  NSTextField *modalWindowText;
+}
+
+/// The subject field. Whoever opens the window puts the default subject into it.
+@property (assign) IBOutlet NSTextField *mailSubject;
+
+/// Local path of the item, or its server id when isFileId is YES.
+@property (copy) NSString *filePath;
+@property (assign) BOOL isFileId;
+@property (assign) BOOL isFolder;
+
+/// The window with the tab, nil once it has been closed. Alerts and the success sheet go there.
+@property (assign) IBOutlet NSWindow *ourMainWindow;
+@property (assign) IBOutlet NSWindow *modalWindow;
+@property (assign) IBOutlet NSTextField *modalWindowText;
+
+/// isFileId and isFolder start as NO.
+- (id)init;
+
+/// The Send button: checks the recipients and mails the link with the options of the tab. Blocks
+/// until the agent answers. After a success the window closes by itself; after an alert everything
+/// that was entered stays as it was.
+- (IBAction)sendMail:(id)sender;
+
+/// The Cancel button: closes the window.
+- (IBAction)cancelSendMail:(id)sender;
+
+/// Whether the box is checked; mixed is not.
+- (BOOL)checkBoxState:(NSButton *)box;
+
+/// Names the tab after what it sends.
+- (void)setLabelForTab:(NSString *)label;
+
+/// Whether the address looks like one (see Recipients.h).
+- (BOOL)validateEmail:(NSString *)address;
+
+/// Shows the success sheet with the text for `key`.
+- (void)showSuccessModalWindow:(NSString *)key;
+
+/// The success sheet's timer: ends the sheet and closes the window.
+- (void)killModalWindow:(NSTimer *)timer;
+
+@end

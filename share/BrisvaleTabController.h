@@ -1,0 +1,46 @@
+#import <AppKit/AppKit.h>
+
+#include <cstdint>
+
+@class InviteTabController;
+@class PermissionTabController;
+
+/// The window in which a folder is shared with colleagues.
+///
+/// Its opener posts "newInstanceofWindowOpened", makes a controller, calls selectTabAtPosition:,
+/// shows the window, and gives the folder to both tab controllers. Nobody owns the controller: it
+/// lives until its window closes and destroys itself then. Main thread only.
+@interface BrisvaleTabController : NSWindowController <NSWindowDelegate> {
+ @private
+  NSTabView *shareFolderTab;
+  PermissionTabController *givePermissionTab;
+  InviteTabController *sendInviteTab;
+  std::int64_t defaultTab;
+  NSString *filePath;
+}
+
+/// The first tab lists the people with access, the second invites more.
+@property (retain) IBOutlet NSTabView *shareFolderTab;
+@property (retain) IBOutlet PermissionTabController *givePermissionTab;
+@property (retain) IBOutlet InviteTabController *sendInviteTab;
+
+/// Index of the tab that is shown when the window is loaded. One that does not exist shows the
+/// first.
+@property (nonatomic, assign) std::int64_t defaultTab;
+
+/// Not read here: each tab controller has its own.
+@property (copy) NSString *filePath;
+
+/// A controller without a window yet; the first use of window loads it.
+- (id)init;
+
+/// Sets defaultTab. Without effect once the window has been loaded.
+- (void)selectTabAtPosition:(std::int64_t)position;
+
+/// Closes the window, and with it the controller.
+- (void)close;
+
+/// Another window of the application is about to open.
+- (void)closeActiveWindow:(NSNotification *)notification;
+
+@end

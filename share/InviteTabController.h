@@ -1,0 +1,56 @@
+#import <AppKit/AppKit.h>
+
+/// The invite tab: gives people access to the folder. The window's interface file creates it. Main
+/// thread only.
+@interface InviteTabController : NSObject <NSTokenFieldDelegate> {
+ @private
+  IBOutlet NSTokenField *mailList;
+  IBOutlet NSTextView *mailContent;
+  IBOutlet NSPopUpButton *accessType;
+  // Connections of the interface file that nothing uses.
+  IBOutlet NSTabViewItem *sendFile;            // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  IBOutlet NSArrayController *iarrayController;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  IBOutlet NSProgressIndicator *spinGear;
+  NSArray *keys;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
+  NSString *filePath;
+  BOOL isFileId;
+  BOOL isFolder;
+  IBOutlet NSTabViewItem *inviteTab;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  NSWindow *ourMainWindow;
+  NSWindow *modalWindow;
+  NSTextField *modalWindowText;
+}
+
+/// The folder: its local path, or its server id when isFileId is YES.
+@property (copy) NSString *filePath;
+@property (assign) BOOL isFileId;
+
+/// NO; not read here.
+@property (assign) BOOL isFolder;
+
+/// The window with the tab, nil once it has been closed. Alerts and the success sheet go there.
+@property (retain) IBOutlet NSWindow *ourMainWindow;
+@property (assign) IBOutlet NSWindow *modalWindow;
+@property (assign) IBOutlet NSTextField *modalWindowText;
+
+/// isFileId and isFolder start as NO.
+- (id)init;
+
+/// The invite button: checks all recipients, then gives each of them the chosen access. Blocks
+/// until the agent has answered for each. On every failure what was entered stays.
+- (IBAction)sendInvite:(id)sender;
+
+/// Whether the address belongs to a colleague: by the delegate's list, else by the agent. An agent
+/// that gives no answer blocks nobody: YES.
+- (BOOL)isEmployee:(NSString *)address;
+
+/// Whether the address looks like one (see Recipients.h).
+- (BOOL)validateEmail:(NSString *)address;
+
+/// Shows the success sheet with the text for `key`.
+- (void)showSuccessModalWindow:(NSString *)key;
+
+/// The success sheet's timer: ends the sheet; the window stays open.
+- (void)killModalWindow:(NSTimer *)timer;
+
+@end

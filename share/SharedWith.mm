@@ -1,0 +1,18 @@
+#import "share/SharedWith.h"
+
+@implementation SharedWith
+
+@synthesize personName;
+@synthesize permission;
+@synthesize useremail;
+@synthesize isNotOwner;
+@synthesize accessPermission;
+
+- (void)dealloc {
+  [personName release];
+  [permission release];
+  [useremail release];
+  [super dealloc];
+}
+
+@end
