@@ -5,4 +5,5 @@
 #import "platform/gnustep/NSComboBoxDelegate.h"
 #import "platform/gnustep/NSObject+Accessibility.h"
 #import "platform/gnustep/NSPasteboard+Writing.h"
+#import "platform/gnustep/NSTokenField+Tokens.h"
 #endif
