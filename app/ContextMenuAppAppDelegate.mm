@@ -3,6 +3,7 @@
 #import "agent/AgentCall.h"
 #import "agent/BVDataModelController.h"
 #import "plugin/ContextMenuPlugin.h"
+#import "send/InterfaceTexts.h"
 
 namespace {
 
@@ -40,6 +41,11 @@ NSDictionary *homeFolderInfoFromAgent() {
 @synthesize syncedFilePath;
 @synthesize updateAddressBookTimer;
 @synthesize homeFolderInfo;
+
+- (void)awakeFromNib {
+  localizeMenu([NSApp mainMenu]);
+  localizeMenu(krvContextMenu);
+}
 
 #pragma mark - NSApplicationDelegate
 

@@ -23,6 +23,9 @@ void prepareWindow(NSWindowController *controller, NSTabView *tabs, std::int64_t
     NSView *const first = [[tabs selectedTabViewItem] initialFirstResponder];
     if (first != nil) [window setInitialFirstResponder:first];
   }
+  // Where the user looks, and not further down with each opening.
+  [controller setShouldCascadeWindows:NO];
+  [window center];
   [window setDelegate:static_cast<id<NSWindowDelegate>>(controller)];
 }
 

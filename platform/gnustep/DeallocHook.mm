@@ -71,6 +71,10 @@ void addDeallocHook(Class cls, EndOfObject atEnd) {
   Method const inherited = class_getInstanceMethod(cls, dealloc);
   const IMP original = method_getImplementation(inherited);
   classes[cls] = {reinterpret_cast<Dealloc>(original), {atEnd}};
-  class_replaceMethod(cls, dealloc, reinterpret_cast<IMP>(hookedDealloc),
-                      method_getTypeEncoding(inherited));
+  // Not class_replaceMethod: this runtime's replaces the superclass's method when the class has none
+  // of its own.
+  if (!class_addMethod(cls, dealloc, reinterpret_cast<IMP>(hookedDealloc),
+                       method_getTypeEncoding(inherited))) {
+    method_setImplementation(inherited, reinterpret_cast<IMP>(hookedDealloc));
+  }
 }

@@ -1,6 +1,8 @@
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 
+#include <dlfcn.h>
+
 #import "platform/gnustep/DeallocHook.h"
 
 /// Observers that disappear with their object. On the Mac one that ends while it is registered is
@@ -18,13 +20,19 @@ void forget(id observer) {
   [[NSNotificationCenter defaultCenter] removeObserver:observer];
 }
 
+/// Whether the class is the program's own, by where it lies in memory. A bundle could tell as well,
+/// but classes observe before there are bundles.
+bool isOwn(Class cls) {
+  Dl_info its = {};
+  Dl_info ours = {};
+  return dladdr(cls, &its) != 0 && dladdr(reinterpret_cast<void *>(isOwn), &ours) != 0 &&
+         its.dli_fbase == ours.dli_fbase;
+}
+
 /// Only for classes of the program: the platform's own look after themselves, and there are many.
-/// Their subclasses made at run time (of observed objects) count as what they stand for.
 void addObserver(id center, SEL self_, id observer, SEL handler, NSString *name, id object) {
   Class const cls = object_getClass(observer);
-  if (observer != nil && [NSBundle bundleForClass:[observer class]] == [NSBundle mainBundle]) {
-    addDeallocHook(cls, forget);
-  }
+  if (observer != nil && isOwn(cls)) addDeallocHook(cls, forget);
   platformAddObserver(center, self_, observer, handler, name, object);
 }
 

@@ -1,0 +1,67 @@
+#import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
+#import "platform/gnustep/NSObject+Accessibility.h"
+
+// What the platform's loader does not read of an interface file as the Mac's tools write it.
+
+@interface GSXibElement : NSObject
+- (GSXibElement *)elementForKey:(NSString *)key;
+- (NSString *)attributeForKey:(NSString *)key;
+@end
+
+/// The loader; its own header is not public.
+@interface GSXib5KeyedUnarchiver : NSObject
+@end
+
+@interface GSXib5KeyedUnarchiver (MacElements)
+@end
+
+namespace {
+
+/// Puts `ours` in the place of a method that `cls` has itself, and answers what stood there.
+template <class Implementation>
+Implementation replaced(Class cls, SEL selector, Implementation ours) {
+  Method const method = class_getInstanceMethod(cls, selector);
+  return reinterpret_cast<Implementation>(
+      method_setImplementation(method, reinterpret_cast<IMP>(ours)));
+}
+
+using DecodeObject = id (*)(id, SEL, GSXibElement *, NSString *, NSString *);
+DecodeObject platformDecodeObject = nullptr;
+
+/// <accessibility description="..."/> of a view or a cell.
+id decodeObject(id unarchiver, SEL selector, GSXibElement *element, NSString *className,
+                NSString *identifier) {
+  id const object = platformDecodeObject(unarchiver, selector, element, className, identifier);
+  NSString *const description =
+      [[element elementForKey:@"accessibility"] attributeForKey:@"description"];
+  if (description != nil) {
+    [object accessibilitySetOverrideValue:description
+                             forAttribute:NSAccessibilityDescriptionAttribute];
+  }
+  return object;
+}
+
+using DecodeSize = NSSize (*)(id, SEL, NSString *);
+DecodeSize platformDecodeSize = nullptr;
+
+/// The sizes of a collection view's items have other names in an archive than in an interface file.
+NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
+  NSString *name = key;
+  if ([key isEqualToString:@"NSMinGridSize"]) name = @"minItemSize";
+  if ([key isEqualToString:@"NSMaxGridSize"]) name = @"maxItemSize";
+  return platformDecodeSize(unarchiver, selector, name);
+}
+
+}  // namespace
+
+@implementation GSXib5KeyedUnarchiver (MacElements)
+
++ (void)load {
+  platformDecodeObject =
+      replaced(self, @selector(decodeObjectForXib:forClassName:withID:), decodeObject);
+  platformDecodeSize = replaced(self, @selector(decodeSizeForKey:), decodeSize);
+}
+
+@end
