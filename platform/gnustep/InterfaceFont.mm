@@ -21,6 +21,27 @@ const Family kFamilies[] = {
     {@"DejaVuSans", @"DejaVuSans-Bold"},
 };
 
+/// Fonts that between them cover most scripts, in the order in which they are asked for a character
+/// that the interface's own font lacks.
+NSArray *fallbackFonts() {
+  return @[
+    @"DejaVuSans", @"NotoSans-Regular", @"DroidSansFallback", @"DroidSansFallbackFull",
+    @"NotoSansCJKjp-Regular", @"NotoSansCJKsc-Regular", @"WenQuanYiMicroHei", @"WenQuanYiZenHei",
+    @"VL-PGothic-Regular", @"IPAPGothic", @"NanumGothic", @"FreeSans"
+  ];
+}
+
+/// The platform's own search for such a font ends with the name of a family where it needs that of
+/// a font, and draws question marks.
+void nameFallbackFonts(NSArray *installed) {
+  if ([[NSFont preferredFontNames] count] > 0) return;
+  NSMutableArray *const fallbacks = [NSMutableArray array];
+  for (NSString *font in fallbackFonts()) {
+    if ([installed containsObject:font]) [fallbacks addObject:font];
+  }
+  [NSFont setPreferredFontNames:fallbacks];
+}
+
 NSDictionary *fontNames(const Family &family) {
   NSMutableDictionary *const names = [NSMutableDictionary dictionary];
   for (NSString *role in @[
@@ -53,6 +74,7 @@ void registerInterfaceFonts() {
   [defaults registerDefaults:fontSizes()];
   initialize_gnustep_backend();
   NSArray *const installed = [[GSFontEnumerator sharedEnumerator] availableFonts];
+  nameFallbackFonts(installed);
   for (const Family &family : kFamilies) {
     if (![installed containsObject:family.regular] || ![installed containsObject:family.bold]) {
       continue;

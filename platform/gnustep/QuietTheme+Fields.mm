@@ -29,6 +29,14 @@ void drawFieldLine(NSRect rect, bool hasFocus, bool isEnabled) {
   }
 }
 
+/// What is drawn next leaves out `hole`: the title of a box stands on its line.
+void clipAround(NSRect hole, NSRect bounds) {
+  NSBezierPath *const path = [NSBezierPath bezierPathWithRect:bounds];
+  [path appendBezierPathWithRect:hole];
+  [path setWindingRule:NSEvenOddWindingRule];
+  [path addClip];
+}
+
 }  // namespace
 
 @implementation QuietTheme (Fields)
@@ -161,16 +169,15 @@ void drawFieldLine(NSRect rect, bool hasFocus, bool isEnabled) {
     [super drawBoxInClipRect:clip boxType:type borderType:border inView:box];
     return;
   }
+  const bool hasTitle = [box titlePosition] != NSNoTitle;
   if (border != NSNoBorder) {
+    [NSGraphicsContext saveGraphicsState];
+    if (hasTitle) clipAround([box titleRect], [box bounds]);
     theme::drawSurface([box borderRect], kBoxRadius, theme::color(theme::kBox),
                        theme::color(theme::kBoxLine));
+    [NSGraphicsContext restoreGraphicsState];
   }
-  if ([box titlePosition] == NSNoTitle) return;
-  const NSRect titleRect = [box titleRect];
-  // The title stands on the line, which must not go through it.
-  [theme::color(theme::kWindow) set];
-  NSRectFill(NSIntersectionRect(titleRect, clip));
-  [[box titleCell] drawWithFrame:titleRect inView:box];
+  if (hasTitle) [[box titleCell] drawWithFrame:[box titleRect] inView:box];
 }
 
 @end

@@ -30,6 +30,19 @@ NSRect popUpTextRect(NSRect visible) {
                     NSWidth(visible) - kPopUpTextMargin - kPopUpArrowsWidth, NSHeight(visible));
 }
 
+/// On the Mac the selected item is ticked. The platform makes the items without a tick, and marks
+/// the selected one only in menus from an interface file.
+void tickSelectedItem(NSMenu *menu, int selected) {
+  NSImage *const tick = [NSImage imageNamed:@"NSMenuCheckmark"];
+  int index = 0;
+  for (NSMenuItem *item in [menu itemArray]) {
+    const NSInteger state = index == selected ? NSOnState : NSOffState;
+    if ([item onStateImage] != tick) [item setOnStateImage:tick];
+    if ([item state] != state) [item setState:state];
+    ++index;
+  }
+}
+
 /// Gives the window of an open menu the height of its items, of which the platform takes all for as
 /// high as the button, and keeps it on the screen. `selected` is below zero for a menu that hangs
 /// from its button, else the item that lies over it.
@@ -38,7 +51,9 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   const NSRect screen = [([window screen] ?: [NSScreen mainScreen]) visibleFrame];
   NSRect frame = [window frame];
   const double top = NSMaxY(frame);
-  frame.size.height = NSHeight([menuView frame]);
+  // The first item of a menu that hangs from its button is the button's title and not shown.
+  const NSRect first = [menuView rectOfItemAtIndex:selected < 0 ? 1 : 0];
+  frame.size.height = NSMaxY(first) + 1;
   frame.origin.y = selected < 0 ? top - NSHeight(frame)
                                 : NSMinY(button) - NSMinY([menuView rectOfItemAtIndex:selected]);
   frame.origin.y = std::min(NSMinY(frame), NSMaxY(screen) - NSHeight(frame));
@@ -129,6 +144,7 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
             selectedItem:(int)selected {
   NSRect visible = theme::visiblePopUpRect(frame);
   if (selected >= 0) {
+    tickSelectedItem([menuView menu], selected);
     const double shift = [menuView imageAndTitleOffset] + kItemBorders - kPopUpTextMargin;
     visible.origin.x -= shift;
     visible.size.width += shift;

@@ -11,6 +11,7 @@ namespace {
 // contents.
 constexpr double kSegmentsTop = 5;
 constexpr double kSegmentsHeight = 24;
+constexpr double kSegmentsSide = 16;
 constexpr double kBoxTop = kSegmentsTop + kSegmentsHeight / 2;
 constexpr double kBoxSide = 7;
 constexpr double kBoxBottom = 10;
@@ -41,8 +42,8 @@ std::vector<NSRect> segmentRects(NSTabView *view, NSArray *items, NSDictionary *
   const NSRect bounds = [view bounds];
   std::vector<NSRect> rects;
   for (const theme::Segment &segment :
-       theme::segmentsForLabels(widths, NSWidth(bounds) - 2 * kBoxSide)) {
-    rects.push_back(NSMakeRect(NSMinX(bounds) + kBoxSide + segment.x, NSMinY(bounds) + kSegmentsTop,
+       theme::segmentsForLabels(widths, NSWidth(bounds) - 2 * kSegmentsSide)) {
+    rects.push_back(NSMakeRect(NSMinX(bounds) + kSegmentsSide + segment.x, NSMinY(bounds) + kSegmentsTop,
                                segment.width, kSegmentsHeight));
   }
   return rects;

@@ -94,16 +94,6 @@ void drawPopUpArrows(NSRect rect, const GlyphState &state, bool isFlipped) {
   strokeLine(rect, {{0.3, 0.38}, {0.5, 0.18}, {0.7, 0.38}}, kArrowWidth, ink, isFlipped);
 }
 
-/// What stands for an application without an icon of its own: a sheet that is being sent.
-void drawApplication(NSRect rect, bool isFlipped) {
-  const double unit = NSWidth(rect) / 64;
-  fillRounded(NSInsetRect(rect, 4 * unit, 4 * unit), 13 * unit, color(kAccent));
-  strokeLine(rect, {{0.5, 0.34}, {0.5, 0.74}}, 4 * unit, color(kOnAccent), isFlipped);
-  strokeLine(rect, {{0.35, 0.6}, {0.5, 0.75}, {0.65, 0.6}}, 4 * unit, color(kOnAccent), isFlipped);
-  strokeLine(rect, {{0.28, 0.42}, {0.28, 0.26}, {0.72, 0.26}, {0.72, 0.42}}, 4 * unit,
-             color(kOnAccent), isFlipped);
-}
-
 }  // namespace
 
 void drawGlyph(Glyph glyph, NSRect rect, const GlyphState &state, bool isFlipped) {
@@ -130,8 +120,6 @@ void drawGlyph(Glyph glyph, NSRect rect, const GlyphState &state, bool isFlipped
     case Glyph::SubmenuArrow:
       return strokeLine(rect, {{0.35, 0.72}, {0.65, 0.5}, {0.35, 0.28}}, kArrowWidth,
                         color(inkFor(state)), isFlipped);
-    case Glyph::Application:
-      return drawApplication(rect, isFlipped);
   }
 }
 

@@ -41,9 +41,7 @@ Implementation replaceMethod(Class owner, SEL selector, Implementation ours) {
 #pragma mark - NSButtonCell
 
 NSColor *textColorOfButton(id self, SEL selector) {
-  if (isThemeActive() && theme::isDefaultButton(self) && [self isEnabled]) {
-    return theme::color(theme::kOnAccent);
-  }
+  if (isThemeActive() && theme::isDefaultButton(self)) return theme::color(theme::kOnAccent);
   return platformTextColor(self, selector);
 }
 

@@ -16,7 +16,6 @@ enum class Glyph {
   MenuTick,
   MenuDash,
   SubmenuArrow,
-  Application,
 };
 
 /// How a glyph is to look.

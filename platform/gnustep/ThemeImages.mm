@@ -25,7 +25,6 @@ const NamedGlyph kGlyphs[] = {
     {@"common_2DCheckMark", Glyph::MenuTick, {12, 14}},
     {@"common_2DDash", Glyph::MenuDash, {12, 14}},
     {@"common_3DArrowRight", Glyph::SubmenuArrow, {10, 14}},
-    {@"GNUstep", Glyph::Application, {64, 64}},
 };
 
 const NamedGlyph *glyphOfFile(NSString *path) {
