@@ -78,6 +78,10 @@ void clipAround(NSRect hole, NSRect bounds) {
   (void)rect;
   NSScrollView *const scrollView = static_cast<NSScrollView *>(view);
   const NSRect bounds = [view bounds];
+  // A scroller with nothing to scroll leaves its own edge as it is.
+  [theme::color(theme::kSurface) set];
+  if ([scrollView hasVerticalScroller]) NSRectFill([[scrollView verticalScroller] frame]);
+  if ([scrollView hasHorizontalScroller]) NSRectFill([[scrollView horizontalScroller] frame]);
   switch ([scrollView borderType]) {
     case NSNoBorder:
       return;

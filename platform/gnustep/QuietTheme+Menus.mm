@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 
 #import "platform/gnustep/ButtonShape.h"
 #import "platform/gnustep/QuietTheme.h"
@@ -85,10 +86,6 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   return theme::color(theme::kLine);
 }
 
-- (NSColor *)menuSeparatorColor {
-  return theme::color(theme::kLineFaint);
-}
-
 - (CGFloat)menuItemHeight {
   return kItemHeight;
 }
@@ -97,8 +94,15 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   return kSeparatorHeight;
 }
 
-- (CGFloat)menuSeparatorInset {
-  return kPopUpTextMargin;
+- (void)drawSeparatorItemForMenuItemCell:(NSMenuItemCell *)cell
+                               withFrame:(NSRect)frame
+                                  inView:(NSView *)view
+                            isHorizontal:(BOOL)isHorizontal {
+  (void)cell;
+  (void)isHorizontal;
+  const double y = std::floor(NSMidY(frame));
+  [theme::color(theme::kLineFaint) set];
+  NSRectFill(NSMakeRect(kPopUpTextMargin, y, NSWidth([view bounds]) - 2 * kPopUpTextMargin, 1));
 }
 
 - (void)drawBorderAndBackgroundForMenuItemCell:(NSMenuItemCell *)cell

@@ -34,10 +34,11 @@ TEST_F(Buttons, ADefaultButtonIsFilledWithTheAccentColour) {
 }
 
 TEST_F(Buttons, TheTitleOfADefaultButtonIsWhite) {
-  EXPECT_EQ(Picture(defaultButton(@"")).count(theme::kOnAccent), 0);
-  const Picture picture(defaultButton(@"Send"));
-  EXPECT_GT(picture.count(theme::kOnAccent), 10);
-  EXPECT_EQ(picture.count(isInk), 0);
+  const NSRect inside = NSMakeRect(12, 8, 72, 16);
+  EXPECT_EQ(Picture(defaultButton(@""), inside).count(isWhitish), 0);
+  const Picture title(defaultButton(@"Send"), inside);
+  EXPECT_GT(title.count(isWhitish), 20);
+  EXPECT_EQ(title.count(isInk), 0);
 }
 
 TEST_F(Buttons, AnyOtherButtonIsWhiteWithADarkTitle) {

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #include <functional>
+#include <ostream>
 #include <vector>
 
 #include "platform/gnustep/ThemeColors.h"
@@ -37,6 +38,12 @@ class Picture {
 
 /// A blue that the accent colour was mixed into, as in the ring round what has the keyboard.
 bool isBluish(theme::Rgb color);
+
+/// What GoogleTest shows of a picture.
+void PrintTo(const Picture &picture, std::ostream *stream);
+
+/// Light enough for text on the accent colour.
+bool isWhitish(theme::Rgb color);
 
 /// Dark enough for text.
 bool isInk(theme::Rgb color);

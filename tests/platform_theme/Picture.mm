@@ -67,6 +67,16 @@ bool isBluish(theme::Rgb color) {
   return blue(color) - red(color) > kClearly;
 }
 
+void PrintTo(const Picture &picture, std::ostream *stream) {
+  *stream << "a picture of " << picture.width() << " x " << picture.height() << ", "
+          << picture.count(isInk) << " dark and " << picture.count(isBluish) << " blue pixels";
+}
+
+bool isWhitish(theme::Rgb color) {
+  constexpr int kLight = 0xD0;
+  return std::min({red(color), green(color), blue(color)}) > kLight;
+}
+
 bool isInk(theme::Rgb color) {
   constexpr int kDark = 0x70;
   return std::max({red(color), green(color), blue(color)}) < kDark;
