@@ -1,6 +1,7 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/QuietTheme.h"
 
 @implementation BackgroundApplication
 
@@ -9,6 +10,7 @@
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
   installMacKeys();
+  installQuietTheme();
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 

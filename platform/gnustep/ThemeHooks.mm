@@ -1,0 +1,141 @@
+#import "platform/gnustep/ThemeHooks.h"
+
+#import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
+#import "platform/gnustep/ButtonShape.h"
+#import "platform/gnustep/QuietTheme.h"
+#include "platform/gnustep/ThemeDrawing.h"
+#import "platform/gnustep/ThemeImages.h"
+
+using theme::Glyph;
+using theme::GlyphState;
+
+namespace {
+
+using TextColorMethod = NSColor *(*)(id, SEL);
+using DrawImageMethod = void (*)(id, SEL, NSImage *, NSRect, NSView *);
+using ResponderMethod = BOOL (*)(id, SEL);
+using DrawRectMethod = void (*)(id, SEL, NSRect);
+
+TextColorMethod platformTextColor = nullptr;
+DrawImageMethod platformDrawImage = nullptr;
+ResponderMethod platformBecomeFirstResponder = nullptr;
+ResponderMethod platformResignFirstResponder = nullptr;
+DrawRectMethod platformDrawToolTip = nullptr;
+
+bool isThemeActive() {
+  return [[GSTheme theme] isKindOfClass:[QuietTheme class]];
+}
+
+/// Replaces the method of exactly this class and answers the former one.
+template <class Implementation>
+Implementation replaceMethod(Class owner, SEL selector, Implementation ours) {
+  Method const method = class_getInstanceMethod(owner, selector);
+  if (method == nullptr) return nullptr;
+  const IMP former = method_getImplementation(method);
+  class_replaceMethod(owner, selector, reinterpret_cast<IMP>(ours), method_getTypeEncoding(method));
+  return reinterpret_cast<Implementation>(former);
+}
+
+#pragma mark - NSButtonCell
+
+NSColor *textColorOfButton(id self, SEL selector) {
+  if (isThemeActive() && theme::isDefaultButton(self)) return theme::color(theme::kOnAccent);
+  return platformTextColor(self, selector);
+}
+
+GlyphState glyphState(NSButtonCell *cell, NSView *view) {
+  GlyphState state;
+  state.isEnabled = [cell isEnabled];
+  const bool isInMenu = [cell isKindOfClass:[NSMenuItemCell class]];
+  state.isPressed = !isInMenu && [cell isHighlighted];
+  state.isOnAccent = isInMenu && [cell isHighlighted];
+  state.isMixed = !isInMenu && [cell state] == NSMixedState;
+  state.hasFocus = !isInMenu && [cell showsFirstResponder] &&
+                   [[view window] firstResponder] == view;
+  return state;
+}
+
+/// The arrows of a pop-up button; the platform gives its titles as if they were its pictures.
+void drawPopUpArrows(NSPopUpButtonCell *cell, Glyph glyph, NSView *view) {
+  constexpr double kArrowsSide = 16;
+  constexpr double kArrowsMargin = 4;
+  const NSRect visible = theme::visibleButtonRect([view bounds], cell);
+  GlyphState state;
+  state.isEnabled = [cell isEnabled];
+  const NSRect rect =
+      NSMakeRect(NSMaxX(visible) - kArrowsSide - kArrowsMargin,
+                 NSMidY(visible) - kArrowsSide / 2, kArrowsSide, kArrowsSide);
+  theme::drawGlyph(glyph, theme::onPixels(rect), state, [view isFlipped]);
+}
+
+void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSView *view) {
+  const bool isOurs = isThemeActive() && [image isKindOfClass:[ThemeImage class]];
+  const Glyph glyph = isOurs ? [static_cast<ThemeImage *>(image) glyph] : Glyph::None;
+  const bool isArrow = glyph == Glyph::PopUpArrows || glyph == Glyph::PullDownArrow;
+  if (isThemeActive() && [self isKindOfClass:[NSPopUpButtonCell class]]) {
+    // What is not the arrows is the selected item's tick, which belongs into the open menu.
+    if (isArrow) drawPopUpArrows(self, glyph, view);
+    return;
+  }
+  if (glyph == Glyph::None) {
+    platformDrawImage(self, selector, image, frame, view);
+    return;
+  }
+  // The platform gives the selected item of a pop-up menu the arrows of the button.
+  if (isArrow && [self isKindOfClass:[NSMenuItemCell class]]) return;
+  const NSSize size = [image size];
+  const NSRect rect = theme::onPixels(NSMakeRect(NSMidX(frame) - size.width / 2,
+                                                 NSMidY(frame) - size.height / 2, size.width,
+                                                 size.height));
+  theme::drawGlyph(glyph, rect, glyphState(self, view), [view isFlipped]);
+}
+
+#pragma mark - NSTextView
+
+/// What shows by its line that the text view has the keyboard: the field that it edits for, or the
+/// scroll view that it lies in.
+void redrawFocusLine(NSTextView *text) {
+  id field = [text isFieldEditor] ? (id)[text delegate] : nil;
+  if ([field isKindOfClass:[NSView class]]) [field setNeedsDisplay:YES];
+  [[text enclosingScrollView] setNeedsDisplay:YES];
+}
+
+BOOL becomeFirstResponder(id self, SEL selector) {
+  const BOOL became = platformBecomeFirstResponder(self, selector);
+  redrawFocusLine(self);
+  return became;
+}
+
+BOOL resignFirstResponder(id self, SEL selector) {
+  redrawFocusLine(self);
+  return platformResignFirstResponder(self, selector);
+}
+
+#pragma mark - Tool tips
+
+void drawToolTip(id self, SEL selector, NSRect rect) {
+  platformDrawToolTip(self, selector, rect);
+  if (!isThemeActive()) return;
+  // Over the platform's black frame.
+  [theme::color(theme::kLine) set];
+  NSFrameRect([self bounds]);
+}
+
+}  // namespace
+
+void installThemeHooks() {
+  platformTextColor =
+      replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
+  platformDrawImage = replaceMethod([NSButtonCell class],
+                                    @selector(drawImage:withFrame:inView:), drawImageOfButton);
+  platformBecomeFirstResponder = replaceMethod(
+      [NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
+  platformResignFirstResponder = replaceMethod(
+      [NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  Class const toolTip = NSClassFromString(@"GSTTView");
+  if (toolTip != Nil) {
+    platformDrawToolTip = replaceMethod(toolTip, @selector(drawRect:), drawToolTip);
+  }
+}
