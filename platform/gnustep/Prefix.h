@@ -3,4 +3,5 @@
 #ifdef __OBJC__
 #import "platform/gnustep/CFURL.h"
 #import "platform/gnustep/NSPasteboard+Writing.h"
+#import "platform/gnustep/NSWindow+Sheet.h"
 #endif
