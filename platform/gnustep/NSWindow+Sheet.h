@@ -14,6 +14,9 @@
 /// Makes sheet the window's attachedSheet; nil for none. Retains neither.
 - (void)attachSheet:(NSWindow *)sheet;
 
+/// Gives up what the window server has of the window. Ordered in again, it gets it anew.
+- (void)leaveWindowServer;
+
 /// Takes the window off the screen and makes it look as mask says when it is shown the next time,
 /// with or without a thin line round its contents. The contents keep their size and their place.
 - (void)wearStyleMask:(NSUInteger)mask line:(BOOL)line;

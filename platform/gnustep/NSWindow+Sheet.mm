@@ -40,12 +40,29 @@ SheetBorder *borderIn(NSView *decoration) {
   return [self isVisible] && (_styleMask & kFramed) != 0 && ![self isSheet];
 }
 
+/// A window with a sheet passes the keyboard on to it, whoever gives it, and takes it to the front.
+- (void)makeKeyWindow {
+  if (_attachedSheet != nil) {
+    [_attachedSheet orderWindow:NSWindowAbove relativeTo:[self windowNumber]];
+    [_attachedSheet makeKeyWindow];
+    return;
+  }
+  if (![self isVisible] || [self isMiniaturized] || [self isKeyWindow]) return;
+  if (![self canBecomeKeyWindow]) return;
+  [[NSApp keyWindow] resignKeyWindow];
+  [self becomeKeyWindow];
+}
+
 @end
 
 @implementation NSWindow (SheetAppearance)
 
 - (void)attachSheet:(NSWindow *)sheet {
   [self setAttachedSheet:sheet];
+}
+
+- (void)leaveWindowServer {
+  [self _terminateBackendWindow];
 }
 
 - (void)wearStyleMask:(NSUInteger)mask line:(BOOL)line {
@@ -57,7 +74,7 @@ SheetBorder *borderIn(NSView *decoration) {
 
   // The window server gives a window its title bar when it makes the window and takes it away from
   // no living one. Ordered in, the window is made again, as deferred and one-shot windows are.
-  [self _terminateBackendWindow];
+  [self leaveWindowServer];
   _styleMask = mask;
 
   // The platform keeps these for the frame, which has just become another for the same contents.

@@ -146,8 +146,13 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   const BOOL wasUp = [self isUp];
   _state = SheetIsEnding;
   if (!wasUp || _parent == nil) return;
+  [self detach];
+}
+
+/// Also gives the keyboard back, before the sheet leaves the screen and the platform looks for a key
+/// window of its own choice.
+- (void)detach {
   [_parent attachSheet:nil];
-  // Before the sheet leaves the screen: the platform would look for a key window of its own choice.
   if ([_window isKeyWindow] && [_parent isVisible]) [_parent makeKeyWindow];
 }
 
@@ -161,7 +166,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
 - (void)dismiss {
   if (_state == SheetIsOver) return;
   NSWindow *const parent = _parent;
-  if ([parent attachedSheet] == _window) [parent attachSheet:nil];
+  if ([parent attachedSheet] == _window) [self detach];
   [self putAway];
   if (!_wasShown || parent == nil) return;
   [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidEndSheetNotification
@@ -169,8 +174,6 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
 }
 
 - (void)dismissWithoutParent {
-  // Else the platform would give the keyboard to the next best window, which is the dying one.
-  if ([_window isKeyWindow]) [_window resignKeyWindow];
   [self putAway];
 }
 

@@ -30,7 +30,6 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 
 @interface SheetQueue (Observing)
 - (void)parentMoved:(NSNotification *)notification;
-- (void)parentBecameKey:(NSNotification *)notification;
 - (void)parentCloses:(NSNotification *)notification;
 - (void)applicationCameBack:(NSNotification *)notification;
 @end
@@ -42,7 +41,6 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
     _sheets = [[NSMutableArray alloc] init];
     [self observe:NSWindowDidMoveNotification with:@selector(parentMoved:)];
     [self observe:NSWindowDidResizeNotification with:@selector(parentMoved:)];
-    [self observe:NSWindowDidBecomeKeyNotification with:@selector(parentBecameKey:)];
     [self observe:NSWindowWillCloseNotification with:@selector(parentCloses:)];
     [self observe:NSApplicationDidUnhideNotification with:@selector(applicationCameBack:)];
   }
@@ -130,7 +128,11 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 }
 
 - (void)windowIsBeingFreed:(NSWindow *)window {
-  for (Sheet *sheet in [self sheetsOf:window]) {
+  NSArray *const sheets = [self sheetsOf:window];
+  // When a sheet leaves the screen the platform looks through the windows that are on it, and would
+  // retain and release this one.
+  if ([sheets count] > 0) [window leaveWindowServer];
+  for (Sheet *sheet in sheets) {
     [self dropSheetsOf:[sheet window]];
     [_sheets removeObjectIdenticalTo:sheet];
     [sheet dismissWithoutParent];
@@ -211,11 +213,6 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 
 - (void)parentMoved:(NSNotification *)notification {
   [[self sheetOfWindow:[[notification object] attachedSheet]] followParent];
-}
-
-/// Whatever gave it the keyboard, a window with a sheet passes it on.
-- (void)parentBecameKey:(NSNotification *)notification {
-  [[[notification object] attachedSheet] makeKeyWindow];
 }
 
 - (void)parentCloses:(NSNotification *)notification {

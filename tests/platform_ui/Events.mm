@@ -37,6 +37,8 @@ void handlePostedEvents() {
     NSEvent *const event = [NSApp currentEvent];
     return [event type] == NSApplicationDefined && [event data1] == mark;
   });
+  // The queue was never empty, so the run loop has not run: it throws its dead timers away then.
+  [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate distantPast]];
 }
 
 void postClick(NSWindow *window, NSPoint place) {

@@ -69,6 +69,7 @@ TEST_F(Sheets, AParentMadeKeyGivesTheSheetTheKeyboard) {
   [second makeKeyAndOrderFront:nil];
   [parent makeKeyAndOrderFront:nil];
   EXPECT_EQ([NSApp keyWindow], sheet);
+  EXPECT_FALSE([parent isKeyWindow]);
   EXPECT_EQ([NSApp mainWindow], parent);
 }
 
