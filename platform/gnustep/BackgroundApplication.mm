@@ -2,6 +2,18 @@
 
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/QuietTheme.h"
+#import "platform/gnustep/SheetQueue.h"
+
+@interface NSApplication (PlatformPrivate)
+- (void)_windowWillDealloc:(NSWindow *)window;
+@end
+
+namespace {
+
+/// Shorter than anybody notices.
+constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
+
+}  // namespace
 
 @implementation BackgroundApplication
 
@@ -48,6 +60,79 @@
   _app_is_hidden = YES;
   _unhide_on_activation = YES;
   [center postNotificationName:NSApplicationDidHideNotification object:self];
+}
+
+- (void)dealloc {
+  [_sheetQueue release];
+  [super dealloc];
+}
+
+#pragma mark - Sheets
+
+- (SheetQueue *)sheetQueue {
+  if (_sheetQueue == nil) _sheetQueue = [[SheetQueue alloc] init];
+  return _sheetQueue;
+}
+
+- (void)beginSheet:(NSWindow *)sheet
+    modalForWindow:(NSWindow *)window
+     modalDelegate:(id)delegate
+    didEndSelector:(SEL)selector
+       contextInfo:(void *)contextInfo {
+  [[self sheetQueue] beginSheet:sheet
+                 modalForWindow:window
+                  modalDelegate:delegate
+                 didEndSelector:selector
+                    contextInfo:contextInfo];
+}
+
+- (void)endSheet:(NSWindow *)sheet {
+  [self endSheet:sheet returnCode:NSRunStoppedResponse];
+}
+
+- (void)endSheet:(NSWindow *)sheet returnCode:(NSInteger)code {
+  [_sheetQueue endSheet:sheet returnCode:code];
+}
+
+- (void)sendEvent:(NSEvent *)event {
+  if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
+  if (event != nil) [super sendEvent:event];
+}
+
+/// The platform's word from a window's dealloc: nothing here may retain it.
+- (void)_windowWillDealloc:(NSWindow *)window {
+  [super _windowWillDealloc:window];
+  [_sheetQueue windowIsBeingFreed:window];
+}
+
+#pragma mark - Modal sessions
+
+/// The platform's modal loop looks at its state when an event arrives, and at its events when one of
+/// its run loop's sources wakes it. A session that a timer ends would go on until the user moves the
+/// mouse, so this sees to both.
+- (void)stopModalWithCode:(NSInteger)code {
+  NSWindow *const window = [self modalWindow];
+  [super stopModalWithCode:code];
+  if (window == nil) return;
+  [self postEvent:[NSEvent otherEventWithType:NSApplicationDefined
+                                     location:NSZeroPoint
+                                modifierFlags:0
+                                    timestamp:0
+                                 windowNumber:[window windowNumber]
+                                      context:[window graphicsContext]
+                                      subtype:0
+                                        data1:0
+                                        data2:0]
+          atStart:NO];
+  // Also in the default mode, so that none is left over when the session has ended without it.
+  [self performSelector:@selector(wake)
+             withObject:nil
+             afterDelay:kWakeAfterSeconds
+                inModes:[NSArray arrayWithObjects:NSModalPanelRunLoopMode, NSDefaultRunLoopMode,
+                                                  nil]];
+}
+
+- (void)wake {
 }
 
 @end

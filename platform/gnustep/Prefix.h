@@ -6,4 +6,5 @@
 #import "platform/gnustep/NSObject+Accessibility.h"
 #import "platform/gnustep/NSPasteboard+Writing.h"
 #import "platform/gnustep/NSTokenField+Tokens.h"
+#import "platform/gnustep/NSWindow+Sheet.h"
 #endif

@@ -1,0 +1,89 @@
+#import "tests/platform_ui/AlertTest.h"
+
+#include "tests/support/Strings.h"
+
+/// What a timer can message.
+@interface ModalUserTarget : NSObject {
+ @public
+  ModalUser *user;
+}
+- (void)look:(NSTimer *)timer;
+@end
+
+@implementation ModalUserTarget
+- (void)look:(NSTimer *)timer {
+  (void)timer;
+  user->look();
+}
+@end
+
+namespace {
+
+constexpr NSTimeInterval kLookEverySeconds = 0.02;
+constexpr int kLooksUntilAborted = 500;
+
+void collect(NSView *view, Class viewClass, NSMutableArray *views) {
+  if ([view isKindOfClass:viewClass]) [views addObject:view];
+  for (NSView *subview in [view subviews]) collect(subview, viewClass, views);
+}
+
+}  // namespace
+
+ModalUser::ModalUser(std::vector<std::function<void(NSWindow *)>> steps)
+    : steps_(std::move(steps)) {
+  ModalUserTarget *const target = [[[ModalUserTarget alloc] init] autorelease];
+  target->user = this;
+  timer_ = [NSTimer timerWithTimeInterval:kLookEverySeconds
+                                   target:target
+                                 selector:@selector(look:)
+                                 userInfo:nil
+                                  repeats:YES];
+  [[NSRunLoop currentRunLoop] addTimer:timer_ forMode:NSModalPanelRunLoopMode];
+}
+
+ModalUser::~ModalUser() {
+  [timer_ invalidate];
+}
+
+void ModalUser::look() {
+  NSWindow *const window = [NSApp modalWindow];
+  if (![window isVisible]) return;
+  if (next_ < steps_.size()) {
+    steps_[next_++](window);
+  } else if (++looksAfterLast_ > kLooksUntilAborted) {
+    [NSApp abortModal];
+  }
+}
+
+AlertTest::~AlertTest() {
+  [alert release];
+}
+
+void AlertTest::begin(SEL didEnd) {
+  [alert beginSheetModalForWindow:parent
+                    modalDelegate:delegate
+                   didEndSelector:didEnd
+                      contextInfo:this];
+}
+
+NSArray *viewsOfClass(NSWindow *window, Class viewClass) {
+  NSMutableArray *const views = [NSMutableArray array];
+  collect([window contentView], viewClass, views);
+  return views;
+}
+
+std::string shownTexts(NSWindow *window) {
+  NSMutableArray *const texts = [NSMutableArray array];
+  for (NSTextField *field in viewsOfClass(window, [NSTextField class])) {
+    if ([[field stringValue] length] > 0) [texts addObject:[field stringValue]];
+  }
+  return text([texts componentsJoinedByString:@"|"]);
+}
+
+bool isReachable(NSButton *button) {
+  NSView *const content = [[button window] contentView];
+  const NSRect frame = [button convertRect:[button bounds] toView:content];
+  const NSPoint middle = NSMakePoint(NSMidX(frame), NSMidY(frame));
+  return NSContainsRect([content bounds], frame) &&
+         [content hitTest:[content convertPoint:middle toView:[content superview]]] == button;
+}

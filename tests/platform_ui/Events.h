@@ -1,0 +1,41 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include "tests/support/ChildProcess.h"
+
+/// Takes events from the application's queue, which also runs the run loop's default mode, and
+/// dispatches them until `condition` holds, at most a minute; answers whether it came to hold.
+template <class Condition>
+bool handleEventsUntil(Condition condition) {
+  return waitFor([&] {
+    if (condition()) return true;
+    @autoreleasepool {
+      NSEvent *const event =
+          [NSApp nextEventMatchingMask:NSAnyEventMask
+                             untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
+                                inMode:NSDefaultRunLoopMode
+                               dequeue:YES];
+      if (event != nil) [NSApp sendEvent:event];
+    }
+    return condition();
+  });
+}
+
+/// Dispatches what has been posted so far: until an event posted now has come out of the queue.
+void handlePostedEvents();
+
+/// A click of the left button at a place of the window's content, posted to the queue.
+void postClick(NSWindow *window, NSPoint place);
+
+/// A click in the middle of the control, wherever it lies.
+void postClick(NSView *control);
+
+/// Presses and releases of keys in the window, one for each character, posted to the queue.
+void postKeys(NSWindow *window, NSString *characters);
+
+/// What the window server says of a window, posted to the queue.
+void postWindowEvent(NSWindow *window, short subtype);
+
+/// Whether the visible part of the screen holds the whole window.
+bool isOnScreen(NSWindow *window);
