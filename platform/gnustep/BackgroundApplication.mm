@@ -1,11 +1,17 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
+#import "platform/gnustep/NSUserDefaults+Languages.h"
+
 @implementation BackgroundApplication
 
 + (BackgroundApplication *)sharedApplication {
   // Before the platform first uses the default. The user's own settings still win.
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+  // Left out of the build where the platform does it by itself.
+  if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
+    [NSUserDefaults adoptLanguagesOfUser];
+  }
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 
