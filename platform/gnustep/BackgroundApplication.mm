@@ -1,6 +1,7 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/NSUserDefaults+Languages.h"
 #import "platform/gnustep/QuietTheme.h"
 #import "platform/gnustep/SheetQueue.h"
 
@@ -23,6 +24,10 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
   installMacKeys();
   installQuietTheme();
+  // Left out of the build where the platform does it by itself.
+  if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
+    [NSUserDefaults adoptLanguagesOfUser];
+  }
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 

@@ -1,15 +1,35 @@
 #!/usr/bin/env python3
-"""Checks the string tables: each language has the same keys with the same format arguments, and
-every key that the application looks up is there."""
+"""Checks the string tables: each language has one, with the same keys and format arguments, every
+text is there, translated and well formed, every key that the application looks up has a text, and
+every key is used, in a source or as a visible text of an interface file."""
 
 import codecs
 import re
+import xml.etree.ElementTree as ElementTree
 from collections import Counter
+from pathlib import Path
 
-from project import APPLICATION_FOLDERS, Findings, read, run, tracked, without_comments
+from project import APPLICATION_FOLDERS, Findings, literals, read, run, tracked, without_comments
 
 TABLE_NAME = "Localizable.strings"
 REFERENCE = "en"
+LANGUAGES = ("en", "de", "fr", "es", "it", "pt-BR", "ja", "zh-Hans")
+
+# Texts that may be the same as in English: in every language, or in those named.
+EVERYWHERE = frozenset(LANGUAGES)
+SAME_AS_ENGLISH = {
+    "alertOkButtonTitleKey": EVERYWHERE,
+    "applicationMenuTitleKey": EVERYWHERE,
+    "downloadsLabelTextKey": {"de", "pt-BR"},
+    "noButtonTitleKey": {"es", "it"},
+    "personNameinAddressbookFormatKey": EVERYWHERE,
+    "veldaneBrisvaleMessageTextKey": EVERYWHERE,
+}
+# How a key looks in an interface file, where it stands in the place of a text, and the attributes
+# that nobody sees there.
+KEY = re.compile(r"[a-z]\w*Key")
+UNSEEN = ("customClass", "id", "key", "keyPath", "property", "selector", "userLabel")
+COLONS = (":", "\uff1a")
 
 TOKEN = re.compile(r'\s+|//[^\n]*|/\*.*?\*/|(?P<string>"(?:\\.|[^"\\])*")|(?P<mark>[=;])', re.DOTALL)
 ESCAPE = re.compile(r"\\(U[0-9a-fA-F]{4}|.)", re.DOTALL)
@@ -49,6 +69,17 @@ def entries_of(text):
         yield group[0][0], group[0][1][1:-1], group[2][1][1:-1]
 
 
+def unescaped(value):
+    """The text with its characters for their escapes, and U+FFFD for half a character."""
+    def character(match):
+        escape = match.group(1)
+        if len(escape) == 1:
+            return {"n": "\n", "t": "\t"}.get(escape, escape)
+        return chr(int(escape[1:], 16))
+    text = ESCAPE.sub(character, value)
+    return text.encode("utf-16", "surrogatepass").decode("utf-16", "replace")
+
+
 def arguments(value):
     """The format's arguments by position, so that a translation may reorder them."""
     found, following = Counter(), 1
@@ -60,8 +91,26 @@ def arguments(value):
     return found
 
 
+def check_entry(path, line, key, value, findings):
+    """What can be told of an entry by itself."""
+    for escape in ESCAPE.findall(key + value):
+        if escape == "U":
+            findings.add(path, line, f'"{key}": \\U needs four hexadecimal digits')
+        elif len(escape) == 1 and escape not in 'abfnrtv"\\\'':
+            findings.add(path, line, f'"{key}": unknown escape \\{escape}')
+    text = unescaped(value)
+    if "\ufffd" in text:
+        findings.add(path, line, f'"{key}": half of a pair of \\U escapes')
+    if "%" in CONVERSION.sub("", text):
+        findings.add(path, line, f'"{key}": a bare percent sign; every text may be a format')
+    if not text.strip():
+        findings.add(path, line, f'"{key}" has no text')
+    elif text != text.strip():
+        findings.add(path, line, f'"{key}": blanks at the beginning or the end')
+
+
 def table(root, path, findings):
-    """One table as {key: (line, value)}."""
+    """One table as {key: (line, text)}."""
     text, portable = text_of(root / path)
     if not portable:
         findings.add(path, 0, r"not plain ASCII: write \Uxxxx for other characters")
@@ -70,44 +119,83 @@ def table(root, path, findings):
         for line, key, value in entries_of(text):
             if key in found:
                 findings.add(path, line, f'"{key}" stands twice')
-            found[key] = line, value
-            for escape in ESCAPE.findall(key + value):
-                if len(escape) == 1 and escape not in 'abfnrtv"\\\'':
-                    findings.add(path, line, f'"{key}": unknown escape \\{escape}')
-            if "%" in CONVERSION.sub("", value):
-                findings.add(path, line, f'"{key}": a bare percent sign; every text may be a format')
+            found[key] = line, unescaped(value)
+            check_entry(path, line, key, value, findings)
     except ValueError as error:
         findings.add(path, error.args[0], 'not of the form "key" = "text";')
     return found
 
 
 def compare(reference, other, reference_path, path, findings):
-    for key, (line, value) in reference.items():
+    for key, (_, text) in reference.items():
         if key not in other:
             findings.add(path, 0, f'"{key}" of {reference_path} is missing')
-        elif arguments(value) != arguments(other[key][1]):
-            findings.add(path, other[key][0], f'"{key}": other format arguments than in {reference_path}')
+            continue
+        line, translation = other[key]
+        if arguments(text) != arguments(translation):
+            findings.add(path, line, f'"{key}": other format arguments than in {reference_path}')
+        if text == translation and language_of(path) not in SAME_AS_ENGLISH.get(key, ()):
+            findings.add(path, line, f'"{key}" is not translated')
+        if text.endswith(":") and not translation.endswith(COLONS):
+            findings.add(path, line, f'"{key}" ends without a colon')
     for key, (line, _) in other.items():
         if key not in reference:
             findings.add(path, line, f'"{key}" is not in {reference_path}')
+
+
+def language_of(path):
+    return path.parent.stem
+
+
+def texts_in(root, path, findings):
+    """Whatever stands in an interface file as text or as the value of an attribute that is seen."""
+    try:
+        elements = list(ElementTree.parse(root / path).iter())
+    except ElementTree.ParseError as error:
+        findings.add(path, error.position[0], "not well-formed XML")
+        return set()
+    attributes = {value for element in elements
+                  for name, value in element.attrib.items() if name not in UNSEEN}
+    return attributes | {(element.text or "").strip() for element in elements}
+
+
+def check_uses(root, reference_path, reference, findings):
+    """Every key that is looked up has a text, and every text somebody who shows it."""
+    used = set()
+    for path in tracked(root, suffixes=(".h", ".mm"), folders=APPLICATION_FOLDERS):
+        source = read(root, path)
+        used.update(literal for _, literal in literals(source))
+        code = without_comments(source)
+        for match in LOOKUP.finditer(code):
+            if match.group(1) not in reference:
+                line = code.count("\n", 0, match.start()) + 1
+                findings.add(path, line, f'no table has the key "{match.group(1)}"')
+    for path in tracked(root, suffixes=(".xib",), folders=("resources",)):
+        texts = texts_in(root, path, findings)
+        used |= texts
+        for text in sorted(texts):
+            if KEY.fullmatch(text) and text not in reference:
+                findings.add(path, 0, f'no table has the key "{text}"')
+    for key, (line, _) in reference.items():
+        if key not in used:
+            findings.add(reference_path, line, f'nothing uses "{key}"')
 
 
 def lint(root):
     findings = Findings()
     tables = {path: table(root, path, findings) for path in tracked(root, folders=("resources",))
               if path.name == TABLE_NAME}
-    reference_path = next((path for path in tables if path.parent.name == f"{REFERENCE}.lproj"), None)
+    paths = {language_of(path): path for path in tables}
+    for language in LANGUAGES:
+        if language not in paths:
+            missing = Path("resources", f"{language}.lproj", TABLE_NAME)
+            findings.add(missing, 0, "this language has no table")
+    reference_path = paths.get(REFERENCE)
     reference = tables.get(reference_path, {})
     for path, entries in tables.items():
         if reference_path and path != reference_path:
             compare(reference, entries, reference_path, path, findings)
-
-    for path in tracked(root, suffixes=(".h", ".mm"), folders=APPLICATION_FOLDERS):
-        code = without_comments(read(root, path))
-        for match in LOOKUP.finditer(code):
-            if match.group(1) not in reference:
-                line = code.count("\n", 0, match.start()) + 1
-                findings.add(path, line, f'no table has the key "{match.group(1)}"')
+    check_uses(root, reference_path, reference, findings)
     return findings
 
 

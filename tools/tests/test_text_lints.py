@@ -7,7 +7,6 @@ import fixed_texts
 import format as formatting
 import layering
 import script_syntax
-import string_tables
 
 
 class Layering(SampleProject):
@@ -146,56 +145,3 @@ class Format(SampleProject):
         self.assertEqual(formatting.lint(self.root), [])
         self.write("app/a.cpp", "int f( ) {return 1;}\n")
         self.assert_finds(formatting.lint(self.root), "app/a.cpp:1")
-
-
-class StringTables(SampleProject):
-    def table(self, language, content):
-        self.write(f"resources/{language}.lproj/Localizable.strings", content)
-
-    def find(self, *parts):
-        self.assert_finds(string_tables.lint(self.root), *parts)
-
-    def test_a_good_pair_passes(self):
-        self.table("en", '/* note */\n"a" = "%1$@ of %2$@ \\"x\\" 100%%"; // end\n')
-        self.table("fr", '"a" = "%2$@, \\U00e9 %1$@ 100%%";\n')
-        self.write("app/a.mm", 'localizedText(@"a");\n')
-        self.assertEqual(string_tables.lint(self.root), [])
-
-    def test_a_missing_and_a_surplus_key_are_found(self):
-        self.table("en", '"a" = "x";\n"b" = "x";\n')
-        self.table("fr", '"a" = "x";\n')
-        self.find("fr.lproj", '"b"', "missing")
-        self.table("fr", '"a" = "x";\n"b" = "x";\n"c" = "x";\n')
-        self.find("fr.lproj", ":3", '"c"')
-
-    def test_a_key_that_stands_twice_is_found(self):
-        self.table("en", '"a" = "x";\n"a" = "y";\n')
-        self.find(":2", "twice")
-
-    def test_a_bare_percent_sign_is_found(self):
-        for text in ("100%", "100% sure", "%", "50 %-off"):
-            with self.subTest(text):
-                self.table("en", f'"a" = "{text}";\n')
-                self.find("percent")
-
-    def test_other_format_arguments_are_found(self):
-        self.table("en", '"a" = "%@ %d";\n')
-        self.table("fr", '"a" = "%d %@";\n')
-        self.find("format arguments")
-
-    def test_other_characters_need_an_escape_or_a_mark(self):
-        self.table("en", '"a" = "é";\n')
-        self.find("ASCII")
-        self.table("en", '"a" = "é";\n'.encode("utf-16"))
-        self.assertEqual(string_tables.lint(self.root), [])
-        self.table("en", '"a" = "\\u00e9";\n')
-        self.find("escape")
-
-    def test_a_broken_table_is_found(self):
-        self.table("en", '"a" = "x";\n"b" = "y"\n"c" = "z";\n')
-        self.find(":2", "form")
-
-    def test_a_key_that_no_table_has_is_found(self):
-        self.table("en", '"a" = "x";\n')
-        self.write("send/a.mm", '// localizedText(@"c")\nlocalizedText(\n    @"b");\n')
-        self.find("send/a.mm:2", '"b"')
