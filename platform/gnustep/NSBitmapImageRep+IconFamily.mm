@@ -1,0 +1,72 @@
+#import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
+#include <algorithm>
+#include <cstdint>
+#include <span>
+
+/// The platform reads the pictures of an icon file in all sizes but 64 pixels, the size at which
+/// alerts show it, and would scale another one.
+@interface NSBitmapImageRep (IconFamily)
+@end
+
+namespace {
+
+constexpr uint32_t kFamilyType = 'icns';
+constexpr uint32_t kSixtyFourPixelsType = 'icp6';
+constexpr size_t kHeadBytes = 8;
+
+NSArray *(*platformReader)(id, SEL, NSData *);
+
+uint32_t bigEndian(std::span<const uint8_t> bytes, size_t offset) {
+  return uint32_t{bytes[offset]} << 24 | uint32_t{bytes[offset + 1]} << 16 |
+         uint32_t{bytes[offset + 2]} << 8 | uint32_t{bytes[offset + 3]};
+}
+
+/// The content of the file's 64-pixel picture, nil if there is none. Every element, like the whole
+/// file, begins with its type and its length, head included.
+NSData *sixtyFourPixels(NSData *file) {
+  std::span<const uint8_t> rest(static_cast<const uint8_t *>([file bytes]), [file length]);
+  if (rest.size() < kHeadBytes || bigEndian(rest, 0) != kFamilyType) return nil;
+  rest = rest.subspan(kHeadBytes);
+  while (rest.size() >= kHeadBytes) {
+    const size_t length = bigEndian(rest, 4);
+    if (length < kHeadBytes || length > rest.size()) return nil;
+    if (bigEndian(rest, 0) == kSixtyFourPixelsType) {
+      return [NSData dataWithBytes:rest.data() + kHeadBytes length:length - kHeadBytes];
+    }
+    rest = rest.subspan(length);
+  }
+  return nil;
+}
+
+/// What the platform reads, and the 64-pixel picture in front of the first larger one: the first
+/// decides on the image's size, and the last is what is scaled up where none is large enough.
+NSArray *representations(id self, SEL selector, NSData *data) {
+  NSArray *const known = platformReader(self, selector, data);
+  NSData *const content = sixtyFourPixels(data);
+  if (content == nil) return known;
+  NSBitmapImageRep *const found = [NSBitmapImageRep imageRepWithData:content];
+  if (found == nil) return known;
+  NSMutableArray *const all = [NSMutableArray arrayWithArray:known];
+  NSUInteger position = std::min<NSUInteger>(1, [all count]);
+  while (position < [all count] && [[all
+                                       objectAtIndex:position] pixelsWide] <= [found pixelsWide]) {
+    ++position;
+  }
+  [all insertObject:found atIndex:position];
+  return all;
+}
+
+}  // namespace
+
+@implementation NSBitmapImageRep (IconFamily)
+
++ (void)load {
+  // The class has this method of its own, so that replacing it reaches everybody.
+  Method const reader = class_getClassMethod(self, @selector(imageRepsWithData:));
+  platformReader = reinterpret_cast<NSArray *(*)(id, SEL, NSData *)>(
+      method_setImplementation(reader, reinterpret_cast<IMP>(representations)));
+}
+
+@end

@@ -1,0 +1,65 @@
+"""A small interface file for its lint to be tried on."""
+
+from sample import SampleProject
+
+import interface_files
+
+HEAD = """<?xml version="1.0" encoding="UTF-8"?>
+<document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0">
+<objects>
+"""
+TAIL = "</objects>\n</document>\n"
+# The line of the first thing that a test adds.
+FIRST = HEAD.count("\n") + 1
+
+HEADER = """
+@interface Tab : NSObject {
+ @private
+  IBOutlet NSButton *notify;
+}
+@property (assign) IBOutlet NSWindow *sheet;
+- (IBAction)send:(id)sender;
+- (void)notAnAction:(id)sender;
+@end
+"""
+# Every outlet connected.
+TAB = """<customObject id="tab" customClass="Tab"><connections>
+<outlet property="notify" destination="box" id="c1"/>
+<outlet property="sheet" destination="window" id="c2"/>
+</connections></customObject>
+<window id="window"/>
+"""
+RECT = '<rect key="frame" x="{}" y="{}" width="{}" height="{}"/>'
+
+
+def rect(*numbers):
+    return RECT.format(*numbers)
+
+
+def button(name="box", cell='title="known"', inside="", frame="", in_cell="", attributes=""):
+    return (f'<button id="{name}" {attributes}>{frame}<buttonCell key="cell" {cell}>{in_cell}'
+            f"</buttonCell>{inside}</button>\n")
+
+
+class SampleInterface(SampleProject):
+    """A test with the class Tab and a string table whose only key is "known"."""
+
+    def setUp(self):
+        super().setUp()
+        self.write("send/Tab.h", HEADER)
+        self.write("resources/en.lproj/Localizable.strings", '"known" = "Known";\n')
+
+    def interface(self, *objects, name="A"):
+        self.write(f"resources/{name}.xib", HEAD + "".join(objects) + TAIL)
+
+    def findings(self, *objects):
+        """What is found in a file of these objects."""
+        self.interface(*objects)
+        return interface_files.lint(self.root)
+
+    def passes(self, *objects):
+        self.assertEqual(self.findings(*objects), [])
+
+    def fails(self, line, objects, *parts):
+        """Exactly one finding, in the given line of the objects, counted from 1."""
+        self.assert_finds(self.findings(objects), f"resources/A.xib:{FIRST + line - 1}:", *parts)
