@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#import "tests/platform_ui/Events.h"
+#import "tests/support/Events.h"
 
 /// What a modal delegate was told.
 struct SheetEnd {

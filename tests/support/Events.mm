@@ -1,4 +1,4 @@
-#import "tests/platform_ui/Events.h"
+#import "tests/support/Events.h"
 
 namespace {
 

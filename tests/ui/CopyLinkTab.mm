@@ -1,0 +1,211 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+NSString *const kFileOperation = @"getLinkForFile:::::";
+
+struct CopyLinkTab : Windows {
+  NSWindow *window = nil;
+
+  /// Opens the window on the tab and presses its button.
+  void open(const SendOptions &options = {}) { window = [openSend(1, options) window]; }
+  void pressCopy() {
+    [button(window, @"Copy Link") performClick:nil];
+    handlePostedEvents();
+  }
+
+  void choose(NSString *downloads) {
+    NSPopUpButton *const numbers = popUp();
+    [[numbers menu] performActionForItemAtIndex:[numbers indexOfItemWithTitle:downloads]];
+  }
+  NSPopUpButton *popUp() {
+    return static_cast<NSPopUpButton *>(button(window, @"Unlimited"));
+  }
+
+  std::vector<std::string> alert() {
+    return [window attachedSheet] == nil ? std::vector<std::string>{}
+                                         : textsIn([window attachedSheet]);
+  }
+  bool alertShows(const std::string &wanted) {
+    const auto texts = alert();
+    return std::find(texts.begin(), texts.end(), wanted) != texts.end();
+  }
+};
+
+/// A folder of this test, and a file in it.
+NSString *temporaryFolder() {
+  return [NSString stringWithUTF8String:newTemporaryFolder().c_str()];
+}
+
+}  // namespace
+
+TEST_F(CopyLinkTab, TheNumberOfDownloadsStartsAtTheFirstItem) {
+  open();
+  EXPECT_EQ([popUp() indexOfSelectedItem], 0);
+  EXPECT_TRUE(([[popUp() itemTitles]
+      isEqual:@[ @"Unlimited", @"1", @"5", @"10", @"25", @"50", @"100" ]]));
+}
+
+TEST_F(CopyLinkTab, UnlimitedDownloadsReachTheAgentAsMinusOne) {
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  open();
+  pressCopy();
+  EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @0, @0, @"-1", @1 ]]))
+      << text(lastArguments());
+}
+
+TEST_F(CopyLinkTab, AnyOtherNumberReachesTheAgentAsItsTitle) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  for (NSString *title in @[ @"1", @"5", @"100" ]) {
+    open();
+    choose(title);
+    pressCopy();
+    EXPECT_EQ(text([lastArguments() objectAtIndex:3]), text(title));
+  }
+}
+
+TEST_F(CopyLinkTab, BothOptionsReachTheAgent) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  open();
+  [button(window, @"Notify me of each download") performClick:nil];
+  pressCopy();
+  EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @1, @0, @"-1", @1 ]]));
+  open();
+  [button(window, @"Ask for an e-mail address before the download") performClick:nil];
+  pressCopy();
+  EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @0, @1, @"-1", @1 ]]));
+}
+
+TEST_F(CopyLinkTab, ASuccessPutsTheLinkOnTheClipboardAndClosesTheWindowAfterThreeSeconds) {
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  open();
+  NSDate *const pressed = [NSDate date];
+  pressCopy();
+  EXPECT_EQ(text(clipboardText()), "https://x/y");
+  EXPECT_EQ([[[NSPasteboard generalPasteboard] types] count], 1u);
+  EXPECT_EQ(linesInLog("copy success = 1"), 1);
+  EXPECT_TRUE(alertShows("The link is on the clipboard."));
+  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+  EXPECT_GE(-[pressed timeIntervalSinceNow], 2.99);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_TRUE([delegate contextMenuFlag]);
+}
+
+TEST_F(CopyLinkTab, ARefusalEmptiesTheClipboardAndIsShownAndLeavesTheOptions) {
+  agent.answer(kFileOperation, refusal(1, @"quota"));
+  open();
+  choose(@"5");
+  NSButton *const notify = button(window, @"Notify me of each download");
+  [notify performClick:nil];
+  pressCopy();
+  EXPECT_EQ(clipboardText(), nil);
+  EXPECT_TRUE(alertShows("The link could not be copied."));
+  EXPECT_FALSE(alertShows("quota"));
+  [button([window attachedSheet], @"OK") performClick:nil];
+  handlePostedEvents();
+  EXPECT_EQ([window attachedSheet], nil);
+  EXPECT_TRUE([window isVisible]);
+  EXPECT_EQ([notify state], NSOnState);
+  EXPECT_NE(button(window, @"5"), nil);
+}
+
+TEST_F(CopyLinkTab, AnEmptyReplyIsTheCannotConnectAlert) {
+  open();
+  pressCopy();
+  EXPECT_TRUE(alertShows("Brisvale cannot be reached."));
+  EXPECT_EQ(clipboardText(), nil);
+}
+
+TEST_F(CopyLinkTab, NoReplyAtAllIsTheCannotConnectAlertAndALaterTrySucceeds) {
+  agent.setScript(@{kFileOperation : @[ @{@"nil" : @1}, @{@"reply" : success(@"https://x/2")} ]});
+  open();
+  pressCopy();
+  EXPECT_TRUE(alertShows("Brisvale cannot be reached."));
+  [button([window attachedSheet], @"OK") performClick:nil];
+  handlePostedEvents();
+  pressCopy();
+  EXPECT_EQ(text(clipboardText()), "https://x/2");
+}
+
+TEST_F(CopyLinkTab, ASecondClickBehindTheAlertDoesNothing) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  open();
+  postClick(button(window, @"Copy Link"));
+  postClick(button(window, @"Copy Link"));
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] != nil; }));
+  handlePostedEvents();
+  EXPECT_EQ([[agent.calls() filteredArrayUsingPredicate:
+                 [NSPredicate predicateWithFormat:@"operation == %@", kFileOperation]] count],
+            1u);
+}
+
+TEST_F(CopyLinkTab, AFolderOnDiskIsAFolderWhateverTheOpenerSaid) {
+  NSString *const folder = temporaryFolder();
+  open({.item = folder, .isFolder = NO, .isFileId = NO});
+  pressCopy();
+  EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFolder:::::");
+  EXPECT_EQ(linesInLog("is folder"), 1);
+  EXPECT_TRUE(([lastArguments() isEqual:@[ folder, @0, @0, @"-1", @0 ]])) << text(lastArguments());
+}
+
+TEST_F(CopyLinkTab, AFileOnDiskIsAFileWhateverTheOpenerSaid) {
+  NSString *const file = [temporaryFolder() stringByAppendingPathComponent:@"f"];
+  [@"x" writeToFile:file atomically:NO encoding:NSUTF8StringEncoding error:NULL];
+  open({.item = file, .isFolder = YES, .isFileId = NO});
+  pressCopy();
+  EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFile:::::");
+  EXPECT_EQ(linesInLog("is folder"), 0);
+}
+
+TEST_F(CopyLinkTab, AVanishedItemIsAskedForAsAFile) {
+  open({.item = @"/nowhere/at/all", .isFolder = YES, .isFileId = NO});
+  pressCopy();
+  EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFile:::::");
+}
+
+TEST_F(CopyLinkTab, ForAServerIdTheOpenersKindDecides) {
+  open({.item = @"/tmp", .isFolder = NO, .isFileId = YES});
+  pressCopy();
+  EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFile:::::");
+  open({.item = @"id", .isFolder = YES, .isFileId = YES});
+  pressCopy();
+  EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFolder:::::");
+}
+
+TEST_F(CopyLinkTab, AMixedCheckBoxIsNotChecked) {
+  CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
+  NSButton *const box = [[[NSButton alloc] initWithFrame:NSMakeRect(0, 0, 100, 20)] autorelease];
+  [box setButtonType:NSSwitchButton];
+  [box setAllowsMixedState:YES];
+  [box setState:NSMixedState];
+  EXPECT_FALSE([controller checkBoxState:box]);
+  [box setState:NSOffState];
+  EXPECT_FALSE([controller checkBoxState:box]);
+  [box setState:NSOnState];
+  EXPECT_TRUE([controller checkBoxState:box]);
+  EXPECT_FALSE([controller checkBoxState:nil]);
+}
+
+TEST_F(CopyLinkTab, TheSpinnerIsHiddenBeforeAndAfter) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  open();
+  NSProgressIndicator *spinner = nil;
+  for (NSView *view in [[popUp() superview] subviews]) {
+    if ([view isKindOfClass:[NSProgressIndicator class]]) {
+      spinner = static_cast<NSProgressIndicator *>(view);
+    }
+  }
+  ASSERT_NE(spinner, nil);
+  EXPECT_TRUE([spinner isHidden]);
+  pressCopy();
+  EXPECT_TRUE([spinner isHidden]);
+}
+
+TEST_F(CopyLinkTab, ReturnPressesCopyLink) {
+  agent.answer(kFileOperation, success(@"https://x/by-key"));
+  open();
+  postKeys(window, @"\r");
+  EXPECT_TRUE(handleEventsUntil([] { return clipboardText() != nil; }));
+  handlePostedEvents();
+  EXPECT_EQ(text(clipboardText()), "https://x/by-key");
+}

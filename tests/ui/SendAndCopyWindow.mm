@@ -1,0 +1,170 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+const std::string kClosedByOpener = "recieve Notification close send/copy window.";
+
+struct SendAndCopyWindow : Windows {};
+
+NSInteger selectedTab(SendAndCopyTabController *controller) {
+  NSTabView *const tabs = [controller sendAndCopyTab];
+  return [tabs indexOfTabViewItem:[tabs selectedTabViewItem]];
+}
+
+}  // namespace
+
+TEST_F(SendAndCopyWindow, PositionOneShowsTheCopyLinkTabAndZeroTheSendTab) {
+  SendAndCopyTabController *controller = openSend(1);
+  ASSERT_NE(controller, nil);
+  EXPECT_EQ(selectedTab(controller), 1);
+  controller = openSend(0);
+  ASSERT_NE(controller, nil);
+  EXPECT_EQ(selectedTab(controller), 0);
+}
+
+TEST_F(SendAndCopyWindow, AnIndexSetBeforeLoadingHasTheSameEffectThroughTheProperty) {
+  SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
+  [controller setDefaultTab:1];
+  [controller showWindow:nil];
+  EXPECT_EQ(selectedTab(controller), 1);
+}
+
+TEST_F(SendAndCopyWindow, AnIndexGivenAfterLoadingHasNoVisibleEffect) {
+  SendAndCopyTabController *const controller = openSend(0);
+  [controller selectTabAtPosition:1];
+  handlePostedEvents();
+  EXPECT_EQ([controller defaultTab], 1);
+  EXPECT_EQ(selectedTab(controller), 0);
+}
+
+TEST_F(SendAndCopyWindow, AnIndexOutsideTheTabsShowsTheFirst) {
+  for (const std::int64_t odd : {std::int64_t{-1}, std::int64_t{2}, INT64_MIN, INT64_MAX}) {
+    [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                        object:nil];
+    SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
+    [controller selectTabAtPosition:odd];
+    [controller showWindow:nil];
+    EXPECT_EQ(selectedTab(controller), 0) << odd;
+  }
+}
+
+TEST_F(SendAndCopyWindow, IsNotLoadedByInit) {
+  SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
+  EXPECT_FALSE([controller isWindowLoaded]);
+  EXPECT_EQ(text([controller windowNibName]), "MainWindow");
+  [controller showWindow:nil];
+}
+
+TEST_F(SendAndCopyWindow, OpeningItTwiceLeavesExactlyOneWindow) {
+  SendAndCopyTabController *const first = openSend();
+  countEndsOf([SendAndCopyTabController class]);
+  SendAndCopyTabController *const second = openSend();
+  EXPECT_NE(second, nil);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(visibleWindows().size(), 1u);
+  EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
+  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+}
+
+TEST_F(SendAndCopyWindow, DoesNotCloseItselfWhenItIsOpened) {
+  openSend();
+  EXPECT_EQ(linesInLog(kClosedByOpener), 0);
+  EXPECT_EQ(linesInLog("window closed"), 0);
+}
+
+namespace {
+
+/// A way to close the window.
+struct Closing {
+  const char *name;
+  void (*close)(SendAndCopyTabController *);
+};
+
+void byTheCloseButton(SendAndCopyTabController *controller) {
+  [[controller window] performClose:nil];
+}
+void byClose(SendAndCopyTabController *controller) {
+  [controller close];
+}
+void byTheNotification(SendAndCopyTabController *) {
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                      object:nil];
+}
+void byCancelOnTheSendTab(SendAndCopyTabController *controller) {
+  [Windows::button([controller window], @"Cancel") performClick:nil];
+}
+void byCancelOnTheCopyTab(SendAndCopyTabController *controller) {
+  [[controller sendAndCopyTab] selectTabViewItemAtIndex:1];
+  [Windows::button([controller window], @"Cancel") performClick:nil];
+}
+void byEscape(SendAndCopyTabController *controller) {
+  postKeys([controller window], @"\x1b");
+}
+
+struct SendAndCopyWindowClosed : Windows, testing::WithParamInterface<Closing> {};
+
+}  // namespace
+
+TEST_P(SendAndCopyWindowClosed, LogsOnceEnablesTheMenuHidesAndEndsTheController) {
+  SendAndCopyTabController *const controller = openSend();
+  ASSERT_NE(controller, nil);
+  EXPECT_FALSE([delegate contextMenuFlag]);
+  countEndsOf([SendAndCopyTabController class]);
+  countEndsOf([SendFileController class]);
+  countEndsOf([CopyLinkController class]);
+  GetParam().close(controller);
+  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+  handlePostedEvents();
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_TRUE([delegate contextMenuFlag]);
+  EXPECT_TRUE([NSApp isHidden]);
+  EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
+  EXPECT_EQ(ended([SendFileController class]), 1);
+  EXPECT_EQ(ended([CopyLinkController class]), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ByAnyPath, SendAndCopyWindowClosed,
+    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
+                    Closing{"Notification", byTheNotification},
+                    Closing{"CancelOnSendTab", byCancelOnTheSendTab},
+                    Closing{"CancelOnCopyTab", byCancelOnTheCopyTab}, Closing{"Escape", byEscape}),
+    [](const auto &info) { return info.param.name; });
+
+TEST_F(SendAndCopyWindow, IsNoObserverAnyMoreWhenItHasGone) {
+  openSend();
+  byTheNotification(nil);
+  byTheNotification(nil);
+  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+}
+
+TEST_F(SendAndCopyWindow, CopiesTheFilePathThatItIsGiven) {
+  SendAndCopyTabController *const controller = openSend();
+  NSMutableString *const path = [NSMutableString stringWithString:@"/a"];
+  [controller setFilePath:path];
+  [path appendString:@"/b"];
+  EXPECT_EQ(text([controller filePath]), "/a");
+}
+
+TEST_F(SendAndCopyWindow, TheKeyboardBeginsAtTheFirstControlOfTheShownTab) {
+  NSWindow *window = [openSend(0) window];
+  EXPECT_TRUE([[window firstResponder] isKindOfClass:[NSTextView class]]);
+  window = [openSend(1) window];
+  EXPECT_TRUE([[window firstResponder] isKindOfClass:[NSPopUpButton class]])
+      << text([window firstResponder]);
+}
+
+TEST_F(SendAndCopyWindow, TabGoesThroughAllControlsOfTheCopyTabAndAround) {
+  NSWindow *const window = [openSend(1) window];
+  std::vector<id> seen;
+  for (int i = 0; i < 12; ++i) {
+    seen.push_back([window firstResponder]);
+    postKeys(window, @"\t");
+    handlePostedEvents();
+  }
+  for (NSString *title in @[ @"Cancel", @"Copy Link", @"Notify me of each download" ]) {
+    EXPECT_NE(std::find(seen.begin(), seen.end(), button(window, title)), seen.end())
+        << text(title);
+  }
+}

@@ -1,0 +1,141 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+const std::string kClosedByOpener = "recieve Notification - close share folder window";
+
+struct ShareWindow : Windows {};
+
+NSInteger selectedTab(BrisvaleTabController *controller) {
+  NSTabView *const tabs = [controller shareFolderTab];
+  return [tabs indexOfTabViewItem:[tabs selectedTabViewItem]];
+}
+
+}  // namespace
+
+TEST_F(ShareWindow, PositionZeroShowsThePermissionsAndOneTheInvitation) {
+  BrisvaleTabController *controller = openShare(0);
+  ASSERT_NE(controller, nil);
+  EXPECT_EQ(selectedTab(controller), 0);
+  EXPECT_EQ(text([[[controller shareFolderTab] selectedTabViewItem] label]), "People");
+  controller = openShare(1);
+  ASSERT_NE(controller, nil);
+  EXPECT_EQ(selectedTab(controller), 1);
+  EXPECT_EQ(text([[[controller shareFolderTab] selectedTabViewItem] label]), "Invite");
+}
+
+TEST_F(ShareWindow, OpeningItTwiceClosesTheOldOneAndShowsANewOne) {
+  BrisvaleTabController *const first = openShare();
+  countEndsOf([BrisvaleTabController class]);
+  BrisvaleTabController *const second = openShare();
+  EXPECT_NE(second, nil);
+  EXPECT_NE(first, second);
+  EXPECT_EQ(visibleWindows().size(), 1u);
+  EXPECT_EQ(ended([BrisvaleTabController class]), 1);
+  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_FALSE([delegate contextMenuFlag]);
+  EXPECT_FALSE([NSApp isHidden]);
+}
+
+TEST_F(ShareWindow, OpeningItClosesTheSendWindowInTheSameWay) {
+  openSend();
+  countEndsOf([SendAndCopyTabController class]);
+  EXPECT_NE(openShare(), nil);
+  EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
+  EXPECT_EQ(linesInLog("recieve Notification close send/copy window."), 1);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+}
+
+TEST_F(ShareWindow, OpeningTheSendWindowClosesIt) {
+  openShare();
+  countEndsOf([BrisvaleTabController class]);
+  EXPECT_NE(openSend(), nil);
+  EXPECT_EQ(ended([BrisvaleTabController class]), 1);
+  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+}
+
+TEST_F(ShareWindow, AnIndexGivenAfterLoadingHasNoVisibleEffect) {
+  BrisvaleTabController *const controller = openShare(0);
+  [controller selectTabAtPosition:1];
+  handlePostedEvents();
+  EXPECT_EQ(selectedTab(controller), 0);
+}
+
+TEST_F(ShareWindow, AnIndexOutsideTheTabsShowsTheFirst) {
+  BrisvaleTabController *const controller = openShare(7);
+  ASSERT_NE(controller, nil);
+  EXPECT_EQ(selectedTab(controller), 0);
+}
+
+namespace {
+
+struct Closing {
+  const char *name;
+  void (*close)(BrisvaleTabController *);
+};
+
+void byTheCloseButton(BrisvaleTabController *controller) {
+  [[controller window] performClose:nil];
+}
+void byClose(BrisvaleTabController *controller) {
+  [controller close];
+}
+void byTheNotification(BrisvaleTabController *) {
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                      object:nil];
+}
+void byDone(BrisvaleTabController *controller) {
+  [Windows::button([controller window], @"Done") performClick:nil];
+}
+void byReturn(BrisvaleTabController *controller) {
+  postKeys([controller window], @"\r");
+}
+void byCancelOnTheInviteTab(BrisvaleTabController *controller) {
+  [[controller shareFolderTab] selectTabViewItemAtIndex:1];
+  [Windows::button([controller window], @"Cancel") performClick:nil];
+}
+
+struct ShareWindowClosed : Windows, testing::WithParamInterface<Closing> {};
+
+}  // namespace
+
+TEST_P(ShareWindowClosed, RunsTheSamePath) {
+  BrisvaleTabController *const controller = openShare();
+  ASSERT_NE(controller, nil);
+  EXPECT_FALSE([delegate contextMenuFlag]);
+  countEndsOf([BrisvaleTabController class]);
+  countEndsOf([InviteTabController class]);
+  GetParam().close(controller);
+  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+  handlePostedEvents();
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_TRUE([delegate contextMenuFlag]);
+  EXPECT_TRUE([NSApp isHidden]);
+  EXPECT_EQ(ended([BrisvaleTabController class]), 1);
+  EXPECT_EQ(ended([InviteTabController class]), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    ByAnyPath, ShareWindowClosed,
+    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
+                    Closing{"Notification", byTheNotification}, Closing{"Done", byDone},
+                    Closing{"Return", byReturn},
+                    Closing{"CancelOnInviteTab", byCancelOnTheInviteTab}),
+    [](const auto &info) { return info.param.name; });
+
+TEST_F(ShareWindow, BothTabsEndUpWithTheFolderAndTheKindOfItsReference) {
+  BrisvaleTabController *const controller = openShare(0, @"id-9");
+  EXPECT_EQ(text([[controller givePermissionTab] filePath]), "id-9");
+  EXPECT_TRUE([[controller givePermissionTab] isFileId]);
+  EXPECT_EQ(text([[controller sendInviteTab] filePath]), "id-9");
+  EXPECT_TRUE([[controller sendInviteTab] isFileId]);
+}
+
+TEST_F(ShareWindow, AccessIsReadOnlyUntilSomebodyChoosesOtherwise) {
+  NSWindow *const window = [openShare(1) window];
+  NSButton *const access = button(window, @"Read only");
+  ASSERT_TRUE([access isKindOfClass:[NSPopUpButton class]]);
+  EXPECT_EQ([static_cast<NSPopUpButton *>(access) indexOfSelectedItem], 1);
+  EXPECT_EQ(text([static_cast<NSPopUpButton *>(access) itemTitleAtIndex:0]), "Read and write");
+}

@@ -1,0 +1,97 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+struct SuccessSheet : Windows {
+  static bool shows(NSWindow *window, const std::string &wanted) {
+    const auto texts = textsIn(window);
+    return std::find(texts.begin(), texts.end(), wanted) != texts.end();
+  }
+};
+
+}  // namespace
+
+TEST_F(SuccessSheet, EndsTheSendWindowAfterThreeSeconds) {
+  SendAndCopyTabController *const controller = openSend();
+  NSWindow *const window = [controller window];
+  NSDate *const shown = [NSDate date];
+  [[controller sendFile] showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
+  ASSERT_NE([window attachedSheet], nil);
+  EXPECT_TRUE(shows([window attachedSheet], "The link to the file has been sent."));
+  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+  EXPECT_GE(-[shown timeIntervalSinceNow], 2.99);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+}
+
+TEST_F(SuccessSheet, LeavesTheShareWindowOpenWithTheSheetGone) {
+  BrisvaleTabController *const controller = openShare(1);
+  NSWindow *const window = [controller window];
+  [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  ASSERT_NE([window attachedSheet], nil);
+  EXPECT_TRUE(shows([window attachedSheet], "The folder is now shared."));
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_TRUE([window isVisible]);
+  EXPECT_EQ(linesInLog("window closed"), 0);
+}
+
+TEST_F(SuccessSheet, IsTheSameInThePermissionsTab) {
+  BrisvaleTabController *const controller = openShare(0);
+  NSWindow *const window = [controller window];
+  [[controller givePermissionTab] showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
+  EXPECT_TRUE(shows([window attachedSheet], "The access has been changed."));
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_TRUE([window isVisible]);
+}
+
+TEST_F(SuccessSheet, HasNothingThatWouldEndItEarly) {
+  SendAndCopyTabController *const controller = openSend(1);
+  NSWindow *const window = [controller window];
+  [[controller sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+  postKeys([window attachedSheet], @"\x1b");
+  postKeys([window attachedSheet], @"\r");
+  postKeys(window, @"\x1b");
+  handlePostedEvents();
+  EXPECT_NE([window attachedSheet], nil);
+  EXPECT_TRUE([window isVisible]);
+}
+
+TEST_F(SuccessSheet, AKeyWithoutATextIsAnEmptyLineAndALineInTheLog) {
+  BrisvaleTabController *const controller = openShare(1);
+  [[controller sendInviteTab] showSuccessModalWindow:@"noSuchTextKey"];
+  ASSERT_NE([[controller window] attachedSheet], nil);
+  EXPECT_EQ(text([[[controller sendInviteTab] modalWindowText] stringValue]), "");
+  EXPECT_EQ(linesInLog("No text for \"noSuchTextKey\""), 1);
+}
+
+TEST_F(SuccessSheet, TwoInARowEndAfterThreeSecondsOfTheFirst) {
+  BrisvaleTabController *const controller = openShare(1);
+  NSWindow *const window = [controller window];
+  [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  [[controller sendInviteTab] showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
+  EXPECT_TRUE(shows([window attachedSheet], "The access has been changed."));
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_TRUE([window isVisible]);
+  EXPECT_EQ([[[controller sendInviteTab] modalWindow] isVisible], NO);
+}
+
+TEST_F(SuccessSheet, AnAlertShownWhileItIsUpWaitsForItsEnd) {
+  BrisvaleTabController *const controller = openShare(1);
+  NSWindow *const window = [controller window];
+  NSWindow *const sheet = [[controller sendInviteTab] modalWindow];
+  [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  NSAlert *const alert = [[[NSAlert alloc] init] autorelease];
+  [alert setMessageText:@"afterwards"];
+  [alert beginSheetModalForWindow:window modalDelegate:nil didEndSelector:NULL contextInfo:NULL];
+  EXPECT_EQ([window attachedSheet], sheet);
+  EXPECT_TRUE(handleEventsUntil([&] {
+    return [window attachedSheet] != nil && [window attachedSheet] != sheet;
+  }));
+  EXPECT_TRUE(shows([window attachedSheet], "afterwards"));
+}
+
+TEST_F(SuccessSheet, BringsTheWindowAndTheApplicationToTheFront) {
+  SendAndCopyTabController *const controller = openSend(1);
+  [NSApp deactivate];
+  [[controller sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+  EXPECT_TRUE(handleEventsUntil([] { return [NSApp isActive]; }));
+}

@@ -1,0 +1,127 @@
+#import "tests/ui/Windows.h"
+
+#include <cstdio>
+
+#include <unistd.h>
+
+namespace {
+
+constexpr int kOpenings = 200;
+/// What the platform may keep for itself (caches, fragmentation), far below what one window takes
+/// when it is left behind 200 times.
+constexpr long kFlatKilobytes = 4096;
+
+struct WindowLifetimes : Windows {
+  static long residentKilobytes() {
+    long total = 0;
+    long resident = 0;
+    FILE *const file = std::fopen("/proc/self/statm", "r");
+    if (std::fscanf(file, "%ld %ld", &total, &resident) != 2) resident = -1;
+    std::fclose(file);
+    return resident * (sysconf(_SC_PAGESIZE) / 1024);
+  }
+
+  /// Does it 50 times to fill the platform's caches, then 200 times, and expects memory, windows
+  /// and ends of `cls` as they should be.
+  template <class Once>
+  void expectFlat(Class cls, Once once) {
+    for (int i = 0; i < 50; ++i) {
+      @autoreleasepool {
+        once();
+      }
+    }
+    const NSUInteger windows = [[NSApp windows] count];
+    const long before = residentKilobytes();
+    countEndsOf(cls);
+    for (int i = 0; i < kOpenings; ++i) {
+      @autoreleasepool {
+        once();
+      }
+    }
+    EXPECT_EQ(ended(cls), kOpenings);
+    EXPECT_LE([[NSApp windows] count], windows);
+#if !__has_feature(address_sanitizer) && !__has_feature(thread_sanitizer)
+    EXPECT_LE(residentKilobytes() - before, kFlatKilobytes);
+#else
+    (void)before;  // a sanitizer keeps freed memory for a while
+#endif
+  }
+
+  static void closeAll() {
+    [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                        object:nil];
+    handlePostedEvents();
+  }
+};
+
+}  // namespace
+
+TEST_F(WindowLifetimes, TheSendWindowLeavesNothingBehind) {
+  expectFlat([SendAndCopyTabController class], [&] {
+    openSend(1);
+    closeAll();
+  });
+}
+
+TEST_F(WindowLifetimes, TheShareWindowLeavesNothingBehind) {
+  expectFlat([BrisvaleTabController class], [&] {
+    openShare(0);
+    closeAll();
+  });
+}
+
+TEST_F(WindowLifetimes, EachOpenerClosingTheWindowBeforeLeavesNothingBehind) {
+  expectFlat([SendAndCopyTabController class], [&] {
+    openSend(0);
+    openShare(1);
+  });
+}
+
+TEST_F(WindowLifetimes, AnAlertThatIsUpWhenAnotherWindowOpensLeavesNothingBehind) {
+  expectFlat([SendAndCopyTabController class], [&] {
+    NSWindow *const window = [openSend(1) window];
+    [button(window, @"Copy Link") performClick:nil];
+    EXPECT_NE([window attachedSheet], nil);
+    closeAll();
+  });
+}
+
+TEST_F(WindowLifetimes, ASuccessSheetThatIsUpWhenAnotherWindowOpensLeavesNothingBehind) {
+  countEndsOf([SendFileController class]);
+  countEndsOf([CopyLinkController class]);
+  for (int i = 0; i < kOpenings; ++i) {
+    @autoreleasepool {
+      SendAndCopyTabController *const controller = openSend(i % 2);
+      [[controller sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+      [[controller sendFile] showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
+      closeAll();
+    }
+  }
+  // The timers keep the tab controllers, and their panel, until they have fired.
+  EXPECT_TRUE(handleEventsUntil([] {
+    return ended([SendFileController class]) == kOpenings &&
+           ended([CopyLinkController class]) == kOpenings;
+  }));
+  EXPECT_EQ(linesInLog("window closed"), kOpenings);
+}
+
+TEST_F(WindowLifetimes, ATimerThatFiresAfterItsWindowWasClosedLeavesTheNextOneOpen) {
+  [[openSend(1) sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+  countEndsOf([CopyLinkController class]);
+  NSWindow *const next = [openSend(1) window];
+  EXPECT_TRUE(handleEventsUntil([] { return ended([CopyLinkController class]) == 1; }));
+  EXPECT_TRUE([next isVisible]);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+}
+
+TEST_F(WindowLifetimes, APermissionsTabThatHasEndedHearsOfNoInvitation) {
+  for (int i = 0; i < kOpenings; ++i) {
+    @autoreleasepool {
+      openShare(0);
+      closeAll();
+      [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
+                                                          object:nil];
+    }
+  }
+  EXPECT_EQ(linesInLog("window closed"), kOpenings);
+}

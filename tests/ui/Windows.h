@@ -1,0 +1,68 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#import <AppKit/AppKit.h>
+
+#import "plugin/ContextMenuProxy.h"
+#import "send/CopyLinkController.h"
+#import "send/SendAndCopyTabController.h"
+#import "send/SendFileController.h"
+#import "share/BrisvaleTabController.h"
+#import "share/InviteTabController.h"
+#import "share/PermissionTabController.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Events.h"
+#include "tests/support/Strings.h"
+#include "tests/ui/Application.h"
+
+/// The windows of the application as the plug-in opens them, from the real interface files, against
+/// an agent in another process.
+struct Windows : testing::Test {
+  AgentProcess agent;
+  ContextMenuAppAppDelegate *delegate = loadedDelegate();
+  ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
+  CapturedLog log;
+
+  Windows();
+  ~Windows() override;
+
+  struct SendOptions {
+    NSString *item = @"id-1";
+    NSString *name = @"Quarterly figures.csv";
+    BOOL isMyDocs = NO;
+    BOOL isFolder = NO;
+    BOOL isFileId = YES;
+  };
+
+  /// Opens the send and copy-link window with the plug-in's operation; its controller, nil when
+  /// there is no window.
+  SendAndCopyTabController *openSend(int tab, const SendOptions &options);
+  SendAndCopyTabController *openSend(int tab = 0);
+
+  /// Opens the share window with the plug-in's operation.
+  BrisvaleTabController *openShare(int tab = 0, NSString *item = @"id-2");
+
+  /// The windows of the application that can be seen, sheets and panels left out.
+  static std::vector<NSWindow *> visibleWindows();
+
+  /// The view of this class whose title, label or text is this, in the window as it is shown.
+  static NSButton *button(NSWindow *window, NSString *title);
+
+  /// All texts that can be read in a window.
+  static std::vector<std::string> textsIn(NSWindow *window);
+
+  /// How many log lines are exactly this one.
+  long linesInLog(const std::string &line) const;
+
+  /// How many controllers of this class have ended since the test began to count.
+  static int ended(Class cls);
+  static void countEndsOf(Class cls);
+
+  /// The arguments of the agent's last call.
+  NSArray *lastArguments() const;
+};

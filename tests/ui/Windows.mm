@@ -1,0 +1,122 @@
+#import "tests/ui/Windows.h"
+
+#include <algorithm>
+#include <map>
+
+#import "platform/gnustep/DeallocHook.h"
+
+namespace {
+
+std::map<std::string, int> &ends() {
+  static std::map<std::string, int> counted;
+  return counted;
+}
+
+void countEnd(id object) {
+  ++ends()[[NSStringFromClass([object class]) UTF8String]];
+}
+
+/// The controller of the only window that can be seen.
+template <class Controller>
+Controller *shownController(Class cls) {
+  const auto windows = Windows::visibleWindows();
+  if (windows.size() != 1) return nil;
+  id const controller = [windows.front() windowController];
+  return [controller isKindOfClass:cls] ? controller : nil;
+}
+
+NSButton *buttonIn(NSView *view, NSString *title) {
+  if ([view isKindOfClass:[NSButton class]] &&
+      [[static_cast<NSButton *>(view) title] isEqualToString:title]) {
+    return static_cast<NSButton *>(view);
+  }
+  for (NSView *subview in [view subviews]) {
+    if (NSButton *const found = buttonIn(subview, title)) return found;
+  }
+  return nil;
+}
+
+void addTexts(NSView *view, std::vector<std::string> &texts) {
+  if ([view isHidden]) return;
+  if ([view isKindOfClass:[NSTextField class]]) {
+    texts.push_back(text([static_cast<NSTextField *>(view) stringValue]));
+  } else if ([view isKindOfClass:[NSButton class]]) {
+    texts.push_back(text([static_cast<NSButton *>(view) title]));
+  } else if ([view isKindOfClass:[NSTabView class]]) {
+    for (NSTabViewItem *item in [static_cast<NSTabView *>(view) tabViewItems]) {
+      texts.push_back(text([item label]));
+    }
+  }
+  for (NSView *subview in [view subviews]) addTexts(subview, texts);
+}
+
+}  // namespace
+
+Windows::Windows() {
+  [delegate setContextMenuFlag:YES];
+  fillClipboard();
+}
+
+Windows::~Windows() {
+  // As another opener would.
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                      object:nil];
+  [proxy release];
+}
+
+SendAndCopyTabController *Windows::openSend(int tab, const SendOptions &options) {
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  [proxy LaunchSendCopyLinkTab:options.item:options.name:options.isMyDocs:options.isFolder
+                              :static_cast<BOOL>(tab):options.isFileId];
+  // clang-format on
+  handlePostedEvents();
+  return shownController<SendAndCopyTabController>([SendAndCopyTabController class]);
+}
+
+SendAndCopyTabController *Windows::openSend(int tab) {
+  return openSend(tab, {});
+}
+
+BrisvaleTabController *Windows::openShare(int tab, NSString *item) {
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  [proxy LaunchShareFolderTab:item:@"unused":YES:static_cast<BOOL>(tab):YES];
+  // clang-format on
+  handlePostedEvents();
+  return shownController<BrisvaleTabController>([BrisvaleTabController class]);
+}
+
+std::vector<NSWindow *> Windows::visibleWindows() {
+  std::vector<NSWindow *> visible;
+  for (NSWindow *window in [NSApp windows]) {
+    if ([window isVisible] && [window windowController] != nil) visible.push_back(window);
+  }
+  return visible;
+}
+
+NSButton *Windows::button(NSWindow *window, NSString *title) {
+  return buttonIn([window contentView], title);
+}
+
+std::vector<std::string> Windows::textsIn(NSWindow *window) {
+  std::vector<std::string> texts;
+  addTexts([window contentView], texts);
+  return texts;
+}
+
+long Windows::linesInLog(const std::string &line) const {
+  const auto lines = log.lines();
+  return std::count(lines.begin(), lines.end(), line);
+}
+
+int Windows::ended(Class cls) {
+  return ends()[[NSStringFromClass(cls) UTF8String]];
+}
+
+void Windows::countEndsOf(Class cls) {
+  addDeallocHook(cls, countEnd);
+  ends()[[NSStringFromClass(cls) UTF8String]] = 0;
+}
+
+NSArray *Windows::lastArguments() const {
+  return [[agent.calls() lastObject] objectForKey:@"arguments"];
+}
