@@ -63,6 +63,15 @@
 
 @end
 
+/// The actions of the context menu's items. The platform disables an item whose action its target
+/// does not have.
+@interface ContextMenuAppAppDelegate (MenuActions)
+- (IBAction)CopyLink:(id)sender;
+- (IBAction)SendFile:(id)sender;
+- (IBAction)SendFolder:(id)sender;
+- (IBAction)ShareFolder:(id)sender;
+@end
+
 /// Server ids of local paths, from the sync engine library.
 @interface ContextMenuAppAppDelegate (PathResolution)
 

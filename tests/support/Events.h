@@ -8,7 +8,7 @@
 /// dispatches them until `condition` holds, at most a minute; answers whether it came to hold.
 template <class Condition>
 bool handleEventsUntil(Condition condition) {
-  return waitFor([&] {
+  return waitFor([&]() -> bool {
     if (condition()) return true;
     @autoreleasepool {
       NSEvent *const event =
