@@ -1,11 +1,14 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
+#import "platform/gnustep/MacKeys.h"
+
 @implementation BackgroundApplication
 
 + (BackgroundApplication *)sharedApplication {
   // Before the platform first uses the default. The user's own settings still win.
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+  installMacKeys();
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 
