@@ -1,0 +1,10 @@
+#import <AppKit/AppKit.h>
+
+/// A text field that handles the editing shortcuts itself (see EditingKeys.h): the application has
+/// no main menu that would. Made by the interface files only. Main thread.
+@interface CustomTextFieldSubclass : NSTextField
+
+/// Never asks the base class, whatever the answer.
+- (BOOL)performKeyEquivalent:(NSEvent *)event;
+
+@end
