@@ -29,6 +29,6 @@ constexpr EditingAction editingActionOfKey(unsigned short keyCode) {
 /// the field's window, with the field as the sender. Modifiers besides Command do not count: Shift-
 /// Command-Z undoes, there is no shortcut for redo.
 /// NO, and nothing has happened, when the event is no key-down with Command (nil included) or no
-/// shortcut, when no text view is the first responder, when there is nothing selected to cut or copy
-/// or nothing to undo. Main thread.
+/// shortcut, when no text view is the first responder, when there is nothing selected to cut or
+/// copy or nothing to undo. Main thread.
 BOOL performEditingKey(NSControl *field, NSEvent *event);

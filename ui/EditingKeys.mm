@@ -1,7 +1,7 @@
 #include "ui/EditingKeys.h"
 
 BOOL performEditingKey(NSControl *field, NSEvent *event) {
-  // Other events have no key code to ask for, and other windows' text is not looked at without need.
+  // First, because only key events have a key code.
   if ([event type] != NSKeyDown) return NO;
   if (([event modifierFlags] & NSCommandKeyMask) == 0) return NO;
 

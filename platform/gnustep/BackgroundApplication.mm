@@ -1,20 +1,6 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
 #import "platform/gnustep/MacKeys.h"
-#import "platform/gnustep/NSUserDefaults+Languages.h"
-#import "platform/gnustep/QuietTheme.h"
-#import "platform/gnustep/SheetQueue.h"
-
-@interface NSApplication (PlatformPrivate)
-- (void)_windowWillDealloc:(NSWindow *)window;
-@end
-
-namespace {
-
-/// Shorter than anybody notices.
-constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
-
-}  // namespace
 
 @implementation BackgroundApplication
 
@@ -23,11 +9,6 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
   installMacKeys();
-  installQuietTheme();
-  // Left out of the build where the platform does it by itself.
-  if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
-    [NSUserDefaults adoptLanguagesOfUser];
-  }
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 

@@ -13,6 +13,6 @@ void installMacKeys();
 
 /// Registers the modifier keys of a keyboard that has the Command keys' shortcuts on Control:
 /// Control is Command, the Windows keys are Control, Alt is Alternate. Does nothing when a default
-/// for any of them is set already: a user who chose some of the keys chose them beside the platform's
-/// own for the rest, and a mixture with ours would take keys away.
+/// for any of them is set already: a user who chose some of the keys chose them beside the
+/// platform's own for the rest, and a mixture with ours would take keys away.
 void registerModifierKeys(NSUserDefaults *defaults);

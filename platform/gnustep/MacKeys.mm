@@ -94,9 +94,10 @@ void replace(Method method, Function replacement, Function &former) {
   [[NSNotificationCenter defaultCenter] removeObserver:self];
   const Method method = class_getInstanceMethod(server, @selector(processEvent:));
   if (method == nullptr) return;
-  const Method maker = class_getClassMethod(
-      [NSEvent class], @selector(keyEventWithType:location:modifierFlags:timestamp:windowNumber:
-                                 context:characters:charactersIgnoringModifiers:isARepeat:keyCode:));
+  const SEL make = NSSelectorFromString(
+      @"keyEventWithType:location:modifierFlags:timestamp:windowNumber:context:"
+      @"characters:charactersIgnoringModifiers:isARepeat:keyCode:");
+  const Method maker = class_getClassMethod([NSEvent class], make);
   replace(maker, makeKeyEvent, platformsMakeKeyEvent);
   replace(method, processEvent, platformsProcessEvent);
 }

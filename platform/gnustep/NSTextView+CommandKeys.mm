@@ -16,8 +16,8 @@ bool writesText(NSEvent *event) {
 
 }  // namespace
 
-// A shortcut that nobody took must not end as a letter in the text: the platform's text views do not
-// look at the Command key.
+// A shortcut that nobody took must not end as a letter in the text: the platform's text views do
+// not look at the Command key.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

@@ -31,9 +31,9 @@ bool isUnwantedKeyWithCommand(NSEvent *event) {
 
 }  // namespace
 
-// Where nobody wants a key, the platform's windows try it as a shortcut, with the Command key thought
-// in addition: "c" typed over the selected text of a label would copy it. On the Mac a shortcut needs
-// its Command key.
+// Where nobody wants a key, the platform's windows try it as a shortcut, with the Command key
+// thought in addition: "c" typed over the selected text of a label would copy it. On the Mac a
+// shortcut needs its Command key.
 //
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

@@ -29,8 +29,8 @@ TEST_F(ModifierKeys, NoKeyHasTwoMeanings) {
   NSMutableSet *const keys = [NSMutableSet set];
   for (NSString *modifier in @[ @"Command", @"Control", @"Alternate" ]) {
     for (NSString *side in @[ @"First", @"Second" ]) {
-      [keys addObject:[defaults stringForKey:[NSString stringWithFormat:@"GS%@%@Key", side,
-                                                                        modifier]]];
+      [keys addObject:[defaults
+                          stringForKey:[NSString stringWithFormat:@"GS%@%@Key", side, modifier]]];
     }
   }
   EXPECT_EQ([keys count], 6u);

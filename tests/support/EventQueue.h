@@ -11,20 +11,19 @@ bool dispatchUntil(Condition condition) {
   return waitFor([&] {
     if (condition()) return true;
     @autoreleasepool {
-      NSEvent *const event =
-          [NSApp nextEventMatchingMask:NSAnyEventMask
-                             untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
-                                inMode:NSDefaultRunLoopMode
-                               dequeue:YES];
+      NSEvent *const event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                                untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
+                                                   inMode:NSDefaultRunLoopMode
+                                                  dequeue:YES];
       if (event != nil) [NSApp sendEvent:event];
     }
     return false;
   });
 }
 
-/// Dispatches what is in the queue now, events that the program has posted included, and ends as the
-/// main loop ends an event: with what the event has put off until its end (the closing of a group of
-/// undo actions, for one).
+/// Dispatches what is in the queue now, events that the program has posted included, and ends as
+/// the main loop ends an event: with what the event has put off until its end (the closing of a
+/// group of undo actions, for one).
 inline void dispatchPosted() {
   NSEvent *const last = [NSEvent otherEventWithType:NSApplicationDefined
                                            location:NSZeroPoint

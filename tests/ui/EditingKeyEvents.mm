@@ -8,7 +8,7 @@ namespace {
 
 /// The shortcuts on their way through the application's queue, key window and field editor.
 struct EditingKeyEvents : testing::TestWithParam<const char *> {
-  EditingFields fields{NSClassFromString(@(GetParam()))};
+  EditingFields fields { NSClassFromString(@(GetParam())) };
 
   EditingKeyEvents() { fillClipboard(); }
 

@@ -9,56 +9,7 @@
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 #include "tests/ui/EditingFields.h"
-
-/// A text view that notes what it is told and does nothing.
-@interface NotingTextView : NSTextView {
- @public
-  NSMutableArray *notes;
-  id lastSender;
-  NSUndoManager *ownUndoManager;
-}
-@end
-
-@implementation NotingTextView
-
-- (id)initWithFrame:(NSRect)frame {
-  self = [super initWithFrame:frame];
-  notes = [[NSMutableArray alloc] init];
-  ownUndoManager = [[NSUndoManager alloc] init];
-  return self;
-}
-
-- (void)dealloc {
-  [ownUndoManager release];
-  [notes release];
-  [super dealloc];
-}
-
-- (void)note:(NSString *)note from:(id)sender {
-  [notes addObject:note];
-  lastSender = sender;
-}
-
-- (void)selectAll:(id)sender {
-  [self note:@"selectAll:" from:sender];
-}
-- (void)cut:(id)sender {
-  [self note:@"cut:" from:sender];
-}
-- (void)copy:(id)sender {
-  [self note:@"copy:" from:sender];
-}
-- (void)paste:(id)sender {
-  [self note:@"paste:" from:sender];
-}
-- (void)noteUndo:(id)unused {
-  [self note:@"undo" from:unused];
-}
-- (NSUndoManager *)undoManager {
-  return ownUndoManager;
-}
-
-@end
+#include "tests/ui/NotingTextView.h"
 
 /// A view that notes whether it was asked for a shortcut, as subviews are by the platform's views.
 @interface AskedView : NSView {
@@ -110,19 +61,18 @@ NSEvent *command(unsigned short keyCode, NSUInteger others = 0) {
 
 /// The fields' classes by name.
 struct EditingKeys : testing::TestWithParam<const char *> {
-  EditingFields fields{NSClassFromString(@(GetParam()))};
+  EditingFields fields { NSClassFromString(@(GetParam())) };
   NSTextField *const field = fields.field;
   NotingTextView *const notingText =
       [[[NotingTextView alloc] initWithFrame:NSMakeRect(200, 20, 100, 30)] autorelease];
 
   /// A text view that is not the field's own becomes the first responder; some of its text is
   /// selected or none.
-  NotingTextView *noting(bool hasSelection) {
+  void noting(bool hasSelection) {
     [[fields.window contentView] addSubview:notingText];
     [notingText setString:@"some text"];
     [fields.window makeFirstResponder:notingText];
     [notingText setSelectedRange:NSMakeRange(2, hasSelection ? 3 : 0)];
-    return notingText;
   }
 
   void makeUndoable() {
@@ -263,11 +213,10 @@ TEST_P(EditingKeys, ReleasingAKeyAndOtherEventsAreNotHandled) {
 }
 
 TEST_P(EditingKeys, TheFirstResponderIsNotLookedAtForAnythingButAKeyDownWithCommand) {
-  AskedWindow *const window =
-      [[[AskedWindow alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
-                                      styleMask:NSBorderlessWindowMask
-                                        backing:NSBackingStoreBuffered
-                                          defer:YES] autorelease];
+  AskedWindow *const window = [[[AskedWindow alloc] initWithContentRect:NSMakeRect(0, 0, 100, 100)
+                                                              styleMask:NSBorderlessWindowMask
+                                                                backing:NSBackingStoreBuffered
+                                                                  defer:YES] autorelease];
   [window setReleasedWhenClosed:NO];
   [[window contentView] addSubview:field];
   window->timesAsked = 0;

@@ -17,7 +17,8 @@ struct FieldUndo : testing::Test {
 }  // namespace
 
 TEST_F(FieldUndo, IsAllowedFromTheStartAsOnTheMac) {
-  for (Class cls in @[ [NSTextFieldCell class], [NSTokenFieldCell class], [NSComboBoxCell class] ]) {
+  for (Class cls in
+       @[ [NSTextFieldCell class], [NSTokenFieldCell class], [NSComboBoxCell class] ]) {
     EXPECT_TRUE([[[[cls alloc] initTextCell:@""] autorelease] allowsUndo]) << text(cls);
   }
   EXPECT_FALSE([[[[NSCell alloc] initTextCell:@""] autorelease] allowsUndo]);
