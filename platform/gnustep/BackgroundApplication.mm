@@ -1,6 +1,20 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/NSUserDefaults+Languages.h"
+#import "platform/gnustep/QuietTheme.h"
+#import "platform/gnustep/SheetQueue.h"
+
+@interface NSApplication (PlatformPrivate)
+- (void)_windowWillDealloc:(NSWindow *)window;
+@end
+
+namespace {
+
+/// Shorter than anybody notices.
+constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
+
+}  // namespace
 
 @implementation BackgroundApplication
 
@@ -9,6 +23,11 @@
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
   installMacKeys();
+  installQuietTheme();
+  // Left out of the build where the platform does it by itself.
+  if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
+    [NSUserDefaults adoptLanguagesOfUser];
+  }
   return static_cast<BackgroundApplication *>([super sharedApplication]);
 }
 

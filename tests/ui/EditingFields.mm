@@ -2,7 +2,7 @@
 
 #import <objc/runtime.h>
 
-#include "tests/support/EventQueue.h"
+#include "tests/support/Events.h"
 
 namespace {
 
@@ -52,7 +52,7 @@ EditingFields::EditingFields(Class fieldClass) {
   button = [[[NSButton alloc] initWithFrame:NSMakeRect(20, 20, 100, 30)] autorelease];
   for (NSView *view in @[ field, other, button ]) [[window contentView] addSubview:view];
   [window makeKeyAndOrderFront:nil];
-  dispatchUntil([&] { return [window isKeyWindow]; });
+  handleEventsUntil([&] { return [window isKeyWindow]; });
 }
 
 EditingFields::~EditingFields() {
@@ -72,7 +72,7 @@ NSTextView *EditingFields::edit(NSTextField *edited, NSString *text, bool isSele
   if ([text length] > 0) [editor() insertText:text];
   const NSUInteger length = [[editor() string] length];
   [editor() setSelectedRange:isSelected ? NSMakeRange(0, length) : NSMakeRange(length, 0)];
-  dispatchPosted();
+  handlePostedEvents();
   return editor();
 }
 
@@ -80,5 +80,5 @@ void EditingFields::press(unsigned short keyCode, NSUInteger modifiers, NSString
   for (const NSEventType type : {NSKeyDown, NSKeyUp}) {
     [NSApp postEvent:keyEvent(type, keyCode, modifiers, characters) atStart:NO];
   }
-  dispatchPosted();
+  handlePostedEvents();
 }

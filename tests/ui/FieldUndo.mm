@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "tests/support/EventQueue.h"
+#include "tests/support/Events.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/EditingFields.h"
 
@@ -81,6 +81,6 @@ TEST_F(FieldUndo, EndsAlsoWhenTheValueIsSetInTheEventOfTheChange) {
   fields.edit(fields.field, @"", false);
   [fields.editor() insertText:@"a long text"];
   [fields.editor() setString:@"short"];
-  dispatchPosted();
+  handlePostedEvents();
   EXPECT_FALSE([undoManager() canUndo]);
 }

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "tests/support/ChildProcess.h"
-#include "tests/support/EventQueue.h"
+#include "tests/support/Events.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 #include "tests/ui/EditingFields.h"
@@ -80,7 +80,7 @@ struct TypedKeys : testing::Test {
   NSEvent *pressed(const std::string &keys) {
     [recorder->events removeAllObjects];
     Layout::press(keys);
-    dispatchUntil([&] { return [recorder->events count] > 0; });
+    handleEventsUntil([&] { return [recorder->events count] > 0; });
     return [recorder->events lastObject];
   }
 };
@@ -93,15 +93,15 @@ struct TypedShortcuts : testing::TestWithParam<std::tuple<const char *, const ch
   TypedShortcuts() { fillClipboard(); }
 
   bool becomesEdited(const char *expected) {
-    return dispatchUntil([&] { return text([fields.editor() string]) == expected; });
+    return handleEventsUntil([&] { return text([fields.editor() string]) == expected; });
   }
 
   bool becomesSelected(NSUInteger length) {
-    return dispatchUntil([&] { return [fields.editor() selectedRange].length == length; });
+    return handleEventsUntil([&] { return [fields.editor() selectedRange].length == length; });
   }
 
   bool becomesClipboard(const char *expected) {
-    return dispatchUntil([&] { return text(clipboardText()) == expected; });
+    return handleEventsUntil([&] { return text(clipboardText()) == expected; });
   }
 };
 
@@ -182,7 +182,7 @@ TEST_F(TypedKeys, WriteWhatTheLayoutSays) {
     fields.edit(fields.field, @"", false);
     const Layout layout(name);
     run({"xdotool", "type", "--delay", "0", "Az1-@"});
-    dispatchUntil([&] { return [[fields.editor() string] length] >= 5; });
+    handleEventsUntil([&] { return [[fields.editor() string] length] >= 5; });
     EXPECT_EQ(text([fields.editor() string]), "Az1-@") << name;
     [fields.editor() setString:@""];
   }
@@ -199,10 +199,10 @@ TEST_F(TypedKeys, WithControlReachTheMainMenu) {
   fillClipboard();
   fields.edit(fields.field, @"hello", true);
   Layout::press("ctrl+54");
-  EXPECT_TRUE(dispatchUntil([] { return text(clipboardText()) == "hello"; }));
+  EXPECT_TRUE(handleEventsUntil([] { return text(clipboardText()) == "hello"; }));
   [fields.editor() setSelectedRange:NSMakeRange(5, 0)];
   Layout::press("ctrl+55");
-  EXPECT_TRUE(dispatchUntil([&] { return text([fields.editor() string]) == "hellohello"; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return text([fields.editor() string]) == "hellohello"; }));
   [NSApp setMainMenu:former];
 }
 
@@ -246,7 +246,7 @@ TEST_P(TypedShortcuts, ControlZTakesBackWhatWasTyped) {
   fields.edit(fields.field, @"", false);
   // The space bar writes the same under every layout.
   for (int i = 0; i < 3; ++i) Layout::press("65");
-  ASSERT_TRUE(dispatchUntil([&] { return [[fields.editor() string] length] == 3; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return [[fields.editor() string] length] == 3; }));
   Layout::press("ctrl+52");
   EXPECT_TRUE(becomesEdited(""));
 }
