@@ -52,8 +52,8 @@ GlyphState glyphState(NSButtonCell *cell, NSView *view) {
   state.isPressed = !isInMenu && [cell isHighlighted];
   state.isOnAccent = isInMenu && [cell isHighlighted];
   state.isMixed = !isInMenu && [cell state] == NSMixedState;
-  state.hasFocus = !isInMenu && [cell showsFirstResponder] &&
-                   [[view window] firstResponder] == view;
+  state.hasFocus =
+      !isInMenu && [cell showsFirstResponder] && [[view window] firstResponder] == view;
   return state;
 }
 
@@ -64,9 +64,8 @@ void drawPopUpArrows(NSPopUpButtonCell *cell, Glyph glyph, NSView *view) {
   const NSRect visible = theme::visibleButtonRect([view bounds], cell);
   GlyphState state;
   state.isEnabled = [cell isEnabled];
-  const NSRect rect =
-      NSMakeRect(NSMaxX(visible) - kArrowsSide - kArrowsMargin,
-                 NSMidY(visible) - kArrowsSide / 2, kArrowsSide, kArrowsSide);
+  const NSRect rect = NSMakeRect(NSMaxX(visible) - kArrowsSide - kArrowsMargin,
+                                 NSMidY(visible) - kArrowsSide / 2, kArrowsSide, kArrowsSide);
   theme::drawGlyph(glyph, theme::onPixels(rect), state, [view isFlipped]);
 }
 
@@ -86,9 +85,8 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
   // The platform gives the selected item of a pop-up menu the arrows of the button.
   if (isArrow && [self isKindOfClass:[NSMenuItemCell class]]) return;
   const NSSize size = [image size];
-  const NSRect rect = theme::onPixels(NSMakeRect(NSMidX(frame) - size.width / 2,
-                                                 NSMidY(frame) - size.height / 2, size.width,
-                                                 size.height));
+  const NSRect rect = theme::onPixels(NSMakeRect(
+      NSMidX(frame) - size.width / 2, NSMidY(frame) - size.height / 2, size.width, size.height));
   theme::drawGlyph(glyph, rect, glyphState(self, view), [view isFlipped]);
 }
 
@@ -126,14 +124,13 @@ void drawToolTip(id self, SEL selector, NSRect rect) {
 }  // namespace
 
 void installThemeHooks() {
-  platformTextColor =
-      replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
-  platformDrawImage = replaceMethod([NSButtonCell class],
-                                    @selector(drawImage:withFrame:inView:), drawImageOfButton);
-  platformBecomeFirstResponder = replaceMethod(
-      [NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
-  platformResignFirstResponder = replaceMethod(
-      [NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  platformTextColor = replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
+  platformDrawImage = replaceMethod([NSButtonCell class], @selector(drawImage:withFrame:inView:),
+                                    drawImageOfButton);
+  platformBecomeFirstResponder =
+      replaceMethod([NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
+  platformResignFirstResponder =
+      replaceMethod([NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
   Class const toolTip = NSClassFromString(@"GSTTView");
   if (toolTip != Nil) {
     platformDrawToolTip = replaceMethod(toolTip, @selector(drawRect:), drawToolTip);

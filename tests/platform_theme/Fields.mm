@@ -4,8 +4,7 @@ namespace {
 
 struct Fields : Themed {
   NSTextView *textView() {
-    NSScrollView *const scroll =
-        [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
+    NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
     [scroll setBorderType:NSBezelBorder];
     [scroll setHasVerticalScroller:YES];
     NSTextView *const text =
