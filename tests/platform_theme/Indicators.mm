@@ -74,7 +74,7 @@ TEST_F(Indicators, ABarIsFilledAsFarAsItsValue) {
   [progress setDoubleValue:25];
   const int quarter = Picture(progress).count(theme::kAccent);
   [progress setDoubleValue:100];
-  EXPECT_NEAR(Picture(progress).count(theme::kAccent), 4 * quarter, quarter / 2);
+  EXPECT_NEAR(Picture(progress).count(theme::kAccent), 4 * quarter, 0.5 * quarter);
 }
 
 TEST_F(Indicators, ABarWithoutAValueMoves) {
