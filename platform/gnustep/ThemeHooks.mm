@@ -15,11 +15,13 @@ namespace {
 
 using TextColorMethod = NSColor *(*)(id, SEL);
 using DrawImageMethod = void (*)(id, SEL, NSImage *, NSRect, NSView *);
+using OpaqueMethod = BOOL (*)(id, SEL);
 using ResponderMethod = BOOL (*)(id, SEL);
 using DrawRectMethod = void (*)(id, SEL, NSRect);
 
 TextColorMethod platformTextColor = nullptr;
 DrawImageMethod platformDrawImage = nullptr;
+OpaqueMethod platformIsOpaque = nullptr;
 ResponderMethod platformBecomeFirstResponder = nullptr;
 ResponderMethod platformResignFirstResponder = nullptr;
 DrawRectMethod platformDrawToolTip = nullptr;
@@ -90,6 +92,15 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
   theme::drawGlyph(glyph, rect, glyphState(self, view), [view isFlipped]);
 }
 
+#pragma mark - NSTextFieldCell
+
+/// A field with round corners shows what is behind it; drawn anew alone, it would keep traces of
+/// its former line there.
+BOOL isFieldOpaque(id self, SEL selector) {
+  if (isThemeActive() && [self isBezeled]) return NO;
+  return platformIsOpaque(self, selector);
+}
+
 #pragma mark - NSTextView
 
 /// What shows by its line that the text view has the keyboard: the field that it edits for, or the
@@ -131,6 +142,7 @@ void installThemeHooks() {
       replaceMethod([NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
   platformResignFirstResponder =
       replaceMethod([NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  platformIsOpaque = replaceMethod([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
   Class const toolTip = NSClassFromString(@"GSTTView");
   if (toolTip != Nil) {
     platformDrawToolTip = replaceMethod(toolTip, @selector(drawRect:), drawToolTip);
