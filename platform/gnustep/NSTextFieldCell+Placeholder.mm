@@ -17,7 +17,8 @@
     NSFontAttributeName : [self font] ?: [NSFont systemFontOfSize:0],
     NSForegroundColorAttributeName : [NSColor disabledControlTextColor]
   };
-  return [[[NSAttributedString alloc] initWithString:placeholder attributes:attributes] autorelease];
+  return [[[NSAttributedString alloc] initWithString:placeholder
+                                          attributes:attributes] autorelease];
 }
 
 - (NSAttributedString *)_drawAttributedString {

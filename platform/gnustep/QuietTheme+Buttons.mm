@@ -158,8 +158,7 @@ bool isMarkableButton(NSCell *cell) {
   if ([cell isKindOfClass:[NSButtonCell class]] && [cell isBordered]) {
     const NSRect rect = theme::visibleButtonRect([view bounds], cell);
     const bool fills = NSEqualRects(rect, [view bounds]);
-    theme::drawFocusRing(fills ? NSInsetRect(rect, 2, 2) : rect,
-                         fills ? 0 : theme::kButtonRadius);
+    theme::drawFocusRing(fills ? NSInsetRect(rect, 2, 2) : rect, fills ? 0 : theme::kButtonRadius);
     return;
   }
   theme::drawFocusRing(NSInsetRect(frame, 2, 2), 2);

@@ -25,8 +25,8 @@ void drawSpinner(NSRect bounds, int count) {
     [path setLineWidth:radius >= kRegularRadius ? 3 : 1.8];
     [path moveToPoint:NSMakePoint(middle.x + direction.x * radius * 0.5,
                                   middle.y + direction.y * radius * 0.5)];
-    [path lineToPoint:NSMakePoint(middle.x + direction.x * radius,
-                                  middle.y + direction.y * radius)];
+    [path
+        lineToPoint:NSMakePoint(middle.x + direction.x * radius, middle.y + direction.y * radius)];
     // The darkest spoke is the one that the count has come to; those behind it fade.
     const int age = ((count - spoke) % kSpokes + kSpokes) % kSpokes;
     [theme::color(theme::kText, 0.65 - 0.5 * age / (kSpokes - 1)) set];

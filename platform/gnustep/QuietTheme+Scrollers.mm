@@ -25,7 +25,8 @@ NSRect narrowed(NSRect rect, bool isHorizontal) {
 }
 
 - (NSCell *)cellForScrollerKnobSlot:(BOOL)isHorizontal {
-  NSButtonCell *const cell = static_cast<NSButtonCell *>([super cellForScrollerKnobSlot:isHorizontal]);
+  NSButtonCell *const cell =
+      static_cast<NSButtonCell *>([super cellForScrollerKnobSlot:isHorizontal]);
   [cell setBordered:NO];
   [cell setBackgroundColor:theme::color(theme::kSurface)];
   return cell;

@@ -27,10 +27,7 @@ constexpr double kPieceRadius = kSegmentsRadius - kPieceInset;
 
 NSDictionary *labelAttributes(NSTabView *view) {
   NSFont *const font = [view font] ?: [NSFont systemFontOfSize:0];
-  return @{
-    NSFontAttributeName : font,
-    NSForegroundColorAttributeName : theme::color(theme::kText)
-  };
+  return @{NSFontAttributeName : font, NSForegroundColorAttributeName : theme::color(theme::kText)};
 }
 
 /// Where the segments lie, in the view's coordinates.
@@ -43,8 +40,8 @@ std::vector<NSRect> segmentRects(NSTabView *view, NSArray *items, NSDictionary *
   std::vector<NSRect> rects;
   for (const theme::Segment &segment :
        theme::segmentsForLabels(widths, NSWidth(bounds) - 2 * kSegmentsSide)) {
-    rects.push_back(NSMakeRect(NSMinX(bounds) + kSegmentsSide + segment.x, NSMinY(bounds) + kSegmentsTop,
-                               segment.width, kSegmentsHeight));
+    rects.push_back(NSMakeRect(NSMinX(bounds) + kSegmentsSide + segment.x,
+                               NSMinY(bounds) + kSegmentsTop, segment.width, kSegmentsHeight));
   }
   return rects;
 }
@@ -79,8 +76,8 @@ bool hasSegments(NSTabViewType type) {
 - (NSRect)tabViewBackgroundRectForBounds:(NSRect)bounds tabViewType:(NSTabViewType)type {
   if (type == NSNoTabsNoBorder || type == NSNoTabsLineBorder) return bounds;
   const double top = hasSegments(type) ? kBoxTop : kBoxSide;
-  return NSMakeRect(NSMinX(bounds) + kBoxSide, NSMinY(bounds) + top,
-                    NSWidth(bounds) - 2 * kBoxSide, NSHeight(bounds) - top - kBoxBottom);
+  return NSMakeRect(NSMinX(bounds) + kBoxSide, NSMinY(bounds) + top, NSWidth(bounds) - 2 * kBoxSide,
+                    NSHeight(bounds) - top - kBoxBottom);
 }
 
 - (NSRect)tabViewContentRectForBounds:(NSRect)bounds

@@ -65,9 +65,10 @@ const NamedColor kThemeColors[] = {
     {@"windowBorderColor", theme::kLine},
 };
 
+/// Without a bundle: in one the platform would look for each picture under every name, folder and
+/// extension that a theme could have it in, for a good part of the time that a launch takes.
 QuietTheme *sharedTheme() {
-  static QuietTheme *const theme =
-      [[QuietTheme alloc] initWithBundle:[NSBundle mainBundle]];
+  static QuietTheme *const theme = [[QuietTheme alloc] initWithBundle:nil];
   return theme;
 }
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr double kChannelMaximum = 255;
 constexpr double kFocusRingWidth = 3;
+constexpr unichar kEllipsis = 0x2026;
 
 NSBezierPath *rounded(NSRect rect, double radius) {
   // The platform draws arcs that do not meet for a radius of more than half a side.
@@ -53,7 +54,7 @@ void drawFocusRing(NSRect rect, double radius) {
 
 NSString *textCutTo(NSString *text, double width, NSDictionary *attributes) {
   if ([text sizeWithAttributes:attributes].width <= width) return text;
-  NSString *const ellipsis = @"\u2026";
+  NSString *const ellipsis = [NSString stringWithCharacters:&kEllipsis length:1];
   NSUInteger fits = 0;
   NSUInteger tooLong = [text length];
   NSString *cut = ellipsis;

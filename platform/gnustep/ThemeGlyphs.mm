@@ -14,8 +14,8 @@ constexpr double kArrowWidth = 1.5;
 
 /// The box or circle in the middle of the room for its ring.
 NSRect boxIn(NSRect rect) {
-  return onPixels(NSMakeRect(NSMidX(rect) - kBoxSide / 2, NSMidY(rect) - kBoxSide / 2, kBoxSide,
-                             kBoxSide));
+  return onPixels(
+      NSMakeRect(NSMidX(rect) - kBoxSide / 2, NSMidY(rect) - kBoxSide / 2, kBoxSide, kBoxSide));
 }
 
 /// A line through points given as fractions of `rect`, with y upwards on the screen.
@@ -27,8 +27,8 @@ void strokeLine(NSRect rect, std::initializer_list<NSPoint> points, double width
   [path setLineJoinStyle:NSRoundLineJoinStyle];
   for (const NSPoint &point : points) {
     const double y = isFlipped ? 1 - point.y : point.y;
-    const NSPoint place = NSMakePoint(NSMinX(rect) + point.x * NSWidth(rect),
-                                      NSMinY(rect) + y * NSHeight(rect));
+    const NSPoint place =
+        NSMakePoint(NSMinX(rect) + point.x * NSWidth(rect), NSMinY(rect) + y * NSHeight(rect));
     if ([path isEmpty]) {
       [path moveToPoint:place];
     } else {
@@ -51,13 +51,13 @@ void strokeDash(NSRect rect, NSColor *color, bool isFlipped) {
 void drawMarkable(NSRect box, double radius, bool isOn, const GlyphState &state) {
   if (state.hasFocus) drawFocusRing(box, radius);
   if (isOn) {
-    const Rgb fill = !state.isEnabled   ? kAccentDisabled
+    const Rgb fill = !state.isEnabled  ? kAccentDisabled
                      : state.isPressed ? kAccentPressed
                                        : kAccent;
     fillRounded(box, radius, color(fill));
     return;
   }
-  const Rgb fill = !state.isEnabled   ? kSurfaceDisabled
+  const Rgb fill = !state.isEnabled  ? kSurfaceDisabled
                    : state.isPressed ? kSurfacePressed
                                      : kSurface;
   drawSurface(box, radius, color(fill), color(state.isEnabled ? kLineShadow : kLineDisabled));

@@ -15,11 +15,13 @@ namespace {
 
 using TextColorMethod = NSColor *(*)(id, SEL);
 using DrawImageMethod = void (*)(id, SEL, NSImage *, NSRect, NSView *);
+using OpaqueMethod = BOOL (*)(id, SEL);
 using ResponderMethod = BOOL (*)(id, SEL);
 using DrawRectMethod = void (*)(id, SEL, NSRect);
 
 TextColorMethod platformTextColor = nullptr;
 DrawImageMethod platformDrawImage = nullptr;
+OpaqueMethod platformIsOpaque = nullptr;
 ResponderMethod platformBecomeFirstResponder = nullptr;
 ResponderMethod platformResignFirstResponder = nullptr;
 DrawRectMethod platformDrawToolTip = nullptr;
@@ -52,8 +54,8 @@ GlyphState glyphState(NSButtonCell *cell, NSView *view) {
   state.isPressed = !isInMenu && [cell isHighlighted];
   state.isOnAccent = isInMenu && [cell isHighlighted];
   state.isMixed = !isInMenu && [cell state] == NSMixedState;
-  state.hasFocus = !isInMenu && [cell showsFirstResponder] &&
-                   [[view window] firstResponder] == view;
+  state.hasFocus =
+      !isInMenu && [cell showsFirstResponder] && [[view window] firstResponder] == view;
   return state;
 }
 
@@ -64,9 +66,8 @@ void drawPopUpArrows(NSPopUpButtonCell *cell, Glyph glyph, NSView *view) {
   const NSRect visible = theme::visibleButtonRect([view bounds], cell);
   GlyphState state;
   state.isEnabled = [cell isEnabled];
-  const NSRect rect =
-      NSMakeRect(NSMaxX(visible) - kArrowsSide - kArrowsMargin,
-                 NSMidY(visible) - kArrowsSide / 2, kArrowsSide, kArrowsSide);
+  const NSRect rect = NSMakeRect(NSMaxX(visible) - kArrowsSide - kArrowsMargin,
+                                 NSMidY(visible) - kArrowsSide / 2, kArrowsSide, kArrowsSide);
   theme::drawGlyph(glyph, theme::onPixels(rect), state, [view isFlipped]);
 }
 
@@ -86,10 +87,18 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
   // The platform gives the selected item of a pop-up menu the arrows of the button.
   if (isArrow && [self isKindOfClass:[NSMenuItemCell class]]) return;
   const NSSize size = [image size];
-  const NSRect rect = theme::onPixels(NSMakeRect(NSMidX(frame) - size.width / 2,
-                                                 NSMidY(frame) - size.height / 2, size.width,
-                                                 size.height));
+  const NSRect rect = theme::onPixels(NSMakeRect(
+      NSMidX(frame) - size.width / 2, NSMidY(frame) - size.height / 2, size.width, size.height));
   theme::drawGlyph(glyph, rect, glyphState(self, view), [view isFlipped]);
+}
+
+#pragma mark - NSTextFieldCell
+
+/// A field with round corners shows what is behind it; drawn anew alone, it would keep traces of
+/// its former line there.
+BOOL isFieldOpaque(id self, SEL selector) {
+  if (isThemeActive() && [self isBezeled]) return NO;
+  return platformIsOpaque(self, selector);
 }
 
 #pragma mark - NSTextView
@@ -126,14 +135,14 @@ void drawToolTip(id self, SEL selector, NSRect rect) {
 }  // namespace
 
 void installThemeHooks() {
-  platformTextColor =
-      replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
-  platformDrawImage = replaceMethod([NSButtonCell class],
-                                    @selector(drawImage:withFrame:inView:), drawImageOfButton);
-  platformBecomeFirstResponder = replaceMethod(
-      [NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
-  platformResignFirstResponder = replaceMethod(
-      [NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  platformTextColor = replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
+  platformDrawImage = replaceMethod([NSButtonCell class], @selector(drawImage:withFrame:inView:),
+                                    drawImageOfButton);
+  platformBecomeFirstResponder =
+      replaceMethod([NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
+  platformResignFirstResponder =
+      replaceMethod([NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  platformIsOpaque = replaceMethod([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
   Class const toolTip = NSClassFromString(@"GSTTView");
   if (toolTip != Nil) {
     platformDrawToolTip = replaceMethod(toolTip, @selector(drawRect:), drawToolTip);

@@ -72,11 +72,10 @@ TEST(Application, ItGoesOnAfterItsLastWindowHasClosed) {
 }
 
 TEST(Application, WindowsHaveTheThemesBackground) {
-  NSWindow *const window =
-      [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 50, 50)
-                                   styleMask:NSTitledWindowMask
-                                     backing:NSBackingStoreBuffered
-                                       defer:NO] autorelease];
+  NSWindow *const window = [[[NSWindow alloc] initWithContentRect:NSMakeRect(0, 0, 50, 50)
+                                                        styleMask:NSTitledWindowMask
+                                                          backing:NSBackingStoreBuffered
+                                                            defer:NO] autorelease];
   [window setReleasedWhenClosed:NO];
   [window orderFront:nil];
   const Picture picture([window contentView]);

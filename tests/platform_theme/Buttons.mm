@@ -96,10 +96,9 @@ TEST_P(Markable, OnIsMarkedInTheAccentColourAndOffIsNot) {
 
 TEST_P(Markable, EveryStateLooksDifferent) {
   const Picture pictures[] = {
-      Picture(button(NSOffState)),  Picture(button(NSOnState)),
-      disabled(button(NSOffState)), disabled(button(NSOnState)),
-      pressed(button(NSOffState)),  pressed(button(NSOnState)),
-      focused(button(NSOffState)),  focused(button(NSOnState)),
+      Picture(button(NSOffState)), Picture(button(NSOnState)),  disabled(button(NSOffState)),
+      disabled(button(NSOnState)), pressed(button(NSOffState)), pressed(button(NSOnState)),
+      focused(button(NSOffState)), focused(button(NSOnState)),
   };
   for (const Picture &one : pictures) {
     for (const Picture &other : pictures) EXPECT_EQ(one == other, &one == &other);

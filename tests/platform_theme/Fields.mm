@@ -4,8 +4,7 @@ namespace {
 
 struct Fields : Themed {
   NSTextView *textView() {
-    NSScrollView *const scroll =
-        [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
+    NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
     [scroll setBorderType:NSBezelBorder];
     [scroll setHasVerticalScroller:YES];
     NSTextView *const text =
@@ -14,9 +13,6 @@ struct Fields : Themed {
     show(scroll);
     return text;
   }
-
-  /// How much of the window waits to be drawn anew.
-  bool waitsToBeDrawn(NSView *view) const { return [view needsDisplay]; }
 };
 
 }  // namespace
@@ -40,13 +36,11 @@ TEST_F(Fields, AFieldWithTheKeyboardHasABlueLineOnAllSides) {
 
 TEST_F(Fields, TheLineIsDrawnAnewWhenTheKeyboardComesAndGoes) {
   NSTextField *const name = field(@"");
-  [window display];
+  const Picture before(name);
   ASSERT_TRUE(focus(name));
-  EXPECT_TRUE(waitsToBeDrawn(name));
-  [window display];
+  EXPECT_TRUE(isBluish(Picture::onScreen(name).at(80, 0)));
   ASSERT_TRUE([window makeFirstResponder:nil]);
-  EXPECT_TRUE(waitsToBeDrawn(name));
-  EXPECT_EQ(Picture(name).count(isBluish), 0);
+  EXPECT_EQ(Picture::onScreen(name), before);
 }
 
 TEST_F(Fields, ADisabledFieldIsPale) {
@@ -89,14 +83,12 @@ TEST_F(Fields, ALabelIsDarkAndWhenDisabledGrey) {
 TEST_F(Fields, ATextViewHasALineThatTurnsBlueWithTheKeyboard) {
   NSTextView *const text = textView();
   NSScrollView *const scroll = [text enclosingScrollView];
-  EXPECT_EQ(Picture(scroll).at(100, 0), theme::kLine);
-  EXPECT_EQ(Picture(scroll).count(isBluish), 0);
+  const Picture before(scroll);
+  EXPECT_EQ(before.at(100, 0), theme::kLine);
   ASSERT_TRUE(focus(text));
-  EXPECT_TRUE(waitsToBeDrawn(scroll));
-  EXPECT_TRUE(isBluish(Picture(scroll).at(100, 0)));
+  EXPECT_TRUE(isBluish(Picture::onScreen(scroll).at(100, 0)));
   ASSERT_TRUE([window makeFirstResponder:nil]);
-  EXPECT_TRUE(waitsToBeDrawn(scroll));
-  EXPECT_EQ(Picture(scroll).count(isBluish), 0);
+  EXPECT_EQ(Picture::onScreen(scroll), before);
 }
 
 TEST_F(Fields, TheScrollerIsAtTheRight) {

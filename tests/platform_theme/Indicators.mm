@@ -19,8 +19,7 @@ struct Indicators : Themed {
 
   /// A view of 200 x 100 points that shows a part of one that is five times as high.
   NSScrollView *scrolled() {
-    NSScrollView *const scroll =
-        [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
+    NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
     [scroll setHasVerticalScroller:YES];
     NSView *const document =
         [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 180, 500)] autorelease];
@@ -75,7 +74,7 @@ TEST_F(Indicators, ABarIsFilledAsFarAsItsValue) {
   [progress setDoubleValue:25];
   const int quarter = Picture(progress).count(theme::kAccent);
   [progress setDoubleValue:100];
-  EXPECT_NEAR(Picture(progress).count(theme::kAccent), 4 * quarter, quarter / 2);
+  EXPECT_NEAR(Picture(progress).count(theme::kAccent), 4 * quarter, 0.5 * quarter);
 }
 
 TEST_F(Indicators, ABarWithoutAValueMoves) {

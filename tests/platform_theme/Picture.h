@@ -15,6 +15,9 @@ class Picture {
   explicit Picture(NSView *view);
   Picture(NSView *view, NSRect part);
 
+  /// The view as the user sees it: what nobody asked to be drawn anew stays as it was.
+  static Picture onScreen(NSView *view);
+
   using Matches = std::function<bool(theme::Rgb)>;
 
   int width() const { return width_; }
@@ -31,6 +34,9 @@ class Picture {
   bool operator==(const Picture &other) const = default;
 
  private:
+  Picture() = default;
+  void take(NSView *view, NSRect part);
+
   int width_ = 0;
   int height_ = 0;
   std::vector<theme::Rgb> pixels_;

@@ -30,8 +30,19 @@ bool isNearly(theme::Rgb one, theme::Rgb other) {
 Picture::Picture(NSView *view) : Picture(view, [view bounds]) {}
 
 Picture::Picture(NSView *view, NSRect part) {
+  [[view window] display];
+  take(view, part);
+}
+
+Picture Picture::onScreen(NSView *view) {
+  [[view window] displayIfNeeded];
+  Picture picture;
+  picture.take(view, [view bounds]);
+  return picture;
+}
+
+void Picture::take(NSView *view, NSRect part) {
   @autoreleasepool {
-    [[view window] display];
     [view lockFocus];
     NSBitmapImageRep *const bitmap =
         [[[NSBitmapImageRep alloc] initWithFocusedViewRect:part] autorelease];

@@ -80,8 +80,7 @@ NSPopUpButton *Themed::popUp(NSArray *titles) {
 NSTabView *Themed::tabs(NSArray *labels) {
   NSTabView *const view = [[NSTabView alloc] initWithFrame:NSMakeRect(20, 20, 400, 300)];
   for (NSString *label in labels) {
-    NSTabViewItem *const item =
-        [[[NSTabViewItem alloc] initWithIdentifier:label] autorelease];
+    NSTabViewItem *const item = [[[NSTabViewItem alloc] initWithIdentifier:label] autorelease];
     [item setLabel:label];
     [item setView:[[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 10, 10)] autorelease]];
     [view addTabViewItem:item];
