@@ -12,16 +12,21 @@
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 - (void)loadWindow {
   if ([self isWindowLoaded]) return;
-  NSMutableArray *const loaded = [NSMutableArray array];
-  NSDictionary *const context = [NSDictionary
-      dictionaryWithObjectsAndKeys:_owner, NSNibOwner, loaded, NSNibTopLevelObjects, nil];
-  if (![NSBundle loadNibFile:[self windowNibPath] externalNameTable:context withZone:[self zone]]) {
-    NSLog(@"%@: could not load nib named %@", [self class], [self windowNibName]);
-    return;
+  NSMutableArray *const loaded = [[NSMutableArray alloc] init];
+  BOOL isLoaded = NO;
+  // What the loader leaves in the pool refers to the owner, and an owner may end before the event
+  // in which it was loaded.
+  @autoreleasepool {
+    NSDictionary *const context = [NSDictionary
+        dictionaryWithObjectsAndKeys:_owner, NSNibOwner, loaded, NSNibTopLevelObjects, nil];
+    isLoaded = [NSBundle loadNibFile:[self windowNibPath]
+                   externalNameTable:context
+                            withZone:[self zone]];
   }
-  _wcFlags.nib_is_loaded = YES;
   // The loader has given each of them to us with a reference, which dealloc releases.
-  _top_level_objects = [loaded retain];
+  _top_level_objects = loaded;
+  _wcFlags.nib_is_loaded = isLoaded;
+  if (!isLoaded) NSLog(@"%@: could not load nib named %@", [self class], [self windowNibName]);
 }
 #pragma clang diagnostic pop
 

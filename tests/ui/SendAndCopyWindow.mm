@@ -106,15 +106,17 @@ struct SendAndCopyWindowClosed : Windows, testing::WithParamInterface<Closing> {
 }  // namespace
 
 TEST_P(SendAndCopyWindowClosed, LogsOnceEnablesTheMenuHidesAndEndsTheController) {
-  SendAndCopyTabController *const controller = openSend();
-  ASSERT_NE(controller, nil);
-  EXPECT_FALSE([delegate contextMenuFlag]);
-  countEndsOf([SendAndCopyTabController class]);
-  countEndsOf([SendFileController class]);
-  countEndsOf([CopyLinkController class]);
-  GetParam().close(controller);
-  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
-  handlePostedEvents();
+  @autoreleasepool {
+    SendAndCopyTabController *const controller = openSend();
+    ASSERT_NE(controller, nil);
+    EXPECT_FALSE([delegate contextMenuFlag]);
+    countEndsOf([SendAndCopyTabController class]);
+    countEndsOf([SendFileController class]);
+    countEndsOf([CopyLinkController class]);
+    GetParam().close(controller);
+    EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+    handlePostedEvents();
+  }
   EXPECT_EQ(linesInLog("window closed"), 1);
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);

@@ -101,14 +101,16 @@ struct ShareWindowClosed : Windows, testing::WithParamInterface<Closing> {};
 }  // namespace
 
 TEST_P(ShareWindowClosed, RunsTheSamePath) {
-  BrisvaleTabController *const controller = openShare();
-  ASSERT_NE(controller, nil);
-  EXPECT_FALSE([delegate contextMenuFlag]);
-  countEndsOf([BrisvaleTabController class]);
-  countEndsOf([InviteTabController class]);
-  GetParam().close(controller);
-  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
-  handlePostedEvents();
+  @autoreleasepool {
+    BrisvaleTabController *const controller = openShare();
+    ASSERT_NE(controller, nil);
+    EXPECT_FALSE([delegate contextMenuFlag]);
+    countEndsOf([BrisvaleTabController class]);
+    countEndsOf([InviteTabController class]);
+    GetParam().close(controller);
+    EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+    handlePostedEvents();
+  }
   EXPECT_EQ(linesInLog("window closed"), 1);
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);
