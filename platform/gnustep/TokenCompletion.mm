@@ -13,14 +13,15 @@ struct ListKey {
   NSInteger rows;
 };
 
-NSArray *askingModes() {
-  return [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode, nil];
+/// Only the one that runs: in another the platform would keep each of these timers until that runs.
+NSString *runningMode() {
+  return [NSApp modalWindow] == nil ? NSDefaultRunLoopMode : NSModalPanelRunLoopMode;
 }
 
 BOOL keysAreWaiting() {
   return [NSApp nextEventMatchingMask:NSKeyDownMask
                             untilDate:[NSDate distantPast]
-                               inMode:NSDefaultRunLoopMode
+                               inMode:runningMode()
                               dequeue:NO] != nil;
 }
 
@@ -49,13 +50,15 @@ BOOL keysAreWaiting() {
 
 - (void)askAfter:(NSTimeInterval)delay {
   [self cancelAsking];
+  _isAboutToAsk = YES;
   [self performSelector:@selector(askUnlessKeysWait)
              withObject:nil
              afterDelay:delay
-                inModes:askingModes()];
+                inModes:[NSArray arrayWithObject:runningMode()]];
 }
 
 - (void)cancelAsking {
+  _isAboutToAsk = NO;
   [NSObject cancelPreviousPerformRequestsWithTarget:self
                                            selector:@selector(askUnlessKeysWait)
                                              object:nil];
@@ -142,6 +145,8 @@ BOOL keysAreWaiting() {
 }
 
 - (BOOL)handleCommand:(SEL)command {
+  if (![self isListOpen]) return NO;
+  if (_isAboutToAsk) [self askNow];
   if (![self isListOpen]) return NO;
   if (sel_isEqual(command, @selector(insertNewline:))) return [self chooseSelectedItem];
   if (sel_isEqual(command, @selector(insertTab:))) {

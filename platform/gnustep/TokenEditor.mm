@@ -71,6 +71,8 @@ NSString *withoutMarks(NSString *string) {
   [self fitTokens];
   [self setTypingAttributes:nil];
   [self sizeToFit];
+  // The cell puts it where the clip view lies in the field.
+  [self setFrameOrigin:NSZeroPoint];
   NSClipView *const clipView = static_cast<NSClipView *>([self superview]);
   if ([clipView isKindOfClass:[NSClipView class]]) {
     [clipView scrollToPoint:[clipView constrainScrollPoint:point]];
@@ -96,8 +98,11 @@ NSString *withoutMarks(NSString *string) {
 #pragma mark - Layout
 
 - (void)fitTokens {
+  [self fitTokensInto:NSWidth([[self superview] bounds])];
+}
+
+- (void)fitTokensInto:(CGFloat)room {
   NSTextStorage *const storage = [self textStorage];
-  const CGFloat room = NSWidth([[self superview] bounds]);
   for (NSUInteger i = 0; i < [storage length]; ++i) {
     TokenPill *const pill = [tokenAt(storage, i) pill];
     [pill setMaximumWidth:room];
@@ -107,8 +112,7 @@ NSString *withoutMarks(NSString *string) {
 }
 
 - (void)tokenRoomChanged:(CGFloat)width {
-  (void)width;
-  [self fitTokens];
+  [self fitTokensInto:width];
   NSTextStorage *const storage = [self textStorage];
   [storage edited:NSTextStorageEditedAttributes
             range:NSMakeRange(0, [storage length])

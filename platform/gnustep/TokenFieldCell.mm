@@ -34,6 +34,22 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 
 @implementation TokenFieldCell
 
+- (id)initTextCell:(NSString *)text {
+  self = [super initTextCell:@""];
+  if (self == nil) return nil;
+  [self setStringValue:text ?: @""];
+  return self;
+}
+
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self == nil) return nil;
+  if ([coder allowsKeyedCoding] && [coder containsValueForKey:@"placeholderString"]) {
+    [self setPlaceholderString:[coder decodeObjectForKey:@"placeholderString"]];
+  }
+  return self;
+}
+
 - (void)dealloc {
   [_editor setCell:nil];
   [_editor release];
@@ -169,6 +185,8 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 }
 
 - (void)setObjectValue:(id)object {
+  // What an interface file holds.
+  if ([object isKindOfClass:[NSAttributedString class]]) object = [object string];
   if (object == nil || [object isKindOfClass:[NSString class]]) {
     [self setStringValue:object ?: @""];
     return;

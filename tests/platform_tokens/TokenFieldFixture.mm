@@ -41,8 +41,11 @@
   [askedIndexes addObject:[NSNumber numberWithInteger:tokenIndex]];
   *selectedIndex = selectedItem;
   if ([book isKindOfClass:[CountingArray class]]) return book;
-  NSPredicate *const beginning = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  return [book filteredArrayUsingPredicate:beginning];
+  NSMutableArray *const found = [NSMutableArray array];
+  for (NSString *entry in book) {
+    if ([[entry lowercaseString] hasPrefix:[substring lowercaseString]]) [found addObject:entry];
+  }
+  return found;
 }
 
 - (id)tokenField:(NSTokenField *)tokenField
@@ -115,6 +118,8 @@ void TokenField::SetUp() {
   for (NSView *view in [NSArray arrayWithObjects:field, next, button, nil]) {
     [[window contentView] addSubview:view];
   }
+  [window setAutorecalculatesKeyViewLoop:NO];
+  [window setInitialFirstResponder:next];
   [field setNextKeyView:next];
   [next setNextKeyView:field];
   [window setDefaultButtonCell:[button cell]];
@@ -160,6 +165,8 @@ void TokenField::queueKey(unichar key, NSUInteger modifiers) {
 void TokenField::press(unichar key, NSUInteger modifiers) {
   queueKey(key, modifiers);
   settle();
+  // Keys come one by one: what is undone as one step ends between them.
+  [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
 }
 
 void TokenField::type(NSString *characters) {
