@@ -25,12 +25,11 @@ std::u16string joined(const std::u16string &text) {
   std::u16string result(text.size(), u'\0');
   UErrorCode status = U_ZERO_ERROR;
   // At the same length, so that letters and their joined forms correspond one to one.
-  const std::int32_t length =
-      u_shapeArabic(text.data(), static_cast<std::int32_t>(text.size()), result.data(),
-                    static_cast<std::int32_t>(result.size()),
-                    U_SHAPE_LETTERS_SHAPE | U_SHAPE_LENGTH_FIXED_SPACES_NEAR |
-                        U_SHAPE_TEXT_DIRECTION_LOGICAL,
-                    &status);
+  const std::int32_t length = u_shapeArabic(
+      text.data(), static_cast<std::int32_t>(text.size()), result.data(),
+      static_cast<std::int32_t>(result.size()),
+      U_SHAPE_LETTERS_SHAPE | U_SHAPE_LENGTH_FIXED_SPACES_NEAR | U_SHAPE_TEXT_DIRECTION_LOGICAL,
+      &status);
   if (U_FAILURE(status)) return text;
   result.resize(static_cast<std::size_t>(length));
   return result;

@@ -97,7 +97,10 @@ BOOL keysAreWaiting() {
     return;
   }
   if (_list == nil) _list = [[CompletionList alloc] initWithUser:self];
-  [_list showItems:items selected:selected font:[[_editor cell] font] below:[[_editor cell] controlView]];
+  [_list showItems:items
+          selected:selected
+              font:[[_editor cell] font]
+             below:[[_editor cell] controlView]];
 }
 
 #pragma mark - The list
@@ -132,9 +135,9 @@ BOOL keysAreWaiting() {
 - (BOOL)moveSelectionBy:(SEL)command {
   const NSInteger page = static_cast<NSInteger>([CompletionList visibleRows]) - 1;
   const ListKey keys[] = {
-      {@selector(moveUp:), -1},          {@selector(moveDown:), 1},
-      {@selector(pageUp:), -page},      {@selector(scrollPageUp:), -page},
-      {@selector(pageDown:), page},     {@selector(scrollPageDown:), page},
+      {@selector(moveUp:), -1},     {@selector(moveDown:), 1},
+      {@selector(pageUp:), -page},  {@selector(scrollPageUp:), -page},
+      {@selector(pageDown:), page}, {@selector(scrollPageDown:), page},
   };
   for (const ListKey &key : keys) {
     if (!sel_isEqual(command, key.command)) continue;

@@ -67,9 +67,10 @@ NSString *const kListJoint = @", ";
 - (NSUInteger)caretIndexForEvent:(NSEvent *)event {
   if ([[self string] length] == 0) return 0;
   CGFloat fraction = 0;
-  const NSUInteger glyph = [[self layoutManager] glyphIndexForPoint:[self containerPointForEvent:event]
-                                                    inTextContainer:[self textContainer]
-                                     fractionOfDistanceThroughGlyph:&fraction];
+  const NSUInteger glyph =
+      [[self layoutManager] glyphIndexForPoint:[self containerPointForEvent:event]
+                               inTextContainer:[self textContainer]
+                fractionOfDistanceThroughGlyph:&fraction];
   if (glyph >= [[self layoutManager] numberOfGlyphs]) return [[self string] length];
   const NSUInteger index = [[self layoutManager] characterIndexForGlyphAtIndex:glyph];
   return fraction > 0.5 ? index + 1 : index;

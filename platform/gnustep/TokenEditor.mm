@@ -115,8 +115,8 @@ NSString *withoutMarks(NSString *string) {
   [self fitTokensInto:width];
   NSTextStorage *const storage = [self textStorage];
   [storage edited:NSTextStorageEditedAttributes
-            range:NSMakeRange(0, [storage length])
-   changeInLength:0];
+               range:NSMakeRange(0, [storage length])
+      changeInLength:0];
 }
 
 - (void)drawRect:(NSRect)rect {
@@ -127,8 +127,7 @@ NSString *withoutMarks(NSString *string) {
   for (NSUInteger i = 0; i < [storage length]; ++i) {
     FieldToken *const token = tokenAt(storage, i);
     if (token == nil) continue;
-    const NSRect seen =
-        NSIntersectionRect(tokenRect([self layoutManager], i), [self visibleRect]);
+    const NSRect seen = NSIntersectionRect(tokenRect([self layoutManager], i), [self visibleRect]);
     if (NSIsEmptyRect(seen)) continue;
     [tokens addObject:token];
     [rects addObject:[NSValue valueWithRect:seen]];
@@ -145,8 +144,7 @@ NSString *withoutMarks(NSString *string) {
 /// With the white space around it, which goes when the fragment becomes a token.
 - (NSRange)wholeFragmentRange {
   const std::u16string text = utf16Of([self string]);
-  return rangeOf(
-      tokens::fragmentAt(text, NSMaxRange([self selectedRange]), [self isTokenizing]));
+  return rangeOf(tokens::fragmentAt(text, NSMaxRange([self selectedRange]), [self isTokenizing]));
 }
 
 - (NSRange)fragmentRange {
@@ -200,17 +198,16 @@ NSString *withoutMarks(NSString *string) {
   [_completion close];
   const std::vector<tokens::Element> elements =
       tokens::elements(utf16Of([self string]), [self isTokenizing]);
-  NSUInteger index = static_cast<NSUInteger>(
-      std::count_if(elements.begin(), elements.end(), [](const tokens::Element &element) {
-        return element.kind == tokens::Element::Kind::Token;
-      }));
+  NSUInteger index = static_cast<NSUInteger>(std::count_if(
+      elements.begin(), elements.end(),
+      [](const tokens::Element &element) { return element.kind == tokens::Element::Kind::Token; }));
   // From the end, so that the ranges in front stay right.
   for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
     if (element->kind == tokens::Element::Kind::Token) --index;
     if (element->kind != tokens::Element::Kind::Fragment) continue;
     NSString *const typed = [[self string] substringWithRange:rangeOf(element->range)];
-    const tokens::Range whole = tokens::fragmentAt(
-        utf16Of([self string]), element->range.location, [self isTokenizing]);
+    const tokens::Range whole =
+        tokens::fragmentAt(utf16Of([self string]), element->range.location, [self isTokenizing]);
     NSArray *const strings = [NSArray arrayWithObject:typed];
     [[self textStorage] replaceCharactersInRange:rangeOf(whole)
                             withAttributedString:[self textForStrings:strings atIndex:index]];
@@ -222,8 +219,8 @@ NSString *withoutMarks(NSString *string) {
 
 /// string: also an attributed one, of which the text counts.
 - (void)insertText:(id)string {
-  NSString *const typed = withoutMarks(
-      [string isKindOfClass:[NSAttributedString class]] ? [string string] : string);
+  NSString *const typed =
+      withoutMarks([string isKindOfClass:[NSAttributedString class]] ? [string string] : string);
   const tokens::IsTokenizing isTokenizing = [self isTokenizing];
   NSUInteger start = 0;
   for (NSUInteger i = 0; i < [typed length]; ++i) {

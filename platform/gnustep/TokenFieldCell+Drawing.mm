@@ -44,8 +44,7 @@ constexpr CGFloat kSideMargin = 2;
   [style setLineBreakMode:NSLineBreakByWordWrapping];
   [style setMinimumLineHeight:[self lineHeight]];
   [style setMaximumLineHeight:[self lineHeight]];
-  NSColor *const color =
-      [self isEnabled] ? [self textColor] : [NSColor disabledControlTextColor];
+  NSColor *const color = [self isEnabled] ? [self textColor] : [NSColor disabledControlTextColor];
   return [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, style,
                                                     NSParagraphStyleAttributeName,
                                                     color ?: [NSColor textColor],
@@ -118,15 +117,14 @@ constexpr CGFloat kSideMargin = 2;
   TokenLayout *const layout = [self layoutInBounds:frame];
   [NSGraphicsContext saveGraphicsState];
   NSRectClip(titleRect);
-  [layout drawAtPoint:NSMakePoint(NSMinX(titleRect) - _scrolled.x,
-                                  NSMinY(titleRect) - _scrolled.y)];
+  [layout
+      drawAtPoint:NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y)];
   [NSGraphicsContext restoreGraphicsState];
   (void)view;
 }
 
 - (void)drawPlaceholderInRect:(NSRect)rect {
-  NSMutableDictionary *const attributes =
-      [[[self textAttributes] mutableCopy] autorelease];
+  NSMutableDictionary *const attributes = [[[self textAttributes] mutableCopy] autorelease];
   [attributes setObject:[NSColor disabledControlTextColor] forKey:NSForegroundColorAttributeName];
   NSAttributedString *const text =
       [self placeholderAttributedString]
@@ -161,8 +159,9 @@ constexpr CGFloat kSideMargin = 2;
   for (NSUInteger i = 0; i < length; ++i) {
     FieldToken *const token = tokenAt([self tokenText], i);
     if (token == nil) continue;
-    const NSRect place = NSOffsetRect([layout rectOfTokenAtIndex:i], NSMinX(titleRect) - _scrolled.x,
-                                      NSMinY(titleRect) - _scrolled.y);
+    const NSRect place =
+        NSOffsetRect([layout rectOfTokenAtIndex:i], NSMinX(titleRect) - _scrolled.x,
+                     NSMinY(titleRect) - _scrolled.y);
     const NSRect seen = NSIntersectionRect(place, titleRect);
     if (NSIsEmptyRect(seen)) continue;
     [tokens addObject:token];

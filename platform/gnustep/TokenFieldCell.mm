@@ -167,8 +167,7 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
   const tokens::IsTokenizing isTokenizing = tokenizingOf([self tokenizingCharacterSet]);
   const std::vector<tokens::Range> pieces = tokens::pieces(text, isTokenizing);
   const BOOL isList = pieces.size() > 1;
-  NSMutableAttributedString *const result =
-      [[[NSMutableAttributedString alloc] init] autorelease];
+  NSMutableAttributedString *const result = [[[NSMutableAttributedString alloc] init] autorelease];
   for (const tokens::Range piece : pieces) {
     if (piece.length > 0) {
       NSString *const typed = stringOf({text.data() + piece.location, piece.length});

@@ -20,8 +20,9 @@
   for (NSUInteger i = 0; i < [tokens count]; ++i) {
     // The owner of a tool tip may be its text.
     NSString *const tip = [[tokens objectAtIndex:i] representedString];
-    const NSToolTipTag tag =
-        [view addToolTipRect:[[rects objectAtIndex:i] rectValue] owner:tip userData:NULL];
+    const NSToolTipTag tag = [view addToolTipRect:[[rects objectAtIndex:i] rectValue]
+                                            owner:tip
+                                         userData:NULL];
     [_tags addObject:[NSNumber numberWithInteger:tag]];
   }
   [_tokens autorelease];

@@ -1,5 +1,7 @@
 #import "tests/platform_tokens/TokenFieldFixture.h"
 
+#include <objc/runtime.h>
+
 #import "platform/gnustep/FieldToken.h"
 #import "platform/gnustep/TokenFieldCell.h"
 #import "platform/gnustep/TokenLayout.h"
@@ -51,6 +53,22 @@ class Looks : public TokenField {
   NSPoint edgeOfFirstToken() {
     const NSRect titleRect = [[field cell] titleRectForBounds:[field bounds]];
     return NSMakePoint(NSMinX(titleRect) + 7, NSMidY(titleRect) + 1);
+  }
+
+  std::vector<std::string> toolTips() {
+    [window display];
+    std::vector<std::string> tips;
+    for (NSNumber *tag in
+         [[field->toolTips allKeys] sortedArrayUsingSelector:@selector(compare:)]) {
+      tips.push_back(text([field->toolTips objectForKey:tag]));
+    }
+    return tips;
+  }
+
+  static NSUInteger trackedRects(NSView *view) {
+    NSArray *rects = nil;
+    object_getInstanceVariable(view, "_tracking_rects", reinterpret_cast<void **>(&rects));
+    return [rects count];
   }
 };
 
@@ -110,18 +128,21 @@ TEST_F(Looks, WhatIsTypedAtTheEndOfALineMovesWhollyToTheNext) {
   [editor() insertText:@"person1@example.org,"];
   resizeField(NSMakeRect(20, 110, NSWidth(placeOfToken(0)) + 60, 44));
   [editor() insertText:@"person2@example"];
-  const NSRect first = [[editor() layoutManager] insertionPointRectForCharacterIndex:1
-                                                       inTextContainer:[editor() textContainer]];
-  const NSRect last = [[editor() layoutManager]
-      insertionPointRectForCharacterIndex:[[editor() string] length]
-                          inTextContainer:[editor() textContainer]];
+  const NSRect first =
+      [[editor() layoutManager] insertionPointRectForCharacterIndex:1
+                                                    inTextContainer:[editor() textContainer]];
+  const NSRect last =
+      [[editor() layoutManager] insertionPointRectForCharacterIndex:[[editor() string] length]
+                                                    inTextContainer:[editor() textContainer]];
   EXPECT_EQ(NSMinY(first), NSMinY(last));
   EXPECT_GT(NSMinY(last), NSMinY(placeOfToken(0)));
 }
 
 TEST_F(Looks, ALongNameIsCutInTheMiddle) {
   focus();
-  NSString *const name = [@"" stringByPaddingToLength:300 withString:@"abcdefghij" startingAtIndex:0];
+  NSString *const name = [@"" stringByPaddingToLength:300
+                                           withString:@"abcdefghij"
+                                      startingAtIndex:0];
   [editor() insertText:[name stringByAppendingString:@"@example.org,"]];
   [window display];
   EXPECT_LE(NSWidth(placeOfToken(0)), NSWidth([field bounds]));
@@ -180,4 +201,39 @@ TEST_F(Looks, AScrolledFieldKeepsItsPlaceWhenATokenIsClicked) {
   click(NSMakePoint(40, 12));
   EXPECT_EQ(NSMinX([editor() visibleRect]), 300);
   EXPECT_EQ([editor() selectedRange].length, 1u);
+}
+
+TEST_F(Looks, EachTokenInSightHasAToolTipWithItsAddress) {
+  [field setStringValue:@"Anna<anna@example.org>,dan@example.org"];
+  EXPECT_EQ(toolTips(), (std::vector<std::string>{"anna@example.org", "dan@example.org"}));
+}
+
+TEST_F(Looks, ToolTipsGoWithTheirTokens) {
+  [field setStringValue:@"a@b.c,d@e.f"];
+  ASSERT_EQ(toolTips().size(), 2u);
+  [field setStringValue:@"a@b.c"];
+  EXPECT_EQ(toolTips(), std::vector<std::string>{"a@b.c"});
+}
+
+TEST_F(Looks, WhileTheFieldIsEditedItsEditorHasTheToolTips) {
+  [field setStringValue:@"a@b.c,d@e.f"];
+  focus();
+  EXPECT_EQ(toolTips().size(), 0u);
+  EXPECT_EQ(trackedRects(editor()), 2u);
+}
+
+TEST_F(Looks, TheFieldsOwnToolTipStays) {
+  [field setToolTip:@"Recipients"];
+  [field setStringValue:@"a@b.c"];
+  [window display];
+  EXPECT_EQ(text([field toolTip]), "Recipients");
+}
+
+TEST_F(Looks, AValueThatWasSetBeforeTheFieldWasDrawnShowsNames) {
+  RecipientField *const fresh =
+      [[[RecipientField alloc] initWithFrame:NSMakeRect(0, 0, 200, 24)] autorelease];
+  [fresh setDelegate:delegate];
+  [fresh setStringValue:@"Anna<anna@example.org>"];
+  EXPECT_EQ(text([tokenAt([[fresh cell] tokenText], 0) displayString]), "Anna");
+  EXPECT_EQ(text([fresh stringValue]), "anna@example.org");
 }

@@ -12,7 +12,11 @@
 #include "tests/support/Strings.h"
 
 /// A subclass as an application has it: it answers key equivalents without asking its superclass.
-@interface RecipientField : NSTokenField
+@interface RecipientField : NSTokenField {
+ @public
+  /// The texts of the tool tips that it has.
+  NSMutableDictionary *toolTips;
+}
 @end
 
 /// Completes from a list and knows addresses written as "Name<address>".

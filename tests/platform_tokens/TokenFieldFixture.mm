@@ -7,6 +7,24 @@
 
 @implementation RecipientField
 
+- (void)dealloc {
+  [toolTips release];
+  toolTips = nil;
+  [super dealloc];
+}
+
+- (NSToolTipTag)addToolTipRect:(NSRect)rect owner:(id)owner userData:(void *)data {
+  const NSToolTipTag tag = [super addToolTipRect:rect owner:owner userData:data];
+  if (toolTips == nil) toolTips = [[NSMutableDictionary alloc] init];
+  [toolTips setObject:[owner description] forKey:[NSNumber numberWithInteger:tag]];
+  return tag;
+}
+
+- (void)removeToolTip:(NSToolTipTag)tag {
+  [toolTips removeObjectForKey:[NSNumber numberWithInteger:tag]];
+  [super removeToolTip:tag];
+}
+
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
   (void)event;
   return NO;
@@ -93,8 +111,8 @@
 
 - (id)objectAtIndex:(NSUInteger)index {
   ++reads;
-  return [NSString stringWithFormat:@"Person %lu<p%lu@example.org>", (unsigned long)index,
-                                    (unsigned long)index];
+  return [NSString
+      stringWithFormat:@"Person %lu<p%lu@example.org>", (unsigned long)index, (unsigned long)index];
 }
 
 @end
@@ -124,9 +142,9 @@ void TokenField::SetUp() {
   [next setNextKeyView:field];
   [window setDefaultButtonCell:[button cell]];
   delegate = [[RecipientDelegate alloc] init];
-  delegate->book = [[NSArray alloc]
-      initWithObjects:@"Anna<anna@example.org>", @"ANDY<andy@example.org>", @"Brian<brian@x.org>",
-                      nil];
+  delegate->book =
+      [[NSArray alloc] initWithObjects:@"Anna<anna@example.org>", @"ANDY<andy@example.org>",
+                                       @"Brian<brian@x.org>", nil];
   [field setDelegate:delegate];
   [window makeKeyAndOrderFront:nil];
   ASSERT_TRUE(eventually([this] { return [window isKeyWindow] != NO; }));
@@ -149,15 +167,15 @@ void TokenField::queueKey(unichar key, NSUInteger modifiers) {
   NSString *const characters = [NSString stringWithCharacters:&key length:1];
   for (const NSEventType kind : {NSKeyDown, NSKeyUp}) {
     [NSApp postEvent:[NSEvent keyEventWithType:kind
-                                      location:NSZeroPoint
-                                 modifierFlags:modifiers
-                                     timestamp:0
-                                  windowNumber:[window windowNumber]
-                                       context:nil
-                                    characters:characters
-                   charactersIgnoringModifiers:characters
-                                     isARepeat:NO
-                                       keyCode:0]
+                                            location:NSZeroPoint
+                                       modifierFlags:modifiers
+                                           timestamp:0
+                                        windowNumber:[window windowNumber]
+                                             context:nil
+                                          characters:characters
+                         charactersIgnoringModifiers:characters
+                                           isARepeat:NO
+                                             keyCode:0]
              atStart:NO];
   }
 }

@@ -90,8 +90,9 @@ TEST(TokenList, APositionBehindTheTextIsItsEnd) {
 }
 
 TEST(TokenList, TokensAndFragmentsAreElementsInTheirOrder) {
-  EXPECT_EQ(elements(u"\uFFFC ab \uFFFCc"),
-            (Elements{{kToken, {0, 1}}, {kFragment, {2, 2}}, {kToken, {5, 1}}, {kFragment, {6, 1}}}));
+  EXPECT_EQ(
+      elements(u"\uFFFC ab \uFFFCc"),
+      (Elements{{kToken, {0, 1}}, {kFragment, {2, 2}}, {kToken, {5, 1}}, {kFragment, {6, 1}}}));
 }
 
 TEST(TokenList, BlankTextBetweenTokensIsNoElement) {
