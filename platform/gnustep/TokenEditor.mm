@@ -124,7 +124,8 @@ NSString *withoutMarks(NSString *string) {
   NSMutableArray *const tokens = [NSMutableArray array];
   NSMutableArray *const rects = [NSMutableArray array];
   NSTextStorage *const storage = [self textStorage];
-  for (NSUInteger i = 0; i < [storage length]; ++i) {
+  const NSRange seenText = charactersInRect([self layoutManager], [self visibleRect]);
+  for (NSUInteger i = seenText.location; i < NSMaxRange(seenText); ++i) {
     FieldToken *const token = tokenAt(storage, i);
     if (token == nil) continue;
     const NSRect seen = NSIntersectionRect(tokenRect([self layoutManager], i), [self visibleRect]);

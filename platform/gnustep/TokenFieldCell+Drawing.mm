@@ -117,8 +117,9 @@ constexpr CGFloat kSideMargin = 2;
   TokenLayout *const layout = [self layoutInBounds:frame];
   [NSGraphicsContext saveGraphicsState];
   NSRectClip(titleRect);
-  [layout
-      drawAtPoint:NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y)];
+  const NSPoint origin =
+      NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y);
+  [layout drawAtPoint:origin inRect:titleRect];
   [NSGraphicsContext restoreGraphicsState];
   (void)view;
 }
@@ -154,9 +155,11 @@ constexpr CGFloat kSideMargin = 2;
   NSMutableArray *const rects = [NSMutableArray array];
   const NSRect titleRect = [self titleRectForBounds:[view bounds]];
   TokenLayout *const layout = [self layoutInBounds:[view bounds]];
+  const NSRect sight = {_scrolled, titleRect.size};
   // The editor has tool tips of its own.
-  const NSUInteger length = [self isBeingEdited] ? 0 : [[self tokenText] length];
-  for (NSUInteger i = 0; i < length; ++i) {
+  const NSRange seenText =
+      [self isBeingEdited] ? NSMakeRange(0, 0) : [layout charactersInRect:sight];
+  for (NSUInteger i = seenText.location; i < NSMaxRange(seenText); ++i) {
     FieldToken *const token = tokenAt([self tokenText], i);
     if (token == nil) continue;
     const NSRect place =

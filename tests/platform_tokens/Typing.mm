@@ -217,3 +217,34 @@ TEST_F(Typing, AFieldThatGoesWhileItIsEditedLeavesNothingBehind) {
   type(@"a@b.c,");
   EXPECT_EQ(value(), "a@b.c");
 }
+
+TEST_F(Typing, AFieldThatGoesTakesItsEditorAndItsTokensWithIt) {
+  int alive = 0;
+  @autoreleasepool {
+    NSTokenField *const gone = [[NSTokenField alloc] initWithFrame:NSMakeRect(20, 150, 200, 24)];
+    [[window contentView] addSubview:gone];
+    [gone setObjectValue:[NSArray arrayWithObject:[Witness witnessOf:&alive]]];
+    [window makeFirstResponder:gone];
+    [static_cast<NSTextView *>([gone currentEditor]) insertText:@"d@e,"];
+    EXPECT_EQ(alive, 1);
+    [gone removeFromSuperview];
+    [gone release];
+  }
+  settle();
+  EXPECT_EQ(alive, 0);
+}
+
+TEST_F(Typing, AThousandTokensLeaveTypingQuick) {
+  NSMutableString *const many = [NSMutableString string];
+  for (int i = 0; i < 1000; ++i) [many appendFormat:@"person%d@example.org,", i];
+  focus();
+  setClipboard(many);
+  NSDate *start = [NSDate date];
+  [editor() paste:nil];
+  [window display];
+  NSLog(@"paste: %g s", -[start timeIntervalSinceNow]);
+  start = [NSDate date];
+  type(@"abcdefghij");
+  [window display];
+  NSLog(@"ten keys: %g s", -[start timeIntervalSinceNow]);
+}
