@@ -234,17 +234,13 @@ TEST_F(Typing, AFieldThatGoesTakesItsEditorAndItsTokensWithIt) {
   EXPECT_EQ(alive, 0);
 }
 
-TEST_F(Typing, AThousandTokensLeaveTypingQuick) {
-  NSMutableString *const many = [NSMutableString string];
-  for (int i = 0; i < 1000; ++i) [many appendFormat:@"person%d@example.org,", i];
+TEST_F(Typing, AThousandTokensAreNoneTooMany) {
+  NSMutableArray *const many = [NSMutableArray array];
+  for (int i = 0; i < 1000; ++i) [many addObject:[NSString stringWithFormat:@"p%d@x.org", i]];
+  setClipboard([many componentsJoinedByString:@"\n"]);
   focus();
-  setClipboard(many);
-  NSDate *start = [NSDate date];
   [editor() paste:nil];
-  [window display];
-  NSLog(@"paste: %g s", -[start timeIntervalSinceNow]);
-  start = [NSDate date];
-  type(@"abcdefghij");
-  [window display];
-  NSLog(@"ten keys: %g s", -[start timeIntervalSinceNow]);
+  type(@"last");
+  [many addObject:@"last"];
+  EXPECT_EQ(value(), text([many componentsJoinedByString:@","]));
 }
