@@ -53,7 +53,7 @@ std::vector<std::size_t> characterBoundaries(std::u16string_view text) {
 }  // namespace
 
 std::u16string inScreenOrder(std::u16string_view text) {
-  const std::u16string clean = withoutControls(text);
+  std::u16string clean = withoutControls(text);
   const std::unique_ptr<UBiDi, decltype(&ubidi_close)> bidi(ubidi_open(), &ubidi_close);
   UErrorCode status = U_ZERO_ERROR;
   ubidi_setPara(bidi.get(), clean.data(), static_cast<std::int32_t>(clean.size()),

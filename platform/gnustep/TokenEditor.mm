@@ -1,11 +1,12 @@
 #import "platform/gnustep/TokenEditor.h"
 
+#include <algorithm>
+
 #import "platform/gnustep/FieldToken.h"
 #import "platform/gnustep/TokenCompletion.h"
 #import "platform/gnustep/TokenFieldCell.h"
 #import "platform/gnustep/TokenLayout.h"
 #import "platform/gnustep/TokenPill.h"
-#import "platform/gnustep/TokenToolTips.h"
 
 namespace {
 
@@ -35,7 +36,6 @@ NSString *withoutMarks(NSString *string) {
   [self setSmartInsertDeleteEnabled:NO];
   breakLinesBetweenTokens([self layoutManager]);
   _completion = [[TokenCompletion alloc] initWithEditor:self];
-  _toolTips = [[TokenToolTips alloc] init];
   // Ending a field editor's work empties its undo manager, which must not be the window's: other
   // text views undo with that.
   _undoManager = [[NSUndoManager alloc] init];
@@ -45,7 +45,6 @@ NSString *withoutMarks(NSString *string) {
 - (void)dealloc {
   [_completion invalidate];
   [_completion release];
-  [_toolTips release];
   [_undoManager removeAllActions];
   [_undoManager release];
   [super dealloc];
@@ -121,19 +120,8 @@ NSString *withoutMarks(NSString *string) {
 
 - (void)drawRect:(NSRect)rect {
   [super drawRect:rect];
-  NSMutableArray *const tokens = [NSMutableArray array];
-  NSMutableArray *const rects = [NSMutableArray array];
-  NSTextStorage *const storage = [self textStorage];
-  const NSRange seenText = charactersInRect([self layoutManager], [self visibleRect]);
-  for (NSUInteger i = seenText.location; i < NSMaxRange(seenText); ++i) {
-    FieldToken *const token = tokenAt(storage, i);
-    if (token == nil) continue;
-    const NSRect seen = NSIntersectionRect(tokenRect([self layoutManager], i), [self visibleRect]);
-    if (NSIsEmptyRect(seen)) continue;
-    [tokens addObject:token];
-    [rects addObject:[NSValue valueWithRect:seen]];
-  }
-  [_toolTips showTokens:tokens inRects:rects ofView:self];
+  // Of the field: drawing a text view removes the tool tips of its own.
+  [_cell updateToolTipsOfView:[_cell controlView]];
 }
 
 #pragma mark - Fragments
@@ -197,18 +185,19 @@ NSString *withoutMarks(NSString *string) {
 
 - (void)finishFragments {
   [_completion close];
-  const std::vector<tokens::Element> elements =
+  std::vector<tokens::Element> elements =
       tokens::elements(utf16Of([self string]), [self isTokenizing]);
   NSUInteger index = static_cast<NSUInteger>(std::count_if(
       elements.begin(), elements.end(),
       [](const tokens::Element &element) { return element.kind == tokens::Element::Kind::Token; }));
   // From the end, so that the ranges in front stay right.
-  for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-    if (element->kind == tokens::Element::Kind::Token) --index;
-    if (element->kind != tokens::Element::Kind::Fragment) continue;
-    NSString *const typed = [[self string] substringWithRange:rangeOf(element->range)];
+  std::reverse(elements.begin(), elements.end());
+  for (const tokens::Element &element : elements) {
+    if (element.kind == tokens::Element::Kind::Token) --index;
+    if (element.kind != tokens::Element::Kind::Fragment) continue;
+    NSString *const typed = [[self string] substringWithRange:rangeOf(element.range)];
     const tokens::Range whole =
-        tokens::fragmentAt(utf16Of([self string]), element->range.location, [self isTokenizing]);
+        tokens::fragmentAt(utf16Of([self string]), element.range.location, [self isTokenizing]);
     NSArray *const strings = [NSArray arrayWithObject:typed];
     [[self textStorage] replaceCharactersInRange:rangeOf(whole)
                             withAttributedString:[self textForStrings:strings atIndex:index]];

@@ -151,27 +151,21 @@ constexpr CGFloat kSideMargin = 2;
 }
 
 - (void)updateToolTipsOfView:(NSView *)view {
-  NSMutableArray *const tokens = [NSMutableArray array];
-  NSMutableArray *const rects = [NSMutableArray array];
-  const NSRect titleRect = [self titleRectForBounds:[view bounds]];
-  TokenLayout *const layout = [self layoutInBounds:[view bounds]];
-  const NSRect sight = {_scrolled, titleRect.size};
-  // The editor has tool tips of its own.
-  const NSRange seenText =
-      [self isBeingEdited] ? NSMakeRange(0, 0) : [layout charactersInRect:sight];
-  for (NSUInteger i = seenText.location; i < NSMaxRange(seenText); ++i) {
-    FieldToken *const token = tokenAt([self tokenText], i);
-    if (token == nil) continue;
-    const NSRect place =
-        NSOffsetRect([layout rectOfTokenAtIndex:i], NSMinX(titleRect) - _scrolled.x,
-                     NSMinY(titleRect) - _scrolled.y);
-    const NSRect seen = NSIntersectionRect(place, titleRect);
-    if (NSIsEmptyRect(seen)) continue;
-    [tokens addObject:token];
-    [rects addObject:[NSValue valueWithRect:seen]];
-  }
   if (_toolTips == nil) _toolTips = [[TokenToolTips alloc] init];
-  [_toolTips showTokens:tokens inRects:rects ofView:view];
+  if ([self isBeingEdited]) {
+    [_toolTips showTokensOf:[_editor layoutManager]
+                    inSight:[_editor visibleRect]
+                         at:[view convertPoint:NSZeroPoint fromView:_editor]
+                     ofView:view];
+    return;
+  }
+  const NSRect titleRect = [self titleRectForBounds:[view bounds]];
+  const NSRect sight = {_scrolled, titleRect.size};
+  [_toolTips
+      showTokensOf:[[self layoutInBounds:[view bounds]] layoutManager]
+           inSight:sight
+                at:NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y)
+            ofView:view];
 }
 
 @end

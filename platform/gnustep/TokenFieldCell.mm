@@ -67,6 +67,9 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
   copy->_layout = nil;
   copy->_toolTips = nil;
   copy->_tokenText = nil;
+  // It may be meant for a field of another size.
+  copy->_layoutSize = NSZeroSize;
+  copy->_tokenRoom = 0;
   NSMutableArray *const tokens = [NSMutableArray array];
   for (id object in [self objectValue]) [tokens addObject:object];
   [copy setObjectValue:tokens];

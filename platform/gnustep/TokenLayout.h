@@ -16,11 +16,7 @@
 /// Draws the lines that meet a rectangle. Both in the coordinates of the view that is drawn into.
 - (void)drawAtPoint:(NSPoint)origin inRect:(NSRect)rect;
 
-/// The characters in a rectangle, given from the layout's upper left corner.
-- (NSRange)charactersInRect:(NSRect)rect;
-
-/// Where the token of this character is, from the layout's upper left corner.
-- (NSRect)rectOfTokenAtIndex:(NSUInteger)index;
+- (NSLayoutManager *)layoutManager;
 
 @end
 

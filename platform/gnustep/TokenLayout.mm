@@ -46,12 +46,8 @@ constexpr CGFloat kEndless = 1e6;
   [_layoutManager drawGlyphsForGlyphRange:glyphs atPoint:origin];
 }
 
-- (NSRange)charactersInRect:(NSRect)rect {
-  return charactersInRect(_layoutManager, rect);
-}
-
-- (NSRect)rectOfTokenAtIndex:(NSUInteger)index {
-  return tokenRect(_layoutManager, index);
+- (NSLayoutManager *)layoutManager {
+  return _layoutManager;
 }
 
 @end

@@ -1,6 +1,7 @@
 #import "platform/gnustep/TokenToolTips.h"
 
 #import "platform/gnustep/FieldToken.h"
+#import "platform/gnustep/TokenLayout.h"
 
 @implementation TokenToolTips
 
@@ -9,6 +10,24 @@
   [_rects release];
   [_tags release];
   [super dealloc];
+}
+
+- (void)showTokensOf:(NSLayoutManager *)layoutManager
+             inSight:(NSRect)sight
+                  at:(NSPoint)origin
+              ofView:(NSView *)view {
+  NSMutableArray *const tokens = [NSMutableArray array];
+  NSMutableArray *const rects = [NSMutableArray array];
+  const NSRange characters = charactersInRect(layoutManager, sight);
+  for (NSUInteger i = characters.location; i < NSMaxRange(characters); ++i) {
+    FieldToken *const token = tokenAt([layoutManager textStorage], i);
+    if (token == nil) continue;
+    const NSRect seen = NSIntersectionRect(tokenRect(layoutManager, i), sight);
+    if (NSIsEmptyRect(seen)) continue;
+    [tokens addObject:token];
+    [rects addObject:[NSValue valueWithRect:NSOffsetRect(seen, origin.x, origin.y)]];
+  }
+  [self showTokens:tokens inRects:rects ofView:view];
 }
 
 - (void)showTokens:(NSArray *)tokens inRects:(NSArray *)rects ofView:(NSView *)view {
