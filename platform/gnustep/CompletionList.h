@@ -11,9 +11,9 @@
 
 @end
 
-/// A list of texts below a view, in a window that never takes the keyboard. It closes by itself when
-/// the view's window moves, is resized, loses the keyboard, gets a sheet, closes or is miniaturised,
-/// and when the application hides. Main thread only.
+/// A list of texts below a view, in a window that never takes the keyboard. It closes by itself
+/// when the view's window moves, is resized, loses the keyboard, gets a sheet, closes or is
+/// miniaturised, and when the application hides. Main thread only.
 @interface CompletionList : NSObject {
  @private
   id<CompletionListUser> _user;

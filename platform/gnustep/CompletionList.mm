@@ -121,9 +121,9 @@ constexpr CGFloat kBorder = 1;
 - (void)watchWindow:(NSWindow *)window {
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   NSString *const ends[] = {
-      NSWindowDidMoveNotification,        NSWindowDidResizeNotification,
-      NSWindowDidResignKeyNotification,   NSWindowWillBeginSheetNotification,
-      NSWindowWillCloseNotification,      NSWindowWillMiniaturizeNotification,
+      NSWindowDidMoveNotification,      NSWindowDidResizeNotification,
+      NSWindowDidResignKeyNotification, NSWindowWillBeginSheetNotification,
+      NSWindowWillCloseNotification,    NSWindowWillMiniaturizeNotification,
   };
   for (NSString *const name : ends) {
     [center addObserver:self selector:@selector(windowLeaves:) name:name object:window];

@@ -1,5 +1,8 @@
 #import "platform/gnustep/CompletionListView.h"
 
+#import "platform/gnustep/FieldToken.h"
+#import "platform/gnustep/PillText.h"
+
 namespace {
 
 constexpr CGFloat kRowPadding = 6;
@@ -85,12 +88,11 @@ NSColor *highlightColor() {
 #pragma mark - Drawing
 
 - (void)drawRect:(NSRect)rect {
-  [[NSColor controlBackgroundColor] set];
+  [[NSColor textBackgroundColor] set];
   NSRectFill(rect);
   const NSInteger count = static_cast<NSInteger>([_items count]);
   const NSInteger first = MAX(0, static_cast<NSInteger>(floor(NSMinY(rect) / [self rowHeight])));
-  const NSInteger end =
-      MIN(count, static_cast<NSInteger>(ceil(NSMaxY(rect) / [self rowHeight])));
+  const NSInteger end = MIN(count, static_cast<NSInteger>(ceil(NSMaxY(rect) / [self rowHeight])));
   for (NSInteger row = first; row < end; ++row) [self drawRow:row];
 }
 
@@ -105,12 +107,12 @@ NSColor *highlightColor() {
   [style setLineBreakMode:NSLineBreakByClipping];
   NSDictionary *const attributes = [NSDictionary
       dictionaryWithObjectsAndKeys:_font, NSFontAttributeName, style, NSParagraphStyleAttributeName,
-                                   isSelected ? [NSColor whiteColor] : [NSColor controlTextColor],
+                                   isSelected ? [NSColor whiteColor] : [NSColor textColor],
                                    NSForegroundColorAttributeName, nil];
   NSString *const item = [_items objectAtIndex:static_cast<NSUInteger>(row)];
   const NSRect text = NSMakeRect(kTextIndent, NSMinY(place) + kRowPadding / 2,
                                  NSWidth(place) - 2 * kTextIndent, NSHeight(place));
-  [item drawInRect:text withAttributes:attributes];
+  [stringOf(pill_text::inScreenOrder(utf16Of(item))) drawInRect:text withAttributes:attributes];
 }
 
 #pragma mark - Mouse

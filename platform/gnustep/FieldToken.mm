@@ -47,7 +47,9 @@
 
 FieldToken *tokenAt(NSAttributedString *text, NSUInteger index) {
   if (index >= [text length]) return nil;
-  id const attachment = [text attribute:NSAttachmentAttributeName atIndex:index effectiveRange:NULL];
+  id const attachment = [text attribute:NSAttachmentAttributeName
+                                atIndex:index
+                         effectiveRange:NULL];
   return [attachment isKindOfClass:[FieldToken class]] ? attachment : nil;
 }
 

@@ -5,9 +5,9 @@
 @optional
 
 /// What to offer for the text being typed; the index of the token that it would become. The item
-/// at *selectedIndex is highlighted at first; -1 for none, which is also what it is before the call.
-/// Asked once a change, on the main thread, when nothing else has been typed since. The list keeps
-/// the array and reads the rows in sight from it.
+/// at *selectedIndex is highlighted at first; -1 for none, which is also what it is before the
+/// call. Asked once a change, on the main thread, when nothing else has been typed since. The list
+/// keeps the array and reads the rows in sight from it.
 - (NSArray *)tokenField:(NSTokenField *)tokenField
     completionsForSubstring:(NSString *)substring
                indexOfToken:(NSInteger)tokenIndex

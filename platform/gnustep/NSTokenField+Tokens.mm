@@ -23,7 +23,24 @@ constexpr CGFloat kWheelPoints = 20;
   self = [super initWithCoder:coder];
   if (self == nil) return nil;
   if (![_cell isKindOfClass:[TokenFieldCell class]]) [self adoptLookOfCell:_cell];
+  [_cell setControlView:self];
   return self;
+}
+
+- (void)dealloc {
+  [self setCell:nil];
+  [super dealloc];
+}
+
+/// The platform tells a cell its field only when it draws it, but the delegate has a say in every
+/// token from the start.
+- (void)setCell:(NSCell *)cell {
+  if (cell != _cell && [_cell isKindOfClass:[TokenFieldCell class]]) {
+    [self abortEditing];
+    [_cell setControlView:nil];
+  }
+  [super setCell:cell];
+  [cell setControlView:self];
 }
 
 /// An interface file may give a text field this class, and then a text field's cell with it.

@@ -25,12 +25,11 @@ std::u16string joined(const std::u16string &text) {
   std::u16string result(text.size(), u'\0');
   UErrorCode status = U_ZERO_ERROR;
   // At the same length, so that letters and their joined forms correspond one to one.
-  const std::int32_t length =
-      u_shapeArabic(text.data(), static_cast<std::int32_t>(text.size()), result.data(),
-                    static_cast<std::int32_t>(result.size()),
-                    U_SHAPE_LETTERS_SHAPE | U_SHAPE_LENGTH_FIXED_SPACES_NEAR |
-                        U_SHAPE_TEXT_DIRECTION_LOGICAL,
-                    &status);
+  const std::int32_t length = u_shapeArabic(
+      text.data(), static_cast<std::int32_t>(text.size()), result.data(),
+      static_cast<std::int32_t>(result.size()),
+      U_SHAPE_LETTERS_SHAPE | U_SHAPE_LENGTH_FIXED_SPACES_NEAR | U_SHAPE_TEXT_DIRECTION_LOGICAL,
+      &status);
   if (U_FAILURE(status)) return text;
   result.resize(static_cast<std::size_t>(length));
   return result;
@@ -54,7 +53,7 @@ std::vector<std::size_t> characterBoundaries(std::u16string_view text) {
 }  // namespace
 
 std::u16string inScreenOrder(std::u16string_view text) {
-  const std::u16string clean = withoutControls(text);
+  std::u16string clean = withoutControls(text);
   const std::unique_ptr<UBiDi, decltype(&ubidi_close)> bidi(ubidi_open(), &ubidi_close);
   UErrorCode status = U_ZERO_ERROR;
   ubidi_setPara(bidi.get(), clean.data(), static_cast<std::int32_t>(clean.size()),

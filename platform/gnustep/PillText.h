@@ -12,8 +12,8 @@ namespace pill_text {
 using Fits = std::function<bool(std::u16string_view)>;
 
 /// The text in the order in which its characters stand on the screen, from left to right: runs of
-/// right-to-left scripts reversed, Arabic letters joined, marks after their letters. Line breaks and
-/// other control characters become spaces.
+/// right-to-left scripts reversed, Arabic letters joined, marks after their letters. Line breaks
+/// and other control characters become spaces.
 std::u16string inScreenOrder(std::u16string_view text);
 
 /// The text, or as much of its beginning and end as fits with an ellipsis between them. Never cuts

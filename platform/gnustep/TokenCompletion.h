@@ -11,6 +11,7 @@
  @private
   TokenEditor *_editor;
   CompletionList *_list;
+  BOOL _isAboutToAsk;
 }
 
 /// editor: the owner; not retained.
@@ -27,7 +28,8 @@
 - (void)askNow;
 
 /// The keys that an open list takes: up and down, by rows and pages, Return, Tab, Escape. YES when
-/// the command is done with; Tab also goes on to the editor.
+/// the command is done with; Tab also goes on to the editor. A list that is not of the last change
+/// is brought up to date first.
 - (BOOL)handleCommand:(SEL)command;
 
 - (void)close;

@@ -13,14 +13,15 @@ struct ListKey {
   NSInteger rows;
 };
 
-NSArray *askingModes() {
-  return [NSArray arrayWithObjects:NSDefaultRunLoopMode, NSModalPanelRunLoopMode, nil];
+/// Only the one that runs: in another the platform would keep each of these timers until that runs.
+NSString *runningMode() {
+  return [NSApp modalWindow] == nil ? NSDefaultRunLoopMode : NSModalPanelRunLoopMode;
 }
 
 BOOL keysAreWaiting() {
   return [NSApp nextEventMatchingMask:NSKeyDownMask
                             untilDate:[NSDate distantPast]
-                               inMode:NSDefaultRunLoopMode
+                               inMode:runningMode()
                               dequeue:NO] != nil;
 }
 
@@ -49,13 +50,15 @@ BOOL keysAreWaiting() {
 
 - (void)askAfter:(NSTimeInterval)delay {
   [self cancelAsking];
+  _isAboutToAsk = YES;
   [self performSelector:@selector(askUnlessKeysWait)
              withObject:nil
              afterDelay:delay
-                inModes:askingModes()];
+                inModes:[NSArray arrayWithObject:runningMode()]];
 }
 
 - (void)cancelAsking {
+  _isAboutToAsk = NO;
   [NSObject cancelPreviousPerformRequestsWithTarget:self
                                            selector:@selector(askUnlessKeysWait)
                                              object:nil];
@@ -94,7 +97,10 @@ BOOL keysAreWaiting() {
     return;
   }
   if (_list == nil) _list = [[CompletionList alloc] initWithUser:self];
-  [_list showItems:items selected:selected font:[[_editor cell] font] below:[[_editor cell] controlView]];
+  [_list showItems:items
+          selected:selected
+              font:[[_editor cell] font]
+             below:[[_editor cell] controlView]];
 }
 
 #pragma mark - The list
@@ -129,9 +135,9 @@ BOOL keysAreWaiting() {
 - (BOOL)moveSelectionBy:(SEL)command {
   const NSInteger page = static_cast<NSInteger>([CompletionList visibleRows]) - 1;
   const ListKey keys[] = {
-      {@selector(moveUp:), -1},          {@selector(moveDown:), 1},
-      {@selector(pageUp:), -page},      {@selector(scrollPageUp:), -page},
-      {@selector(pageDown:), page},     {@selector(scrollPageDown:), page},
+      {@selector(moveUp:), -1},     {@selector(moveDown:), 1},
+      {@selector(pageUp:), -page},  {@selector(scrollPageUp:), -page},
+      {@selector(pageDown:), page}, {@selector(scrollPageDown:), page},
   };
   for (const ListKey &key : keys) {
     if (!sel_isEqual(command, key.command)) continue;
@@ -142,6 +148,8 @@ BOOL keysAreWaiting() {
 }
 
 - (BOOL)handleCommand:(SEL)command {
+  if (![self isListOpen]) return NO;
+  if (_isAboutToAsk) [self askNow];
   if (![self isListOpen]) return NO;
   if (sel_isEqual(command, @selector(insertNewline:))) return [self chooseSelectedItem];
   if (sel_isEqual(command, @selector(insertTab:))) {

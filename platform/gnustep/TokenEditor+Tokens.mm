@@ -53,20 +53,48 @@ NSString *const kListJoint = @", ";
 
 #pragma mark - Mouse
 
-- (NSUInteger)tokenIndexForEvent:(NSEvent *)event {
-  NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
+- (NSPoint)containerPointForEvent:(NSEvent *)event {
+  const NSPoint point = [self convertPoint:[event locationInWindow] fromView:nil];
   const NSPoint origin = [self textContainerOrigin];
-  point.x -= origin.x;
-  point.y -= origin.y;
-  return tokenIndexAtPoint([self layoutManager], point);
+  return NSMakePoint(point.x - origin.x, point.y - origin.y);
+}
+
+- (NSUInteger)tokenIndexForEvent:(NSEvent *)event {
+  return tokenIndexAtPoint([self layoutManager], [self containerPointForEvent:event]);
+}
+
+/// Where a caret put by this event belongs.
+- (NSUInteger)caretIndexForEvent:(NSEvent *)event {
+  if ([[self string] length] == 0) return 0;
+  CGFloat fraction = 0;
+  const NSUInteger glyph =
+      [[self layoutManager] glyphIndexForPoint:[self containerPointForEvent:event]
+                               inTextContainer:[self textContainer]
+                fractionOfDistanceThroughGlyph:&fraction];
+  if (glyph >= [[self layoutManager] numberOfGlyphs]) return [[self string] length];
+  const NSUInteger index = [[self layoutManager] characterIndexForGlyphAtIndex:glyph];
+  return fraction > 0.5 ? index + 1 : index;
 }
 
 - (void)mouseDown:(NSEvent *)event {
+  if (![self isSelectable]) return;
   const NSUInteger index = [self tokenIndexForEvent:event];
-  if (index == NSNotFound || ![self isSelectable]) {
+  if (index != NSNotFound) {
+    [self mouseDown:event onTokenAtIndex:index];
+    return;
+  }
+  const NSUInteger caret = [self caretIndexForEvent:event];
+  const BOOL isPlain = [event clickCount] == 1 && ([event modifierFlags] & NSShiftKeyMask) == 0;
+  if (!isPlain || caret < [[self string] length]) {
     [super mouseDown:event];
     return;
   }
+  // The platform takes a click behind a token at the end for one on the token.
+  [self setSelectedRange:NSMakeRange(caret, 0)];
+  [self extendSelectionFrom:[self selectedRange]];
+}
+
+- (void)mouseDown:(NSEvent *)event onTokenAtIndex:(NSUInteger)index {
   const NSRange clicked = NSMakeRange(index, 1);
   if ([event clickCount] == 2 && [self isEditable]) {
     [self editTokenAtIndex:index];
@@ -88,13 +116,9 @@ NSString *const kListJoint = @", ";
                                                         dequeue:YES];
     if (event == nil || [event type] == NSLeftMouseUp) return;
     [self autoscroll:event];
-    const NSUInteger index = [self tokenIndexForEvent:event];
-    NSRange reached = NSMakeRange(index, 1);
-    if (index == NSNotFound) {
-      const NSPoint onScreen = [[self window] convertBaseToScreen:[event locationInWindow]];
-      reached = NSMakeRange([self characterIndexForPoint:onScreen], 0);
-      if (reached.location > [[self string] length]) continue;
-    }
+    const NSUInteger token = [self tokenIndexForEvent:event];
+    const NSRange reached = token == NSNotFound ? NSMakeRange([self caretIndexForEvent:event], 0)
+                                                : NSMakeRange(token, 1);
     [self setSelectedRange:NSUnionRange(anchor, reached)];
   }
 }

@@ -2,7 +2,6 @@
 
 @class TokenCompletion;
 @class TokenFieldCell;
-@class TokenToolTips;
 
 /// The field editor of one token field. Finished tokens and typed text stand in its text side by
 /// side, so selecting, copying, undoing and scrolling treat them alike. Main thread only.
@@ -10,7 +9,6 @@
  @private
   TokenFieldCell *_cell;
   TokenCompletion *_completion;
-  TokenToolTips *_toolTips;
   NSUndoManager *_undoManager;
 }
 

@@ -1,11 +1,12 @@
 #import "platform/gnustep/TokenEditor.h"
 
+#include <algorithm>
+
 #import "platform/gnustep/FieldToken.h"
 #import "platform/gnustep/TokenCompletion.h"
 #import "platform/gnustep/TokenFieldCell.h"
 #import "platform/gnustep/TokenLayout.h"
 #import "platform/gnustep/TokenPill.h"
-#import "platform/gnustep/TokenToolTips.h"
 
 namespace {
 
@@ -35,7 +36,6 @@ NSString *withoutMarks(NSString *string) {
   [self setSmartInsertDeleteEnabled:NO];
   breakLinesBetweenTokens([self layoutManager]);
   _completion = [[TokenCompletion alloc] initWithEditor:self];
-  _toolTips = [[TokenToolTips alloc] init];
   // Ending a field editor's work empties its undo manager, which must not be the window's: other
   // text views undo with that.
   _undoManager = [[NSUndoManager alloc] init];
@@ -45,7 +45,6 @@ NSString *withoutMarks(NSString *string) {
 - (void)dealloc {
   [_completion invalidate];
   [_completion release];
-  [_toolTips release];
   [_undoManager removeAllActions];
   [_undoManager release];
   [super dealloc];
@@ -71,6 +70,8 @@ NSString *withoutMarks(NSString *string) {
   [self fitTokens];
   [self setTypingAttributes:nil];
   [self sizeToFit];
+  // The cell puts it where the clip view lies in the field.
+  [self setFrameOrigin:NSZeroPoint];
   NSClipView *const clipView = static_cast<NSClipView *>([self superview]);
   if ([clipView isKindOfClass:[NSClipView class]]) {
     [clipView scrollToPoint:[clipView constrainScrollPoint:point]];
@@ -96,8 +97,11 @@ NSString *withoutMarks(NSString *string) {
 #pragma mark - Layout
 
 - (void)fitTokens {
+  [self fitTokensInto:NSWidth([[self superview] bounds])];
+}
+
+- (void)fitTokensInto:(CGFloat)room {
   NSTextStorage *const storage = [self textStorage];
-  const CGFloat room = NSWidth([[self superview] bounds]);
   for (NSUInteger i = 0; i < [storage length]; ++i) {
     TokenPill *const pill = [tokenAt(storage, i) pill];
     [pill setMaximumWidth:room];
@@ -107,29 +111,17 @@ NSString *withoutMarks(NSString *string) {
 }
 
 - (void)tokenRoomChanged:(CGFloat)width {
-  (void)width;
-  [self fitTokens];
+  [self fitTokensInto:width];
   NSTextStorage *const storage = [self textStorage];
   [storage edited:NSTextStorageEditedAttributes
-            range:NSMakeRange(0, [storage length])
-   changeInLength:0];
+               range:NSMakeRange(0, [storage length])
+      changeInLength:0];
 }
 
 - (void)drawRect:(NSRect)rect {
   [super drawRect:rect];
-  NSMutableArray *const tokens = [NSMutableArray array];
-  NSMutableArray *const rects = [NSMutableArray array];
-  NSTextStorage *const storage = [self textStorage];
-  for (NSUInteger i = 0; i < [storage length]; ++i) {
-    FieldToken *const token = tokenAt(storage, i);
-    if (token == nil) continue;
-    const NSRect seen =
-        NSIntersectionRect(tokenRect([self layoutManager], i), [self visibleRect]);
-    if (NSIsEmptyRect(seen)) continue;
-    [tokens addObject:token];
-    [rects addObject:[NSValue valueWithRect:seen]];
-  }
-  [_toolTips showTokens:tokens inRects:rects ofView:self];
+  // Of the field: drawing a text view removes the tool tips of its own.
+  [_cell updateToolTipsOfView:[_cell controlView]];
 }
 
 #pragma mark - Fragments
@@ -141,8 +133,7 @@ NSString *withoutMarks(NSString *string) {
 /// With the white space around it, which goes when the fragment becomes a token.
 - (NSRange)wholeFragmentRange {
   const std::u16string text = utf16Of([self string]);
-  return rangeOf(
-      tokens::fragmentAt(text, NSMaxRange([self selectedRange]), [self isTokenizing]));
+  return rangeOf(tokens::fragmentAt(text, NSMaxRange([self selectedRange]), [self isTokenizing]));
 }
 
 - (NSRange)fragmentRange {
@@ -194,19 +185,19 @@ NSString *withoutMarks(NSString *string) {
 
 - (void)finishFragments {
   [_completion close];
-  const std::vector<tokens::Element> elements =
+  std::vector<tokens::Element> elements =
       tokens::elements(utf16Of([self string]), [self isTokenizing]);
-  NSUInteger index = static_cast<NSUInteger>(
-      std::count_if(elements.begin(), elements.end(), [](const tokens::Element &element) {
-        return element.kind == tokens::Element::Kind::Token;
-      }));
+  NSUInteger index = static_cast<NSUInteger>(std::count_if(
+      elements.begin(), elements.end(),
+      [](const tokens::Element &element) { return element.kind == tokens::Element::Kind::Token; }));
   // From the end, so that the ranges in front stay right.
-  for (auto element = elements.rbegin(); element != elements.rend(); ++element) {
-    if (element->kind == tokens::Element::Kind::Token) --index;
-    if (element->kind != tokens::Element::Kind::Fragment) continue;
-    NSString *const typed = [[self string] substringWithRange:rangeOf(element->range)];
-    const tokens::Range whole = tokens::fragmentAt(
-        utf16Of([self string]), element->range.location, [self isTokenizing]);
+  std::reverse(elements.begin(), elements.end());
+  for (const tokens::Element &element : elements) {
+    if (element.kind == tokens::Element::Kind::Token) --index;
+    if (element.kind != tokens::Element::Kind::Fragment) continue;
+    NSString *const typed = [[self string] substringWithRange:rangeOf(element.range)];
+    const tokens::Range whole =
+        tokens::fragmentAt(utf16Of([self string]), element.range.location, [self isTokenizing]);
     NSArray *const strings = [NSArray arrayWithObject:typed];
     [[self textStorage] replaceCharactersInRange:rangeOf(whole)
                             withAttributedString:[self textForStrings:strings atIndex:index]];
@@ -218,8 +209,8 @@ NSString *withoutMarks(NSString *string) {
 
 /// string: also an attributed one, of which the text counts.
 - (void)insertText:(id)string {
-  NSString *const typed = withoutMarks(
-      [string isKindOfClass:[NSAttributedString class]] ? [string string] : string);
+  NSString *const typed =
+      withoutMarks([string isKindOfClass:[NSAttributedString class]] ? [string string] : string);
   const tokens::IsTokenizing isTokenizing = [self isTokenizing];
   NSUInteger start = 0;
   for (NSUInteger i = 0; i < [typed length]; ++i) {

@@ -17,10 +17,9 @@
 }
 
 - (FieldToken *)tokenForEditingString:(NSString *)string {
-  id const object =
-      [[self delegateWith:@selector(tokenField:representedObjectForEditingString:)]
-                                 tokenField:[self tokenField]
-          representedObjectForEditingString:string];
+  id const object = [[self delegateWith:@selector(tokenField:representedObjectForEditingString:)]
+                             tokenField:[self tokenField]
+      representedObjectForEditingString:string];
   if (object == nil) {
     return [FieldToken tokenWithRepresentedObject:string
                                     editingString:string
@@ -44,20 +43,20 @@
 }
 
 - (NSString *)displayStringFor:(id)object {
-  return [[self delegateWith:@selector(tokenField:displayStringForRepresentedObject:)]
-                             tokenField:[self tokenField]
-      displayStringForRepresentedObject:object];
+  return [[self delegateWith:@selector(tokenField:
+                                 displayStringForRepresentedObject:)] tokenField:[self tokenField]
+                                               displayStringForRepresentedObject:object];
 }
 
 - (NSString *)editingStringFor:(id)object {
-  return [[self delegateWith:@selector(tokenField:editingStringForRepresentedObject:)]
-                             tokenField:[self tokenField]
-      editingStringForRepresentedObject:object];
+  return [[self delegateWith:@selector(tokenField:
+                                 editingStringForRepresentedObject:)] tokenField:[self tokenField]
+                                               editingStringForRepresentedObject:object];
 }
 
 - (NSArray *)acceptedTokens:(NSArray *)tokens atIndex:(NSUInteger)index {
-  id<NSTokenFieldDelegate> const delegate =
-      [self delegateWith:@selector(tokenField:shouldAddObjects:atIndex:)];
+  id<NSTokenFieldDelegate> const delegate = [self delegateWith:@selector(tokenField:
+                                                                   shouldAddObjects:atIndex:)];
   if (delegate == nil) return tokens;
   NSMutableArray *const objects = [NSMutableArray arrayWithCapacity:[tokens count]];
   for (FieldToken *token in tokens) [objects addObject:[token representedObject]];
@@ -93,9 +92,9 @@
     [[token pill] setFont:[self font]];
     NSMutableDictionary *const attributes = [[[self textAttributes] mutableCopy] autorelease];
     [attributes setObject:token forKey:NSAttachmentAttributeName];
-    [text appendAttributedString:[[[NSAttributedString alloc]
-                                     initWithString:character
-                                         attributes:attributes] autorelease]];
+    [text appendAttributedString:[[[NSAttributedString alloc] initWithString:character
+                                                                  attributes:attributes]
+                                     autorelease]];
   }
   return text;
 }

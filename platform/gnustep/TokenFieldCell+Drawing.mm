@@ -44,8 +44,7 @@ constexpr CGFloat kSideMargin = 2;
   [style setLineBreakMode:NSLineBreakByWordWrapping];
   [style setMinimumLineHeight:[self lineHeight]];
   [style setMaximumLineHeight:[self lineHeight]];
-  NSColor *const color =
-      [self isEnabled] ? [self textColor] : [NSColor disabledControlTextColor];
+  NSColor *const color = [self isEnabled] ? [self textColor] : [NSColor disabledControlTextColor];
   return [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, style,
                                                     NSParagraphStyleAttributeName,
                                                     color ?: [NSColor textColor],
@@ -118,15 +117,15 @@ constexpr CGFloat kSideMargin = 2;
   TokenLayout *const layout = [self layoutInBounds:frame];
   [NSGraphicsContext saveGraphicsState];
   NSRectClip(titleRect);
-  [layout drawAtPoint:NSMakePoint(NSMinX(titleRect) - _scrolled.x,
-                                  NSMinY(titleRect) - _scrolled.y)];
+  const NSPoint origin =
+      NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y);
+  [layout drawAtPoint:origin inRect:titleRect];
   [NSGraphicsContext restoreGraphicsState];
   (void)view;
 }
 
 - (void)drawPlaceholderInRect:(NSRect)rect {
-  NSMutableDictionary *const attributes =
-      [[[self textAttributes] mutableCopy] autorelease];
+  NSMutableDictionary *const attributes = [[[self textAttributes] mutableCopy] autorelease];
   [attributes setObject:[NSColor disabledControlTextColor] forKey:NSForegroundColorAttributeName];
   NSAttributedString *const text =
       [self placeholderAttributedString]
@@ -152,24 +151,21 @@ constexpr CGFloat kSideMargin = 2;
 }
 
 - (void)updateToolTipsOfView:(NSView *)view {
-  NSMutableArray *const tokens = [NSMutableArray array];
-  NSMutableArray *const rects = [NSMutableArray array];
-  const NSRect titleRect = [self titleRectForBounds:[view bounds]];
-  TokenLayout *const layout = [self layoutInBounds:[view bounds]];
-  // The editor has tool tips of its own.
-  const NSUInteger length = [self isBeingEdited] ? 0 : [[self tokenText] length];
-  for (NSUInteger i = 0; i < length; ++i) {
-    FieldToken *const token = tokenAt([self tokenText], i);
-    if (token == nil) continue;
-    const NSRect place = NSOffsetRect([layout rectOfTokenAtIndex:i], NSMinX(titleRect) - _scrolled.x,
-                                      NSMinY(titleRect) - _scrolled.y);
-    const NSRect seen = NSIntersectionRect(place, titleRect);
-    if (NSIsEmptyRect(seen)) continue;
-    [tokens addObject:token];
-    [rects addObject:[NSValue valueWithRect:seen]];
-  }
   if (_toolTips == nil) _toolTips = [[TokenToolTips alloc] init];
-  [_toolTips showTokens:tokens inRects:rects ofView:view];
+  if ([self isBeingEdited]) {
+    [_toolTips showTokensOf:[_editor layoutManager]
+                    inSight:[_editor visibleRect]
+                         at:[view convertPoint:NSZeroPoint fromView:_editor]
+                     ofView:view];
+    return;
+  }
+  const NSRect titleRect = [self titleRectForBounds:[view bounds]];
+  const NSRect sight = {_scrolled, titleRect.size};
+  [_toolTips
+      showTokensOf:[[self layoutInBounds:[view bounds]] layoutManager]
+           inSight:sight
+                at:NSMakePoint(NSMinX(titleRect) - _scrolled.x, NSMinY(titleRect) - _scrolled.y)
+            ofView:view];
 }
 
 @end

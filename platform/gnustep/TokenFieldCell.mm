@@ -34,6 +34,22 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 
 @implementation TokenFieldCell
 
+- (id)initTextCell:(NSString *)text {
+  self = [super initTextCell:@""];
+  if (self == nil) return nil;
+  [self setStringValue:text ?: @""];
+  return self;
+}
+
+- (id)initWithCoder:(NSCoder *)coder {
+  self = [super initWithCoder:coder];
+  if (self == nil) return nil;
+  if ([coder allowsKeyedCoding] && [coder containsValueForKey:@"placeholderString"]) {
+    [self setPlaceholderString:[coder decodeObjectForKey:@"placeholderString"]];
+  }
+  return self;
+}
+
 - (void)dealloc {
   [_editor setCell:nil];
   [_editor release];
@@ -51,6 +67,9 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
   copy->_layout = nil;
   copy->_toolTips = nil;
   copy->_tokenText = nil;
+  // It may be meant for a field of another size.
+  copy->_layoutSize = NSZeroSize;
+  copy->_tokenRoom = 0;
   NSMutableArray *const tokens = [NSMutableArray array];
   for (id object in [self objectValue]) [tokens addObject:object];
   [copy setObjectValue:tokens];
@@ -151,8 +170,7 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
   const tokens::IsTokenizing isTokenizing = tokenizingOf([self tokenizingCharacterSet]);
   const std::vector<tokens::Range> pieces = tokens::pieces(text, isTokenizing);
   const BOOL isList = pieces.size() > 1;
-  NSMutableAttributedString *const result =
-      [[[NSMutableAttributedString alloc] init] autorelease];
+  NSMutableAttributedString *const result = [[[NSMutableAttributedString alloc] init] autorelease];
   for (const tokens::Range piece : pieces) {
     if (piece.length > 0) {
       NSString *const typed = stringOf({text.data() + piece.location, piece.length});
@@ -169,6 +187,8 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 }
 
 - (void)setObjectValue:(id)object {
+  // What an interface file holds.
+  if ([object isKindOfClass:[NSAttributedString class]]) object = [object string];
   if (object == nil || [object isKindOfClass:[NSString class]]) {
     [self setStringValue:object ?: @""];
     return;

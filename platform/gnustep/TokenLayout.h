@@ -12,10 +12,11 @@
 - (id)initWithText:(NSAttributedString *)text width:(CGFloat)width;
 
 - (NSSize)size;
-- (void)drawAtPoint:(NSPoint)origin;
 
-/// Where the token of this character is, from the layout's upper left corner.
-- (NSRect)rectOfTokenAtIndex:(NSUInteger)index;
+/// Draws the lines that meet a rectangle. Both in the coordinates of the view that is drawn into.
+- (void)drawAtPoint:(NSPoint)origin inRect:(NSRect)rect;
+
+- (NSLayoutManager *)layoutManager;
 
 @end
 
@@ -24,6 +25,9 @@ void breakLinesBetweenTokens(NSLayoutManager *layoutManager);
 
 /// Where the token of this character is, from the container's upper left corner.
 NSRect tokenRect(NSLayoutManager *layoutManager, NSUInteger index);
+
+/// The characters that are laid out in a rectangle of the container.
+NSRange charactersInRect(NSLayoutManager *layoutManager, NSRect rect);
 
 /// The character whose token is at this point of the container; NSNotFound when there is none.
 NSUInteger tokenIndexAtPoint(NSLayoutManager *layoutManager, NSPoint point);

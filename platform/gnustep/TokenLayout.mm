@@ -39,13 +39,15 @@ constexpr CGFloat kEndless = 1e6;
   return NSMakeSize(NSMaxX(used), NSMaxY(used));
 }
 
-- (void)drawAtPoint:(NSPoint)origin {
-  const NSRange glyphs = [_layoutManager glyphRangeForTextContainer:_container];
+- (void)drawAtPoint:(NSPoint)origin inRect:(NSRect)rect {
+  const NSRect sight = NSOffsetRect(rect, -origin.x, -origin.y);
+  const NSRange glyphs = [_layoutManager glyphRangeForBoundingRect:sight
+                                                   inTextContainer:_container];
   [_layoutManager drawGlyphsForGlyphRange:glyphs atPoint:origin];
 }
 
-- (NSRect)rectOfTokenAtIndex:(NSUInteger)index {
-  return tokenRect(_layoutManager, index);
+- (NSLayoutManager *)layoutManager {
+  return _layoutManager;
 }
 
 @end
@@ -55,6 +57,9 @@ void breakLinesBetweenTokens(NSLayoutManager *layoutManager) {
 }
 
 NSRect tokenRect(NSLayoutManager *layoutManager, NSUInteger index) {
+  // Lays out everything. Asked for a place in text that is not laid out yet, the platform complains
+  // and answers nothing.
+  [layoutManager glyphRangeForTextContainer:[[layoutManager textContainers] objectAtIndex:0]];
   const NSUInteger glyph = [layoutManager glyphRangeForCharacterRange:NSMakeRange(index, 1)
                                                  actualCharacterRange:NULL]
                                .location;
@@ -63,6 +68,12 @@ NSRect tokenRect(NSLayoutManager *layoutManager, NSUInteger index) {
   const NSSize size = [layoutManager attachmentSizeForGlyphAtIndex:glyph];
   return NSMakeRect(NSMinX(line) + place.x, NSMinY(line) + place.y - size.height, size.width,
                     size.height);
+}
+
+NSRange charactersInRect(NSLayoutManager *layoutManager, NSRect rect) {
+  NSTextContainer *const container = [[layoutManager textContainers] objectAtIndex:0];
+  const NSRange glyphs = [layoutManager glyphRangeForBoundingRect:rect inTextContainer:container];
+  return [layoutManager characterRangeForGlyphRange:glyphs actualGlyphRange:NULL];
 }
 
 NSUInteger tokenIndexAtPoint(NSLayoutManager *layoutManager, NSPoint point) {

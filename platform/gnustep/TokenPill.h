@@ -7,6 +7,7 @@
   CGFloat _maximumWidth;
   BOOL _isPlain;
   NSString *_shownText;
+  CGFloat _shownWidth;
 }
 
 /// How many points a line of tokens in this font is high.

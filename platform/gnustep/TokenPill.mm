@@ -93,12 +93,15 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
         return [self widthOf:stringOf(pill_text::inScreenOrder(shorter))] <= room;
       });
   _shownText = [stringOf(pill_text::inScreenOrder(fitting)) retain];
+  // Kept, because every change of the field's text lays out all its tokens.
+  _shownWidth = [self widthOf:_shownText];
   return _shownText;
 }
 
 - (NSSize)cellSize {
-  const CGFloat width = [self widthOf:[self shownText]] + [self margins];
-  return NSMakeSize(MAX(width, kMinimumWidth), [TokenPill lineHeightForFont:[self font]]);
+  [self shownText];
+  return NSMakeSize(MAX(_shownWidth + [self margins], kMinimumWidth),
+                    [TokenPill lineHeightForFont:[self font]]);
 }
 
 /// As deep as the letters of a line without tokens, so that the first token does not move them.

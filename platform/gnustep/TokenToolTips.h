@@ -9,8 +9,12 @@
   NSMutableArray *_tags;
 }
 
-/// Replaces the former ones when anything has changed. tokens: FieldTokens; rects: for each of them
-/// an NSValue with its place in the view.
-- (void)showTokens:(NSArray *)tokens inRects:(NSArray *)rects ofView:(NSView *)view;
+/// Replaces the former ones when anything has changed.
+/// layoutManager: has laid out a text with FieldTokens. sight: what is seen of its container.
+/// origin: where the container's upper left corner is in the view.
+- (void)showTokensOf:(NSLayoutManager *)layoutManager
+             inSight:(NSRect)sight
+                  at:(NSPoint)origin
+              ofView:(NSView *)view;
 
 @end

@@ -1,6 +1,7 @@
 #import "platform/gnustep/TokenToolTips.h"
 
 #import "platform/gnustep/FieldToken.h"
+#import "platform/gnustep/TokenLayout.h"
 
 @implementation TokenToolTips
 
@@ -9,6 +10,24 @@
   [_rects release];
   [_tags release];
   [super dealloc];
+}
+
+- (void)showTokensOf:(NSLayoutManager *)layoutManager
+             inSight:(NSRect)sight
+                  at:(NSPoint)origin
+              ofView:(NSView *)view {
+  NSMutableArray *const tokens = [NSMutableArray array];
+  NSMutableArray *const rects = [NSMutableArray array];
+  const NSRange characters = charactersInRect(layoutManager, sight);
+  for (NSUInteger i = characters.location; i < NSMaxRange(characters); ++i) {
+    FieldToken *const token = tokenAt([layoutManager textStorage], i);
+    if (token == nil) continue;
+    const NSRect seen = NSIntersectionRect(tokenRect(layoutManager, i), sight);
+    if (NSIsEmptyRect(seen)) continue;
+    [tokens addObject:token];
+    [rects addObject:[NSValue valueWithRect:NSOffsetRect(seen, origin.x, origin.y)]];
+  }
+  [self showTokens:tokens inRects:rects ofView:view];
 }
 
 - (void)showTokens:(NSArray *)tokens inRects:(NSArray *)rects ofView:(NSView *)view {
@@ -20,8 +39,9 @@
   for (NSUInteger i = 0; i < [tokens count]; ++i) {
     // The owner of a tool tip may be its text.
     NSString *const tip = [[tokens objectAtIndex:i] representedString];
-    const NSToolTipTag tag =
-        [view addToolTipRect:[[rects objectAtIndex:i] rectValue] owner:tip userData:NULL];
+    const NSToolTipTag tag = [view addToolTipRect:[[rects objectAtIndex:i] rectValue]
+                                            owner:tip
+                                         userData:NULL];
     [_tags addObject:[NSNumber numberWithInteger:tag]];
   }
   [_tokens autorelease];

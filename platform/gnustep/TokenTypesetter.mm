@@ -11,7 +11,8 @@
 - (unsigned int)breakLineByWordWrappingBefore:(unsigned int)glyph {
   NSString *const text = [curTextStorage string];
   for (unsigned int i = glyph; i > cache_base; --i) {
-    const auto character = [text characterAtIndex:[curLayoutManager characterIndexForGlyphAtIndex:i]];
+    const auto character =
+        [text characterAtIndex:[curLayoutManager characterIndexForGlyphAtIndex:i]];
     if (character == NSAttachmentCharacter) return i == glyph ? i : i + 1;
     if (character == ' ') break;
   }

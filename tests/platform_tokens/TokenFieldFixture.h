@@ -8,40 +8,9 @@
 #include <string>
 #include <vector>
 
+#import "tests/platform_tokens/Recipients.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Strings.h"
-
-/// A subclass as an application has it: it answers key equivalents without asking its superclass.
-@interface RecipientField : NSTokenField
-@end
-
-/// Completes from a list and knows addresses written as "Name<address>".
-@interface RecipientDelegate : NSObject <NSTokenFieldDelegate> {
- @public
-  NSArray *book;
-  NSInteger selectedItem;
-  NSMutableArray *asked;
-  NSMutableArray *askedIndexes;
-  NSUInteger changes;
-  NSSet *refused;
-}
-@end
-
-/// Counts clicks, and reads of a long list.
-@interface ClickCounter : NSObject {
- @public
-  int clicks;
-}
-- (void)clicked:(id)sender;
-@end
-
-/// What an array of a hundred thousand entries costs: how many of them were read.
-@interface CountingArray : NSArray {
- @public
-  NSUInteger length;
-  NSUInteger reads;
-}
-@end
 
 /// A key window with a token field, a text field after it and a default button. What the user does
 /// goes through the application's event queue.

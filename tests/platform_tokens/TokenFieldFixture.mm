@@ -5,97 +5,6 @@
 #import "platform/gnustep/TokenLayout.h"
 #import "platform/gnustep/TokenPill.h"
 
-@implementation RecipientField
-
-- (BOOL)performKeyEquivalent:(NSEvent *)event {
-  (void)event;
-  return NO;
-}
-
-@end
-
-@implementation RecipientDelegate
-
-- (id)init {
-  self = [super init];
-  selectedItem = -1;
-  asked = [[NSMutableArray alloc] init];
-  askedIndexes = [[NSMutableArray alloc] init];
-  return self;
-}
-
-- (void)dealloc {
-  [book release];
-  [asked release];
-  [askedIndexes release];
-  [refused release];
-  [super dealloc];
-}
-
-- (NSArray *)tokenField:(NSTokenField *)tokenField
-    completionsForSubstring:(NSString *)substring
-               indexOfToken:(NSInteger)tokenIndex
-        indexOfSelectedItem:(NSInteger *)selectedIndex {
-  (void)tokenField;
-  [asked addObject:substring];
-  [askedIndexes addObject:[NSNumber numberWithInteger:tokenIndex]];
-  *selectedIndex = selectedItem;
-  if ([book isKindOfClass:[CountingArray class]]) return book;
-  NSPredicate *const beginning = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  return [book filteredArrayUsingPredicate:beginning];
-}
-
-- (id)tokenField:(NSTokenField *)tokenField
-    representedObjectForEditingString:(NSString *)editingString {
-  (void)tokenField;
-  NSArray *const parts = [editingString
-      componentsSeparatedByCharactersInSet:[NSCharacterSet
-                                               characterSetWithCharactersInString:@"<>"]];
-  return [parts count] == 1 ? nil : [parts objectAtIndex:1];
-}
-
-- (NSArray *)tokenField:(NSTokenField *)tokenField
-       shouldAddObjects:(NSArray *)objects
-                atIndex:(NSUInteger)index {
-  (void)tokenField;
-  (void)index;
-  NSMutableArray *const accepted = [NSMutableArray array];
-  for (id object in objects) {
-    if (![refused containsObject:object]) [accepted addObject:object];
-  }
-  return accepted;
-}
-
-- (void)controlTextDidChange:(NSNotification *)notification {
-  (void)notification;
-  ++changes;
-}
-
-@end
-
-@implementation ClickCounter
-
-- (void)clicked:(id)sender {
-  (void)sender;
-  ++clicks;
-}
-
-@end
-
-@implementation CountingArray
-
-- (NSUInteger)count {
-  return length;
-}
-
-- (id)objectAtIndex:(NSUInteger)index {
-  ++reads;
-  return [NSString stringWithFormat:@"Person %lu<p%lu@example.org>", (unsigned long)index,
-                                    (unsigned long)index];
-}
-
-@end
-
 void TokenField::SetUp() {
   pool_ = [[NSAutoreleasePool alloc] init];
   window = [[NSWindow alloc] initWithContentRect:NSMakeRect(300, 300, 480, 200)
@@ -115,13 +24,15 @@ void TokenField::SetUp() {
   for (NSView *view in [NSArray arrayWithObjects:field, next, button, nil]) {
     [[window contentView] addSubview:view];
   }
+  [window setAutorecalculatesKeyViewLoop:NO];
+  [window setInitialFirstResponder:next];
   [field setNextKeyView:next];
   [next setNextKeyView:field];
   [window setDefaultButtonCell:[button cell]];
   delegate = [[RecipientDelegate alloc] init];
-  delegate->book = [[NSArray alloc]
-      initWithObjects:@"Anna<anna@example.org>", @"ANDY<andy@example.org>", @"Brian<brian@x.org>",
-                      nil];
+  delegate->book =
+      [[NSArray alloc] initWithObjects:@"Anna<anna@example.org>", @"ANDY<andy@example.org>",
+                                       @"Brian<brian@x.org>", nil];
   [field setDelegate:delegate];
   [window makeKeyAndOrderFront:nil];
   ASSERT_TRUE(eventually([this] { return [window isKeyWindow] != NO; }));
@@ -144,15 +55,15 @@ void TokenField::queueKey(unichar key, NSUInteger modifiers) {
   NSString *const characters = [NSString stringWithCharacters:&key length:1];
   for (const NSEventType kind : {NSKeyDown, NSKeyUp}) {
     [NSApp postEvent:[NSEvent keyEventWithType:kind
-                                      location:NSZeroPoint
-                                 modifierFlags:modifiers
-                                     timestamp:0
-                                  windowNumber:[window windowNumber]
-                                       context:nil
-                                    characters:characters
-                   charactersIgnoringModifiers:characters
-                                     isARepeat:NO
-                                       keyCode:0]
+                                            location:NSZeroPoint
+                                       modifierFlags:modifiers
+                                           timestamp:0
+                                        windowNumber:[window windowNumber]
+                                             context:nil
+                                          characters:characters
+                         charactersIgnoringModifiers:characters
+                                           isARepeat:NO
+                                             keyCode:0]
              atStart:NO];
   }
 }
@@ -160,6 +71,8 @@ void TokenField::queueKey(unichar key, NSUInteger modifiers) {
 void TokenField::press(unichar key, NSUInteger modifiers) {
   queueKey(key, modifiers);
   settle();
+  // Keys come one by one: what is undone as one step ends between them.
+  [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
 }
 
 void TokenField::type(NSString *characters) {

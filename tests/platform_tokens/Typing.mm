@@ -154,7 +154,8 @@ TEST_F(Typing, SwitchingToAnotherWindowAndBackKeepsTheRest) {
 }
 
 TEST_F(Typing, SwitchingTabsKeepsTheRest) {
-  NSTabView *const tabs = [[[NSTabView alloc] initWithFrame:NSMakeRect(0, 0, 480, 200)] autorelease];
+  NSTabView *const tabs =
+      [[[NSTabView alloc] initWithFrame:NSMakeRect(0, 0, 480, 200)] autorelease];
   for (NSString *name in [NSArray arrayWithObjects:@"1", @"2", nil]) {
     NSTabViewItem *const item = [[[NSTabViewItem alloc] initWithIdentifier:name] autorelease];
     [item setView:[[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 400, 150)] autorelease]];
@@ -197,4 +198,49 @@ TEST_F(Typing, ReturnSendsTheFieldsActionWhereItHasOne) {
   EXPECT_EQ(counter->clicks, 0);
   type(@"\n");
   EXPECT_EQ(counter->clicks, 1);
+}
+
+TEST_F(Typing, AFieldThatGoesWhileItIsEditedLeavesNothingBehind) {
+  for (int i = 0; i < 20; ++i) {
+    @autoreleasepool {
+      NSTokenField *const gone = [[NSTokenField alloc] initWithFrame:NSMakeRect(20, 150, 200, 24)];
+      [[window contentView] addSubview:gone];
+      [gone setStringValue:@"a@b.c"];
+      [window makeFirstResponder:gone];
+      [static_cast<NSTextView *>([gone currentEditor]) insertText:@"d@e"];
+      [gone removeFromSuperview];
+      EXPECT_NE([window firstResponder], gone);
+      [gone release];
+    }
+  }
+  focus();
+  type(@"a@b.c,");
+  EXPECT_EQ(value(), "a@b.c");
+}
+
+TEST_F(Typing, AFieldThatGoesTakesItsEditorAndItsTokensWithIt) {
+  int alive = 0;
+  @autoreleasepool {
+    NSTokenField *const gone = [[NSTokenField alloc] initWithFrame:NSMakeRect(20, 150, 200, 24)];
+    [[window contentView] addSubview:gone];
+    [gone setObjectValue:[NSArray arrayWithObject:[Witness witnessOf:&alive]]];
+    [window makeFirstResponder:gone];
+    [static_cast<NSTextView *>([gone currentEditor]) insertText:@"d@e,"];
+    EXPECT_EQ(alive, 1);
+    [gone removeFromSuperview];
+    [gone release];
+  }
+  settle();
+  EXPECT_EQ(alive, 0);
+}
+
+TEST_F(Typing, AThousandTokensAreNoneTooMany) {
+  NSMutableArray *const many = [NSMutableArray array];
+  for (int i = 0; i < 1000; ++i) [many addObject:[NSString stringWithFormat:@"p%d@x.org", i]];
+  setClipboard([many componentsJoinedByString:@"\n"]);
+  focus();
+  [editor() paste:nil];
+  type(@"last");
+  [many addObject:@"last"];
+  EXPECT_EQ(value(), text([many componentsJoinedByString:@","]));
 }

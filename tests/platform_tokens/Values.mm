@@ -154,5 +154,6 @@ TEST_F(Values, AssistiveProgramsReadTheStringValue) {
   type(@"a@b.c,d");
   EXPECT_EQ(text([(id)field accessibilityValue]), "a@b.c,d");
   EXPECT_EQ(text([field performSelector:@selector(accessibilityAttributeValue:)
-                             withObject:NSAccessibilityValueAttribute]), "a@b.c,d");
+                             withObject:NSAccessibilityValueAttribute]),
+            "a@b.c,d");
 }
