@@ -103,7 +103,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   }
   // A panel would leave the screen when the user turns to another application; a sheet stays.
   [_window setHidesOnDeactivate:NO];
-  // Tells the window server that the parent waits for this window.
+  // Tells the window manager that the parent waits for this window and that it is none of its own.
   [_window setLevel:NSModalPanelWindowLevel];
   if (![NSApp isHidden]) [self showAgain];
 }
@@ -117,7 +117,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   if (![_parent isVisible]) [_parent orderFront:nil];
   makeRoomUnder(_parent, [_window frame].size);
   [self followParent];
-  [_window orderWindow:NSWindowAbove relativeTo:[_parent windowNumber]];
+  [_window orderInAsSheet];
   // Not the keyboard of another application's window.
   if ([NSApp isActive] || [_parent isKeyWindow]) [_window makeKeyWindow];
   // Window managers choose a place of their own for a window that appears.
@@ -132,8 +132,8 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
 }
 
 - (void)takeFocus {
-  [_window orderWindow:NSWindowAbove relativeTo:[_parent windowNumber]];
   if (![NSApp isActive]) [NSApp activateIgnoringOtherApps:YES];
+  [_window orderInAsSheet];
   [_window makeKeyWindow];
   // The sheet may count as the key window already and not have the window server's focus, when the
   // user has clicked on its parent's title bar.

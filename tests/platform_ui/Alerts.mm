@@ -195,6 +195,31 @@ TEST_F(Alerts, RunModallyEscapeEndsItWithCancel) {
   EXPECT_EQ(code, NSAlertSecondButtonReturn);
 }
 
+TEST_F(Alerts, TheWindowManagersCloseButtonCancels) {
+  addTwoButtons();
+  const NSInteger code =
+      run({[](NSWindow *window) { postWindowEvent(window, GSAppKitWindowClose); }});
+  EXPECT_EQ(code, NSAlertSecondButtonReturn);
+}
+
+TEST_F(Alerts, TheWindowManagersCloseButtonGivesTheOnlyAnswer) {
+  begin();
+  postWindowEvent(panel(), GSAppKitWindowClose);
+  handlePostedEvents();
+  ASSERT_EQ(delegate->ends.size(), 1u);
+  EXPECT_EQ(delegate->ends[0].code, NSAlertFirstButtonReturn);
+}
+
+TEST_F(Alerts, TheWindowManagersCloseButtonDecidesNothing) {
+  [alert addButtonWithTitle:@"Save"];
+  [alert addButtonWithTitle:@"Throw Away"];
+  begin();
+  postWindowEvent(panel(), GSAppKitWindowClose);
+  handlePostedEvents();
+  EXPECT_TRUE(delegate->ends.empty());
+  EXPECT_TRUE([panel() isVisible]);
+}
+
 TEST_F(Alerts, RunModallyOtherWindowsGetNoClicks) {
   run({[this](NSWindow *) { postClick(SheetTest::button(parent)); },
        [this](NSWindow *) { [button(0) performClick:nil]; }});

@@ -1,6 +1,15 @@
 #import "tests/platform_ui/SheetTest.h"
 
+#include "tests/support/ChildProcess.h"
+
 namespace {
+
+/// What the window manager finds: without this it ends the program when the user closes the window.
+bool acceptsCloseRequests(NSWindow *window) {
+  const auto number = reinterpret_cast<unsigned long>([window windowRef]);
+  ChildProcess asking({"/usr/bin/xprop", "-id", std::to_string(number), "WM_PROTOCOLS"});
+  return asking.waitForEnd() == 0 && asking.output().find("WM_DELETE_WINDOW") != std::string::npos;
+}
 
 struct Sheets : SheetTest {};
 
@@ -90,6 +99,29 @@ TEST_F(Sheets, TheCloseButtonOfTheParentDoesNothing) {
   postWindowEvent(parent, GSAppKitWindowClose);
   handlePostedEvents();
   EXPECT_FALSE([parent isVisible]);
+}
+
+TEST_F(Sheets, TheWindowManagerAsksASheetBeforeItClosesIt) {
+  begin(sheet);
+  EXPECT_TRUE(acceptsCloseRequests(sheet));
+  postWindowEvent(sheet, GSAppKitWindowClose);
+  handlePostedEvents();
+  EXPECT_TRUE([sheet isVisible]);
+}
+
+TEST_F(Sheets, TheWindowManagerAsksASheetStillAfterItWasBroughtToTheFront) {
+  begin(sheet);
+  [second makeKeyAndOrderFront:nil];
+  postClick(sheet, NSMakePoint(5, 5));
+  handlePostedEvents();
+  EXPECT_TRUE(acceptsCloseRequests(sheet));
+  [NSApp deactivate];
+  [NSApp activateIgnoringOtherApps:YES];
+  EXPECT_TRUE(acceptsCloseRequests(sheet));
+  [second makeKeyAndOrderFront:nil];
+  postClick(parent, NSMakePoint(5, 5));
+  handlePostedEvents();
+  EXPECT_TRUE(acceptsCloseRequests(sheet));
 }
 
 TEST_F(Sheets, TimersOfTheDefaultModeGoOn) {
