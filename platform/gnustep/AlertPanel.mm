@@ -22,8 +22,8 @@ constexpr CGFloat kButtonGap = 12;
 constexpr CGFloat kSmallestButtonWidth = 86;
 constexpr CGFloat kButtonPadding = 16;
 
-/// Of the screen, for the texts: leaves room for the buttons and for the window that the panel hangs
-/// from.
+/// Of the screen, for the texts: leaves room for the buttons and for the window that the panel
+/// hangs from.
 constexpr CGFloat kTallestTexts = 0.5;
 
 /// Of what the panel leaves free of the screen's height.
@@ -81,12 +81,11 @@ CGFloat widthOfRow(NSArray *buttons) {
   const CGFloat wanted = kRight + widthOfRow(contents.buttons) + kRight;
   const CGFloat width = std::min(widest, std::max(kWidth, wanted));
 
-  AlertTextBlock *const texts =
-      [[[AlertTextBlock alloc] initWithMessage:contents.message
-                                   information:contents.information
-                                         width:width - kTextLeft - kRight
-                                     maxHeight:std::floor(screen.height * kTallestTexts)]
-          autorelease];
+  AlertTextBlock *const texts = [[[AlertTextBlock alloc]
+      initWithMessage:contents.message
+          information:contents.information
+                width:width - kTextLeft - kRight
+            maxHeight:std::floor(screen.height * kTallestTexts)] autorelease];
   const CGFloat belowTexts = kBottom + kButtonHeight + kAboveButtons;
   const CGFloat middle = std::max(kIconSide, NSHeight([texts frame]));
   [self setContentSize:NSMakeSize(width, kTop + middle + belowTexts)];

@@ -22,11 +22,11 @@
   auto *const panel = static_cast<AlertPanel *>(_window);
   if ([[self buttons] count] == 0) [self addButtonWithTitle:@"OK"];
   [panel setContents:{
-      .icon = [self icon] ?: [NSApp applicationIconImage],
-      .message = [self messageText] ?: @"Alert",
-      .information = [self informativeText],
-      .buttons = [self buttons],
-  }];
+                         .icon = [self icon] ?: [NSApp applicationIconImage],
+                         .message = [self messageText] ?: @"Alert",
+                         .information = [self informativeText],
+                         .buttons = [self buttons],
+                     }];
   return panel;
 }
 

@@ -160,7 +160,8 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   return sheets;
 }
 
-/// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so on.
+/// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so
+/// on.
 - (BOOL)is:(NSWindow *)window below:(NSWindow *)other {
   while (other != nil && other != window) other = [[self sheetOfWindow:other] parent];
   return other != nil;

@@ -5,9 +5,9 @@
 
 #import "tests/platform_ui/SheetTest.h"
 
-/// While one of these lives, the given steps are done one by one, each when a modal session's window
-/// is on the screen and the queue of events has been worked off. A session that goes on after the
-/// last one is aborted after a while, so that a test fails instead of waiting for ever.
+/// While one of these lives, the given steps are done one by one, each when a modal session's
+/// window is on the screen and the queue of events has been worked off. A session that goes on
+/// after the last one is aborted after a while, so that a test fails instead of waiting for ever.
 class ModalUser {
  public:
   explicit ModalUser(std::vector<std::function<void(NSWindow *)>> steps);
