@@ -203,7 +203,6 @@ TEST_P(HardTexts, InTheInformationLeaveItUsable) {
   expectUsable();
 }
 
-// clang-format off: one text to a line.
 INSTANTIATE_TEST_SUITE_P(
     Alert, HardTexts,
     testing::Values(HardText{"TwoThousandCharacters", "0123456789abcde fghi", 100},
@@ -214,4 +213,3 @@ INSTANTIATE_TEST_SUITE_P(
                     HardText{"TwentyThousandCharacters", "0123456789", 2000},
                     HardText{"Nothing", "", 0}),
     [](const auto &info) { return std::string(info.param.name); });
-// clang-format on
