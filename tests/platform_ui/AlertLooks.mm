@@ -70,6 +70,7 @@ struct AlertLooks : AlertTest {
       postClick(button(0));
     }});
     EXPECT_EQ([alert runModal], NSAlertFirstButtonReturn);
+    EXPECT_FALSE(user.hadToAbort());
   }
 };
 

@@ -15,10 +15,15 @@ class ModalUser {
   ModalUser(const ModalUser &) = delete;
   ModalUser &operator=(const ModalUser &) = delete;
 
+  /// Whether it came to that.
+  bool hadToAbort() const { return looksAfterLast_ > kLooksUntilAborted; }
+
   /// Called by a timer.
   void look();
 
  private:
+  static constexpr int kLooksUntilAborted = 250;
+
   std::vector<std::function<void(NSWindow *)>> steps_;
   size_t next_ = 0;
   int looksAfterLast_ = 0;

@@ -8,7 +8,9 @@ struct Alerts : AlertTest {
   /// Runs the alert modally while the user does these things.
   NSInteger run(std::vector<std::function<void(NSWindow *)>> steps) {
     const ModalUser user(std::move(steps));
-    return [alert runModal];
+    const NSInteger code = [alert runModal];
+    EXPECT_FALSE(user.hadToAbort());
+    return code;
   }
 
   void addTwoButtons() {

@@ -24,6 +24,11 @@ int livingWindows = 0;
   return self;
 }
 
+- (NSRect)constrainFrameRect:(NSRect)frame toScreen:(NSScreen *)screen {
+  (void)screen;
+  return frame;
+}
+
 - (void)dealloc {
   --livingWindows;
   [super dealloc];
