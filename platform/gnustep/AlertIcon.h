@@ -11,8 +11,8 @@
 - (id)initWithFrame:(NSRect)frame image:(NSImage *)image;
 
 /// The smallest of the image's representations with at least that many pixels on its longer side,
-/// else the largest. One without a pixel size of its own (a drawing) fits always. nil when the image
-/// has none.
+/// else the largest. One without a pixel size of its own (a drawing) fits always. nil when the
+/// image has none.
 + (NSImageRep *)representationOf:(NSImage *)image forPixels:(NSInteger)pixels;
 
 @end

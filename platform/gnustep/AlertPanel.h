@@ -10,7 +10,8 @@ struct AlertContents {
 };
 
 /// The panel of an alert, as a sheet or for a modal session: the icon at the left, the texts beside
-/// it, the buttons below. Texts that would make it too tall for the screen scroll. Main thread only.
+/// it, the buttons below. Texts that would make it too tall for the screen scroll. Main thread
+/// only.
 @interface AlertPanel : NSPanel
 
 /// Lays the contents out in place of the former ones. The buttons' targets become the panel, which

@@ -22,9 +22,14 @@ constexpr CGFloat kButtonGap = 12;
 constexpr CGFloat kSmallestButtonWidth = 86;
 constexpr CGFloat kButtonPadding = 16;
 
-/// Of the screen, for the texts: leaves room for the buttons and for the window that the panel hangs
-/// from.
+/// Of the screen, for the texts: leaves room for the buttons and for the window that the panel
+/// hangs from.
 constexpr CGFloat kTallestTexts = 0.5;
+
+/// Of what the panel leaves free of the screen's height.
+constexpr CGFloat kPartOfRoomBelow = 2.0 / 3;
+
+NSString *const kEscape = @"\x1b";
 
 NSRect screenOf(NSWindow *window) {
   return [([window screen] ?: [NSScreen mainScreen]) visibleFrame];
@@ -47,15 +52,25 @@ CGFloat widthOfRow(NSArray *buttons) {
 
 - (id)init {
   self = [super initWithContentRect:NSMakeRect(0, 0, kWidth, kIconSide)
-                          styleMask:NSTitledWindowMask
+                          styleMask:NSTitledWindowMask | NSClosableWindowMask
                             backing:NSBackingStoreBuffered
                               defer:YES];
   if (self) {
     [self setReleasedWhenClosed:NO];
     [self setHidesOnDeactivate:NO];
-    [self setTitle:@""];
+    // Without any title, window managers write that there is none.
+    [self setTitle:@" "];
   }
   return self;
+}
+
+/// A little above the middle of the screen, where the Mac shows alerts.
+- (void)center {
+  const NSRect screen = screenOf(self);
+  const NSSize size = [self frame].size;
+  [self setFrameOrigin:NSMakePoint(std::floor(NSMidX(screen) - size.width / 2),
+                                   std::floor(NSMinY(screen) + (NSHeight(screen) - size.height) *
+                                                                   kPartOfRoomBelow))];
 }
 
 - (void)setContents:(const AlertContents &)contents {
@@ -66,12 +81,11 @@ CGFloat widthOfRow(NSArray *buttons) {
   const CGFloat wanted = kRight + widthOfRow(contents.buttons) + kRight;
   const CGFloat width = std::min(widest, std::max(kWidth, wanted));
 
-  AlertTextBlock *const texts =
-      [[[AlertTextBlock alloc] initWithMessage:contents.message
-                                   information:contents.information
-                                         width:width - kTextLeft - kRight
-                                     maxHeight:std::floor(screen.height * kTallestTexts)]
-          autorelease];
+  AlertTextBlock *const texts = [[[AlertTextBlock alloc]
+      initWithMessage:contents.message
+          information:contents.information
+                width:width - kTextLeft - kRight
+            maxHeight:std::floor(screen.height * kTallestTexts)] autorelease];
   const CGFloat belowTexts = kBottom + kButtonHeight + kAboveButtons;
   const CGFloat middle = std::max(kIconSide, NSHeight([texts frame]));
   [self setContentSize:NSMakeSize(width, kTop + middle + belowTexts)];
@@ -107,6 +121,26 @@ CGFloat widthOfRow(NSArray *buttons) {
   [self setDefaultButtonCell:[first cell]];
   [self setInitialFirstResponder:first];
   [self makeFirstResponder:first];
+}
+
+/// Window managers show a close button although the Mac's alerts have none. Without the style mask
+/// for it, it would end the program; so it has one, and dismisses an alert that has one answer only
+/// or can be cancelled.
+- (void)performClose:(id)sender {
+  NSMutableArray *const buttons = [NSMutableArray array];
+  NSButton *answer = nil;
+  for (NSButton *button in [[self contentView] subviews]) {
+    if (![button isKindOfClass:[NSButton class]]) continue;
+    [buttons addObject:button];
+    if ([[button keyEquivalent] isEqualToString:kEscape]) answer = button;
+  }
+  if ([buttons count] == 1) answer = [buttons objectAtIndex:0];
+  [answer performClick:sender];
+}
+
+/// The platform's panels with a close button close themselves here, with nobody told.
+- (void)keyDown:(NSEvent *)event {
+  if (![[event charactersIgnoringModifiers] isEqualToString:kEscape]) [super keyDown:event];
 }
 
 - (void)buttonPressed:(NSButton *)sender {

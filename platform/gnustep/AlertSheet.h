@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// Who is to be told of the end of an alert shown as a sheet. Lives with the sheet and keeps both the
-/// alert and its delegate alive.
+/// Who is to be told of the end of an alert shown as a sheet. Lives with the sheet and keeps both
+/// the alert and its delegate alive.
 @interface AlertSheet : NSObject {
  @private
   NSAlert *_alert;

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// A label of as many lines as its text needs in a given width. The platform's own draws the text of
-/// several lines as if it were one line high.
+/// A label of as many lines as its text needs in a given width. The platform's own draws the text
+/// of several lines as if it were one line high.
 @interface AlertText : NSTextField
 
 /// text: nil for none.

@@ -26,11 +26,10 @@ constexpr CGFloat kEndless = 1e6;
   NSMutableParagraphStyle *const style = [[[NSMutableParagraphStyle alloc] init] autorelease];
   [style setLineBreakMode:NSLineBreakByWordWrapping];
   [style setAlignment:NSNaturalTextAlignment];
-  NSDictionary *const attributes =
-      [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, style,
-                                                 NSParagraphStyleAttributeName,
-                                                 [NSColor controlTextColor],
-                                                 NSForegroundColorAttributeName, nil];
+  NSDictionary *const attributes = [NSDictionary
+      dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, style,
+                                   NSParagraphStyleAttributeName, [NSColor controlTextColor],
+                                   NSForegroundColorAttributeName, nil];
   return [[[NSAttributedString alloc] initWithString:[self stringValue]
                                           attributes:attributes] autorelease];
 }

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// The texts of an alert, the message in bold above the smaller information, each wrapped. When they
-/// are too tall they scroll; the frame's height is what they take.
+/// The texts of an alert, the message in bold above the smaller information, each wrapped. When
+/// they are too tall they scroll; the frame's height is what they take.
 @interface AlertTextBlock : NSView
 
 /// nil and empty texts take no room. In points.

@@ -112,9 +112,9 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
 #pragma mark - Modal sessions
 
-/// The platform's modal loop looks at its state when an event arrives, and at its events when one of
-/// its run loop's sources wakes it. A session that a timer ends would go on until the user moves the
-/// mouse, so this sees to both.
+/// The platform's modal loop looks at its state when an event arrives, and at its events when one
+/// of its run loop's sources wakes it. A session that a timer ends would go on until the user moves
+/// the mouse, so this sees to both.
 - (void)stopModalWithCode:(NSInteger)code {
   NSWindow *const window = [self modalWindow];
   [super stopModalWithCode:code];
@@ -133,8 +133,8 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
   [self performSelector:@selector(wake)
              withObject:nil
              afterDelay:kWakeAfterSeconds
-                inModes:[NSArray arrayWithObjects:NSModalPanelRunLoopMode, NSDefaultRunLoopMode,
-                                                  nil]];
+                inModes:[NSArray
+                            arrayWithObjects:NSModalPanelRunLoopMode, NSDefaultRunLoopMode, nil]];
 }
 
 - (void)wake {

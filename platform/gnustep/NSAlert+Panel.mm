@@ -3,6 +3,16 @@
 #import "platform/gnustep/AlertPanel.h"
 #import "platform/gnustep/AlertSheet.h"
 
+namespace {
+
+/// In the user's language, from the platform's own tables.
+NSString *platformText(NSString *english) {
+  NSBundle *const bundle = [NSBundle bundleForClass:[NSApplication class]];
+  return [bundle localizedStringForKey:english value:english table:nil];
+}
+
+}  // namespace
+
 /// Alerts with the Mac's layout. The platform's panel can only be used in a modal session, so that
 /// none of its buttons would work in a sheet.
 @interface NSAlert (Panel)
@@ -20,13 +30,13 @@
 - (AlertPanel *)layOut {
   if (_window == nil) _window = [[AlertPanel alloc] init];
   auto *const panel = static_cast<AlertPanel *>(_window);
-  if ([[self buttons] count] == 0) [self addButtonWithTitle:@"OK"];
+  if ([[self buttons] count] == 0) [self addButtonWithTitle:platformText(@"OK")];
   [panel setContents:{
-      .icon = [self icon] ?: [NSApp applicationIconImage],
-      .message = [self messageText] ?: @"Alert",
-      .information = [self informativeText],
-      .buttons = [self buttons],
-  }];
+                         .icon = [self icon] ?: [NSApp applicationIconImage],
+                         .message = [self messageText] ?: platformText(@"Alert"),
+                         .information = [self informativeText],
+                         .buttons = [self buttons],
+                     }];
   return panel;
 }
 

@@ -1,6 +1,7 @@
 #import <AppKit/AppKit.h>
 
 #include "platform/gnustep/OwnMethod.h"
+#import "platform/gnustep/NSTextView+PlainKeys.h"
 
 namespace {
 
@@ -29,6 +30,12 @@ bool isUnwantedKeyWithCommand(NSEvent *event) {
          [event timestamp] == [unwantedPlainKey timestamp];
 }
 
+/// Whether the key belongs to the text that has the keyboard, whatever button answers to it.
+bool isForText(NSResponder *responder, NSEvent *event) {
+  return [responder isKindOfClass:[NSTextView class]] &&
+         [static_cast<NSTextView *>(responder) wantsKeyEquivalent:event];
+}
+
 }  // namespace
 
 // Where nobody wants a key, the platform's windows try it as a shortcut, with the Command key
@@ -48,6 +55,9 @@ bool isUnwantedKeyWithCommand(NSEvent *event) {
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
   if (isUnwantedKeyWithCommand(event)) return NO;
+  // The platform offers every key to the window's buttons before the text being edited sees it. On
+  // the Mac only keys with Command go this way.
+  if (isForText([self firstResponder], event)) return NO;
   return [[self contentView] performKeyEquivalent:event];
 }
 

@@ -1,7 +1,9 @@
 #import "platform/gnustep/NSWindow+Sheet.h"
 
+#import <GNUstepGUI/GSDisplayServer.h>
 #import <GNUstepGUI/GSWindowDecorationView.h>
 
+#include "platform/gnustep/CloseRequests.h"
 #import "platform/gnustep/SheetBorder.h"
 
 @interface NSWindow (PlatformPrivate)
@@ -43,10 +45,12 @@ SheetBorder *borderIn(NSView *decoration) {
 /// A window with a sheet passes the keyboard on to it, whoever gives it, and takes it to the front.
 - (void)makeKeyWindow {
   if (_attachedSheet != nil) {
-    [_attachedSheet orderWindow:NSWindowAbove relativeTo:[self windowNumber]];
+    [_attachedSheet orderInAsSheet];
     [_attachedSheet makeKeyWindow];
     return;
   }
+  // A click has just ordered it in.
+  [self keepFromBeingKilled];
   if (![self isVisible] || [self isMiniaturized] || [self isKeyWindow]) return;
   if (![self canBecomeKeyWindow]) return;
   [[NSApp keyWindow] resignKeyWindow];
@@ -63,6 +67,22 @@ SheetBorder *borderIn(NSView *decoration) {
 
 - (void)leaveWindowServer {
   [self _terminateBackendWindow];
+}
+
+- (void)orderInAsSheet {
+  if ([NSApp isActive]) {
+    [self orderFront:nil];
+  } else {
+    [self orderWindow:NSWindowAbove relativeTo:[[self parentWindow] windowNumber]];
+  }
+  [self keepFromBeingKilled];
+}
+
+- (void)keepFromBeingKilled {
+  GSDisplayServer *const server = GSServerForWindow(self);
+  if (![self isSheet] || ![server isKindOfClass:NSClassFromString(@"XGServer")]) return;
+  void *const window = [server windowDevice:static_cast<int>([self windowNumber])];
+  acceptCloseRequests([server serverDevice], reinterpret_cast<unsigned long>(window));
 }
 
 - (void)wearStyleMask:(NSUInteger)mask line:(BOOL)line {

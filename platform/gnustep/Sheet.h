@@ -50,8 +50,8 @@
 /// active one.
 - (void)takeFocus;
 
-/// Detaches the sheet, which stays on the screen for now, and hands the keyboard back to its parent.
-/// Only for a sheet that is up or waits.
+/// Detaches the sheet, which stays on the screen for now, and hands the keyboard back to its
+/// parent. Only for a sheet that is up or waits.
 - (void)end;
 
 /// Sends the delegate the selector that it named, if it has it.

@@ -15,8 +15,8 @@ NSPoint placeUnder(NSWindow *parent, NSSize size) {
   return NSMakePoint(std::floor(NSMidX(content) - size.width / 2), NSMaxY(content) - size.height);
 }
 
-/// How far the span from low to high must be moved to lie within the bounds; when it is too long for
-/// them, its low end wins, where a sheet has its buttons.
+/// How far the span from low to high must be moved to lie within the bounds; when it is too long
+/// for them, its low end wins, where a sheet has its buttons.
 CGFloat shiftInto(CGFloat low, CGFloat high, CGFloat lowest, CGFloat highest) {
   if (low < lowest || high - low > highest - lowest) return lowest - low;
   return std::min<CGFloat>(0, highest - high);
@@ -26,10 +26,8 @@ CGFloat shiftInto(CGFloat low, CGFloat high, CGFloat lowest, CGFloat highest) {
 void makeRoomUnder(NSWindow *parent, NSSize size) {
   const NSRect screen = [([parent screen] ?: [NSScreen mainScreen]) visibleFrame];
   const NSPoint place = placeUnder(parent, size);
-  const CGFloat x =
-      shiftInto(place.x, place.x + size.width, NSMinX(screen), NSMaxX(screen));
-  const CGFloat y =
-      shiftInto(place.y, place.y + size.height, NSMinY(screen), NSMaxY(screen));
+  const CGFloat x = shiftInto(place.x, place.x + size.width, NSMinX(screen), NSMaxX(screen));
+  const CGFloat y = shiftInto(place.y, place.y + size.height, NSMinY(screen), NSMaxY(screen));
   if (x == 0 && y == 0) return;
   const NSPoint origin = [parent frame].origin;
   [parent setFrameOrigin:NSMakePoint(origin.x + x, origin.y + y)];
@@ -103,7 +101,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   }
   // A panel would leave the screen when the user turns to another application; a sheet stays.
   [_window setHidesOnDeactivate:NO];
-  // Tells the window server that the parent waits for this window.
+  // Tells the window manager that the parent waits for this window and that it is none of its own.
   [_window setLevel:NSModalPanelWindowLevel];
   if (![NSApp isHidden]) [self showAgain];
 }
@@ -117,7 +115,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   if (![_parent isVisible]) [_parent orderFront:nil];
   makeRoomUnder(_parent, [_window frame].size);
   [self followParent];
-  [_window orderWindow:NSWindowAbove relativeTo:[_parent windowNumber]];
+  [_window orderInAsSheet];
   // Not the keyboard of another application's window.
   if ([NSApp isActive] || [_parent isKeyWindow]) [_window makeKeyWindow];
   // Window managers choose a place of their own for a window that appears.
@@ -132,8 +130,8 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
 }
 
 - (void)takeFocus {
-  [_window orderWindow:NSWindowAbove relativeTo:[_parent windowNumber]];
   if (![NSApp isActive]) [NSApp activateIgnoringOtherApps:YES];
+  [_window orderInAsSheet];
   [_window makeKeyWindow];
   // The sheet may count as the key window already and not have the window server's focus, when the
   // user has clicked on its parent's title bar.
@@ -149,8 +147,8 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   [self detach];
 }
 
-/// Also gives the keyboard back, before the sheet leaves the screen and the platform looks for a key
-/// window of its own choice.
+/// Also gives the keyboard back, before the sheet leaves the screen and the platform looks for a
+/// key window of its own choice.
 - (void)detach {
   [_parent attachSheet:nil];
   if ([_window isKeyWindow] && [_parent isVisible]) [_parent makeKeyWindow];

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// All sheets of the application: which are up, and which wait because their window has one already.
-/// Main thread only.
+/// All sheets of the application: which are up, and which wait because their window has one
+/// already. Main thread only.
 ///
 /// A window that is closed or freed takes its sheets with it, the waiting ones too: they leave the
 /// screen and are released, and their delegates hear nothing, because there is nothing left to
@@ -19,8 +19,9 @@
     didEndSelector:(SEL)selector
        contextInfo:(void *)contextInfo;
 
-/// Ends the sheet, waiting or up, tells its delegate, and takes it off the screen where the delegate
-/// has not done so. What is attached to it in turn is dropped. Does nothing for any other window.
+/// Ends the sheet, waiting or up, tells its delegate, and takes it off the screen where the
+/// delegate has not done so. What is attached to it in turn is dropped. Does nothing for any other
+/// window.
 - (void)endSheet:(NSWindow *)window returnCode:(NSInteger)code;
 
 /// What is to be delivered instead of the event, nil for nothing: a window with a sheet gets no

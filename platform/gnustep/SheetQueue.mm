@@ -32,6 +32,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 - (void)parentMoved:(NSNotification *)notification;
 - (void)parentCloses:(NSNotification *)notification;
 - (void)applicationCameBack:(NSNotification *)notification;
+- (void)applicationBecameActive:(NSNotification *)notification;
 @end
 
 @implementation SheetQueue
@@ -43,6 +44,8 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
     [self observe:NSWindowDidResizeNotification with:@selector(parentMoved:)];
     [self observe:NSWindowWillCloseNotification with:@selector(parentCloses:)];
     [self observe:NSApplicationDidUnhideNotification with:@selector(applicationCameBack:)];
+    [self observe:NSApplicationDidBecomeActiveNotification
+             with:@selector(applicationBecameActive:)];
   }
   return self;
 }
@@ -157,7 +160,8 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   return sheets;
 }
 
-/// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so on.
+/// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so
+/// on.
 - (BOOL)is:(NSWindow *)window below:(NSWindow *)other {
   while (other != nil && other != window) other = [[self sheetOfWindow:other] parent];
   return other != nil;
@@ -224,6 +228,12 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   for (Sheet *sheet in [[_sheets copy] autorelease]) {
     if ([sheet isUp]) [sheet showAgain];
   }
+}
+
+/// The platform has ordered the key window in.
+- (void)applicationBecameActive:(NSNotification *)notification {
+  (void)notification;
+  for (Sheet *sheet in _sheets) [[sheet window] keepFromBeingKilled];
 }
 
 @end

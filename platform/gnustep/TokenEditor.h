@@ -35,10 +35,6 @@
 /// the caret behind them.
 - (void)replaceRange:(NSRange)range withTokensForStrings:(NSArray *)strings;
 
-/// Whether a key without Command is for the editor although a button of the window answers to it:
-/// Return while there is something to finish, Escape while there is a list to close.
-- (BOOL)wantsKeyEquivalent:(NSEvent *)event;
-
 @end
 
 /// What the user does to tokens, in TokenEditor+Tokens.mm.

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #import "platform/gnustep/FieldToken.h"
+#import "platform/gnustep/NSTextView+PlainKeys.h"
 #import "platform/gnustep/TokenCompletion.h"
 #import "platform/gnustep/TokenFieldCell.h"
 #import "platform/gnustep/TokenLayout.h"
@@ -258,6 +259,7 @@ NSString *withoutMarks(NSString *string) {
   [_completion askNow];
 }
 
+/// Return while there is something to finish, Escape while there is a list to close.
 - (BOOL)wantsKeyEquivalent:(NSEvent *)event {
   if (([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
   NSString *const characters = [event charactersIgnoringModifiers];

@@ -60,7 +60,8 @@ struct AlertLooks : AlertTest {
     begin();
     handlePostedEvents();
     EXPECT_TRUE(isOnScreen(panel())) << NSStringFromRect([panel() frame]);
-    for (NSButton *own in [alert buttons]) EXPECT_TRUE(isReachable(own)) << [[own title] UTF8String];
+    for (NSButton *own in [alert buttons])
+      EXPECT_TRUE(isReachable(own)) << [[own title] UTF8String];
     postClick(button(0));
     handlePostedEvents();
     ASSERT_EQ(delegate->ends.size(), 1u);
@@ -69,6 +70,7 @@ struct AlertLooks : AlertTest {
       postClick(button(0));
     }});
     EXPECT_EQ([alert runModal], NSAlertFirstButtonReturn);
+    EXPECT_FALSE(user.hadToAbort());
   }
 };
 
@@ -202,14 +204,13 @@ TEST_P(HardTexts, InTheInformationLeaveItUsable) {
   expectUsable();
 }
 
-// clang-format off: one text to a line.
-INSTANTIATE_TEST_SUITE_P(Alert, HardTexts, testing::Values(
-    HardText{"TwoThousandCharacters", "0123456789abcde fghi", 100},
-    HardText{"SixtyLines", "line\n", 60},
-    HardText{"OneEndlessWord", "x", 300},
-    HardText{"FromRightToLeft", "\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40},
-    HardText{"Emoji", "\U0001F600 ", 80},
-    HardText{"TwentyThousandCharacters", "0123456789", 2000},
-    HardText{"Nothing", "", 0}),
+INSTANTIATE_TEST_SUITE_P(
+    Alert, HardTexts,
+    testing::Values(HardText{"TwoThousandCharacters", "0123456789abcde fghi", 100},
+                    HardText{"SixtyLines", "line\n", 60}, HardText{"OneEndlessWord", "x", 300},
+                    HardText{"FromRightToLeft",
+                             "\u05E9\u05DC\u05D5\u05DD \u05E2\u05D5\u05DC\u05DD ", 40},
+                    HardText{"Emoji", "\U0001F600 ", 80},
+                    HardText{"TwentyThousandCharacters", "0123456789", 2000},
+                    HardText{"Nothing", "", 0}),
     [](const auto &info) { return std::string(info.param.name); });
-// clang-format on

@@ -5,9 +5,9 @@
 
 #import "tests/platform_ui/SheetTest.h"
 
-/// While one of these lives, the given steps are done one by one, each when a modal session's window
-/// is on the screen and the queue of events has been worked off. A session that goes on after the
-/// last one is aborted after a while, so that a test fails instead of waiting for ever.
+/// While one of these lives, the given steps are done one by one, each when a modal session's
+/// window is on the screen and the queue of events has been worked off. A session that goes on
+/// after the last one is aborted after a while, so that a test fails instead of waiting for ever.
 class ModalUser {
  public:
   explicit ModalUser(std::vector<std::function<void(NSWindow *)>> steps);
@@ -15,10 +15,15 @@ class ModalUser {
   ModalUser(const ModalUser &) = delete;
   ModalUser &operator=(const ModalUser &) = delete;
 
+  /// Whether it came to that.
+  bool hadToAbort() const { return looksAfterLast_ > kLooksUntilAborted; }
+
   /// Called by a timer.
   void look();
 
  private:
+  static constexpr int kLooksUntilAborted = 250;
+
   std::vector<std::function<void(NSWindow *)>> steps_;
   size_t next_ = 0;
   int looksAfterLast_ = 0;

@@ -20,7 +20,6 @@
 namespace {
 
 constexpr NSTimeInterval kLookEverySeconds = 0.02;
-constexpr int kLooksUntilAborted = 500;
 
 void collect(NSView *view, Class viewClass, NSMutableArray *views) {
   if ([view isKindOfClass:viewClass]) [views addObject:view];
@@ -52,6 +51,8 @@ void ModalUser::look() {
     steps_[next_++](window);
   } else if (++looksAfterLast_ > kLooksUntilAborted) {
     [NSApp abortModal];
+    // The loop looks up only when there is something to do.
+    postKeys(window, @"x");
   }
 }
 

@@ -8,7 +8,9 @@ struct Alerts : AlertTest {
   /// Runs the alert modally while the user does these things.
   NSInteger run(std::vector<std::function<void(NSWindow *)>> steps) {
     const ModalUser user(std::move(steps));
-    return [alert runModal];
+    const NSInteger code = [alert runModal];
+    EXPECT_FALSE(user.hadToAbort());
+    return code;
   }
 
   void addTwoButtons() {
@@ -193,6 +195,31 @@ TEST_F(Alerts, RunModallyEscapeEndsItWithCancel) {
   addTwoButtons();
   const NSInteger code = run({[](NSWindow *window) { postKeys(window, @"\x1b"); }});
   EXPECT_EQ(code, NSAlertSecondButtonReturn);
+}
+
+TEST_F(Alerts, TheWindowManagersCloseButtonCancels) {
+  addTwoButtons();
+  const NSInteger code =
+      run({[](NSWindow *window) { postWindowEvent(window, GSAppKitWindowClose); }});
+  EXPECT_EQ(code, NSAlertSecondButtonReturn);
+}
+
+TEST_F(Alerts, TheWindowManagersCloseButtonGivesTheOnlyAnswer) {
+  begin();
+  postWindowEvent(panel(), GSAppKitWindowClose);
+  handlePostedEvents();
+  ASSERT_EQ(delegate->ends.size(), 1u);
+  EXPECT_EQ(delegate->ends[0].code, NSAlertFirstButtonReturn);
+}
+
+TEST_F(Alerts, TheWindowManagersCloseButtonDecidesNothing) {
+  [alert addButtonWithTitle:@"Save"];
+  [alert addButtonWithTitle:@"Throw Away"];
+  begin();
+  postWindowEvent(panel(), GSAppKitWindowClose);
+  handlePostedEvents();
+  EXPECT_TRUE(delegate->ends.empty());
+  EXPECT_TRUE([panel() isVisible]);
 }
 
 TEST_F(Alerts, RunModallyOtherWindowsGetNoClicks) {

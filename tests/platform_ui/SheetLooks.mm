@@ -1,5 +1,18 @@
 #import "tests/platform_ui/SheetTest.h"
 
+/// The owner of Sheet.xib.
+@interface SheetInterface : NSObject {
+  NSWindow *sheet;
+  NSTextField *field;
+}
+@property (assign) NSWindow *sheet;
+@property (assign) NSTextField *field;
+@end
+
+@implementation SheetInterface
+@synthesize sheet, field;
+@end
+
 namespace {
 
 struct SheetLooks : SheetTest {
@@ -69,6 +82,20 @@ TEST_F(SheetLooks, AWindowWithATitleBarHasNoneAsASheet) {
   EXPECT_TRUE(NSEqualSizes([[sheet contentView] frame].size, content));
 }
 
+TEST_F(SheetLooks, AWindowFromAnInterfaceFileIsAWholeSheet) {
+  SheetInterface *const interface = [[[SheetInterface alloc] init] autorelease];
+  ASSERT_TRUE([NSBundle loadNibNamed:@"Sheet" owner:interface]);
+  NSWindow *const window = [interface sheet];
+  begin(window);
+  EXPECT_EQ([window styleMask], static_cast<NSUInteger>(NSBorderlessWindowMask));
+  EXPECT_TRUE(NSEqualSizes([window frame].size, NSMakeSize(320, 90)));
+  postKeys(window, @"typed");
+  handlePostedEvents();
+  EXPECT_TRUE([[[[interface field] currentEditor] string] isEqualToString:@"typed"]);
+  [NSApp endSheet:window];
+  EXPECT_FALSE([window isVisible]);
+}
+
 TEST_F(SheetLooks, AWindowOnTheScreenLosesItsTitleBarToo) {
   [sheet makeKeyAndOrderFront:nil];
   handlePostedEvents();
@@ -101,11 +128,10 @@ TEST_F(SheetLooks, AFormerSheetIsAnOrdinaryWindowAgain) {
 }
 
 TEST_F(SheetLooks, APanelAsASheetStaysWhenTheApplicationIsNoLongerTheActiveOne) {
-  NSPanel *const panel =
-      [[[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 200, 80)
-                                  styleMask:NSTitledWindowMask
-                                    backing:NSBackingStoreBuffered
-                                      defer:YES] autorelease];
+  NSPanel *const panel = [[[NSPanel alloc] initWithContentRect:NSMakeRect(0, 0, 200, 80)
+                                                     styleMask:NSTitledWindowMask
+                                                       backing:NSBackingStoreBuffered
+                                                         defer:YES] autorelease];
   begin(panel);
   [NSApp deactivate];
   EXPECT_TRUE([panel isVisible]);

@@ -35,7 +35,8 @@ struct SheetEnd {
 - (void)endSheetOfTimer:(NSTimer *)timer;
 @end
 
-/// A window that says when it is freed.
+/// A window that says when it is freed, and that goes where it is put, as under a user's hand: the
+/// platform keeps others on the screen.
 @interface CountedWindow : NSWindow
 + (int)living;
 @end

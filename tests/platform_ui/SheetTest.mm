@@ -24,6 +24,11 @@ int livingWindows = 0;
   return self;
 }
 
+- (NSRect)constrainFrameRect:(NSRect)frame toScreen:(NSScreen *)screen {
+  (void)screen;
+  return frame;
+}
+
 - (void)dealloc {
   --livingWindows;
   [super dealloc];
@@ -88,11 +93,11 @@ SheetTest::~SheetTest() {
 }
 
 NSWindow *SheetTest::newWindow(NSRect content) {
-  NSWindow *const window = [[CountedWindow alloc] initWithContentRect:content
-                                                            styleMask:NSTitledWindowMask |
-                                                                      NSClosableWindowMask
-                                                              backing:NSBackingStoreBuffered
-                                                                defer:YES];
+  NSWindow *const window =
+      [[CountedWindow alloc] initWithContentRect:content
+                                       styleMask:NSTitledWindowMask | NSClosableWindowMask
+                                         backing:NSBackingStoreBuffered
+                                           defer:YES];
   [window setReleasedWhenClosed:NO];
   NSButton *const button =
       [[[NSButton alloc] initWithFrame:NSMakeRect(20, 20, 100, 28)] autorelease];

@@ -11,11 +11,10 @@ bool handleEventsUntil(Condition condition) {
   return waitFor([&]() -> bool {
     if (condition()) return true;
     @autoreleasepool {
-      NSEvent *const event =
-          [NSApp nextEventMatchingMask:NSAnyEventMask
-                             untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
-                                inMode:NSDefaultRunLoopMode
-                               dequeue:YES];
+      NSEvent *const event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                                untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
+                                                   inMode:NSDefaultRunLoopMode
+                                                  dequeue:YES];
       if (event != nil) [NSApp sendEvent:event];
     }
     return condition();

@@ -57,15 +57,15 @@ void postKeys(NSWindow *window, NSString *characters) {
     NSString *const key = [characters substringWithRange:NSMakeRange(i, 1)];
     for (const NSEventType type : {NSKeyDown, NSKeyUp}) {
       [NSApp postEvent:[NSEvent keyEventWithType:type
-                                        location:NSZeroPoint
-                                   modifierFlags:0
-                                       timestamp:0
-                                    windowNumber:[window windowNumber]
-                                         context:[window graphicsContext]
-                                      characters:key
-                     charactersIgnoringModifiers:key
-                                       isARepeat:NO
-                                         keyCode:0]
+                                              location:NSZeroPoint
+                                         modifierFlags:0
+                                             timestamp:0
+                                          windowNumber:[window windowNumber]
+                                               context:[window graphicsContext]
+                                            characters:key
+                           charactersIgnoringModifiers:key
+                                             isARepeat:NO
+                                               keyCode:0]
                atStart:NO];
     }
   }

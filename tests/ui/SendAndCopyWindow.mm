@@ -170,3 +170,21 @@ TEST_F(SendAndCopyWindow, TabGoesThroughAllControlsOfTheCopyTabAndAround) {
         << text(title);
   }
 }
+
+TEST_F(SendAndCopyWindow, ReturnInTheMessageIsALineBreakAndDoesNotSend) {
+  SendAndCopyTabController *const controller = openSend(0);
+  NSWindow *const window = [controller window];
+  NSView *view = [[[controller sendAndCopyTab] tabViewItemAtIndex:0] view];
+  NSTextView *message = nil;
+  for (NSView *part in [view subviews]) {
+    if ([part isKindOfClass:[NSScrollView class]]) {
+      message = [static_cast<NSScrollView *>(part) documentView];
+    }
+  }
+  ASSERT_NE(message, nil);
+  [window makeFirstResponder:message];
+  postKeys(window, @"a\rb");
+  handlePostedEvents();
+  EXPECT_EQ(text([[message textStorage] string]), "a\nb");
+  EXPECT_EQ([window attachedSheet], nil);
+}
