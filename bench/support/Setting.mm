@@ -15,15 +15,12 @@
 /// A protocol is only known at run time when a class of the program adopts it.
 @interface ContextMenuServiceAdopter : NSObject <ContextMenuService>
 @end
+// Its instances are never made.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wprotocol"
 @implementation ContextMenuServiceAdopter
-// clang-format off: it takes the first anonymous argument for a part of the name.
-- (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
-  // clang-format on
-  (void)item;
-  (void)isFolder;
-  (void)unused;
-}
 @end
+#pragma clang diagnostic pop
 
 namespace {
 
