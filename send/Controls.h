@@ -14,3 +14,8 @@ NSString *chosenDownloads(NSPopUpButton *numbers);
 /// Shows that the application is busy, at once: the next thing is a call that blocks until the
 /// agent has answered, and nothing is drawn meanwhile.
 void showBusy(NSProgressIndicator *indicator);
+
+/// To be called when such a call has returned: forgets the keys and clicks of the meantime. They were
+/// meant for the window as it was; a second Return would dismiss the alert that follows before
+/// anybody has read it.
+void forgetInputWhileBusy();

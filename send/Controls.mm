@@ -17,3 +17,15 @@ void showBusy(NSProgressIndicator *indicator) {
   [indicator display];
   [[indicator window] flushWindow];
 }
+
+void forgetInputWhileBusy() {
+  const NSUInteger input = NSKeyDownMask | NSKeyUpMask | NSLeftMouseDownMask | NSLeftMouseUpMask |
+                           NSRightMouseDownMask | NSRightMouseUpMask;
+  // Looking at the queue takes in what the window server still holds. In a mode in which nothing
+  // else happens.
+  (void)[NSApp nextEventMatchingMask:input
+                           untilDate:[NSDate distantPast]
+                              inMode:NSEventTrackingRunLoopMode
+                             dequeue:NO];
+  [NSApp discardEventsMatchingMask:input beforeEvent:nil];
+}

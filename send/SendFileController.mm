@@ -93,7 +93,11 @@ const KindTexts &textsFor(BOOL isFolder) {
   // A server id says nothing about the kind of the item: whoever opened the window knows.
   if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
   showBusy(spinner);
-  [self show:[self replyForRecipients:recipients subject:escapedSubject message:escapedMessage]];
+  NSDictionary *const reply = [self replyForRecipients:recipients
+                                               subject:escapedSubject
+                                               message:escapedMessage];
+  forgetInputWhileBusy();
+  [self show:reply];
   [spinner setHidden:YES];
 }
 

@@ -106,6 +106,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:
         NSLog(@"Getting null data from rest API(machine offline or server down)");
+        forgetInputWhileBusy();
         showAsSheet(cannotConnectAlert(), ourMainWindow, self);
         return;
       case agent::ReplyKind::Refused:
@@ -115,6 +116,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
         break;
     }
   }
+  forgetInputWhileBusy();
   [self showGrantsRefusedTo:refused];
 }
 

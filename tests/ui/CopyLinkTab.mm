@@ -138,6 +138,16 @@ TEST_F(CopyLinkTab, ASecondClickBehindTheAlertDoesNothing) {
   EXPECT_EQ([asked countForObject:kFileOperation], 1u);
 }
 
+TEST_F(CopyLinkTab, KeysAndClicksOfTheWaitingTimeDoNotDismissTheAlertUnread) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  open();
+  postKeys(window, @"\r\r\r");
+  postClick(button(window, @"Copy Link"));
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] != nil; }));
+  handlePostedEvents();
+  EXPECT_TRUE(alertShows("The link could not be copied."));
+}
+
 TEST_F(CopyLinkTab, AFolderOnDiskIsAFolderWhateverTheOpenerSaid) {
   NSString *const folder = temporaryFolder();
   open({.item = folder, .isFolder = NO, .isFileId = NO});
