@@ -21,6 +21,13 @@ namespace {
 
 constexpr NSTimeInterval kLookEverySeconds = 0.02;
 
+bool eventsArePending() {
+  return [NSApp nextEventMatchingMask:NSAnyEventMask
+                            untilDate:[NSDate distantPast]
+                               inMode:NSModalPanelRunLoopMode
+                              dequeue:NO] != nil;
+}
+
 void collect(NSView *view, Class viewClass, NSMutableArray *views) {
   if ([view isKindOfClass:viewClass]) [views addObject:view];
   for (NSView *subview in [view subviews]) collect(subview, viewClass, views);
@@ -46,7 +53,7 @@ ModalUser::~ModalUser() {
 
 void ModalUser::look() {
   NSWindow *const window = [NSApp modalWindow];
-  if (![window isVisible]) return;
+  if (![window isVisible] || eventsArePending()) return;
   if (next_ < steps_.size()) {
     steps_[next_++](window);
   } else if (++looksAfterLast_ > kLooksUntilAborted) {

@@ -44,6 +44,8 @@ struct SheetEnd {
 /// A window with a title bar, a button and a field, and a delegate for its sheets; sheets have a
 /// button and a field of their own. The application is active, as while somebody works with it.
 struct SheetTest : testing::Test {
+  /// What the platform autoreleases in a test ends with it, as with an event.
+  NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   SheetDelegate *delegate = [[SheetDelegate alloc] init];
   NSWindow *parent = newWindow(NSMakeRect(300, 300, 480, 320));
   NSWindow *sheet = newWindow(NSMakeRect(0, 0, 300, 120));

@@ -90,6 +90,7 @@ SheetTest::~SheetTest() {
   for (NSWindow *window : {parent, sheet, second}) [window release];
   [delegate release];
   handlePostedEvents();
+  [pool drain];
 }
 
 NSWindow *SheetTest::newWindow(NSRect content) {
