@@ -1,0 +1,263 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+NSString *const kGrant = @"grantAccess:::::::::";
+NSString *const kUserInfo = @"getUserInfo::";
+const std::string kNotColleague = "The folder can only be shared with colleagues.";
+
+
+}  // namespace
+
+/// Counts what is posted while it lives.
+@interface PostCounter : NSObject {
+ @public
+  int posts;
+}
+@end
+
+@implementation PostCounter
+
+- (id)init {
+  if ((self = [super init])) {
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(count:)
+                                                 name:@"UserAddedToShareFolder"
+                                               object:nil];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [super dealloc];
+}
+
+- (void)count:(NSNotification *)notification {
+  if ([notification object] == nil) ++posts;
+}
+
+@end
+
+namespace {
+
+NSDictionary *person(NSString *first, NSString *last, NSString *address) {
+  return @{@"userfname" : first, @"userlname" : last, @"useremail" : address};
+}
+
+struct InviteTab : Windows {
+  BrisvaleTabController *controller = nil;
+  NSWindow *window = nil;
+  PostCounter *counter = [[PostCounter alloc] init];
+  NSMutableDictionary *script = [NSMutableDictionary dictionary];
+
+  ~InviteTab() override { [counter release]; }
+
+  /// Colleagues that the address book knows.
+  void knowColleagues(NSArray *addresses) {
+    NSMutableArray *const records = [NSMutableArray array];
+    for (NSString *address in addresses) {
+      [records addObject:@{@"name" : @"A Colleague", @"primaryemail" : address}];
+    }
+    [script setObject:@{@"reply" : success(records)} forKey:@"getEmployeeAddressBook"];
+    agent.setScript(script);
+    [delegate getAddressBookForShareFolder];
+  }
+  void answer(NSString *operation, id entries) {
+    [script setObject:entries forKey:operation];
+    agent.setScript(script);
+  }
+  void grants(id entries) { answer(kGrant, entries); }
+
+  void open() {
+    controller = openShare(1, @"folder-1");
+    window = [controller window];
+  }
+  NSView *tab() { return [[[controller shareFolderTab] tabViewItemAtIndex:1] view]; }
+  NSTokenField *recipients() {
+    for (NSView *view in [tab() subviews]) {
+      if ([view isKindOfClass:[NSTokenField class]]) return static_cast<NSTokenField *>(view);
+    }
+    return nil;
+  }
+  NSTextView *message() {
+    for (NSView *view in [tab() subviews]) {
+      if ([view isKindOfClass:[NSScrollView class]]) {
+        return [static_cast<NSScrollView *>(view) documentView];
+      }
+    }
+    return nil;
+  }
+
+  void invite(NSString *addresses) {
+    [recipients() setStringValue:addresses];
+    [button(window, @"Invite") performClick:nil];
+    handlePostedEvents();
+  }
+  bool alertShows(const std::string &wanted) {
+    const auto texts =
+        [window attachedSheet] == nil ? std::vector<std::string>{} : textsIn([window attachedSheet]);
+    return std::find(texts.begin(), texts.end(), wanted) != texts.end();
+  }
+  NSUInteger calls(NSString *operation) {
+    NSCountedSet *const all =
+        [[[NSCountedSet alloc] initWithArray:agent.operations()] autorelease];
+    return [all countForObject:operation];
+  }
+  NSArray *grantArguments(NSUInteger index) {
+    NSUInteger seen = 0;
+    for (NSDictionary *call in agent.calls()) {
+      if (![[call objectForKey:@"operation"] isEqualToString:kGrant]) continue;
+      if (seen++ == index) return [call objectForKey:@"arguments"];
+    }
+    return nil;
+  }
+};
+
+NSDictionary *granted() {
+  return @{@"reply" : success(person(@"anna", @"meier", @"a@x.de"))};
+}
+NSDictionary *refused() {
+  return @{@"reply" : refusal(1, @"no")};
+}
+
+}  // namespace
+
+TEST_F(InviteTab, AnEmptyFieldGivesTheBlankAddressAlert) {
+  open();
+  invite(@"");
+  EXPECT_TRUE(alertShows("Check the recipients."));
+  EXPECT_NE(button([window attachedSheet], @"OK"), nil);
+  EXPECT_EQ(calls(kGrant), 0u);
+  EXPECT_EQ(counter->posts, 0);
+}
+
+TEST_F(InviteTab, AnEmptyEntryBetweenTwoStopsBeforeAnybodyIsGranted) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de" ]);
+  open();
+  invite(@"a@x.de,,b@x.de");
+  EXPECT_TRUE(alertShows("Check the recipients."));
+  EXPECT_EQ(calls(kGrant), 0u);
+}
+
+TEST_F(InviteTab, ABadAddressIsNamed) {
+  open();
+  invite(@"nobody");
+  EXPECT_TRUE(alertShows(
+      "\u201cnobody\u201d is not a valid e-mail address. Correct or remove it, then try again."));
+  EXPECT_EQ(calls(kUserInfo), 0u);
+}
+
+TEST_F(InviteTab, SomebodyUnknownIsLookedUpOnceAndThenKnown) {
+  knowColleagues(@[ @"a@x.de" ]);
+  answer(kUserInfo, @{
+    @"reply" : success(@{@"accountemployee" : @1, @"name" : @"New One", @"primaryemail" : @"n@x.de"})
+  });
+  grants(@[ refused(), refused() ]);
+  open();
+  invite(@"n@x.de");
+  EXPECT_EQ(calls(kUserInfo), 1u);
+  EXPECT_TRUE([[delegate addressBookForShare] containsObject:@"New One<n@x.de>"]);
+  EXPECT_TRUE([[delegate employeeContacts] containsObject:@"n@x.de"]);
+  [button([window attachedSheet], @"OK") performClick:nil];
+  handlePostedEvents();
+  invite(@"n@x.de");
+  EXPECT_EQ(calls(kUserInfo), 1u);
+  EXPECT_EQ(calls(kGrant), 2u);
+}
+
+TEST_F(InviteTab, AnEmptyReplyToTheLookUpBlocksNobody) {
+  knowColleagues(@[ @"a@x.de" ]);
+  open();
+  EXPECT_TRUE([[controller sendInviteTab] isEmployee:@"stranger@x.de"]);
+  EXPECT_FALSE([[delegate employeeContacts] containsObject:@"stranger@x.de"]);
+}
+
+TEST_F(InviteTab, SomebodyWhoIsNoEmployeeIsNamedAndNobodyIsGranted) {
+  knowColleagues(@[ @"a@x.de" ]);
+  answer(kUserInfo, @{@"reply" : success(@{@"accountemployee" : @0})});
+  open();
+  invite(@"a@x.de,s@x.de");
+  EXPECT_TRUE(alertShows(kNotColleague));
+  EXPECT_TRUE(alertShows("No colleague with this address was found: s@x.de. Correct or remove it, "
+                         "then try again."));
+  EXPECT_NE(button([window attachedSheet], @"OK"), nil);
+  EXPECT_EQ(calls(kGrant), 0u);
+  EXPECT_EQ(text([recipients() stringValue]), "a@x.de,s@x.de");
+}
+
+TEST_F(InviteTab, AllArgumentsReachTheAgentInTheirOrder) {
+  knowColleagues(@[ @"a@x.de" ]);
+  grants(refused());
+  open();
+  [message() setString:@"hello there"];
+  invite(@"a@x.de");
+  EXPECT_TRUE(([grantArguments(0) isEqual:@[
+    @"a@x.de", @"folder-1", @1, @0, @0, @1, @1, @1, @"hello%20there"
+  ]])) << text(grantArguments(0));
+}
+
+TEST_F(InviteTab, ReadAndWriteGivesBothRights) {
+  knowColleagues(@[ @"a@x.de" ]);
+  grants(refused());
+  open();
+  NSPopUpButton *const access = static_cast<NSPopUpButton *>(button(window, @"Read only"));
+  [[access menu] performActionForItemAtIndex:0];
+  invite(@"a@x.de");
+  EXPECT_TRUE([[grantArguments(0) objectAtIndex:3] boolValue]);
+  EXPECT_TRUE([[grantArguments(0) objectAtIndex:4] boolValue]);
+}
+
+TEST_F(InviteTab, AMessageOf801CharactersIsSentAsItsFirst800) {
+  knowColleagues(@[ @"a@x.de" ]);
+  grants(refused());
+  open();
+  [message() setString:[@"" stringByPaddingToLength:801 withString:@"x" startingAtIndex:0]];
+  invite(@"a@x.de");
+  EXPECT_EQ([[grantArguments(0) objectAtIndex:8] length], 800u);
+}
+
+TEST_F(InviteTab, NoReplyForTheSecondOfThreeStopsThere) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de", @"c@x.de" ]);
+  grants(@[ granted(), @{@"reply" : @{}}, granted() ]);
+  open();
+  invite(@"a@x.de,b@x.de,c@x.de");
+  EXPECT_EQ(calls(kGrant), 2u);
+  EXPECT_TRUE(alertShows("Brisvale cannot be reached."));
+  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(counter->posts, 0);
+  EXPECT_EQ(text([recipients() stringValue]), "a@x.de,b@x.de,c@x.de");
+}
+
+TEST_F(InviteTab, RefusalsOfTheFirstAndThirdAreListedTogether) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de", @"c@x.de" ]);
+  grants(@[ refused(), granted(), refused() ]);
+  open();
+  invite(@"a@x.de,b@x.de,c@x.de");
+  EXPECT_EQ(calls(kGrant), 3u);
+  EXPECT_TRUE(alertShows(kNotColleague));
+  EXPECT_TRUE(alertShows("No colleague with this address was found: a@x.de, c@x.de. Correct or "
+                         "remove it, then try again."));
+  EXPECT_EQ(counter->posts, 1);
+}
+
+TEST_F(InviteTab, ACompleteSuccessEmptiesTheRecipientsAndNotTheMessage) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de" ]);
+  grants(granted());
+  open();
+  [message() setString:@"hello"];
+  invite(@"a@x.de,b@x.de");
+  EXPECT_TRUE(alertShows("The folder is now shared."));
+  EXPECT_EQ(text([recipients() stringValue]), "");
+  EXPECT_EQ(text([message() string]), "hello");
+  EXPECT_EQ(counter->posts, 2);
+}
+
+TEST_F(InviteTab, AMalformedUserRecordIsNoEmployee) {
+  knowColleagues(@[ @"a@x.de" ]);
+  for (id value in @[ @"text", @[ @1 ], @5, [NSNull null] ]) {
+    answer(kUserInfo, @{@"reply" : success(value)});
+    open();
+    EXPECT_FALSE([[controller sendInviteTab] isEmployee:@"s@x.de"]) << text(value);
+  }
+}
