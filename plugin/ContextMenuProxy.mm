@@ -135,8 +135,12 @@ void activateWith(NSWindow *window) {
 }
 
 // clang-format off: it takes the first anonymous argument for a part of the name.
-- (void)LaunchSendCopyLinkTab:(NSString *)item:(NSString *)displayName:(BOOL)isMyDocs
-                             :(BOOL)isFolder:(BOOL)tabPosition:(BOOL)isFileId {
+- (void)LaunchSendCopyLinkTab:(NSString *)
+                         item:(NSString *)displayName
+                             :(BOOL)isMyDocs
+                             :(BOOL)isFolder
+                             :(BOOL)tabPosition
+                             :(BOOL)isFileId {
   // clang-format on
   const ServingPause othersWait(self);
   closeOpenWindows();
@@ -161,8 +165,11 @@ void activateWith(NSWindow *window) {
 }
 
 // clang-format off: it takes the first anonymous argument for a part of the name.
-- (void)LaunchShareFolderTab:(NSString *)item:(NSString *)unusedDisplayName:(BOOL)unused
-                            :(BOOL)tabPosition:(BOOL)isFileId {
+- (void)LaunchShareFolderTab:(NSString *)
+                        item:(NSString *)unusedDisplayName
+                            :(BOOL)unused
+                            :(BOOL)tabPosition
+                            :(BOOL)isFileId {
   // clang-format on
   (void)unusedDisplayName;
   (void)unused;

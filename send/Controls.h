@@ -15,7 +15,7 @@ NSString *chosenDownloads(NSPopUpButton *numbers);
 /// agent has answered, and nothing is drawn meanwhile.
 void showBusy(NSProgressIndicator *indicator);
 
-/// To be called when such a call has returned: forgets the keys and clicks of the meantime. They were
-/// meant for the window as it was; a second Return would dismiss the alert that follows before
+/// To be called when such a call has returned: forgets the keys and clicks of the meantime. They
+/// were meant for the window as it was; a second Return would dismiss the alert that follows before
 /// anybody has read it.
 void forgetInputWhileBusy();

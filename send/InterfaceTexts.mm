@@ -32,7 +32,8 @@ void localizePopUp(NSPopUpButton *button) {
 void localizeField(NSTextField *field) {
   if (NSString *const value = replacement([field stringValue])) [field setStringValue:value];
   NSTextFieldCell *const cell = [field cell];
-  if (NSString *const hint = replacement([cell placeholderString])) [cell setPlaceholderString:hint];
+  if (NSString *const hint = replacement([cell placeholderString]))
+    [cell setPlaceholderString:hint];
 }
 
 void localizeTabs(NSTabView *tabs) {

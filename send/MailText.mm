@@ -44,8 +44,8 @@ NSString *percentEscaped(NSString *text) {
   if (text == nil) return nil;
   // Besides all that is never legal in a URL, what is legal there with a meaning of its own.
   NSString *const alsoEscaped = @"!*'();:@&=+$,/?%#[] ";
-  CFStringRef const escaped = CFURLCreateStringByAddingPercentEscapes(
-      nullptr, (CFStringRef)wellFormed(text), nullptr, (CFStringRef)alsoEscaped,
-      kCFStringEncodingUTF8);
+  CFStringRef const escaped =
+      CFURLCreateStringByAddingPercentEscapes(nullptr, (CFStringRef)wellFormed(text), nullptr,
+                                              (CFStringRef)alsoEscaped, kCFStringEncodingUTF8);
   return [(NSString *)escaped autorelease];
 }

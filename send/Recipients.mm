@@ -13,16 +13,15 @@ NSString *const kBrackets = @"<>";
 
 NSPredicate *addressPattern() {
   static NSPredicate *const pattern = [[NSPredicate
-      predicateWithFormat:@"SELF MATCHES %@",
-                          @"[A-Z0-9a-z._%+-]+@[A-Za-z0-9.-]+\\.[A-Za-z]{2,4}"] retain];
+      predicateWithFormat:@"SELF MATCHES %@", @"[A-Z0-9a-z._%+-]+@[A-Za-z0-9.-]+\\.[A-Za-z]{2,4}"]
+      retain];
   return pattern;
 }
 
 }  // namespace
 
 void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate) {
-  [field
-      setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
+  [field setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
   [field setDelegate:delegate];
 }
 
@@ -32,9 +31,9 @@ NSArray *completions(NSString *substring) {
   NSArray *const book = [delegate addressBookForShare];
   if (book == nil || substring == nil) return [NSArray array];
   NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  NSPredicate *const contains = [NSPredicate
-      predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)", substring,
-                          substring];
+  NSPredicate *const contains =
+      [NSPredicate predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)",
+                                       substring, substring];
   return [[book filteredArrayUsingPredicate:begins]
       arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
 }

@@ -30,10 +30,9 @@ struct KindTexts {
 const KindTexts kFileTexts = {@"defaultSubjectForSendFileKey", @"fileSentSuccessMessageTextKey",
                               @"unableToSendFileMessageTextKey",
                               @"fileNotAvailableInformativeTextKey"};
-const KindTexts kFolderTexts = {@"defaultSubjectForSendFolderKey",
-                                @"folderSentSuccessMessageTextKey",
-                                @"unableToSendFolderMessageTextKey",
-                                @"folderNotAvailableInformativeTextKey"};
+const KindTexts kFolderTexts = {
+    @"defaultSubjectForSendFolderKey", @"folderSentSuccessMessageTextKey",
+    @"unableToSendFolderMessageTextKey", @"folderNotAvailableInformativeTextKey"};
 
 const KindTexts &textsFor(BOOL isFolder) {
   return isFolder ? kFolderTexts : kFileTexts;
@@ -126,8 +125,10 @@ const KindTexts &textsFor(BOOL isFolder) {
   const BOOL isId = [self isFileId];
   // clang-format off: it takes the first anonymous argument for a part of the name.
   return [self isFolder]
-      ? [link sendFolder:path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe]
-      : [link sendFile:path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe];
+             ? [link sendFolder:
+                           path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe]
+             : [link sendFile:
+                         path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe];
   // clang-format on
 }
 
@@ -140,8 +141,8 @@ const KindTexts &textsFor(BOOL isFolder) {
       return;
     case agent::ReplyKind::Refused:
       NSLog(@"Error sending:%@", agent::errorMessage(reply));
-      alert = alertWithTexts(formatted(localizedText(texts.unable)),
-                             localizedText(texts.notAvailable));
+      alert =
+          alertWithTexts(formatted(localizedText(texts.unable)), localizedText(texts.notAvailable));
       break;
     case agent::ReplyKind::Unreachable:
       NSLog(@"Getting null data from rest API(machine offline or server down)");

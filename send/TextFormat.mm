@@ -15,10 +15,9 @@ const std::array<Conversion, 3> kConversions = {{{@"%%", false}, {@"%@", true}, 
 
 bool standsAt(NSString *text, NSUInteger place, NSString *written) {
   const NSRange rest = NSMakeRange(place, [text length] - place);
-  return [text rangeOfString:written
-                     options:NSLiteralSearch | NSAnchoredSearch
-                       range:rest]
-             .location == place;
+  return
+      [text rangeOfString:written options:NSLiteralSearch | NSAnchoredSearch range:rest].location ==
+      place;
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
   IBOutlet NSTextView *mailContent;
   IBOutlet NSPopUpButton *accessType;
   // Connections of the interface file that nothing uses.
-  IBOutlet NSTabViewItem *sendFile;            // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  IBOutlet NSTabViewItem *sendFile;              // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
   IBOutlet NSArrayController *iarrayController;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
   IBOutlet NSProgressIndicator *spinGear;
   NSArray *keys;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared

@@ -100,8 +100,8 @@ NSAlert *notColleaguesAlert(NSString *people) {
     NSString *const path = [self filePath];
     const BOOL isId = [self isFileId];
     // clang-format off: it takes the first anonymous argument for a part of the name.
-    NSDictionary *const reply =
-        [link grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
+    NSDictionary *const reply = [link grantAccess:
+                                        recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
     // clang-format on
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:

@@ -36,9 +36,9 @@ void endObject(id object, SEL dealloc, Class cls) {
   hooked.original(object, dealloc);
 }
 
-/// The objects that are ending on this thread, innermost last, each with the hooked class whose part
-/// of the dealloc is running. A superclass may be hooked as well: its turn comes through [super
-/// dealloc], and the object's class alone does not tell which of the two is meant.
+/// The objects that are ending on this thread, innermost last, each with the hooked class whose
+/// part of the dealloc is running. A superclass may be hooked as well: its turn comes through
+/// [super dealloc], and the object's class alone does not tell which of the two is meant.
 thread_local std::vector<std::pair<id, Class>> underWay;
 
 void hookedDealloc(id object, SEL dealloc) {
@@ -71,8 +71,8 @@ void addDeallocHook(Class cls, EndOfObject atEnd) {
   Method const inherited = class_getInstanceMethod(cls, dealloc);
   const IMP original = method_getImplementation(inherited);
   classes[cls] = {reinterpret_cast<Dealloc>(original), {atEnd}};
-  // Not class_replaceMethod: this runtime's replaces the superclass's method when the class has none
-  // of its own.
+  // Not class_replaceMethod: this runtime's replaces the superclass's method when the class has
+  // none of its own.
   if (!class_addMethod(cls, dealloc, reinterpret_cast<IMP>(hookedDealloc),
                        method_getTypeEncoding(inherited))) {
     method_setImplementation(inherited, reinterpret_cast<IMP>(hookedDealloc));

@@ -36,8 +36,8 @@ void endStandIn(id standIn, SEL selector) {
   [standIn setClassName:nil];
   [standIn setExtension:nil];
   Class const superclass = class_getSuperclass([NSCustomObject class]);
-  reinterpret_cast<void (*)(id, SEL)>(class_getMethodImplementation(superclass, selector))(standIn,
-                                                                                          selector);
+  reinterpret_cast<void (*)(id, SEL)>(class_getMethodImplementation(superclass, selector))(
+      standIn, selector);
 }
 
 }  // namespace

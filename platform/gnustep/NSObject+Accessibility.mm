@@ -9,11 +9,10 @@ namespace {
 /// Elements by address: each has a dictionary from attributes to values. An element's entry goes
 /// with it.
 NSMapTable *overrides() {
-  static NSMapTable *const table =
-      [[NSMapTable alloc] initWithKeyOptions:NSPointerFunctionsOpaqueMemory |
-                                             NSPointerFunctionsOpaquePersonality
-                                valueOptions:NSPointerFunctionsStrongMemory
-                                    capacity:16];
+  static NSMapTable *const table = [[NSMapTable alloc]
+      initWithKeyOptions:NSPointerFunctionsOpaqueMemory | NSPointerFunctionsOpaquePersonality
+            valueOptions:NSPointerFunctionsStrongMemory
+                capacity:16];
   return table;
 }
 

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-#include "platform/gnustep/OwnMethod.h"
 #import "platform/gnustep/NSTextView+PlainKeys.h"
+#include "platform/gnustep/OwnMethod.h"
 
 namespace {
 

@@ -18,9 +18,7 @@ struct CopyLinkTab : Windows {
     NSPopUpButton *const numbers = popUp();
     [[numbers menu] performActionForItemAtIndex:[numbers indexOfItemWithTitle:downloads]];
   }
-  NSPopUpButton *popUp() {
-    return static_cast<NSPopUpButton *>(button(window, @"Unlimited"));
-  }
+  NSPopUpButton *popUp() { return static_cast<NSPopUpButton *>(button(window, @"Unlimited")); }
 
   std::vector<std::string> alert() {
     return [window attachedSheet] == nil ? std::vector<std::string>{}
@@ -42,16 +40,15 @@ NSString *temporaryFolder() {
 TEST_F(CopyLinkTab, TheNumberOfDownloadsStartsAtTheFirstItem) {
   open();
   EXPECT_EQ([popUp() indexOfSelectedItem], 0);
-  EXPECT_TRUE(([[popUp() itemTitles]
-      isEqual:@[ @"Unlimited", @"1", @"5", @"10", @"25", @"50", @"100" ]]));
+  EXPECT_TRUE(
+      ([[popUp() itemTitles] isEqual:@[ @"Unlimited", @"1", @"5", @"10", @"25", @"50", @"100" ]]));
 }
 
 TEST_F(CopyLinkTab, UnlimitedDownloadsReachTheAgentAsMinusOne) {
   agent.answer(kFileOperation, success(@"https://x/y"));
   open();
   pressCopy();
-  EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @0, @0, @"-1", @1 ]]))
-      << text(lastArguments());
+  EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @0, @0, @"-1", @1 ]])) << text(lastArguments());
 }
 
 TEST_F(CopyLinkTab, AnyOtherNumberReachesTheAgentAsItsTitle) {

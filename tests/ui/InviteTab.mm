@@ -6,7 +6,6 @@ NSString *const kGrant = @"grantAccess:::::::::";
 NSString *const kUserInfo = @"getUserInfo::";
 const std::string kNotColleague = "The folder can only be shared with colleagues.";
 
-
 }  // namespace
 
 /// Counts what is posted while it lives.
@@ -95,13 +94,12 @@ struct InviteTab : Windows {
     handlePostedEvents();
   }
   bool alertShows(const std::string &wanted) {
-    const auto texts =
-        [window attachedSheet] == nil ? std::vector<std::string>{} : textsIn([window attachedSheet]);
+    const auto texts = [window attachedSheet] == nil ? std::vector<std::string>{}
+                                                     : textsIn([window attachedSheet]);
     return std::find(texts.begin(), texts.end(), wanted) != texts.end();
   }
   NSUInteger calls(NSString *operation) {
-    NSCountedSet *const all =
-        [[[NSCountedSet alloc] initWithArray:agent.operations()] autorelease];
+    NSCountedSet *const all = [[[NSCountedSet alloc] initWithArray:agent.operations()] autorelease];
     return [all countForObject:operation];
   }
   NSArray *grantArguments(NSUInteger index) {
@@ -150,9 +148,13 @@ TEST_F(InviteTab, ABadAddressIsNamed) {
 
 TEST_F(InviteTab, SomebodyUnknownIsLookedUpOnceAndThenKnown) {
   knowColleagues(@[ @"a@x.de" ]);
-  answer(kUserInfo, @{
-    @"reply" : success(@{@"accountemployee" : @1, @"name" : @"New One", @"primaryemail" : @"n@x.de"})
-  });
+  answer(
+      kUserInfo, @{
+        @"reply" : success(
+            @{@"accountemployee" : @1,
+              @"name" : @"New One",
+              @"primaryemail" : @"n@x.de"})
+      });
   grants(@[ refused(), refused() ]);
   open();
   invite(@"n@x.de");
@@ -175,7 +177,10 @@ TEST_F(InviteTab, AnEmptyReplyToTheLookUpBlocksNobody) {
 
 TEST_F(InviteTab, SomebodyWhoIsNoEmployeeIsNamedAndNobodyIsGranted) {
   knowColleagues(@[ @"a@x.de" ]);
-  answer(kUserInfo, @{@"reply" : success(@{@"accountemployee" : @0})});
+  answer(
+      kUserInfo,
+      @{@"reply" : success(
+          @{@"accountemployee" : @0})});
   open();
   invite(@"a@x.de,s@x.de");
   EXPECT_TRUE(alertShows(kNotColleague));

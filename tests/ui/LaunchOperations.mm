@@ -103,7 +103,7 @@ TEST_F(LaunchOperations, OddArgumentsOpenAWindowOnATabThatExists) {
 
 TEST_F(LaunchOperations, AnArgumentOfAnotherClassCountsAsNone) {
   SendAndCopyTabController *const controller =
-      openSend(0, {.item = (NSString *)@[ @"a" ], .name = (NSString *)@12});
+      openSend(0, { .item = (NSString *)@[ @"a" ], .name = (NSString *)@12 });
   ASSERT_NE(controller, nil);
   EXPECT_EQ([[controller sendFile] filePath], nil);
   EXPECT_EQ(text([[controller window] title]), "Send or Copy Link");

@@ -125,13 +125,14 @@ TEST_P(SendAndCopyWindowClosed, LogsOnceEnablesTheMenuHidesAndEndsTheController)
   EXPECT_EQ(ended([CopyLinkController class]), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    ByAnyPath, SendAndCopyWindowClosed,
-    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
-                    Closing{"Notification", byTheNotification},
-                    Closing{"CancelOnSendTab", byCancelOnTheSendTab},
-                    Closing{"CancelOnCopyTab", byCancelOnTheCopyTab}, Closing{"Escape", byEscape}),
-    [](const auto &info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(ByAnyPath, SendAndCopyWindowClosed,
+                         testing::Values(Closing{"CloseButton", byTheCloseButton},
+                                         Closing{"Close", byClose},
+                                         Closing{"Notification", byTheNotification},
+                                         Closing{"CancelOnSendTab", byCancelOnTheSendTab},
+                                         Closing{"CancelOnCopyTab", byCancelOnTheCopyTab},
+                                         Closing{"Escape", byEscape}),
+                         [](const auto &info) { return info.param.name; });
 
 TEST_F(SendAndCopyWindow, IsNoObserverAnyMoreWhenItHasGone) {
   openSend();

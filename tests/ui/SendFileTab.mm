@@ -25,9 +25,7 @@ struct SendFileTab : Windows {
   }
   NSTokenField *recipients() { return find<NSTokenField>([NSTokenField class]); }
   NSTextField *subject() { return [[controller sendFile] mailSubject]; }
-  NSTextView *message() {
-    return [find<NSScrollView>([NSScrollView class]) documentView];
-  }
+  NSTextView *message() { return [find<NSScrollView>([NSScrollView class]) documentView]; }
 
   void enterRecipients(NSString *typed) {
     [window makeFirstResponder:recipients()];
@@ -40,8 +38,8 @@ struct SendFileTab : Windows {
   }
 
   bool alertShows(const std::string &wanted) {
-    const auto texts =
-        [window attachedSheet] == nil ? std::vector<std::string>{} : textsIn([window attachedSheet]);
+    const auto texts = [window attachedSheet] == nil ? std::vector<std::string>{}
+                                                     : textsIn([window attachedSheet]);
     return std::find(texts.begin(), texts.end(), wanted) != texts.end();
   }
   bool wasSent() {
@@ -208,7 +206,8 @@ TEST_F(SendFileTab, ALongSubjectReachesTheAgentAsItsFirstEightyUnits) {
   agent.answer(kSendFile, refusal(1, @"no"));
   open();
   enterRecipients(@"a@example.org");
-  [subject() setStringValue:[@"" stringByPaddingToLength:100 withString:@"0123456789"
+  [subject() setStringValue:[@"" stringByPaddingToLength:100
+                                              withString:@"0123456789"
                                          startingAtIndex:0]];
   pressSend();
   EXPECT_EQ([[lastArguments() objectAtIndex:5] length], 80u);
@@ -246,8 +245,9 @@ TEST_F(SendFileTab, HalfTypedRecipientsSurviveALookAtTheOtherTab) {
 
 TEST_F(SendFileTab, ACompletionIsSentAsItsAddress) {
   agent.setScript(@{
-    @"getEmployeeAddressBook" :
-        @{@"reply" : success(@[ @{@"name" : @"Anna Meier", @"primaryemail" : @"anna@example.org"} ])},
+    @"getEmployeeAddressBook" : @{
+      @"reply" : success(@[ @{@"name" : @"Anna Meier", @"primaryemail" : @"anna@example.org"} ])
+    },
     kSendFile : @{@"reply" : refusal(1, @"no")}
   });
   [delegate getAddressBookForShareFolder];

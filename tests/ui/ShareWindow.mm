@@ -118,13 +118,13 @@ TEST_P(ShareWindowClosed, RunsTheSamePath) {
   EXPECT_EQ(ended([InviteTabController class]), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    ByAnyPath, ShareWindowClosed,
-    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
-                    Closing{"Notification", byTheNotification}, Closing{"Done", byDone},
-                    Closing{"Return", byReturn},
-                    Closing{"CancelOnInviteTab", byCancelOnTheInviteTab}),
-    [](const auto &info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(ByAnyPath, ShareWindowClosed,
+                         testing::Values(Closing{"CloseButton", byTheCloseButton},
+                                         Closing{"Close", byClose},
+                                         Closing{"Notification", byTheNotification},
+                                         Closing{"Done", byDone}, Closing{"Return", byReturn},
+                                         Closing{"CancelOnInviteTab", byCancelOnTheInviteTab}),
+                         [](const auto &info) { return info.param.name; });
 
 TEST_F(ShareWindow, BothTabsEndUpWithTheFolderAndTheKindOfItsReference) {
   BrisvaleTabController *const controller = openShare(0, @"id-9");

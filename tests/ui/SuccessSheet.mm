@@ -83,9 +83,8 @@ TEST_F(SuccessSheet, AnAlertShownWhileItIsUpWaitsForItsEnd) {
   [alert setMessageText:@"afterwards"];
   [alert beginSheetModalForWindow:window modalDelegate:nil didEndSelector:NULL contextInfo:NULL];
   EXPECT_EQ([window attachedSheet], sheet);
-  EXPECT_TRUE(handleEventsUntil([&] {
-    return [window attachedSheet] != nil && [window attachedSheet] != sheet;
-  }));
+  EXPECT_TRUE(handleEventsUntil(
+      [&] { return [window attachedSheet] != nil && [window attachedSheet] != sheet; }));
   EXPECT_TRUE(shows([window attachedSheet], "afterwards"));
 }
 

@@ -6,7 +6,8 @@
 
 TEST(AccessLevel, ANameIsTheCapitalizedFirstAndLastName) {
   EXPECT_EQ(text(displayName(@"anna", @"von meier", @"a@x.de")), "Anna Von Meier");
-  EXPECT_EQ(text(displayName(@"ZOË", @"O'NEIL", @"z@x.de")), text([@"ZOË O'NEIL" capitalizedString]));
+  EXPECT_EQ(text(displayName(@"ZOË", @"O'NEIL", @"z@x.de")),
+            text([@"ZOË O'NEIL" capitalizedString]));
 }
 
 TEST(AccessLevel, WithoutAFirstNameTheAddressIsTheName) {

@@ -9,8 +9,16 @@ TEST(CopyOutcome, NoReplyAndAnEmptyOneComeFirstWhateverTheStatus) {
 }
 
 TEST(CopyOutcome, OnlyTheStatusZeroIsACopy) {
-  EXPECT_EQ(outcomeOfCopy(@{@"error" : @0}, @"0"), CopyOutcome::Copied);
-  EXPECT_EQ(outcomeOfCopy(@{@"error" : @1}, @"quota"), CopyOutcome::Refused);
-  EXPECT_EQ(outcomeOfCopy(@{@"error" : @1}, nil), CopyOutcome::Refused);
-  EXPECT_EQ(outcomeOfCopy(@{@"error" : @0}, @""), CopyOutcome::Refused);
+  EXPECT_EQ(outcomeOfCopy(
+                @{@"error" : @0}, @"0"),
+            CopyOutcome::Copied);
+  EXPECT_EQ(outcomeOfCopy(
+                @{@"error" : @1}, @"quota"),
+            CopyOutcome::Refused);
+  EXPECT_EQ(outcomeOfCopy(
+                @{@"error" : @1}, nil),
+            CopyOutcome::Refused);
+  EXPECT_EQ(outcomeOfCopy(
+                @{@"error" : @0}, @""),
+            CopyOutcome::Refused);
 }

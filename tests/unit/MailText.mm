@@ -14,8 +14,8 @@ NSString *repeated(NSString *part, NSUInteger length) {
 NSString *withHalfPair(NSString *begin) {
   NSMutableString *const result = [NSMutableString stringWithString:begin];
   const unichar half = 0xD83D;
-  CFStringRef const unit = (CFStringRef)[[[NSString alloc] initWithCharacters:&half
-                                                                       length:1] autorelease];
+  CFStringRef const unit =
+      (CFStringRef)[[[NSString alloc] initWithCharacters:&half length:1] autorelease];
   if (unit != nil) [result appendString:(NSString *)unit];
   return result;
 }
