@@ -1,9 +1,12 @@
 #import <AppKit/AppKit.h>
 #import <objc/runtime.h>
 
+#include <string_view>
+
 #import "platform/gnustep/NSObject+Accessibility.h"
 
-// What the platform's loader does not read of an interface file as the Mac's tools write it.
+// What the platform's loader does not read of an interface file as the Mac's tools write it, and
+// what it leaves behind.
 
 @interface GSXibElement : NSObject
 - (GSXibElement *)elementForKey:(NSString *)key;
@@ -16,6 +19,7 @@
 
 @interface GSXib5KeyedUnarchiver (MacElements)
 @end
+
 
 namespace {
 
@@ -54,6 +58,19 @@ NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   return platformDecodeSize(unarchiver, selector, name);
 }
 
+/// Whether the file is of today's form: its outermost element is "document". The platform reads the
+/// whole file as a tree for that and never gives the tree back, 300 KiB for each window.
+BOOL isDocument(id, SEL, NSData *data) {
+  const std::string_view text(static_cast<const char *>([data bytes]), [data length]);
+  size_t tag = text.find('<');
+  while (tag != std::string_view::npos && tag + 1 < text.size() &&
+         (text[tag + 1] == '?' || text[tag + 1] == '!')) {
+    tag = text.find('<', tag + 1);
+  }
+  constexpr std::string_view kDocument = "<document";
+  return tag != std::string_view::npos && text.compare(tag, kDocument.size(), kDocument) == 0;
+}
+
 }  // namespace
 
 @implementation GSXib5KeyedUnarchiver (MacElements)
@@ -62,6 +79,8 @@ NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   platformDecodeObject =
       replaced(self, @selector(decodeObjectForXib:forClassName:withID:), decodeObject);
   platformDecodeSize = replaced(self, @selector(decodeSizeForKey:), decodeSize);
+  // Found by its name: a message would set it up before there is an autorelease pool.
+  replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:), isDocument);
 }
 
 @end

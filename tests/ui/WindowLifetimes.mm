@@ -36,6 +36,7 @@ struct WindowLifetimes : Windows {
         once();
       }
     }
+    closeAll();
     const NSUInteger windows = [[NSApp windows] count];
     const long before = residentKilobytes();
     countEndsOf(cls);
@@ -44,6 +45,7 @@ struct WindowLifetimes : Windows {
         once();
       }
     }
+    closeAll();
     EXPECT_EQ(ended(cls), kOpenings);
     EXPECT_LE([[NSApp windows] count], windows);
     EXPECT_LE(residentKilobytes() - before, kFlatKilobytes);

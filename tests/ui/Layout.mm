@@ -1,0 +1,115 @@
+#import "tests/ui/Windows.h"
+
+namespace {
+
+/// One tab of one window.
+struct Shown {
+  const char *name;
+  bool isShare;
+  int tab;
+};
+
+struct Layout : Windows, testing::WithParamInterface<Shown> {
+  NSWindow *window = nil;
+
+  void SetUp() override {
+    window =
+        GetParam().isShare ? [openShare(GetParam().tab) window] : [openSend(GetParam().tab) window];
+    ASSERT_NE(window, nil);
+  }
+
+  /// The controls of the tab that is shown, and the scroll views with texts.
+  std::vector<NSView *> controls() {
+    std::vector<NSView *> found;
+    add([window contentView], found);
+    return found;
+  }
+  static void add(NSView *view, std::vector<NSView *> &found) {
+    if ([view isHidden]) return;
+    const bool isLeaf =
+        [view isKindOfClass:[NSControl class]] || [view isKindOfClass:[NSScrollView class]];
+    if (isLeaf) {
+      found.push_back(view);
+      return;
+    }
+    for (NSView *subview in [view subviews]) add(subview, found);
+  }
+
+  /// What of a control can be seen: a push button's frame holds 6 points of nothing at each side.
+  static NSRect seen(NSView *view) {
+    const NSRect frame = [view convertRect:[view bounds] toView:nil];
+    const bool isButton = [view isKindOfClass:[NSButton class]];
+    return isButton ? NSInsetRect(frame, 6, 4) : frame;
+  }
+
+  void expectEverythingInItsPlace(const char *when) {
+    const auto all = controls();
+    const NSRect content = [[window contentView] bounds];
+    for (size_t i = 0; i < all.size(); ++i) {
+      EXPECT_TRUE(NSContainsRect(content, seen(all[i])))
+          << when << ": " << text(all[i]) << text(NSStringFromRect(seen(all[i])));
+      for (size_t j = i + 1; j < all.size(); ++j) {
+        EXPECT_FALSE(NSIntersectsRect(seen(all[i]), seen(all[j])))
+            << when << ": " << text(all[i]) << " " << text(all[j]);
+      }
+    }
+  }
+
+  void resize(CGFloat width, CGFloat height) {
+    [window setContentSize:NSMakeSize(width, height)];
+    handlePostedEvents();
+  }
+};
+
+NSString *longer(NSString *text) {
+  const NSUInteger length = static_cast<NSUInteger>([text length] * 1.4);
+  return [text stringByPaddingToLength:length withString:@"emno" startingAtIndex:0];
+}
+
+}  // namespace
+
+TEST_P(Layout, EverythingHasItsPlaceAsItOpens) {
+  expectEverythingInItsPlace("as it opens");
+}
+
+TEST_P(Layout, EverythingHasItsPlaceInAMuchLargerWindow) {
+  resize(1100, 700);
+  expectEverythingInItsPlace("larger");
+}
+
+TEST_P(Layout, EverythingHasItsPlaceAfterGrowingAndShrinking) {
+  resize(1100, 700);
+  const NSSize smallest = [window contentMinSize];
+  resize(smallest.width, smallest.height);
+  expectEverythingInItsPlace("back at its smallest");
+}
+
+TEST_P(Layout, TheWindowCannotBeMadeSmallerThanItIsLaidOutFor) {
+  EXPECT_GE([window contentMinSize].width, 590);
+  EXPECT_GE([window contentMinSize].height, 400);
+}
+
+TEST_P(Layout, TextsThatAreFortyPercentLongerFit) {
+  for (NSView *view : controls()) {
+    if ([view isKindOfClass:[NSPopUpButton class]] || ![view isKindOfClass:[NSControl class]]) {
+      continue;
+    }
+    NSCell *const cell = [static_cast<NSControl *>(view) cell];
+    if ([view isKindOfClass:[NSButton class]]) {
+      NSButton *const button = static_cast<NSButton *>(view);
+      [button setTitle:longer([button title])];
+    } else if (![static_cast<NSTextField *>(view) isEditable]) {
+      if ([cell wraps]) continue;
+      [cell setStringValue:longer([cell stringValue])];
+    } else {
+      continue;
+    }
+    EXPECT_LE([cell cellSize].width, NSWidth([view frame]))
+        << text([cell stringValue]) << text([view description]);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(EachTab, Layout,
+                         testing::Values(Shown{"Send", false, 0}, Shown{"CopyLink", false, 1},
+                                         Shown{"Permissions", true, 0}, Shown{"Invite", true, 1}),
+                         [](const auto &info) { return info.param.name; });
