@@ -6,7 +6,8 @@
 /// object that goes away; this runtime has no such thing.
 using EndOfObject = void (*)(id object);
 
-/// From now on every object of exactly this class gives itself to `atEnd` at the beginning of its
-/// dealloc, on the thread that ends it. Adding the same one to a class again, or to one of its
-/// superclasses, is harmless: `atEnd` then sees an object more than once. Any thread.
+/// From now on every object of this class gives itself to `atEnd` at the beginning of its dealloc,
+/// on the thread that ends it. So do the objects of other classes that share the dealloc, where the
+/// class has none of its own, and `atEnd` may see an object more than once. Adding the same one
+/// again is harmless. Any thread.
 void addDeallocHook(Class cls, EndOfObject atEnd);

@@ -3,6 +3,7 @@
 #import <objc/runtime.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <vector>
@@ -56,9 +57,30 @@ void hookedDealloc(id object, SEL dealloc) {
   underWay.pop_back();
 }
 
+bool hasOwnDealloc(Class cls) {
+  unsigned count = 0;
+  Method *const methods = class_copyMethodList(cls, &count);
+  const bool has = std::any_of(methods, methods + count, [](Method method) {
+    return sel_isEqual(method_getName(method), @selector(dealloc));
+  });
+  std::free(methods);
+  return has;
+}
+
+/// The class itself or the next above it with a dealloc of its own, so that a class is not given a
+/// method that it does not have; the class itself where only the root class has one, which all
+/// objects share.
+Class withDealloc(Class cls) {
+  for (Class above = cls; class_getSuperclass(above) != Nil; above = class_getSuperclass(above)) {
+    if (hasOwnDealloc(above)) return above;
+  }
+  return cls;
+}
+
 }  // namespace
 
-void addDeallocHook(Class cls, EndOfObject atEnd) {
+void addDeallocHook(Class given, EndOfObject atEnd) {
+  Class const cls = withDealloc(given);
   const std::lock_guard<std::mutex> guard(hooks().lock);
   auto &classes = hooks().classes;
   const auto known = classes.find(cls);

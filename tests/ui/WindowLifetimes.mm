@@ -110,8 +110,10 @@ TEST_F(WindowLifetimes, ASuccessSheetThatIsUpWhenAnotherWindowOpensLeavesNothing
 }
 
 TEST_F(WindowLifetimes, ATimerThatFiresAfterItsWindowWasClosedLeavesTheNextOneOpen) {
-  [[openSend(1) sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
   countEndsOf([CopyLinkController class]);
+  @autoreleasepool {
+    [[openSend(1) sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+  }
   NSWindow *const next = [openSend(1) window];
   EXPECT_TRUE(handleEventsUntil([] { return ended([CopyLinkController class]) == 1; }));
   EXPECT_TRUE([next isVisible]);
