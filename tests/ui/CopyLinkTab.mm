@@ -68,7 +68,7 @@ TEST_F(CopyLinkTab, BothOptionsReachTheAgent) {
   pressCopy();
   EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @1, @0, @"-1", @1 ]]));
   open();
-  [button(window, @"Ask for an e-mail address before the download") performClick:nil];
+  [button(window, @"Ask for an e-mail address first") performClick:nil];
   pressCopy();
   EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-1", @0, @1, @"-1", @1 ]]));
 }

@@ -80,7 +80,7 @@ TEST_F(SendFileTab, EachOptionReachesTheAgentInItsPlace) {
   EXPECT_TRUE([[lastArguments() objectAtIndex:8] boolValue]);
   EXPECT_FALSE([[lastArguments() objectAtIndex:1] boolValue]);
   [button([window attachedSheet], @"OK") performClick:nil];
-  [button(window, @"Ask recipients for their e-mail address") performClick:nil];
+  [button(window, @"Ask for their e-mail address") performClick:nil];
   NSPopUpButton *const numbers = static_cast<NSPopUpButton *>(button(window, @"Unlimited"));
   [[numbers menu] performActionForItemAtIndex:2];
   pressSend();
