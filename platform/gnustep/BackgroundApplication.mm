@@ -1,5 +1,6 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
+#import "platform/gnustep/ImageTypes.h"
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/NSUserDefaults+Languages.h"
 #import "platform/gnustep/QuietTheme.h"
@@ -22,6 +23,7 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
   // Before the platform first uses the default. The user's own settings still win.
   [[NSUserDefaults standardUserDefaults]
       registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+  useOwnImageReadersOnly();
   installMacKeys();
   installQuietTheme();
   // Left out of the build where the platform does it by itself.
