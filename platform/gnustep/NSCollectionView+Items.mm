@@ -1,0 +1,77 @@
+#import <AppKit/AppKit.h>
+
+#import "platform/gnustep/OwnMethod.h"
+
+// What the platform's collection view does to its items otherwise than the Mac's: it never ends
+// them, because each is bound to from its own view, and it forgets how small and how large they may
+// be.
+
+@interface NSCollectionView (PlatformItems)
+- (void)_resetItemSize;
+- (void)_removeItemsViews;
+@end
+
+@interface NSCollectionView (Items)
+@end
+
+namespace {
+
+/// The size of an item while there is no prototype; it stands for none.
+constexpr NSSize kPlaceholderSize = {120, 100};
+
+bool isGiven(NSSize size) {
+  return size.width > 0 && size.height > 0 && !NSEqualSizes(size, kPlaceholderSize);
+}
+
+/// A binding keeps what it is bound to; the view's keep the item, which keeps the view.
+void unbindAll(NSView *view) {
+  for (NSString *binding in [view exposedBindings]) {
+    if ([view infoForBinding:binding] != nil) [view unbind:binding];
+  }
+  for (NSView *subview in [view subviews]) unbindAll(subview);
+}
+
+}  // namespace
+
+@implementation NSCollectionView (Items)
+
+// The category's methods are the ones that count.
+#pragma clang diagnostic push
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
+- (void)dealloc {
+  [self unbindItems];
+  // The prototype as well: what its controls are bound to is itself.
+  unbindAll([itemPrototype view]);
+  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
+  own(self, _cmd);
+  return;
+  [super dealloc];  // has been done; the compiler misses it otherwise
+}
+
+- (void)_removeItemsViews {
+  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
+  [self unbindItems];
+  own(self, _cmd);
+}
+
+/// The sizes that were asked for stay; those that were not are the prototype's.
+- (void)_resetItemSize {
+  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
+  const NSSize smallest = _minItemSize;
+  const NSSize largest = _maxItemSize;
+  own(self, _cmd);
+  if (isGiven(smallest)) _minItemSize = smallest;
+  if (isGiven(largest)) _maxItemSize = largest;
+}
+
+#pragma clang diagnostic pop
+
+- (void)unbindItems {
+  for (id item in _items) {
+    // Of an item that has not been in sight there is only a placeholder.
+    if ([item respondsToSelector:@selector(view)]) unbindAll([item view]);
+  }
+}
+
+@end
