@@ -81,9 +81,12 @@ bool isOneOf(NSString *name, NSString *first, NSString *second) {
 /// strings, the class of each is brought over as well.
 class Column {
  public:
-  /// Raises when a record has no values for keys, or when the connection breaks.
-  Column(id records, NSString *key) : records_(records), key_(key) {
-    id const values = withProtocol([records valueForKey:key]);
+  Column(id records, NSString *key) : records_(records), key_(key) {}
+
+  /// Raises when a record has no values for keys, or when the connection breaks. (Not done by the
+  /// constructor: a container that makes an element cannot pass a platform exception on.)
+  void bringOver() {
+    id const values = withProtocol([records_ valueForKey:key_]);
     texts_ = joinedAndSplit(values);
     if (!areAllStrings(values)) classes_ = joinedAndSplit([values valueForKey:@"classForCoder"]);
   }
@@ -146,8 +149,9 @@ class Reading {
   /// records.
   bool visitAsColumns(id records, NSUInteger count) {
     std::vector<Column> columns;
+    for (NSString *const key : keys_) columns.emplace_back(records, key);
     @try {
-      for (NSString *const key : keys_) columns.emplace_back(records, key);
+      for (Column &column : columns) column.bringOver();
     } @catch (NSException *) {
       // A record that is no dictionary has no values for keys. A connection that broke raises too;
       // the smaller parts will find it broken again.

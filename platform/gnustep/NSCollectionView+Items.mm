@@ -1,5 +1,6 @@
 #import <AppKit/AppKit.h>
 
+#import "platform/gnustep/DeallocHook.h"
 #import "platform/gnustep/OwnMethod.h"
 
 // What the platform's collection view does to its items otherwise than the Mac's: it never ends
@@ -12,6 +13,8 @@
 @end
 
 @interface NSCollectionView (Items)
+/// To be done before item views are let go of.
+- (void)unbindItems;
 @end
 
 namespace {
@@ -31,23 +34,23 @@ void unbindAll(NSView *view) {
   for (NSView *subview in [view subviews]) unbindAll(subview);
 }
 
+void endItems(id collection) {
+  [collection unbindItems];
+  // What the prototype's controls are bound to is the prototype.
+  unbindAll([[collection itemPrototype] view]);
+}
+
 }  // namespace
 
 @implementation NSCollectionView (Items)
 
++ (void)load {
+  addDeallocHook(self, endItems);
+}
+
 // The category's methods are the ones that count.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-
-- (void)dealloc {
-  [self unbindItems];
-  // The prototype as well: what its controls are bound to is itself.
-  unbindAll([itemPrototype view]);
-  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
-  own(self, _cmd);
-  return;
-  [super dealloc];  // has been done; the compiler misses it otherwise
-}
 
 - (void)_removeItemsViews {
   static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
