@@ -86,6 +86,8 @@ struct PermissionsTab : testing::Test {
   NSArray *argumentsOfLast(NSString *operation) const;
 
  private:
+  NSAutoreleasePool *pool_ = [[NSAutoreleasePool alloc] init];
+
   id outletNamed(const char *name) const;
   template <class Control>
   Control *in(NSUInteger row, NSUInteger place) const {

@@ -74,6 +74,8 @@ PermissionsTab::PermissionsTab() {
 }
 
 PermissionsTab::~PermissionsTab() {
+  // The test's own references first: the window is to end when it is closed.
+  [pool_ drain];
   close();
 }
 
@@ -82,11 +84,14 @@ void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary 
 }
 
 void PermissionsTab::openWindow() {
-  window = [[BrisvaleTabController alloc] init];
-  [window selectTabAtPosition:0];
-  [[window window] makeKeyAndOrderFront:nil];
-  tab = [[window givePermissionTab] retain];
-  [[window window] display];
+  // An event of its own: its pool must not hold the controller, which destroys itself at its end.
+  @autoreleasepool {
+    window = [[BrisvaleTabController alloc] init];
+    [window selectTabAtPosition:0];
+    [[window window] makeKeyAndOrderFront:nil];
+    tab = [[window givePermissionTab] retain];
+    [[window window] display];
+  }
 }
 
 void PermissionsTab::open(NSString *folder) {
@@ -113,6 +118,10 @@ void PermissionsTab::close() {
     window = nil;
     [tab release];
     tab = nil;
+  }
+  // The platform lets go of a closed window in its next event.
+  @autoreleasepool {
+    dispatchPosted();
   }
 }
 
