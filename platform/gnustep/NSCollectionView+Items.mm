@@ -1,6 +1,7 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/DeallocHook.h"
+#import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/OwnMethod.h"
 
 // What the platform's collection view does to its items otherwise than the Mac's: it never ends
@@ -14,7 +15,7 @@
 
 @interface NSCollectionView (Items)
 /// To be done before item views are let go of.
-- (void)unbindItems;
+- (void)endItemViews;
 @end
 
 namespace {
@@ -26,18 +27,20 @@ bool isGiven(NSSize size) {
   return size.width > 0 && size.height > 0 && !NSEqualSizes(size, kPlaceholderSize);
 }
 
-/// A binding keeps what it is bound to; the view's keep the item, which keeps the view.
-void unbindAll(NSView *view) {
+/// Makes an item's view ready to go. A binding keeps what it is bound to: the view's keep the item,
+/// which keeps the view.
+void endView(NSView *view) {
+  if ([view isKindOfClass:[NSPopUpButton class]]) closeMenuOf(static_cast<NSPopUpButton *>(view));
   for (NSString *binding in [view exposedBindings]) {
     if ([view infoForBinding:binding] != nil) [view unbind:binding];
   }
-  for (NSView *subview in [view subviews]) unbindAll(subview);
+  for (NSView *subview in [view subviews]) endView(subview);
 }
 
 void endItems(id collection) {
-  [collection unbindItems];
+  [collection endItemViews];
   // What the prototype's controls are bound to is the prototype.
-  unbindAll([[collection itemPrototype] view]);
+  endView([[collection itemPrototype] view]);
 }
 
 }  // namespace
@@ -54,7 +57,7 @@ void endItems(id collection) {
 
 - (void)_removeItemsViews {
   static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
-  [self unbindItems];
+  [self endItemViews];
   own(self, _cmd);
 }
 
@@ -70,10 +73,10 @@ void endItems(id collection) {
 
 #pragma clang diagnostic pop
 
-- (void)unbindItems {
+- (void)endItemViews {
   for (id item in _items) {
     // Of an item that has not been in sight there is only a placeholder.
-    if ([item respondsToSelector:@selector(view)]) unbindAll([item view]);
+    if ([item respondsToSelector:@selector(view)]) endView([item view]);
   }
 }
 

@@ -119,8 +119,10 @@ void PermissionsTab::close() {
     [tab release];
     tab = nil;
   }
-  // The platform lets go of a closed window in its next event.
+  // The application hides when its window closes, and remembers what it has hidden until it shows
+  // itself again, as at the opening of the next window.
   @autoreleasepool {
+    [NSApp unhideWithoutActivation];
     dispatchPosted();
   }
 }
