@@ -13,13 +13,8 @@ using ContactVisitor = std::function<void(NSString *name, NSString *address)>;
 
 /// Visits the records of an address book in the agent's order, exactly one visit a record.
 ///
-/// records: the "value" of a getEmployeeAddressBook reply, usually an array in the agent's process.
-/// Anything that is not an array has no records. Records are brought over ten thousand at a time in
-/// a few messages, not one by one: asking each record for each field takes a minute for 100,000
-/// contacts.
-///
-/// Answers false when the connection broke on the way: then the visits made so far are only a part
-/// of the book. Blocks the calling thread; to be called on the thread that got the reply.
+/// records: the "value" of a getEmployeeAddressBook reply; read as visitRecords reads (Records.h),
+/// with the same answer.
 bool visitContactRecords(id records, const ContactVisitor &visit);
 
 }  // namespace agent

@@ -14,7 +14,7 @@ inline NSString *const kErrorMessageKey = @"errorMessage";  // string: the servi
 /// A local copy of a reply, so that reading it later is no round trip and cannot fail: nil for nil
 /// and for anything that is not a dictionary. A result dictionary is copied with its three keys and
 /// nothing else; any other dictionary with all its entries. Strings and numbers are local in the
-/// copy; arrays and dictionaries below "value" stay where they are (ContactRecords.h reads those).
+/// copy; arrays and dictionaries below "value" stay where they are (Records.h reads those).
 /// Raises what the platform raises when the connection breaks: call it through AgentCall.h.
 /// Autoreleased.
 NSDictionary *broughtOver(id reply);
@@ -45,9 +45,11 @@ NSString *errorText(NSDictionary *reply);
 /// "errorMessage", nil when it is not a string.
 NSString *errorMessage(NSDictionary *reply);
 
-/// The value of `key` read as a boolean: a number's or a string's, NO for anything else and for
-/// nothing.
+/// The value of `key` read as a boolean, as flagOf does.
 BOOL flagIn(NSDictionary *entry, NSString *key);
+
+/// value read as a boolean: a number's or a string's, NO for anything else and for nil.
+BOOL flagOf(id value);
 
 /// The string that stands under `key`, nil for anything else.
 NSString *stringIn(NSDictionary *entry, NSString *key);

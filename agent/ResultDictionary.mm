@@ -85,7 +85,10 @@ NSString *errorMessage(NSDictionary *reply) {
 }
 
 BOOL flagIn(NSDictionary *entry, NSString *key) {
-  id const value = [entry objectForKey:key];
+  return flagOf([entry objectForKey:key]);
+}
+
+BOOL flagOf(id value) {
   const bool readable = isLocal(value, [NSNumber class]) || isLocal(value, [NSString class]);
   return readable && [value boolValue];
 }

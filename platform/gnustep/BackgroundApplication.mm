@@ -2,6 +2,7 @@
 
 #import "platform/gnustep/ImageTypes.h"
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/NSUserDefaults+Languages.h"
 #import "platform/gnustep/QuietTheme.h"
 #import "platform/gnustep/SheetQueue.h"
@@ -103,7 +104,7 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
 - (void)sendEvent:(NSEvent *)event {
   if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
-  if (event != nil) [super sendEvent:event];
+  if (event != nil && !deliverToOpenMenu(event)) [super sendEvent:event];
 }
 
 /// The platform's word from a window's dealloc: nothing here may retain it.

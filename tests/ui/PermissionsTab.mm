@@ -1,0 +1,190 @@
+#include "tests/ui/PermissionsTab.h"
+
+#import <objc/runtime.h>
+
+#import "send/LocalizedText.h"
+#import "tests/support/Events.h"
+
+namespace {
+
+NSDictionary *entry(NSString *firstName, NSString *lastName, NSString *address, BOOL mayWrite) {
+  NSNumber *const write = [NSNumber numberWithBool:mayWrite];
+  return @{
+    @"type" : @"user",
+    @"candownload" : @true,
+    @"canupload" : write,
+    @"candelete" : write,
+    @"isowner" : @false,
+    @"userfname" : firstName,
+    @"userlname" : lastName,
+    @"useremail" : address
+  };
+}
+
+/// The buttons in a view, from the right to the left.
+NSArray *buttonsIn(NSView *view) {
+  NSMutableArray *const buttons = [NSMutableArray array];
+  for (NSView *subview in [view subviews]) {
+    [buttons addObjectsFromArray:buttonsIn(subview)];
+    if ([subview isKindOfClass:[NSButton class]]) [buttons addObject:subview];
+  }
+  return [buttons sortedArrayUsingFunction:[](id one, id other, void *) -> NSComparisonResult {
+    return NSMinX([one frame]) > NSMinX([other frame]) ? NSOrderedAscending : NSOrderedDescending;
+  }
+                                   context:nullptr];
+}
+
+bool viewShows(NSView *view, NSString *text) {
+  if ([view respondsToSelector:@selector(stringValue)] &&
+      [[static_cast<NSControl *>(view) stringValue] isEqualToString:text]) {
+    return true;
+  }
+  if ([view isKindOfClass:[NSText class]] &&
+      [[static_cast<NSText *>(view) string] isEqualToString:text]) {
+    return true;
+  }
+  for (NSView *subview in [view subviews]) {
+    if (viewShows(subview, text)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+NSDictionary *writer(NSString *firstName, NSString *lastName, NSString *address) {
+  return entry(firstName, lastName, address, YES);
+}
+
+NSDictionary *reader(NSString *firstName, NSString *lastName, NSString *address) {
+  return entry(firstName, lastName, address, NO);
+}
+
+NSArray *people(int count) {
+  NSMutableArray *const all = [NSMutableArray array];
+  for (int i = 0; i < count; ++i) {
+    [all addObject:entry([NSString stringWithFormat:@"First%04d", i], @"Last",
+                         [NSString stringWithFormat:@"p%04d@example.org", i], i % 2 == 0)];
+  }
+  return all;
+}
+
+PermissionsTab::PermissionsTab() {
+  loadedDelegate();
+  [NSApp unhideWithoutActivation];
+}
+
+PermissionsTab::~PermissionsTab() {
+  // The test's own references first: the window is to end when it is closed.
+  [pool_ drain];
+  close();
+}
+
+void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary *reply) const {
+  agent.setScript(@{@"getAccess::" : @{@"reply" : success(entries)}, operation : reply});
+}
+
+void PermissionsTab::openWindow() {
+  // An event of its own: its pool must not hold the controller, which destroys itself at its end.
+  @autoreleasepool {
+    window = [[BrisvaleTabController alloc] init];
+    [window selectTabAtPosition:0];
+    [[window window] makeKeyAndOrderFront:nil];
+    tab = [[window givePermissionTab] retain];
+    [[window window] display];
+  }
+}
+
+void PermissionsTab::open(NSString *folder) {
+  openWindow();
+  [tab setFilePath:folder];
+}
+
+void PermissionsTab::openLoaded() {
+  open();
+  ASSERT_TRUE(waitUntilLoaded());
+}
+
+bool PermissionsTab::waitUntilLoaded() const {
+  NSString *const fetching = localizedText(@"fetchingEmployeeListKey");
+  return dispatchUntil([&] {
+    return [spinner() isHidden] &&
+           ([status() isHidden] || ![[status() stringValue] isEqualToString:fetching]);
+  });
+}
+
+void PermissionsTab::close() {
+  @autoreleasepool {
+    [[window window] close];
+    window = nil;
+    [tab release];
+    tab = nil;
+  }
+  // The application hides when its window closes, and remembers what it has hidden until it shows
+  // itself again, as at the opening of the next window.
+  @autoreleasepool {
+    [NSApp unhideWithoutActivation];
+    dispatchPosted();
+  }
+}
+
+id PermissionsTab::outletNamed(const char *name) const {
+  id object = nil;
+  object_getInstanceVariable(tab, name, reinterpret_cast<void **>(&object));
+  return object;
+}
+
+bool PermissionsTab::showsList() const {
+  return ![list() isHidden] && ![listTitle() isHidden] && [status() isHidden];
+}
+
+bool PermissionsTab::showsStatus(NSString *text) const {
+  return [list() isHidden] && [listTitle() isHidden] && ![status() isHidden] &&
+         [[status() stringValue] isEqualToString:text];
+}
+
+NSView *PermissionsTab::rowView(NSUInteger row) const {
+  [collection() scrollRectToVisible:[collection() frameForItemAtIndex:row]];
+  [[window window] display];
+  return [[collection() itemAtIndex:row] view];
+}
+
+void PermissionsTab::choose(NSUInteger row, NSString *keyOfTitle) const {
+  NSPopUpButton *const popUp = accessIn(row);
+  const NSInteger item = [popUp indexOfItemWithTitle:localizedText(keyOfTitle)];
+  ASSERT_GE(item, 0);
+  [[popUp menu] performActionForItemAtIndex:item];
+}
+
+NSWindow *PermissionsTab::askToRemove(NSUInteger row) const {
+  postClick(removeIn(row));
+  EXPECT_TRUE(dispatchUntil([&] { return sheet() != nil; }));
+  return sheet();
+}
+
+void PermissionsTab::press(NSWindow *sheet, NSUInteger index) const {
+  [sheet display];
+  postClick([buttonsIn([sheet contentView]) objectAtIndex:index]);
+  EXPECT_TRUE(dispatchUntil([&] { return this->sheet() != sheet; }));
+}
+
+bool PermissionsTab::sheetShows(NSString *text) const {
+  return viewShows([sheet() contentView], text);
+}
+
+NSUInteger PermissionsTab::calls(NSString *operation) const {
+  NSUInteger count = 0;
+  for (NSString *name in agent.operations()) {
+    if ([name isEqualToString:operation]) ++count;
+  }
+  return count;
+}
+
+NSArray *PermissionsTab::argumentsOfLast(NSString *operation) const {
+  NSArray *arguments = nil;
+  for (NSDictionary *call in agent.calls()) {
+    if ([[call objectForKey:@"operation"] isEqual:operation]) {
+      arguments = [call objectForKey:@"arguments"];
+    }
+  }
+  return arguments;
+}

@@ -1,0 +1,154 @@
+#include <unistd.h>
+
+#include <fstream>
+
+#import "platform/gnustep/DeallocHook.h"
+#import "send/LocalizedText.h"
+#import "share/PersonItem.h"
+#include "tests/ui/PermissionsTab.h"
+
+namespace {
+
+constexpr int kOpenings = 200;
+/// By then everything that is made once has been made.
+constexpr int kFirstOpenings = 40;
+constexpr double kMostGrowthKibibytes = 1024;
+
+int endedControllers = 0;
+int endedItems = 0;
+int endedRows = 0;
+
+double residentKibibytes() {
+  long total = 0;
+  long resident = 0;
+  std::ifstream("/proc/self/statm") >> total >> resident;
+  return static_cast<double>(resident * sysconf(_SC_PAGESIZE)) / 1024;
+}
+
+struct PermissionsTabLifetimes : PermissionsTab {
+  PermissionsTabLifetimes() {
+    addDeallocHook([PermissionTabController class], [](id) { ++endedControllers; });
+    addDeallocHook([PersonItem class], [](id) { ++endedItems; });
+    addDeallocHook([SharedWith class], [](id) { ++endedRows; });
+  }
+
+  /// One event of the test's user, with a pool of its own as each event has.
+  template <class Step>
+  void event(Step step) const {
+    @autoreleasepool {
+      step();
+    }
+  }
+};
+
+}  // namespace
+
+TEST_F(PermissionsTabLifetimes, AClosedWindowLeavesNothingBehind) {
+  answerList(people(5));
+  const int controllers = endedControllers;
+  const int rows = endedRows;
+  const int items = endedItems;
+  openWindow();
+  event([&] {
+    [tab setFilePath:@"folder-1"];
+    waitUntilLoaded();
+    rowView(0);
+  });
+  close();
+  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_EQ(endedRows, rows + 5);
+  // The five, and the prototype.
+  EXPECT_EQ(endedItems, items + 6);
+}
+
+TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingBehind) {
+  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.3, @"reply" : success(people(5))}});
+  const int controllers = endedControllers;
+  openWindow();
+  event([&] {
+    [tab setFilePath:@"folder-1"];
+    EXPECT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  });
+  close();
+  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+}
+
+TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOwn) {
+  agent.setScript(@{
+    @"getAccess::" : @[
+      @{@"delay" : @0.3, @"reply" : success(people(7))},
+      @{@"reply" : success(people(2))}
+    ]
+  });
+  openWindow();
+  event([&] {
+    [tab setFilePath:@"folder-1"];
+    EXPECT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  });
+  close();
+  openWindow();
+  const int controllers = endedControllers;
+  event([&] {
+    [tab setFilePath:@"folder-2"];
+    EXPECT_TRUE(dispatchUntil([&] { return showsList(); }));
+  });
+  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_EQ([[tab personList] count], 2u);
+}
+
+TEST_F(PermissionsTabLifetimes, TwoHundredWindowsClosedWhileLoadingLeaveMemoryFlat) {
+  agent.setScript(@{@"getAccess::" : @{@"reply" : success(people(12))}});
+  const int controllers = endedControllers;
+  double before = 0;
+  for (int i = 0; i < kOpenings; ++i) {
+    if (i == kFirstOpenings) before = residentKibibytes();
+    openWindow();
+    event([&] {
+      [tab setFilePath:@"folder-1"];
+      // Now before the agent is asked, now after, now with the rows on the screen.
+      if (i % 3 == 1) dispatchUntil([&] { return ![spinner() isHidden]; });
+      if (i % 3 == 2) dispatchUntil([&] { return showsList(); });
+      if (i % 3 == 2) [[window window] display];
+    });
+    close();
+  }
+  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + kOpenings; }));
+  EXPECT_LT(residentKibibytes() - before, kMostGrowthKibibytes);
+}
+
+TEST_F(PermissionsTabLifetimes, ANotificationAfterTheEndReachesNobody) {
+  const int controllers = endedControllers;
+  openWindow();
+  close();
+  ASSERT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
+  EXPECT_EQ(calls(@"getAccess::"), 0u);
+}
+
+TEST_F(PermissionsTabLifetimes, TheOldRowsAreFreedWhenNewOnesHaveCome) {
+  answerList(people(4));
+  openWindow();
+  event([&] {
+    [tab setFilePath:@"folder-1"];
+    waitUntilLoaded();
+    rowView(0);
+  });
+  const int rows = endedRows;
+  for (int i = 1; i <= 3; ++i) {
+    event([&] {
+      [tab listenNotification:nil];
+      rowView(0);
+    });
+    EXPECT_EQ(endedRows, rows + 4 * i);
+  }
+}
+
+TEST_F(PermissionsTabLifetimes, AListLivesOnInATabWithoutAnInterface) {
+  answerList(people(3));
+  PermissionTabController *const bare = [[PermissionTabController alloc] init];
+  event([&] { [bare refershManagePermissionsView]; });
+  EXPECT_EQ([[bare personList] count], 3u);
+  event([&] { [bare refershManagePermissionsView]; });
+  EXPECT_EQ([[bare personList] count], 3u);
+  [bare release];
+}

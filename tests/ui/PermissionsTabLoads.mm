@@ -1,0 +1,95 @@
+#import "send/LocalizedText.h"
+#include "tests/ui/PermissionsTab.h"
+
+using PermissionsTabLoads = PermissionsTab;
+
+namespace {
+
+NSDictionary *later(double seconds, NSArray *entries) {
+  return @{@"delay" : [NSNumber numberWithDouble:seconds], @"reply" : success(entries)};
+}
+
+}  // namespace
+
+TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
+  agent.setScript(@{@"getAccess::" : @[ later(0.3, people(7)), later(0, people(2)) ]});
+  open(@"older");
+  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  [tab setFilePath:@"newer"];
+  ASSERT_TRUE(dispatchUntil([&] { return showsList(); }));
+  EXPECT_EQ([[tab personList] count], 2u);
+  EXPECT_TRUE(([argumentsOfLast(@"getAccess::") isEqual:@[ @"newer", @1 ]]));
+}
+
+TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
+  agent.setScript(@{@"getAccess::" : @[ later(0.2, people(7)), later(0.4, people(2)) ]});
+  open(@"older");
+  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  [tab setFilePath:@"newer"];
+  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 2; }));
+  EXPECT_FALSE([spinner() isHidden]);
+  EXPECT_FALSE(showsList());
+  ASSERT_TRUE(dispatchUntil([&] { return showsList(); }));
+  EXPECT_EQ([[tab personList] count], 2u);
+  EXPECT_TRUE([spinner() isHidden]);
+}
+
+TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
+  agent.setScript(@{@"getAccess::" : @[ later(0.3, people(1)), later(0, people(2)) ]});
+  open();
+  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  for (int i = 0; i < 2; ++i) {
+    [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
+                                                        object:nil];
+  }
+  EXPECT_EQ([[tab personList] count], 2u);
+  // The first load's list arrives, too late.
+  dispatchPosted();
+  EXPECT_EQ(calls(@"getAccess::"), 3u);
+  EXPECT_EQ([[tab personList] count], 2u);
+  EXPECT_TRUE(showsList());
+}
+
+TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
+  agent.setScript(@{
+    @"getAccess::" : @[ later(0, people(3)), later(0.2, people(5)) ],
+    @"grantAccess:::::::::" : @{@"reply" : success(@1), @"delay" : @0.3}
+  });
+  openLoaded();
+  SharedWith *const first = person(1);
+  [tab setFilePath:@"folder-2"];
+  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 2; }));
+  // Nothing of the load happens inside the action.
+  choose(1, @"accessPermissionReadWriteKey");
+  EXPECT_EQ(person(1), first);
+  EXPECT_EQ([first accessPermission], 1);
+  EXPECT_TRUE(dispatchUntil([&] { return [[tab personList] count] == 5; }));
+}
+
+TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
+  agent.setScript(@{@"getAccess::" : @[ later(0, people(3)), later(0, people(5)) ]});
+  openLoaded();
+  [tab setFilePath:@"folder-2"];
+  ASSERT_TRUE(waitFor([&] { return calls(@"getAccess::") <= 2 && [NSThread isMultiThreaded]; }));
+  NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:0.3];
+  while ([soon timeIntervalSinceNow] > 0) {
+    [[NSRunLoop currentRunLoop] runMode:NSEventTrackingRunLoopMode beforeDate:soon];
+  }
+  EXPECT_EQ([[tab personList] count], 3u);
+  EXPECT_TRUE(dispatchUntil([&] { return [[tab personList] count] == 5; }));
+}
+
+TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
+  NSDictionary *const anna = reader(@"anna", @"a", @"anna@x.org");
+  NSDictionary *const bert = reader(@"bert", @"b", @"bert@x.org");
+  agent.setScript(@{
+    @"getAccess::" : @[ later(0, @[ anna, bert ]), later(0, @[ bert, anna ]) ],
+    @"revokeAccess:::" : @{@"reply" : success(@1)}
+  });
+  openLoaded();
+  NSWindow *const question = askToRemove(0);
+  [tab setFilePath:@"folder-2"];
+  ASSERT_TRUE(dispatchUntil([&] { return text([person(0) personName]) == "Bert B"; }));
+  press(question, 0);
+  EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:0]), "anna@x.org");
+}
