@@ -4,13 +4,16 @@
 #import "app/AddressBookEntry.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #import "app/emailContact.h"
+#import "send/Completion.h"
+#import "send/IndexedBook.h"
 #import "send/LocalizedText.h"
 
-/// Both lists, on their way to the main thread.
+/// Both lists, on their way to the main thread, with what completion needs of the first one.
 @interface AddressBookLists : NSObject {
  @public
   NSMutableArray *entries;
   NSMutableArray *addresses;
+  IndexedBook *index;
 }
 @end
 
@@ -27,6 +30,7 @@
 - (void)dealloc {
   [entries release];
   [addresses release];
+  [index release];
   [super dealloc];
 }
 
@@ -49,6 +53,8 @@ bool fill(AddressBookLists *lists, id records) {
     [contact release];
   });
   [lists->entries sortUsingSelector:@selector(localizedCaseInsensitiveCompare:)];
+  // Here, and not at the first key that is typed.
+  lists->index = [[IndexedBook alloc] initWithBook:lists->entries];
   return complete;
 }
 
@@ -64,6 +70,7 @@ bool fill(AddressBookLists *lists, id records) {
   [employeeContacts autorelease];
   addressBookForShare = [lists->entries retain];
   employeeContacts = [lists->addresses retain];
+  useIndex(lists->index);
 }
 
 - (void)publishAddressBooks:(AddressBookLists *)lists {
