@@ -1,3 +1,5 @@
+#include <utility>
+
 #import "agent/BVDataModelController.h"
 #import "agent/ContactRecords.h"
 #import "agent/ResultDictionary.h"
@@ -63,14 +65,13 @@ bool fill(AddressBookLists *lists, id records) {
 @implementation ContextMenuAppAppDelegate (AddressBooks)
 
 /// Main thread. Into the fields and not through the setters, which would store immutable copies:
-/// the lists grow when a colleague is found.
+/// the lists grow when a colleague is found. The former lists go the other way: letting go of
+/// 100,000 entries takes time, and is done by the thread that loads. (A reader further up the stack
+/// has a reference of its own from the getter.)
 - (void)exchangeAddressBooks:(AddressBookLists *)lists {
-  // A reader further up the stack may still hold what the getters gave it.
-  [addressBookForShare autorelease];
-  [employeeContacts autorelease];
-  addressBookForShare = [lists->entries retain];
-  employeeContacts = [lists->addresses retain];
-  useIndex(lists->index);
+  std::swap(addressBookForShare, lists->entries);
+  std::swap(employeeContacts, lists->addresses);
+  lists->index = exchangeIndex(lists->index);
 }
 
 - (void)publishAddressBooks:(AddressBookLists *)lists {

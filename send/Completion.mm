@@ -1,5 +1,7 @@
 #import "send/Completion.h"
 
+#include <utility>
+
 #import "send/IndexedBook.h"
 
 namespace {
@@ -8,15 +10,13 @@ IndexedBook *currentIndex = nil;  // retained
 
 }  // namespace
 
-void useIndex(IndexedBook *index) {
-  // A completion list that is open has its own reference.
-  [currentIndex autorelease];
-  currentIndex = [index retain];
+IndexedBook *exchangeIndex(IndexedBook *index) {
+  return std::exchange(currentIndex, index);
 }
 
 NSArray *completionsIn(NSArray *book, NSString *substring) {
   if (![currentIndex followBook:book]) {
-    useIndex([[[IndexedBook alloc] initWithBook:book] autorelease]);
+    [exchangeIndex([[IndexedBook alloc] initWithBook:book]) release];
   }
   return [currentIndex completionsForSubstring:substring];
 }

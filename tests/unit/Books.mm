@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <iterator>
 
+#import "agent/UTF16.h"
+
 namespace {
 
 NSString *const kPieces[] = {
@@ -94,8 +96,10 @@ NSString *RandomBooks::changed(NSString *part) {
       return [part stringByAppendingString:text(1)];
     case 4: {
       if (length == 0) return part;
-      const NSRange unit = NSMakeRange(below(length), 1);
-      return [part stringByReplacingCharactersInRange:unit withString:text(1)];
+      std::u16string units = utf16::unitsOf(part);
+      units.replace(below(length), 1, utf16::unitsOf(text(1)));
+      return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(units.data())
+                                     length:units.size()];
     }
     default:
       return text(below(20) == 0 ? 100 : 5);

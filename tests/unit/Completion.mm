@@ -15,7 +15,7 @@ NSArray *people() {
 }
 
 struct Completion : testing::Test {
-  ~Completion() override { useIndex(nil); }
+  ~Completion() override { [exchangeIndex(nil) release]; }
 
   static std::string joined(NSArray *list) { return text([list componentsJoinedByString:@" "]); }
 };
@@ -140,7 +140,7 @@ TEST_F(Completion, AnotherBookIsAnsweredFromItself) {
 }
 
 TEST_F(Completion, AnIndexMadeAheadOfAnotherBookDoesNoHarm) {
-  useIndex([[[IndexedBook alloc] initWithBook:someBook()] autorelease]);
+  [exchangeIndex([[IndexedBook alloc] initWithBook:someBook()]) release];
   EXPECT_EQ(joined(completionsIn(people(), @"dan")), "Dan<dan@example.org>");
 }
 
@@ -161,7 +161,7 @@ TEST_F(Completion, AnAnswerKeepsItsEntriesAlive) {
     NSMutableArray *const book = [NSMutableArray array];
     [book addObject:[NSString stringWithFormat:@"A name that is long enough<%d@example.org>", 1]];
     answer = [completionsIn(book, @"name") retain];
-    useIndex(nil);
+    [exchangeIndex(nil) release];
   }
   EXPECT_EQ(joined(answer), "A name that is long enough<1@example.org>");
   [answer release];
