@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 #include "send/EntrySet.h"
@@ -37,9 +37,10 @@ class FoldedText {
   }
 
  private:
-  /// So many places are looked at without a branch in between, which is what the compiler makes
-  /// vector instructions of.
-  static constexpr std::size_t kBlock = 64;
+  /// So many places are looked at without a branch in between: the compiler makes vector
+  /// instructions of that, as long as a place within a block is no larger than a unit.
+  using PlaceInBlock = std::conditional_t<sizeof(Unit) == 1, std::uint8_t, std::int16_t>;
+  static constexpr PlaceInBlock kBlock = 32;
 
   /// The first place, at `place` or later and before `places`, that has the needle's first unit and
   /// its last in the right distance; `places` when there is none.
@@ -47,20 +48,14 @@ class FoldedText {
     const auto first = static_cast<Unit>(needle.front());
     const auto last = static_cast<Unit>(needle.back());
     const Unit *const begins = units_.data();
-    if constexpr (sizeof(Unit) == 1) {
-      // Single letters are in most strings, and found soon.
-      if (needle.size() == 1) {
-        const void *const found = std::memchr(begins + place, first, places - place);
-        return found == nullptr ? places : static_cast<const Unit *>(found) - begins;
-      }
-    }
     const Unit *const ends = begins + needle.size() - 1;
     for (; place + kBlock <= places; place += kBlock) {
-      Unit any = 0;
-      for (std::size_t i = place; i < place + kBlock; ++i) {
-        any = static_cast<Unit>(any | ((begins[i] == first) & (ends[i] == last)));
+      PlaceInBlock nearest = kBlock;
+      for (PlaceInBlock i = 0; i < kBlock; ++i) {
+        const bool isHere = (begins[place + i] == first) & (ends[place + i] == last);
+        nearest = std::min(nearest, isHere ? i : kBlock);
       }
-      if (any != 0) break;
+      if (nearest < kBlock) return place + static_cast<std::size_t>(nearest);
     }
     while (place < places && (begins[place] != first || ends[place] != last)) ++place;
     return place;
