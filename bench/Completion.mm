@@ -26,13 +26,13 @@ struct Typed {
 
 /// Hits and misses of one, two and five letters. "a" is in nearly every entry.
 const Typed kTyped[] = {
-    {"one letter", @"a"},      {"one letter, miss", @"!"},      {"two letters", @"An"},
-    {"two letters, miss", @"q!"}, {"five letters", @"berto"},   {"five letters, miss", @"bertq"},
+    {"one letter", @"a"},         {"one letter, miss", @"!"}, {"two letters", @"An"},
+    {"two letters, miss", @"q!"}, {"five letters", @"berto"}, {"five letters, miss", @"bertq"},
 };
 
-NSString *const kFirstNames[] = {@"Anna",  @"Roberto", @"Émile", @"Zoë",    @"Jürgen", @"Olga",
-                                 @"Юлия",  @"太郎",    @"Dana",  @"Brian",  @"Mary",   @"Ángel",
-                                 @"Siobhán", @"Peter", @"Ingrid", @"Kemal"};
+NSString *const kFirstNames[] = {@"Anna",    @"Roberto", @"Émile",  @"Zoë",   @"Jürgen", @"Olga",
+                                 @"Юлия",    @"太郎",    @"Dana",   @"Brian", @"Mary",   @"Ángel",
+                                 @"Siobhán", @"Peter",   @"Ingrid", @"Kemal"};
 NSString *const kLastNames[] = {@"Doe",    @"Smith",  @"Müller", @"Fernández", @"山田", @"Иванова",
                                 @"Berton", @"Okafor", @"Nguyen", @"Yılmaz",    @"Roth", @"Adebayo"};
 
@@ -53,9 +53,9 @@ NSArray *bookOf(unsigned contacts) {
 
 NSArray *filtered(NSArray *book, NSString *substring) {
   NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  NSPredicate *const contains = [NSPredicate
-      predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)", substring,
-                          substring];
+  NSPredicate *const contains =
+      [NSPredicate predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)",
+                                       substring, substring];
   return [[book filteredArrayUsingPredicate:begins]
       arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
 }
@@ -100,7 +100,8 @@ void measureAgainstFiltering(NSArray *book, int rounds) {
     addInterleaved(
         results, rounds, [&] { return millisecondsOfAKey(book, typed.substring); },
         [&] { return millisecondsOfFiltering(book, typed.substring); });
-    results.addNote("completions", static_cast<double>([completionsIn(book, typed.substring) count]));
+    results.addNote("completions",
+                    static_cast<double>([completionsIn(book, typed.substring) count]));
     results.print();
   }
 }
@@ -138,7 +139,8 @@ void measureIndex(NSArray *book, int rounds) {
   Results results(rowName(static_cast<unsigned>([book count]), "making the index"), "ms");
   for (int round = 0; round < rounds; ++round) {
     @autoreleasepool {
-      results.addValue(millisecondsOf([&] { [[[IndexedBook alloc] initWithBook:book] autorelease]; }));
+      results.addValue(
+          millisecondsOf([&] { [[[IndexedBook alloc] initWithBook:book] autorelease]; }));
     }
   }
   IndexedBook *const index = [[[IndexedBook alloc] initWithBook:book] autorelease];
@@ -153,7 +155,8 @@ int main(int argc, char *argv[]) {
   for (const unsigned contacts : {1000U, 20000U, 100000U}) {
     @autoreleasepool {
       NSArray *const book = bookOf(contacts);
-      measureAgainstFiltering(book, contacts < 100000 ? rounds * kRoundsOfASmallBookPerRound : rounds);
+      measureAgainstFiltering(book,
+                              contacts < 100000 ? rounds * kRoundsOfASmallBookPerRound : rounds);
       measureSlowest(book, rounds);
       measureIndex(book, rounds);
     }

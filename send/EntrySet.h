@@ -11,7 +11,9 @@ class EntrySet {
   /// Empty; for numbers below `entries`.
   explicit EntrySet(std::size_t entries) : words_((entries + kBits - 1) / kBits) {}
 
-  void insert(std::uint32_t number) { words_[number / kBits] |= std::uint64_t{1} << number % kBits; }
+  void insert(std::uint32_t number) {
+    words_[number / kBits] |= std::uint64_t{1} << number % kBits;
+  }
 
   std::size_t count() const {
     std::size_t count = 0;

@@ -28,9 +28,10 @@ struct IndexedEntries;
 - (NSString *)entryAtIndex:(NSUInteger)index;
 
 /// The entries that begin with the substring and then those that contain it further on, each in the
-/// order of the book: what filtering with "SELF BEGINSWITH[c] %@" and then with "SELF contains[c] %@
-/// AND NOT(SELF BEGINSWITH[c] %@)" gives. Empty for nil. The array keeps this object alive and reads
-/// its entries from it; the entries stay what they are however the book changes. Autoreleased.
+/// order of the book: what filtering with "SELF BEGINSWITH[c] %@" and then with "SELF contains[c]
+/// %@ AND NOT(SELF BEGINSWITH[c] %@)" gives. Empty for nil. The array keeps this object alive and
+/// reads its entries from it; the entries stay what they are however the book changes.
+/// Autoreleased.
 - (NSArray *)completionsForSubstring:(NSString *)substring;
 
 /// How much memory there is to it, without the strings.

@@ -21,7 +21,8 @@ namespace {
 /// So many references are asked of a book at a time.
 constexpr NSUInteger kPortion = 1024;
 
-/// Calls visit with the book's strings from `start` on, a portion at a time, until it answers false.
+/// Calls visit with the book's strings from `start` on, a portion at a time, until it answers
+/// false.
 template <class Visit>
 void visitPortions(NSArray *book, NSUInteger start, NSUInteger end, Visit visit) {
   NSString *portion[kPortion];

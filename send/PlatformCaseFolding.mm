@@ -42,16 +42,16 @@ struct Question {
 
 /// Pairs that some platform takes for the same; compared unit by unit they differ.
 constexpr Question kDifferent[] = {
-    {u"\u00E9", u"e\u0301"},    // composed and decomposed
-    {u"e\u0301", u"\u00E9"},    //
-    {u"\u00E9", u"e"},          // with and without an accent
-    {u"stra\u00DFe", u"ss"},    // one letter and two
-    {u"\uFB01", u"fi"},         //
-    {u"\u212A", u"k"},          // the sign for kelvin
-    {u"\u0130", u"i"},          // the dotted capital i
-    {u"\uFF21", u"a"},          // the letter of full width
+    {u"\u00E9", u"e\u0301"},         // composed and decomposed
+    {u"e\u0301", u"\u00E9"},         //
+    {u"\u00E9", u"e"},               // with and without an accent
+    {u"stra\u00DFe", u"ss"},         // one letter and two
+    {u"\uFB01", u"fi"},              //
+    {u"\u212A", u"k"},               // the sign for kelvin
+    {u"\u0130", u"i"},               // the dotted capital i
+    {u"\uFF21", u"a"},               // the letter of full width
     {u"\U00010400", u"\U00010428"},  // letters of two units
-    {u"\u304B", u"\u30AB"},     // the two Japanese syllabaries
+    {u"\u304B", u"\u30AB"},          // the two Japanese syllabaries
     {u"", u"a"},
 };
 

@@ -14,16 +14,15 @@ NSString *const kBrackets = @"<>";
 
 NSPredicate *addressPattern() {
   static NSPredicate *const pattern = [[NSPredicate
-      predicateWithFormat:@"SELF MATCHES %@",
-                          @"[A-Z0-9a-z._%+-]+@[A-Za-z0-9.-]+\\.[A-Za-z]{2,4}"] retain];
+      predicateWithFormat:@"SELF MATCHES %@", @"[A-Z0-9a-z._%+-]+@[A-Za-z0-9.-]+\\.[A-Za-z]{2,4}"]
+      retain];
   return pattern;
 }
 
 }  // namespace
 
 void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate) {
-  [field
-      setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
+  [field setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
   [field setDelegate:delegate];
 }
 

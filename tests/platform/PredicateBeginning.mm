@@ -66,6 +66,6 @@ TEST(PredicateBeginning, OtherComparisonsAreThePlatforms) {
 TEST(PredicateBeginning, WhatIsNoStringBeginsWithNothing) {
   NSPredicate *const predicate = [NSPredicate predicateWithFormat:@"name BEGINSWITH[c] %@", @"a"];
   EXPECT_FALSE([predicate evaluateWithObject:[NSDictionary dictionary]]);
-  EXPECT_FALSE([predicate
-      evaluateWithObject:[NSDictionary dictionaryWithObject:[NSNull null] forKey:@"name"]]);
+  EXPECT_FALSE([predicate evaluateWithObject:[NSDictionary dictionaryWithObject:[NSNull null]
+                                                                         forKey:@"name"]]);
 }

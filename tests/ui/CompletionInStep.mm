@@ -53,7 +53,8 @@ TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
 }
 
 TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntries) {
-  agent.setScript(@{kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])}});
+  agent.setScript(
+      @{kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])}});
   NSArray *const open = completions(@"an");
   [delegate updateAddressBook:nil];
   EXPECT_TRUE(pumpUntil([] { return completed(@"an").empty(); }));
@@ -80,11 +81,11 @@ TEST_F(CompletionInStep, TypingGoesOnThroughManyRefreshes) {
 
 TEST_F(CompletionInStep, AColleagueFoundByTheInviteTabIsOfferedFromThenOn) {
   EXPECT_EQ(completed(@"zoe"), "");
-  agent.answer(@"getUserInfo::", success(@{
-                 @"accountemployee" : @1,
-                 @"name" : @"Zoe",
-                 @"primaryemail" : @"zoe@x"
-               }));
+  agent.answer(@"getUserInfo::",
+               success(
+                   @{@"accountemployee" : @1,
+                     @"name" : @"Zoe",
+                     @"primaryemail" : @"zoe@x"}));
   InviteTabController *const tab = [[[InviteTabController alloc] init] autorelease];
   EXPECT_TRUE([tab isEmployee:@"zoe@x"]);
   EXPECT_EQ(completed(@"zoe"), "Zoe<zoe@x>");

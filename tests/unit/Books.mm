@@ -7,6 +7,8 @@
 
 namespace {
 
+// In rows of a kind.
+// clang-format off
 NSString *const kPieces[] = {
     @"a", @"A", @"n", @"N", @"e", @"k", @"K", @"s", @"S", @"i", @"I", @"x", @"Z", @"an", @"Ann",
     @"na", @"ss", @"SS", @"fi", @"0", @"7", @" ", @".", @"@", @"-", @"_", @"+", @"'", @"\"", @"*",
@@ -19,6 +21,7 @@ NSString *const kPieces[] = {
     @"\u4E2D", @"\u5C71", @"\u304B", @"\u30AB", @"\u304C", @"\u304B\u3099", @"\uAC00", @"\u1100",
     @"\uFEFF", @"\uFFFD", @"\uFFFF", @"\U0001F600", @"\U0001F468\u200D\U0001F469",
     @"\U00010400", @"\U00010428"};
+// clang-format on
 
 NSString *withOtherCase(NSString *string, unsigned way) {
   switch (way) {
@@ -35,9 +38,9 @@ NSString *withOtherCase(NSString *string, unsigned way) {
 
 NSArray *filteredByPredicates(NSArray *book, NSString *substring) {
   NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  NSPredicate *const contains = [NSPredicate
-      predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)", substring,
-                          substring];
+  NSPredicate *const contains =
+      [NSPredicate predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)",
+                                       substring, substring];
   return [[book filteredArrayUsingPredicate:begins]
       arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
 }

@@ -32,8 +32,8 @@ testing::AssertionResult isSame(NSArray *answer, NSArray *expected, NSString *su
   }
   for (NSUInteger i = 0; i < [expected count]; ++i) {
     if ([answer objectAtIndex:i] != [expected objectAtIndex:i]) {
-      return testing::AssertionFailure() << text([answer objectAtIndex:i]) << " at " << i << " for '"
-                                         << text(substring) << "'";
+      return testing::AssertionFailure()
+             << text([answer objectAtIndex:i]) << " at " << i << " for '" << text(substring) << "'";
     }
   }
   return testing::AssertionSuccess();

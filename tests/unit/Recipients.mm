@@ -38,9 +38,8 @@ TEST(Recipients, OnlyTheListedCharactersAreAllowed) {
 
 TEST(Recipients, AVeryLongAddressIsJudgedToo) {
   EXPECT_TRUE(isValidAddress([repeated(@"a", 100000) stringByAppendingString:@"@b.com"]));
-  EXPECT_TRUE(
-      isValidAddress([[@"a@" stringByAppendingString:repeated(@"b.", 100000)]
-          stringByAppendingString:@"com"]));
+  EXPECT_TRUE(isValidAddress(
+      [[@"a@" stringByAppendingString:repeated(@"b.", 100000)] stringByAppendingString:@"com"]));
   EXPECT_FALSE(isValidAddress(repeated(@"a", 100000)));
   EXPECT_FALSE(isValidAddress([@"a@" stringByAppendingString:repeated(@"b.", 100000)]));
   EXPECT_FALSE(isValidAddress([@"a@" stringByAppendingString:repeated(@".", 100000)]));

@@ -8,7 +8,8 @@ int main() {
     NSString *const entry = [NSString stringWithCharacters:capital length:3];
     NSString *const letter = [NSString stringWithCharacters:&small length:1];
     NSPredicate *const tooLong = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", @"ab"];
-    NSPredicate *const accented = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", letter];
+    NSPredicate *const accented =
+        [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", letter];
     return ![tooLong evaluateWithObject:@"a"] && [accented evaluateWithObject:entry] ? 0 : 1;
   }
 }
