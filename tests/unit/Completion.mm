@@ -60,18 +60,18 @@ void compare(unsigned seed, unsigned entries, unsigned substrings, const CaseFol
 
 }  // namespace
 
-/// A book of 20,000 entries and 1,000 substrings for each seed.
+/// A book of 20,000 entries and 1,000 substrings (see tests/CMakeLists.txt) for each seed.
 struct CompletionOfABook : testing::TestWithParam<unsigned> {};
 
 TEST_P(CompletionOfABook, IsWhatThePredicatesFind) {
-  compare(GetParam(), 20000, 1000, platformCaseFolding());
+  compare(GetParam(), 20000, SUBSTRINGS_A_BOOK, platformCaseFolding());
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, CompletionOfABook, testing::Range(1U, 11U));
 
 TEST_F(Completion, IsWhatThePredicatesFindWhereMostIsLeftToThem) {
   const CaseFolding ascii;
-  compare(11, 2000, 1000, ascii);
+  compare(11, 2000, SUBSTRINGS_A_BOOK, ascii);
 }
 
 TEST_F(Completion, FirstTheEntriesThatBeginWithItThenThoseThatContainItEachInTheBooksOrder) {
