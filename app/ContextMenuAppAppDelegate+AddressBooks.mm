@@ -1,16 +1,21 @@
+#include <utility>
+
 #import "agent/BVDataModelController.h"
 #import "agent/ContactRecords.h"
 #import "agent/ResultDictionary.h"
 #import "app/AddressBookEntry.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #import "app/emailContact.h"
+#import "send/Completion.h"
+#import "send/IndexedBook.h"
 #import "send/LocalizedText.h"
 
-/// Both lists, on their way to the main thread.
+/// Both lists, on their way to the main thread, with what completion needs of the first one.
 @interface AddressBookLists : NSObject {
  @public
   NSMutableArray *entries;
   NSMutableArray *addresses;
+  IndexedBook *index;
 }
 @end
 
@@ -27,6 +32,7 @@
 - (void)dealloc {
   [entries release];
   [addresses release];
+  [index release];
   [super dealloc];
 }
 
@@ -49,6 +55,8 @@ bool fill(AddressBookLists *lists, id records) {
     [contact release];
   });
   [lists->entries sortUsingSelector:@selector(localizedCaseInsensitiveCompare:)];
+  // Here, and not at the first key that is typed.
+  lists->index = [[IndexedBook alloc] initWithBook:lists->entries];
   return complete;
 }
 
@@ -57,13 +65,13 @@ bool fill(AddressBookLists *lists, id records) {
 @implementation ContextMenuAppAppDelegate (AddressBooks)
 
 /// Main thread. Into the fields and not through the setters, which would store immutable copies:
-/// the lists grow when a colleague is found.
+/// the lists grow when a colleague is found. The former lists go the other way: letting go of
+/// 100,000 entries takes time, and is done by the thread that loads. (A reader further up the stack
+/// has a reference of its own from the getter.)
 - (void)exchangeAddressBooks:(AddressBookLists *)lists {
-  // A reader further up the stack may still hold what the getters gave it.
-  [addressBookForShare autorelease];
-  [employeeContacts autorelease];
-  addressBookForShare = [lists->entries retain];
-  employeeContacts = [lists->addresses retain];
+  std::swap(addressBookForShare, lists->entries);
+  std::swap(employeeContacts, lists->addresses);
+  lists->index = exchangeIndex(lists->index);
 }
 
 - (void)publishAddressBooks:(AddressBookLists *)lists {

@@ -2,6 +2,7 @@
 
 #import "app/ContextMenuAppAppDelegate.h"
 #import "send/Alerts.h"
+#import "send/Completion.h"
 #import "send/LocalizedText.h"
 #import "send/TextFormat.h"
 
@@ -28,14 +29,7 @@ void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate) {
 NSArray *completions(NSString *substring) {
   ContextMenuAppAppDelegate *const delegate =
       static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
-  NSArray *const book = [delegate addressBookForShare];
-  if (book == nil || substring == nil) return [NSArray array];
-  NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
-  NSPredicate *const contains =
-      [NSPredicate predicateWithFormat:@"SELF contains[c] %@ AND NOT(SELF BEGINSWITH[c] %@)",
-                                       substring, substring];
-  return [[book filteredArrayUsingPredicate:begins]
-      arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
+  return completionsIn([delegate addressBookForShare], substring);
 }
 
 NSString *addressOfEntry(NSString *editingString) {

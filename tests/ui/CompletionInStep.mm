@@ -1,0 +1,106 @@
+#include <gtest/gtest.h>
+
+#import "send/Completion.h"
+#import "send/IndexedBook.h"
+#import "send/Recipients.h"
+#import "share/InviteTabController.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/Pump.h"
+#include "tests/support/Strings.h"
+#include "tests/ui/Application.h"
+
+namespace {
+
+NSString *const kBook = @"getEmployeeAddressBook";
+
+NSDictionary *contact(NSString *name, NSString *address) {
+  return @{@"name" : name, @"primaryemail" : address};
+}
+
+/// Completion and what happens to the delegate's address book.
+struct CompletionInStep : testing::Test {
+  AgentProcess agent;
+  ContextMenuAppAppDelegate *delegate = loadedDelegate();
+
+  CompletionInStep() { load(@[ contact(@"Anna", @"anna@x"), contact(@"Dan", @"dan@x") ]); }
+  ~CompletionInStep() override {
+    [delegate setAddressBookForShare:nil];
+    [exchangeIndex(nil) release];
+  }
+
+  void load(NSArray *contacts) {
+    agent.answer(kBook, success(contacts));
+    [delegate getAddressBookForShareFolder];
+  }
+
+  static std::string completed(NSString *substring) {
+    return text([completions(substring) componentsJoinedByString:@" "]);
+  }
+};
+
+}  // namespace
+
+TEST_F(CompletionInStep, AfterALoadTheNewEntriesAreOffered) {
+  EXPECT_EQ(completed(@"an"), "Anna<anna@x> Dan<dan@x>");
+  load(@[ contact(@"Ian", @"ian@x") ]);
+  EXPECT_EQ(completed(@"an"), "Ian<ian@x>");
+}
+
+TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
+  IndexedBook *const index = [exchangeIndex(nil) autorelease];
+  EXPECT_TRUE([index followBook:[delegate addressBookForShare]]);
+  EXPECT_EQ([index count], 2u);
+}
+
+TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntries) {
+  agent.setScript(
+      @{kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])}});
+  NSArray *const open = completions(@"an");
+  [delegate updateAddressBook:nil];
+  EXPECT_TRUE(pumpUntil([] { return completed(@"an").empty(); }));
+  EXPECT_TRUE(pumpUntil([] { return completed(@"an") == "Ian<ian@x>"; }));
+  // The list that was open all the time.
+  EXPECT_EQ(text([open componentsJoinedByString:@" "]), "Anna<anna@x> Dan<dan@x>");
+}
+
+TEST_F(CompletionInStep, TypingGoesOnThroughManyRefreshes) {
+  agent.setScript(@{kBook : @{@"contacts" : @2000}});
+  for (int refresh = 0; refresh < 20; ++refresh) {
+    @autoreleasepool {
+      NSArray *const former = [delegate addressBookForShare];
+      [delegate updateAddressBook:nil];
+      NSArray *answer = nil;
+      ASSERT_TRUE(pumpUntil([&] {
+        answer = completions(@"e");
+        for (NSString *entry in answer) EXPECT_GT([entry length], 0u);
+        return [delegate addressBookForShare] != former && [answer count] > 0;
+      }));
+    }
+  }
+}
+
+TEST_F(CompletionInStep, AColleagueFoundByTheInviteTabIsOfferedFromThenOn) {
+  EXPECT_EQ(completed(@"zoe"), "");
+  agent.answer(@"getUserInfo::",
+               success(
+                   @{@"accountemployee" : @1,
+                     @"name" : @"Zoe",
+                     @"primaryemail" : @"zoe@x"}));
+  InviteTabController *const tab = [[[InviteTabController alloc] init] autorelease];
+  EXPECT_TRUE([tab isEmployee:@"zoe@x"]);
+  EXPECT_EQ(completed(@"zoe"), "Zoe<zoe@x>");
+  EXPECT_EQ(completed(@"@x"), "Anna<anna@x> Dan<dan@x> Zoe<zoe@x>");
+}
+
+TEST_F(CompletionInStep, ABookSetThroughThePropertyIsOffered) {
+  [delegate setAddressBookForShare:[NSMutableArray arrayWithObject:@"Fanny<fanny@x>"]];
+  EXPECT_EQ(completed(@"an"), "Fanny<fanny@x>");
+  [delegate setAddressBookForShare:nil];
+  EXPECT_EQ(completed(@"an"), "");
+}
+
+TEST_F(CompletionInStep, AnEntryTakenOutOfTheBookIsNoLongerOffered) {
+  EXPECT_EQ(completed(@"an"), "Anna<anna@x> Dan<dan@x>");
+  [[delegate addressBookForShare] removeObjectAtIndex:0];
+  EXPECT_EQ(completed(@"an"), "Dan<dan@x>");
+}
