@@ -120,8 +120,8 @@ class Reading {
   Reading(const std::vector<NSString *> &keys, const RecordVisitor &visit)
       : keys_(keys), visit_(visit), values_(keys.size()) {}
 
-  /// Visits the records in `range`. A part that cannot be read as a whole is halved, so that one odd
-  /// record costs a few messages and not a message for every other record.
+  /// Visits the records in `range`. A part that cannot be read as a whole is halved, so that one
+  /// odd record costs a few messages and not a message for every other record.
   void visitRange(id records, NSRange range) {
     @autoreleasepool {
       id const part = withProtocol([records subarrayWithRange:range]);

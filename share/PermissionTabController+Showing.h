@@ -1,7 +1,7 @@
 #import "share/PermissionTabController.h"
 
-/// What is visible in the tab: the list with its title, or a line of text instead of it, and whether
-/// the tab is busy. Main thread only; nothing happens once the window has been closed.
+/// What is visible in the tab: the list with its title, or a line of text instead of it, and
+/// whether the tab is busy. Main thread only; nothing happens once the window has been closed.
 @interface PermissionTabController (Showing)
 
 /// The tab is busy fetching the list. Drawn at once: on the main thread nothing else is until the

@@ -90,8 +90,9 @@
 /// What the user does with the rows.
 @interface PermissionTabController (Actions)
 
-/// A row's pop-up was used: gives the person the chosen access, unless they have it already. The row
-/// shows the choice from then on, whatever the agent answers. Blocks until the agent has answered.
+/// A row's pop-up was used: gives the person the chosen access, unless they have it already. The
+/// row shows the choice from then on, whatever the agent answers. Blocks until the agent has
+/// answered.
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp;
 
 /// A row's remove button was used: asks whether that is meant.

@@ -26,7 +26,8 @@
 }
 
 - (void)awakeFromNib {
-  const NSKeyValueObservingOptions both = NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld;
+  const NSKeyValueObservingOptions both =
+      NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld;
   [self addObserver:self forKeyPath:@"filePath" options:both context:nullptr];
   observesFilePath = YES;
 }

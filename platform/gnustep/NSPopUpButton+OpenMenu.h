@@ -6,8 +6,8 @@
 // keyboard and goes on, so that Return would press the window's default button, and the pop-up can
 // end with its menu on the screen. Main thread.
 
-/// Gives a key without Command to the pop-up whose menu has been opened by keyboard; answers whether
-/// there is one.
+/// Gives a key without Command to the pop-up whose menu has been opened by keyboard; answers
+/// whether there is one.
 BOOL deliverToOpenMenu(NSEvent *event);
 
 /// Closes the menu of a pop-up that is about to go away, if it is open.

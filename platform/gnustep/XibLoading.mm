@@ -20,7 +20,6 @@
 @interface GSXib5KeyedUnarchiver (MacElements)
 @end
 
-
 namespace {
 
 /// Puts `ours` in the place of a method that `cls` has itself, and answers what stood there.
@@ -80,7 +79,8 @@ BOOL isDocument(id, SEL, NSData *data) {
       replaced(self, @selector(decodeObjectForXib:forClassName:withID:), decodeObject);
   platformDecodeSize = replaced(self, @selector(decodeSizeForKey:), decodeSize);
   // Found by its name: a message would set it up before there is an autorelease pool.
-  replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:), isDocument);
+  replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:),
+           isDocument);
 }
 
 @end

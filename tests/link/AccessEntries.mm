@@ -48,17 +48,16 @@ Visits expectedVisitsOf(NSArray *entries) {
 }
 
 NSMutableDictionary *person(int number) {
-  return [NSMutableDictionary
-      dictionaryWithDictionary:@{
-        @"type" : @"user",
-        @"candownload" : @true,
-        @"canupload" : [NSNumber numberWithBool:number % 2 == 0],
-        @"candelete" : @1,
-        @"isowner" : @false,
-        @"userfname" : [NSString stringWithFormat:@"First %d", number],
-        @"userlname" : @"Läst",
-        @"useremail" : [NSString stringWithFormat:@"p%d@x.org", number]
-      }];
+  return [NSMutableDictionary dictionaryWithDictionary:@{
+    @"type" : @"user",
+    @"candownload" : @true,
+    @"canupload" : [NSNumber numberWithBool:number % 2 == 0],
+    @"candelete" : @1,
+    @"isowner" : @false,
+    @"userfname" : [NSString stringWithFormat:@"First %d", number],
+    @"userlname" : @"Läst",
+    @"useremail" : [NSString stringWithFormat:@"p%d@x.org", number]
+  }];
 }
 
 NSMutableArray *persons(int count) {
@@ -116,8 +115,9 @@ TEST_F(AccessEntries, AnEmptyListHasNoVisits) {
 
 TEST_F(AccessEntries, FlagsMayBeBooleansNumbersOrText) {
   for (NSString *key in @[ @"candownload", @"canupload", @"candelete", @"isowner" ]) {
-    expectEachUnder(key, @[ @true, @false, @0, @1, @2, @-1, @0.5, @"1", @"0", @"YES", @"true",
-                            @"no", @"", @1000000000000 ]);
+    expectEachUnder(key, @[
+      @true, @false, @0, @1, @2, @-1, @0.5, @"1", @"0", @"YES", @"true", @"no", @"", @1000000000000
+    ]);
   }
 }
 

@@ -6,7 +6,7 @@
 #import "share/PermissionTabController.h"
 #import "share/SharedWith.h"
 #include "tests/support/AgentProcess.h"
-#include "tests/support/EventQueue.h"
+#include "tests/support/Events.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 
@@ -16,11 +16,12 @@ NSDictionary *writer(NSString *firstName, NSString *lastName, NSString *address)
 /// An entry of somebody who may only download.
 NSDictionary *reader(NSString *firstName, NSString *lastName, NSString *address);
 
-/// A number of people, "First0001 Last" and so on, with the addresses "p0001@example.org" and so on.
-/// Every second one may write.
+/// A number of people, "First0001 Last" and so on, with the addresses "p0001@example.org" and so
+/// on. Every second one may write.
 NSArray *people(int count);
 
-/// The share window on its permissions tab, opened as the application's openers do it, and an agent.
+/// The share window on its permissions tab, opened as the application's openers do it, and an
+/// agent.
 struct PermissionsTab : testing::Test {
   AgentProcess agent;
   BrisvaleTabController *window = nil;

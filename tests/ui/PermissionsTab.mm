@@ -106,7 +106,7 @@ void PermissionsTab::openLoaded() {
 
 bool PermissionsTab::waitUntilLoaded() const {
   NSString *const fetching = localizedText(@"fetchingEmployeeListKey");
-  return dispatchUntil([&] {
+  return handleEventsUntil([&] {
     return [spinner() isHidden] &&
            ([status() isHidden] || ![[status() stringValue] isEqualToString:fetching]);
   });
@@ -123,7 +123,7 @@ void PermissionsTab::close() {
   // itself again, as at the opening of the next window.
   @autoreleasepool {
     [NSApp unhideWithoutActivation];
-    dispatchPosted();
+    handlePostedEvents();
   }
 }
 
@@ -157,14 +157,14 @@ void PermissionsTab::choose(NSUInteger row, NSString *keyOfTitle) const {
 
 NSWindow *PermissionsTab::askToRemove(NSUInteger row) const {
   postClick(removeIn(row));
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() != nil; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   return sheet();
 }
 
 void PermissionsTab::press(NSWindow *sheet, NSUInteger index) const {
   [sheet display];
   postClick([buttonsIn([sheet contentView]) objectAtIndex:index]);
-  EXPECT_TRUE(dispatchUntil([&] { return this->sheet() != sheet; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return this->sheet() != sheet; }));
 }
 
 bool PermissionsTab::sheetShows(NSString *text) const {

@@ -1,6 +1,6 @@
 #import "send/LocalizedText.h"
-#import "tests/support/Events.h"
 #include "tests/support/CapturedLog.h"
+#import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -27,7 +27,7 @@ struct PermissionsTabChanges : PermissionsTab {
   void openMenuByKeyboard(NSPopUpButton *popUp) const {
     ASSERT_TRUE([[window window] makeFirstResponder:popUp]);
     postKeys([window window], @" ");
-    ASSERT_TRUE(dispatchUntil(isMenuOpen));
+    ASSERT_TRUE(handleEventsUntil(isMenuOpen));
   }
 };
 
@@ -115,7 +115,7 @@ TEST_F(PermissionsTabChanges, TheSuccessSheetGoesByItselfAndTheWindowStays) {
   openWith(@{@"reply" : success(@1)});
   choose(0, kWriter);
   ASSERT_NE(sheet(), nil);
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() == nil; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
   EXPECT_TRUE([[window window] isVisible]);
 }
 
@@ -125,7 +125,7 @@ TEST_F(PermissionsTabChanges, AChoiceByKeyboardReachesTheAgent) {
   const unichar up = NSUpArrowFunctionKey;
   postKeys([window window], [NSString stringWithCharacters:&up length:1]);
   postKeys([window window], @"\r");
-  EXPECT_TRUE(dispatchUntil([&] { return calls(kGrant) == 1; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return calls(kGrant) == 1; }));
   EXPECT_EQ([person(0) accessPermission], 1);
 }
 
@@ -133,7 +133,7 @@ TEST_F(PermissionsTabChanges, AnOpenMenuClosesWithItsRow) {
   openWith(@{@"reply" : success(@1)});
   openMenuByKeyboard(accessIn(0));
   [tab listenNotification:nil];
-  dispatchPosted();
+  handlePostedEvents();
   EXPECT_FALSE(isMenuOpen());
   openMenuByKeyboard(accessIn(1));
   close();

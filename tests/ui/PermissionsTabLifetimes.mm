@@ -55,7 +55,7 @@ TEST_F(PermissionsTabLifetimes, AClosedWindowLeavesNothingBehind) {
     rowView(0);
   });
   close();
-  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ(endedRows, rows + 5);
   // The five, and the prototype.
   EXPECT_EQ(endedItems, items + 6);
@@ -67,32 +67,33 @@ TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingB
   openWindow();
   event([&] {
     [tab setFilePath:@"folder-1"];
-    EXPECT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+    EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
   });
   close();
-  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
 }
 
 TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOwn) {
   agent.setScript(@{
     @"getAccess::" : @[
-      @{@"delay" : @0.3, @"reply" : success(people(7))},
+      @{@"delay" : @0.3,
+        @"reply" : success(people(7))},
       @{@"reply" : success(people(2))}
     ]
   });
   openWindow();
   event([&] {
     [tab setFilePath:@"folder-1"];
-    EXPECT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+    EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
   });
   close();
   openWindow();
   const int controllers = endedControllers;
   event([&] {
     [tab setFilePath:@"folder-2"];
-    EXPECT_TRUE(dispatchUntil([&] { return showsList(); }));
+    EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   });
-  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ([[tab personList] count], 2u);
 }
 
@@ -106,13 +107,13 @@ TEST_F(PermissionsTabLifetimes, TwoHundredWindowsClosedWhileLoadingLeaveMemoryFl
     event([&] {
       [tab setFilePath:@"folder-1"];
       // Now before the agent is asked, now after, now with the rows on the screen.
-      if (i % 3 == 1) dispatchUntil([&] { return ![spinner() isHidden]; });
-      if (i % 3 == 2) dispatchUntil([&] { return showsList(); });
+      if (i % 3 == 1) handleEventsUntil([&] { return ![spinner() isHidden]; });
+      if (i % 3 == 2) handleEventsUntil([&] { return showsList(); });
       if (i % 3 == 2) [[window window] display];
     });
     close();
   }
-  EXPECT_TRUE(dispatchUntil([&] { return endedControllers == controllers + kOpenings; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + kOpenings; }));
   EXPECT_LT(residentKibibytes() - before, kMostGrowthKibibytes);
 }
 
@@ -120,7 +121,7 @@ TEST_F(PermissionsTabLifetimes, ANotificationAfterTheEndReachesNobody) {
   const int controllers = endedControllers;
   openWindow();
   close();
-  ASSERT_TRUE(dispatchUntil([&] { return endedControllers == controllers + 1; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
   EXPECT_EQ(calls(@"getAccess::"), 0u);
 }

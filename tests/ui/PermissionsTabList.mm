@@ -49,7 +49,7 @@ TEST_F(PermissionsTabList, AskingForTheListNamesTheFolderAndThatItIsAnId) {
 TEST_F(PermissionsTabList, OpeningTheWindowRunsExactlyOneLoad) {
   answerList(people(2));
   openLoaded();
-  dispatchPosted();
+  handlePostedEvents();
   EXPECT_EQ(calls(@"getAccess::"), 1u);
 }
 
@@ -58,16 +58,16 @@ TEST_F(PermissionsTabList, TheFirstThingToBeSeenIsThatTheListIsBeingFetched) {
   openWindow();
   EXPECT_TRUE(showsStatus(localizedText(@"fetchingEmployeeListKey")));
   [tab setFilePath:@"folder-1"];
-  EXPECT_TRUE(dispatchUntil([&] { return ![spinner() isHidden]; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return ![spinner() isHidden]; }));
   EXPECT_TRUE(showsStatus(localizedText(@"fetchingEmployeeListKey")));
-  EXPECT_TRUE(dispatchUntil([&] { return showsList(); }));
+  EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
 }
 
 TEST_F(PermissionsTabList, TheApplicationGoesOnWhileTheListIsBeingFetched) {
   agent.setScript(@{@"getAccess::" : @{@"delay" : @1, @"reply" : success(people(1))}});
   open();
   int turns = 0;
-  EXPECT_TRUE(dispatchUntil([&] {
+  EXPECT_TRUE(handleEventsUntil([&] {
     turns += [spinner() isHidden] ? 0 : 1;
     return showsList();
   }));
@@ -83,8 +83,9 @@ TEST_F(PermissionsTabList, OnlyOwnersAndGranteesOfOtherTypesMakeAnEmptyList) {
 }
 
 TEST_F(PermissionsTabList, AUserWhoMayNotDownloadIsNotListedWhateverElseIsAllowed) {
-  answerList(@[ changed(writer(@"a", @"b", @"a@x.org"), @"candownload", @false),
-                reader(@"c", @"d", @"c@x.org") ]);
+  answerList(@[
+    changed(writer(@"a", @"b", @"a@x.org"), @"candownload", @false), reader(@"c", @"d", @"c@x.org")
+  ]);
   openLoaded();
   EXPECT_EQ([[tab personList] count], 1u);
   EXPECT_EQ(text([nameIn(0) stringValue]), "C D");

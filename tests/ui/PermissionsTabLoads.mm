@@ -14,9 +14,9 @@ NSDictionary *later(double seconds, NSArray *entries) {
 TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
   agent.setScript(@{@"getAccess::" : @[ later(0.3, people(7)), later(0, people(2)) ]});
   open(@"older");
-  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
   [tab setFilePath:@"newer"];
-  ASSERT_TRUE(dispatchUntil([&] { return showsList(); }));
+  ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(([argumentsOfLast(@"getAccess::") isEqual:@[ @"newer", @1 ]]));
 }
@@ -24,12 +24,12 @@ TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
 TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
   agent.setScript(@{@"getAccess::" : @[ later(0.2, people(7)), later(0.4, people(2)) ]});
   open(@"older");
-  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
   [tab setFilePath:@"newer"];
-  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 2; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
   EXPECT_FALSE([spinner() isHidden]);
   EXPECT_FALSE(showsList());
-  ASSERT_TRUE(dispatchUntil([&] { return showsList(); }));
+  ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE([spinner() isHidden]);
 }
@@ -37,14 +37,14 @@ TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
 TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
   agent.setScript(@{@"getAccess::" : @[ later(0.3, people(1)), later(0, people(2)) ]});
   open();
-  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
   for (int i = 0; i < 2; ++i) {
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
   }
   EXPECT_EQ([[tab personList] count], 2u);
   // The first load's list arrives, too late.
-  dispatchPosted();
+  handlePostedEvents();
   EXPECT_EQ(calls(@"getAccess::"), 3u);
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(showsList());
@@ -58,12 +58,12 @@ TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
   openLoaded();
   SharedWith *const first = person(1);
   [tab setFilePath:@"folder-2"];
-  ASSERT_TRUE(dispatchUntil([&] { return calls(@"getAccess::") == 2; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
   // Nothing of the load happens inside the action.
   choose(1, @"accessPermissionReadWriteKey");
   EXPECT_EQ(person(1), first);
   EXPECT_EQ([first accessPermission], 1);
-  EXPECT_TRUE(dispatchUntil([&] { return [[tab personList] count] == 5; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 5; }));
 }
 
 TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
@@ -76,7 +76,7 @@ TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
     [[NSRunLoop currentRunLoop] runMode:NSEventTrackingRunLoopMode beforeDate:soon];
   }
   EXPECT_EQ([[tab personList] count], 3u);
-  EXPECT_TRUE(dispatchUntil([&] { return [[tab personList] count] == 5; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 5; }));
 }
 
 TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
@@ -89,7 +89,7 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
   openLoaded();
   NSWindow *const question = askToRemove(0);
   [tab setFilePath:@"folder-2"];
-  ASSERT_TRUE(dispatchUntil([&] { return text([person(0) personName]) == "Bert B"; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return text([person(0) personName]) == "Bert B"; }));
   press(question, 0);
   EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:0]), "anna@x.org");
 }

@@ -1,6 +1,6 @@
 #import "send/LocalizedText.h"
-#import "tests/support/Events.h"
 #include "tests/support/CapturedLog.h"
+#import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -28,7 +28,9 @@ struct PermissionsTabRemovals : PermissionsTab {
 }  // namespace
 
 TEST_F(PermissionsTabRemovals, TheButtonAsksFirst) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   askToRemove(1);
   EXPECT_TRUE(sheetShows(localizedText(@"unshareMessageTextKey")));
   EXPECT_EQ(calls(kRevoke), 0u);
@@ -36,7 +38,9 @@ TEST_F(PermissionsTabRemovals, TheButtonAsksFirst) {
 }
 
 TEST_F(PermissionsTabRemovals, YesTakesTheAccessOfThePersonInTheRowAway) {
-  openAndAnswerYes(3, @{@"reply" : success(@1)}, 1);
+  openAndAnswerYes(
+      3,
+      @{@"reply" : success(@1)}, 1);
   EXPECT_TRUE(([argumentsOfLast(kRevoke) isEqual:@[ @"p0001@example.org", @"folder-1", @1 ]]));
   ASSERT_EQ([[tab personList] count], 2u);
   EXPECT_EQ(text([nameIn(0) stringValue]), "First0000 Last");
@@ -45,14 +49,18 @@ TEST_F(PermissionsTabRemovals, YesTakesTheAccessOfThePersonInTheRowAway) {
 }
 
 TEST_F(PermissionsTabRemovals, ARemovalIsShownAsASuccess) {
-  openAndAnswerYes(3, @{@"reply" : success(@1)}, 1);
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() == [tab modalWindow]; }));
+  openAndAnswerYes(
+      3,
+      @{@"reply" : success(@1)}, 1);
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() == [tab modalWindow]; }));
   EXPECT_EQ(text([[tab modalWindowText] stringValue]), text(localizedText(kSuccess)));
   EXPECT_TRUE([spinner() isHidden]);
 }
 
 TEST_F(PermissionsTabRemovals, TheSecondButtonOnlyLogs) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   NSWindow *const question = askToRemove(1);
   const CapturedLog log;
   press(question, kNo);
@@ -62,17 +70,21 @@ TEST_F(PermissionsTabRemovals, TheSecondButtonOnlyLogs) {
 }
 
 TEST_F(PermissionsTabRemovals, EscapeIsTheSecondButton) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   NSWindow *const question = askToRemove(1);
   const CapturedLog log;
   postKeys(question, @"\033");
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() == nil; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
   EXPECT_EQ(log.lines(), Lines{"result: Cancel"});
   EXPECT_EQ(calls(kRevoke), 0u);
 }
 
 TEST_F(PermissionsTabRemovals, OtherReturnCodesDoNothing) {
-  openWith(1, @{@"reply" : success(@1)});
+  openWith(
+      1,
+      @{@"reply" : success(@1)});
   const CapturedLog log;
   [tab handleResult:nil withResult:-1 withSender:0];
   EXPECT_EQ(log.lines(), Lines{"result: Default Case"});
@@ -84,26 +96,32 @@ TEST_F(PermissionsTabRemovals, OtherReturnCodesDoNothing) {
 }
 
 TEST_F(PermissionsTabRemovals, TheContextIsTheRow) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   [tab handleResult:nil withResult:1000 withSender:2];
   EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:0]), "p0002@example.org");
 }
 
 TEST_F(PermissionsTabRemovals, RemovingTheLastRowEndsWithTheLocalizedText) {
-  openAndAnswerYes(1, @{@"reply" : success(@1)}, 0);
+  openAndAnswerYes(
+      1,
+      @{@"reply" : success(@1)}, 0);
   EXPECT_TRUE(showsStatus(localizedText(kNobody)));
   EXPECT_EQ([[tab personList] count], 0u);
 }
 
 TEST_F(PermissionsTabRemovals, ARemovalWithoutAQuestionEndsWithTheFixedText) {
-  openWith(1, @{@"reply" : success(@1)});
+  openWith(
+      1,
+      @{@"reply" : success(@1)});
   [tab revokeAccessToUser:@0];
   EXPECT_TRUE(showsStatus(@"You are not currently sharing this folder with anyone."));
 }
 
 TEST_F(PermissionsTabRemovals, ARefusalIsTheAgentsReasonAndTheRowStays) {
   openAndAnswerYes(2, @{@"reply" : refusal(9, @"locked")}, 0);
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() != nil; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   EXPECT_TRUE(sheetShows(@"The access could not be changed: locked"));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(showsList());
@@ -116,7 +134,7 @@ TEST_F(PermissionsTabRemovals, WithoutAnAnswerTheRowStaysAndTheUserIsTold) {
     NSWindow *const question = askToRemove(0);
     const CapturedLog log;
     press(question, kYes);
-    EXPECT_TRUE(dispatchUntil([&] { return sheet() != nil; }));
+    EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
     EXPECT_TRUE(sheetShows(localizedText(@"cannotConnectToBrisvaleMessageTextKey")));
     EXPECT_TRUE(sheetShows(localizedText(@"cannotConnectToBrisvaleInformativeTextKey")));
     const auto lines = log.lines();
@@ -129,7 +147,9 @@ TEST_F(PermissionsTabRemovals, WithoutAnAnswerTheRowStaysAndTheUserIsTold) {
 }
 
 TEST_F(PermissionsTabRemovals, ARowThatDoesNotExistIsNotAskedFor) {
-  openWith(2, @{@"reply" : success(@1)});
+  openWith(
+      2,
+      @{@"reply" : success(@1)});
   [tab revokeAccessToUser:@2];
   [tab revokeAccessToUser:@-1];
   EXPECT_EQ(calls(kRevoke), 0u);
@@ -137,7 +157,9 @@ TEST_F(PermissionsTabRemovals, ARowThatDoesNotExistIsNotAskedFor) {
 }
 
 TEST_F(PermissionsTabRemovals, TheListIsToldThroughItsOwnAccessor) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   NSMutableArray *const rows = [tab personList];
   [tab revokeAccessToUser:@1];
   EXPECT_EQ([tab personList], rows);
@@ -145,11 +167,14 @@ TEST_F(PermissionsTabRemovals, TheListIsToldThroughItsOwnAccessor) {
 }
 
 TEST_F(PermissionsTabRemovals, AllRowsCanBeRemovedOneAfterTheOther) {
-  openWith(3, @{@"reply" : success(@1)});
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
   for (int left = 2; left >= 0; --left) {
     press(askToRemove(0), kYes);
     EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(left));
-    EXPECT_TRUE(dispatchUntil([&] { return sheet() == nil && ![[tab modalWindow] isVisible]; }));
+    EXPECT_TRUE(
+        handleEventsUntil([&] { return sheet() == nil && ![[tab modalWindow] isVisible]; }));
   }
   EXPECT_TRUE(showsStatus(localizedText(kNobody)));
 }

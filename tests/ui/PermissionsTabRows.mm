@@ -22,7 +22,9 @@ TEST_F(PermissionsTabRows, OfAThousandRowsOnlyThoseInSightHaveViews) {
 }
 
 TEST_F(PermissionsTabRows, AChoiceInRow900ChangesThePersonInRow900) {
-  answer(people(kMany), kGrant, @{@"reply" : success(@1)});
+  answer(
+      people(kMany), kGrant,
+      @{@"reply" : success(@1)});
   openLoaded();
   choose(901, @"accessPermissionReadWriteKey");
   EXPECT_EQ(text([argumentsOfLast(kGrant) objectAtIndex:0]), "p0901@example.org");
@@ -32,11 +34,13 @@ TEST_F(PermissionsTabRows, AChoiceInRow900ChangesThePersonInRow900) {
 }
 
 TEST_F(PermissionsTabRows, TheRemoveButtonInRow900IsForThePersonInRow900AlsoAfterRemovals) {
-  answer(people(kMany), kRevoke, @{@"reply" : success(@1)});
+  answer(
+      people(kMany), kRevoke,
+      @{@"reply" : success(@1)});
   openLoaded();
   [tab revokeAccessToUser:@0];
   [tab revokeAccessToUser:@500];
-  EXPECT_TRUE(dispatchUntil([&] { return sheet() == nil; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
   press(askToRemove(900), 0);
   EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:0]), "p0902@example.org");
   EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(kMany) - 3);
@@ -73,9 +77,7 @@ TEST_F(PermissionsTabRows, ARowFillsTheWidthOfTheList) {
 }
 
 TEST_F(PermissionsTabRows, AVeryLongNameIsCutAndKeepsClearOfTheControls) {
-  NSString *const endless = [@"" stringByPaddingToLength:2000
-                                              withString:@"name"
-                                         startingAtIndex:0];
+  NSString *const endless = [@"" stringByPaddingToLength:2000 withString:@"name" startingAtIndex:0];
   answerList(@[ reader(endless, @"last", @"a@x.org") ]);
   openLoaded();
   EXPECT_LE(NSMaxX([nameIn(0) frame]), NSMinX([accessIn(0) frame]));
