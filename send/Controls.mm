@@ -21,11 +21,13 @@ void showBusy(NSProgressIndicator *indicator) {
 void forgetInputWhileBusy() {
   const NSUInteger input = NSKeyDownMask | NSKeyUpMask | NSLeftMouseDownMask | NSLeftMouseUpMask |
                            NSRightMouseDownMask | NSRightMouseUpMask;
-  // Looking at the queue takes in what the window server still holds. In a mode in which nothing
-  // else happens.
-  (void)[NSApp nextEventMatchingMask:input
-                           untilDate:[NSDate distantPast]
-                              inMode:NSEventTrackingRunLoopMode
-                             dequeue:NO];
-  [NSApp discardEventsMatchingMask:input beforeEvent:nil];
+  NSEvent *forgotten = nil;
+  do {
+    // One by one, because an empty queue is filled from what the window server still holds. In a
+    // mode in which nothing else happens.
+    forgotten = [NSApp nextEventMatchingMask:input
+                                   untilDate:[NSDate distantPast]
+                                      inMode:NSEventTrackingRunLoopMode
+                                     dequeue:YES];
+  } while (forgotten != nil);
 }
