@@ -5,8 +5,8 @@
 /// Recipient entry, as the send tab and the invite tab have it. Main thread; results are
 /// autoreleased.
 
-/// Sets a recipients field up: "," and ";" end a token, `delegate` completes.
-void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate);
+/// Lets "," and ";" end a token in the field.
+void setTokenizingCharacters(NSTokenField *field);
 
 /// The entries of the application's address book that begin with the substring, ignoring case, and
 /// then those that contain it elsewhere; both in the order of the book. Empty when there is none.

@@ -21,9 +21,8 @@ NSPredicate *addressPattern() {
 
 }  // namespace
 
-void prepareRecipients(NSTokenField *field, id<NSTokenFieldDelegate> delegate) {
+void setTokenizingCharacters(NSTokenField *field) {
   [field setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
-  [field setDelegate:delegate];
 }
 
 NSArray *completions(NSString *substring) {

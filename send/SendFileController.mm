@@ -64,8 +64,9 @@ const KindTexts &textsFor(BOOL isFolder) {
 }
 
 - (void)awakeFromNib {
-  prepareRecipients(mailList, self);
+  setTokenizingCharacters(mailList);
   [noOfDownloads selectItemAtIndex:0];
+  [mailList setDelegate:self];
 }
 
 - (void)setLabelForTab:(NSString *)label {
@@ -89,8 +90,7 @@ const KindTexts &textsFor(BOOL isFolder) {
       [entered length] > 0 ? entered : localizedText(textsFor([self isFolder]).defaultSubject);
   NSString *const escapedSubject = percentEscaped(firstUnits(subject, kSubjectUnits));
   NSString *const escapedMessage = percentEscaped(message);
-  // A server id says nothing about the kind of the item: whoever opened the window knows.
-  if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
+  // Already now: the connection is made next, which alone may take 15 seconds.
   showBusy(spinner);
   NSDictionary *const reply = [self replyForRecipients:recipients
                                                subject:escapedSubject
@@ -123,6 +123,8 @@ const KindTexts &textsFor(BOOL isFolder) {
   const BOOL copyMe = [self checkBoxState:isCopyMe];
   NSString *const downloads = chosenDownloads(noOfDownloads);
   const BOOL isId = [self isFileId];
+  // A server id says nothing about the kind of the item: whoever opened the window knows.
+  if (!isId) [self setIsFolder:isFolderOnDisk(path)];
   // clang-format off: it takes the first anonymous argument for a part of the name.
   return [self isFolder]
              ? [link sendFolder:

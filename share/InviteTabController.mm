@@ -57,8 +57,9 @@ NSAlert *notColleaguesAlert(NSString *people) {
 }
 
 - (void)awakeFromNib {
-  prepareRecipients(mailList, self);
+  setTokenizingCharacters(mailList);
   [accessType selectItemAtIndex:kDefaultAccessIndex];
+  [mailList setDelegate:self];
 }
 
 #pragma mark - Actions
@@ -70,6 +71,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
   // All of them before anybody is given anything.
   if (NSAlert *const objection = [self objectionTo:recipients]) {
+    forgetInputWhileBusy();  // the agent may have been asked about a recipient
     showAsSheet(objection, ourMainWindow, self);
     return;
   }

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// A text field that handles the editing shortcuts itself (see EditingKeys.h): the application has
-/// no main menu that would. Made by the interface files only. Main thread.
+/// A text field that handles the editing shortcuts itself (see EditingKeys.h), whatever main menu
+/// there is. Made by the interface files only. Main thread.
 @interface CustomTextFieldSubclass : NSTextField
 
 /// Never asks the base class, whatever the answer.

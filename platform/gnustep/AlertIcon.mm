@@ -58,7 +58,13 @@ NSRect fitted(NSSize size, NSRect bounds) {
   const NSSize proportions = [representation size];
   if (proportions.width <= 0 || proportions.height <= 0) return;
   [[NSGraphicsContext currentContext] setImageInterpolation:NSImageInterpolationHigh];
-  [representation drawInRect:fitted(proportions, bounds)];
+  // Not drawInRect:, which puts the transparent parts of a picture on as black.
+  [representation drawInRect:fitted(proportions, bounds)
+                    fromRect:NSZeroRect
+                   operation:NSCompositeSourceOver
+                    fraction:1
+              respectFlipped:NO
+                       hints:nil];
 }
 
 @end

@@ -42,6 +42,14 @@ void endObject(id object, SEL dealloc, Class cls) {
 /// [super dealloc], and the object's class alone does not tell which of the two is meant.
 thread_local std::vector<std::pair<id, Class>> underWay;
 
+class UnderWay {
+ public:
+  UnderWay(id object, Class cls) { underWay.emplace_back(object, cls); }
+  ~UnderWay() { underWay.pop_back(); }
+  UnderWay(const UnderWay &) = delete;
+  UnderWay &operator=(const UnderWay &) = delete;
+};
+
 void hookedDealloc(id object, SEL dealloc) {
   Class from = object_getClass(object);
   if (!underWay.empty() && underWay.back().first == object) {
@@ -52,9 +60,8 @@ void hookedDealloc(id object, SEL dealloc) {
     const std::lock_guard<std::mutex> guard(hooks().lock);
     while (cls != Nil && hooks().classes.count(cls) == 0) cls = class_getSuperclass(cls);
   }
-  underWay.emplace_back(object, cls);
+  const UnderWay scope(object, cls);
   endObject(object, dealloc, cls);
-  underWay.pop_back();
 }
 
 bool hasOwnDealloc(Class cls) {

@@ -31,7 +31,10 @@ bool isOwn(Class cls) {
 
 /// Only for classes of the program: the platform's own look after themselves, and there are many.
 void addObserver(id center, SEL self_, id observer, SEL handler, NSString *name, id object) {
-  Class const cls = object_getClass(observer);
+  Class cls = object_getClass(observer);
+  // A class that was made at run time (an observed object's) lies nowhere; its superclass does.
+  Dl_info its = {};
+  while (cls != Nil && dladdr(cls, &its) == 0) cls = class_getSuperclass(cls);
   if (observer != nil && isOwn(cls)) addDeallocHook(cls, forget);
   platformAddObserver(center, self_, observer, handler, name, object);
 }

@@ -5,8 +5,9 @@
 @interface NSTextView (PlainKeys)
 
 /// Whether a key without Command is for this text although a button of its window answers to it:
-/// Return and Enter in a text of several lines. Field editors want none: Return in a field is also
-/// the window's. Main thread.
+/// Return, Enter and Escape in a text of several lines, where a line break is one and a whole
+/// message would be lost by the other. Field editors want none: there both are also the window's.
+/// Main thread.
 - (BOOL)wantsKeyEquivalent:(NSEvent *)event;
 
 @end

@@ -1,5 +1,11 @@
 #import "platform/gnustep/NSTextView+PlainKeys.h"
 
+namespace {
+
+constexpr unichar kEscape = 0x1B;
+
+}  // namespace
+
 @implementation NSTextView (PlainKeys)
 
 - (BOOL)wantsKeyEquivalent:(NSEvent *)event {
@@ -9,7 +15,7 @@
   if ([characters length] != 1) return NO;
   const unichar character = [characters characterAtIndex:0];
   return character == NSCarriageReturnCharacter || character == NSNewlineCharacter ||
-         character == NSEnterCharacter;
+         character == NSEnterCharacter || character == kEscape;
 }
 
 @end

@@ -104,22 +104,30 @@ BOOL isFieldOpaque(id self, SEL selector) {
 #pragma mark - NSTextView
 
 /// What shows by its line that the text view has the keyboard: the field that it edits for, or the
-/// scroll view that it lies in.
-void redrawFocusLine(NSTextView *text) {
-  id field = [text isFieldEditor] ? (id)[text delegate] : nil;
-  if ([field isKindOfClass:[NSView class]]) [field setNeedsDisplay:YES];
-  [[text enclosingScrollView] setNeedsDisplay:YES];
+/// scroll view that it lies in; nil for neither.
+NSView *viewWithFocusLine(NSTextView *text) {
+  id const field = [text isFieldEditor] ? (id)[text delegate] : nil;
+  return [field isKindOfClass:[NSView class]] ? field : [text enclosingScrollView];
+}
+
+/// With what lies around it: a field shows its surroundings at its round corners.
+void redrawFocusLine(NSView *view) {
+  [[view superview] setNeedsDisplayInRect:NSInsetRect([view frame], -1, -1)];
 }
 
 BOOL becomeFirstResponder(id self, SEL selector) {
   const BOOL became = platformBecomeFirstResponder(self, selector);
-  redrawFocusLine(self);
+  redrawFocusLine(viewWithFocusLine(self));
   return became;
 }
 
 BOOL resignFirstResponder(id self, SEL selector) {
-  redrawFocusLine(self);
-  return platformResignFirstResponder(self, selector);
+  // Asked before, because a field editor has no delegate any more afterwards; redrawn after,
+  // because the platform draws the field anew in between, when it still has its editor.
+  NSView *const view = [[viewWithFocusLine(self) retain] autorelease];
+  const BOOL resigned = platformResignFirstResponder(self, selector);
+  redrawFocusLine(view);
+  return resigned;
 }
 
 #pragma mark - Tool tips

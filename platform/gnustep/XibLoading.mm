@@ -26,6 +26,7 @@ namespace {
 template <class Implementation>
 Implementation replaced(Class cls, SEL selector, Implementation ours) {
   Method const method = class_getInstanceMethod(cls, selector);
+  if (method == nullptr) return nullptr;  // another version of the platform
   return reinterpret_cast<Implementation>(
       method_setImplementation(method, reinterpret_cast<IMP>(ours)));
 }
@@ -64,7 +65,9 @@ BOOL isDocument(id, SEL, NSData *data) {
   size_t tag = text.find('<');
   while (tag != std::string_view::npos && tag + 1 < text.size() &&
          (text[tag + 1] == '?' || text[tag + 1] == '!')) {
-    tag = text.find('<', tag + 1);
+    const bool isComment = text.compare(tag, 4, "<!--") == 0;
+    const size_t end = text.find(isComment ? "-->" : ">", tag);
+    tag = end == std::string_view::npos ? end : text.find('<', end);
   }
   constexpr std::string_view kDocument = "<document";
   return tag != std::string_view::npos && text.compare(tag, kDocument.size(), kDocument) == 0;

@@ -99,3 +99,12 @@ TEST(Launch, AnAgentThatStartsWhileTheApplicationWaitsIsFound) {
   ASSERT_TRUE(application.waitUntilServing());
   EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 2; }));
 }
+
+TEST(Launch, LoadsNoLibrariesForPicturesThatNobodyHas) {
+  AgentProcess agent;
+  RunningApplication application;
+  ASSERT_TRUE(application.waitUntilServing());
+  const std::string maps = "/proc/" + std::to_string(application.process().pid()) + "/maps";
+  EXPECT_NE(outputOf({"grep", "-c", "libgnustep-gui", maps}), "");
+  EXPECT_EQ(outputOf({"grep", "ImageMagick.*/coders/", maps}), "");
+}

@@ -1,5 +1,38 @@
 #import "tests/ui/Windows.h"
 
+/// Notes the delegate's flag when the application is about to hide.
+@interface HidingObserver : NSObject {
+ @public
+  bool hides;
+  BOOL flag;
+}
+@end
+
+@implementation HidingObserver
+
+- (id)init {
+  if ((self = [super init])) {
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(willHide:)
+                                                 name:NSApplicationWillHideNotification
+                                               object:nil];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [super dealloc];
+}
+
+- (void)willHide:(NSNotification *)notification {
+  (void)notification;
+  hides = true;
+  flag = [loadedDelegate() contextMenuFlag];
+}
+
+@end
+
 namespace {
 
 const std::string kClosedByOpener = "recieve Notification close send/copy window.";
@@ -161,12 +194,16 @@ TEST_F(SendAndCopyWindow, TheKeyboardBeginsAtTheFirstControlOfTheShownTab) {
 TEST_F(SendAndCopyWindow, TabGoesThroughAllControlsOfTheCopyTabAndAround) {
   NSWindow *const window = [openSend(1) window];
   std::vector<id> seen;
-  for (int i = 0; i < 12; ++i) {
+  for (int i = 0; i < 14; ++i) {
     seen.push_back([window firstResponder]);
     postKeys(window, @"\t");
     handlePostedEvents();
   }
-  for (NSString *title in @[ @"Cancel", @"Copy Link", @"Notify me of each download" ]) {
+  for (NSString *title in @[
+         @"Unlimited", @"Notify me of each download", @"Ask for an e-mail address first", @"Cancel",
+         @"Copy Link"
+       ]) {
+    EXPECT_GE(std::count(seen.begin(), seen.end(), button(window, title)), 2) << text(title);
     EXPECT_NE(std::find(seen.begin(), seen.end(), button(window, title)), seen.end())
         << text(title);
   }
@@ -188,4 +225,28 @@ TEST_F(SendAndCopyWindow, ReturnInTheMessageIsALineBreakAndDoesNotSend) {
   handlePostedEvents();
   EXPECT_EQ(text([[message textStorage] string]), "a\nb");
   EXPECT_EQ([window attachedSheet], nil);
+}
+
+TEST_F(SendAndCopyWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
+  SendAndCopyTabController *const controller = openSend();
+  HidingObserver *const observer = [[[HidingObserver alloc] init] autorelease];
+  [controller close];
+  EXPECT_TRUE(observer->hides);
+  EXPECT_TRUE(observer->flag);
+}
+
+TEST_F(SendAndCopyWindow, EscapeInTheMessageLosesNothing) {
+  SendAndCopyTabController *const controller = openSend(0);
+  NSWindow *const window = [controller window];
+  NSTextView *message = nil;
+  for (NSView *part in [[[[controller sendAndCopyTab] tabViewItemAtIndex:0] view] subviews]) {
+    if ([part isKindOfClass:[NSScrollView class]]) {
+      message = [static_cast<NSScrollView *>(part) documentView];
+    }
+  }
+  [window makeFirstResponder:message];
+  postKeys(window, @"half a message\x1b");
+  handlePostedEvents();
+  EXPECT_TRUE([window isVisible]);
+  EXPECT_EQ(text([[message textStorage] string]), "half a message");
 }

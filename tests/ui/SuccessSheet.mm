@@ -66,10 +66,12 @@ TEST_F(SuccessSheet, AKeyWithoutATextIsAnEmptyLineAndALineInTheLog) {
 TEST_F(SuccessSheet, TwoInARowEndAfterThreeSecondsOfTheFirst) {
   BrisvaleTabController *const controller = openShare(1);
   NSWindow *const window = [controller window];
+  NSDate *const first = [NSDate date];
   [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
   [[controller sendInviteTab] showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
   EXPECT_TRUE(shows([window attachedSheet], "The access has been changed."));
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_GE(-[first timeIntervalSinceNow], 2.99);
   EXPECT_TRUE([window isVisible]);
   EXPECT_EQ([[[controller sendInviteTab] modalWindow] isVisible], NO);
 }
@@ -90,7 +92,10 @@ TEST_F(SuccessSheet, AnAlertShownWhileItIsUpWaitsForItsEnd) {
 
 TEST_F(SuccessSheet, BringsTheWindowAndTheApplicationToTheFront) {
   SendAndCopyTabController *const controller = openSend(1);
+  NSWindow *const window = [controller window];
+  [window orderOut:nil];
   [NSApp deactivate];
   [[controller sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
-  EXPECT_TRUE(handleEventsUntil([] { return [NSApp isActive]; }));
+  EXPECT_TRUE([window isVisible]);
+  EXPECT_TRUE(handleEventsUntil([&] { return [NSApp isActive] && [NSApp keyWindow] != nil; }));
 }
