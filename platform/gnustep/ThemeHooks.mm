@@ -18,12 +18,14 @@ using DrawImageMethod = void (*)(id, SEL, NSImage *, NSRect, NSView *);
 using OpaqueMethod = BOOL (*)(id, SEL);
 using ResponderMethod = BOOL (*)(id, SEL);
 using DrawRectMethod = void (*)(id, SEL, NSRect);
+using EndEditingMethod = void (*)(id, SEL, NSNotification *);
 
 TextColorMethod platformTextColor = nullptr;
 DrawImageMethod platformDrawImage = nullptr;
 OpaqueMethod platformIsOpaque = nullptr;
 ResponderMethod platformBecomeFirstResponder = nullptr;
 ResponderMethod platformResignFirstResponder = nullptr;
+EndEditingMethod platformTextDidEndEditing = nullptr;
 DrawRectMethod platformDrawToolTip = nullptr;
 
 bool isThemeActive() {
@@ -130,6 +132,13 @@ BOOL resignFirstResponder(id self, SEL selector) {
   return resigned;
 }
 
+/// A field that is left by Tab gives its editor back before that gives the keyboard back.
+void textDidEndEditing(id self, SEL selector, NSNotification *notification) {
+  NSView *const field = [[static_cast<NSView *>(self) retain] autorelease];
+  platformTextDidEndEditing(self, selector, notification);
+  redrawFocusLine(field);
+}
+
 #pragma mark - Tool tips
 
 void drawToolTip(id self, SEL selector, NSRect rect) {
@@ -150,6 +159,8 @@ void installThemeHooks() {
       replaceMethod([NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
   platformResignFirstResponder =
       replaceMethod([NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
+  platformTextDidEndEditing =
+      replaceMethod([NSTextField class], @selector(textDidEndEditing:), textDidEndEditing);
   platformIsOpaque = replaceMethod([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
   Class const toolTip = NSClassFromString(@"GSTTView");
   if (toolTip != Nil) {
