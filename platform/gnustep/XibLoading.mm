@@ -97,14 +97,15 @@ BOOL isDocument(id, SEL, NSData *data) {
 
 @implementation GSXibKeyedUnarchiver (Format)
 
-/// Whether the file has the format of today's tools. The platform's own parses it for that and keeps
-/// the parsed document for ever, a third of a megabyte for each window that is opened.
+/// Whether the file has the format of today's tools. The platform's own parses it for that and
+/// keeps the parsed document for ever, a third of a megabyte for each window that is opened.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 + (BOOL)checkXib5:(NSData *)data {
   @autoreleasepool {
-    NSXMLDocument *const document =
-        [[[NSXMLDocument alloc] initWithData:data options:0 error:nullptr] autorelease];
+    NSXMLDocument *const document = [[[NSXMLDocument alloc] initWithData:data
+                                                                 options:0
+                                                                   error:nullptr] autorelease];
     return [[[document rootElement] name] isEqualToString:@"document"];
   }
 }
