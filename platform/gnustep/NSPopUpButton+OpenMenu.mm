@@ -2,8 +2,8 @@
 
 namespace {
 
-BOOL hasOpenMenu(NSPopUpButton *popUp) {
-  return [[[[popUp menu] menuRepresentation] window] isVisible];
+NSWindow *menuWindowOf(NSPopUpButton *popUp) {
+  return [[[popUp menu] menuRepresentation] window];
 }
 
 }  // namespace
@@ -11,11 +11,13 @@ BOOL hasOpenMenu(NSPopUpButton *popUp) {
 BOOL deliverToOpenMenu(NSEvent *event) {
   if ([event type] != NSKeyDown || ([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
   id const responder = [[event window] firstResponder];
-  if (![responder isKindOfClass:[NSPopUpButton class]] || !hasOpenMenu(responder)) return NO;
+  if (![responder isKindOfClass:[NSPopUpButton class]]) return NO;
+  if (![menuWindowOf(responder) isVisible]) return NO;
   [responder keyDown:event];
   return YES;
 }
 
 void closeMenuOf(NSPopUpButton *popUp) {
-  if (hasOpenMenu(popUp)) [[popUp cell] dismissPopUp];
+  // Not by what is visible: the menu of a window that is hidden with its application is still open.
+  if ([menuWindowOf(popUp) parentWindow] != nil) [[popUp cell] dismissPopUp];
 }

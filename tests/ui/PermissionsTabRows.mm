@@ -112,3 +112,25 @@ TEST_F(PermissionsTabRows, ARowFollowsItsPerson) {
   EXPECT_EQ(text([accessIn(1) titleOfSelectedItem]), "Read and write");
   EXPECT_EQ(text([nameIn(1) stringValue]), "Renamed");
 }
+
+TEST_F(PermissionsTabRows, TheTabKeyGoesThroughTheControlsOfAllRows) {
+  answerList(people(2));
+  openLoaded();
+  [[window window] display];
+  NSArray *const expected = @[ accessIn(0), removeIn(0), accessIn(1), removeIn(1) ];
+  NSView *const done = static_cast<NSView *>([[window window] firstResponder]);
+  for (NSView *control in expected) {
+    postKeys([window window], @"\t");
+    EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == control; }));
+  }
+  postKeys([window window], @"\t");
+  EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == done; }));
+}
+
+TEST_F(PermissionsTabRows, SpacePressesTheRemoveButtonThatHasTheKeyboard) {
+  answerList(people(2));
+  openLoaded();
+  ASSERT_TRUE([[window window] makeFirstResponder:removeIn(1)]);
+  postKeys([window window], @" ");
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+}
