@@ -28,13 +28,23 @@ BOOL answer(NSString *format, const std::u16string &entry, const std::u16string 
 NSString *const kBegins = @"SELF BEGINSWITH[c] %@";
 NSString *const kContains = @"SELF contains[c] %@";
 
-/// For each unit that stands for several, all of them.
+BOOL hasCase(char16_t unit) {
+  NSString *const string = stringOf({unit});
+  return ![[string uppercaseString] isEqual:string] || ![[string lowercaseString] isEqual:string];
+}
+
+/// The units that the folding takes for the same, by the one that stands for them; also the units
+/// that the platform knows another case of.
 std::map<char16_t, std::u16string> letters(const CaseFolding &folding) {
   std::map<char16_t, std::u16string> all;
   for (unsigned unit = 0; unit < kUnits; ++unit) {
     if (!isSurrogate(unit)) all[folding(static_cast<char16_t>(unit))].push_back(unit);
   }
-  std::erase_if(all, [](const auto &letter) { return letter.second.size() == 1; });
+  @autoreleasepool {
+    std::erase_if(all, [](const auto &letter) {
+      return letter.second.size() == 1 && !hasCase(letter.second.front());
+    });
+  }
   return all;
 }
 
