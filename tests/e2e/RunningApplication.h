@@ -34,6 +34,7 @@ class RunningApplication {
   static bool isVisible();
 
   ChildProcess &process() { return process_; }
+  const ChildProcess &process() const { return process_; }
 
  private:
   ChildProcess process_;

@@ -39,12 +39,16 @@ void pressKeys(const std::vector<std::string> &names);
 /// finger does.
 void clickAt(int x, int y);
 
-/// Presses the button at one place, moves the mouse to another and releases it there.
-void dragTo(int fromX, int fromY, int toX, int toY);
+/// The parts of a drag.
+void moveTo(int x, int y);
+void pressButton();
+void releaseButton();
 
-/// The pixels of a part of the screen, to be compared with another picture's.
+/// What a part of the screen looks like: a text that is the same for the same pixels, and short
+/// enough to be printed. "" when there is no picture, or one of a single colour, as the screen is
+/// where nothing has been drawn yet.
 std::string picture(const ScreenArea &area);
 
-/// The same, when everything in it has been drawn: two pictures in a row that are alike and not of
-/// one colour. "" when it does not come to rest within a minute.
+/// The same, when the drawing is over: several pictures in a row are alike. "" when it does not
+/// come to rest within a minute.
 std::string settledPicture(const ScreenArea &area);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <functional>
 #include <map>
 #include <sstream>
 
@@ -12,6 +13,10 @@ namespace {
 /// How long a finger stays on the button. A press and a release at the same moment are lost on a
 /// program that looks for the release only when it has dealt with the press.
 const std::string kClickSeconds = "0.08";
+
+/// How many times a picture must be like the one before it for the drawing to be over. The
+/// application pauses between the parts of a window on a busy machine.
+constexpr int kAlikePictures = 2;
 
 const std::string kPointingTool = "/usr/bin/xdotool";
 
@@ -91,24 +96,34 @@ void clickAt(int x, int y) {
             "sleep", kClickSeconds, "mouseup", "1"});
 }
 
-void dragTo(int fromX, int fromY, int toX, int toY) {
-  outputOf({kPointingTool, "mousemove", std::to_string(fromX), std::to_string(fromY), "mousedown",
-            "1", "sleep", kClickSeconds, "mousemove", std::to_string(toX), std::to_string(toY),
-            "sleep", kClickSeconds, "mouseup", "1"});
+void moveTo(int x, int y) {
+  outputOf({kPointingTool, "mousemove", std::to_string(x), std::to_string(y)});
+}
+
+void pressButton() {
+  outputOf({kPointingTool, "mousedown", "1"});
+}
+
+void releaseButton() {
+  outputOf({kPointingTool, "mouseup", "1"});
 }
 
 std::string picture(const ScreenArea &area) {
-  return outputOf({"/usr/bin/import", "-silent", "-window", "root", "-crop", cropOf(area),
-                   "+repage", "-depth", "8", "rgb:-"});
+  const std::string pixels =
+      outputOf({"/usr/bin/import", "-silent", "-window", "root", "-crop", cropOf(area), "+repage",
+                "-depth", "8", "rgb:-"});
+  if (hasOneColour(pixels)) return "";
+  return cropOf(area) + ":" + std::to_string(std::hash<std::string>()(pixels));
 }
 
 std::string settledPicture(const ScreenArea &area) {
-  std::string former;
   std::string latest;
+  int alike = 0;
   const bool settled = waitFor([&] {
-    former = latest;
-    latest = picture(area);
-    return latest == former && !hasOneColour(latest);
+    const std::string next = picture(area);
+    alike = !next.empty() && next == latest ? alike + 1 : 0;
+    latest = next;
+    return alike == kAlikePictures;
   });
   return settled ? latest : "";
 }

@@ -55,21 +55,25 @@ bool open(const Call &call) {
 /// keyboard; answers it, one without a number when that does not come to be.
 ScreenWindow onlyWindow(const std::string &title);
 
-/// How many of the lines are exactly this one.
-long countOf(const std::vector<std::string> &lines, const std::string &line);
-
 /// The part of the window in which its buttons are, and that with its busy indicator.
 ScreenArea buttonsOf(const ScreenWindow &window);
 ScreenArea indicatorOf(const ScreenWindow &window);
 
-/// The application with its agent, both as processes of their own, on the private screen.
+/// The application with its agent, both as processes of their own, on the private screen. What the
+/// questions below are about begins when the application is at rest after its launch.
 struct WindowTest : testing::Test {
   std::unique_ptr<AgentProcess> agent = agentWithContacts();
   RunningApplication application;
 
   void SetUp() override;
 
-  long linesInLog(const std::string &line) const { return countOf(application.log(), line); }
+  /// Kills the agent, and starts another one, which has not been called yet.
+  void endAgent();
+  void startAgent();
+
+  /// What the application has printed.
+  std::string output() const;
+  long linesInLog(const std::string &line) const;
 
   /// The arguments of the agent's last call of this operation, nil when there was none.
   NSArray *argumentsOf(NSString *operation) const;
@@ -79,4 +83,10 @@ struct WindowTest : testing::Test {
 
   /// Whether the application serves: a client copies a link and it arrives.
   bool serves();
+
+ private:
+  NSArray *calls() const;
+
+  std::size_t outputOfLaunch_ = 0;
+  NSUInteger callsOfLaunch_ = 0;
 };

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "tests/support/CapturedLog.h"
+
 NSString *const kFileLink = @"getLinkForFile:::::";
 NSString *const kFolderLink = @"getLinkForFolder:::::";
 
@@ -47,10 +49,6 @@ ScreenWindow onlyWindow(const std::string &title) {
   return found;
 }
 
-long countOf(const std::vector<std::string> &lines, const std::string &line) {
-  return std::count(lines.begin(), lines.end(), line);
-}
-
 ScreenArea buttonsOf(const ScreenWindow &window) {
   const ScreenArea &all = window.area;
   return {all.x + kFirstButtonX, all.y + all.height - kButtonRowHeight, all.width - kFirstButtonX,
@@ -64,10 +62,38 @@ ScreenArea indicatorOf(const ScreenWindow &window) {
 
 void WindowTest::SetUp() {
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  // The last part of the launch is the start of the pasteboard's server. A window that is opened
+  // meanwhile is drawn when that is over.
+  ASSERT_TRUE(serves()) << application.process().output();
+  outputOfLaunch_ = application.process().output().size();
+  callsOfLaunch_ = [agent->calls() count];
+}
+
+void WindowTest::endAgent() {
+  agent.reset();
+}
+
+void WindowTest::startAgent() {
+  agent = agentWithContacts();
+  callsOfLaunch_ = 0;
+}
+
+std::string WindowTest::output() const {
+  return application.process().output().substr(outputOfLaunch_);
+}
+
+long WindowTest::linesInLog(const std::string &line) const {
+  const auto lines = logLinesIn(output());
+  return std::count(lines.begin(), lines.end(), line);
+}
+
+NSArray *WindowTest::calls() const {
+  NSArray *const all = agent->calls();
+  return [all subarrayWithRange:NSMakeRange(callsOfLaunch_, [all count] - callsOfLaunch_)];
 }
 
 NSArray *WindowTest::argumentsOf(NSString *operation) const {
-  for (NSDictionary *call in [agent->calls() reverseObjectEnumerator]) {
+  for (NSDictionary *call in [calls() reverseObjectEnumerator]) {
     if ([[call objectForKey:@"operation"] isEqual:operation]) {
       return [call objectForKey:@"arguments"];
     }
@@ -77,7 +103,9 @@ NSArray *WindowTest::argumentsOf(NSString *operation) const {
 
 NSUInteger WindowTest::callsOf(NSString *operation) const {
   NSUInteger count = 0;
-  for (NSString *name in agent->operations()) count += [name isEqualToString:operation];
+  for (NSString *name in [calls() valueForKey:@"operation"]) {
+    count += [name isEqualToString:operation];
+  }
   return count;
 }
 

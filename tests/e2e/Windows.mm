@@ -23,7 +23,7 @@ struct Windows : WindowTest {};
 TEST_P(WindowOpening, ShowsOneWindowWithItsTitleAndTheCallReturns) {
   ChildProcess call(GetParam().command);
   EXPECT_EQ(call.waitForEnd(), 0) << call.output();
-  EXPECT_NE(onlyWindow(GetParam().title).number, "") << application.process().output();
+  EXPECT_NE(onlyWindow(GetParam().title).number, "") << output();
   EXPECT_EQ(linesInLog("window closed"), 0);
 }
 
