@@ -65,6 +65,10 @@ struct WindowTest : testing::Test {
   std::unique_ptr<AgentProcess> agent = agentWithContacts();
   RunningApplication application;
 
+  /// program: the application's executable, for a copy of it elsewhere. environment: additions to
+  /// this process's own.
+  explicit WindowTest(const std::string &program = RunningApplication::program(),
+                      const ChildProcess::Environment &environment = {});
   void SetUp() override;
 
   /// Kills the agent, and starts another one, which has not been called yet.

@@ -60,6 +60,9 @@ ScreenArea indicatorOf(const ScreenWindow &window) {
   return {all.x, all.y + all.height - kButtonRowHeight, kIndicatorWidth, kButtonRowHeight};
 }
 
+WindowTest::WindowTest(const std::string &program, const ChildProcess::Environment &environment)
+    : application(program, environment) {}
+
 void WindowTest::SetUp() {
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
   // The last part of the launch is the start of the pasteboard's server. A window that is opened
