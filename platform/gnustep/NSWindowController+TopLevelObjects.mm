@@ -13,15 +13,17 @@
 - (void)loadWindow {
   if ([self isWindowLoaded]) return;
   NSMutableArray *const loaded = [[NSMutableArray alloc] init];
+  NSString *const path = [self windowNibPath];
   BOOL isLoaded = NO;
   // What the loader leaves in the pool refers to the owner, and an owner may end before the event
   // in which it was loaded.
   @autoreleasepool {
+    // Without a file the platform's loader raises; the Mac's says that there is none.
     NSDictionary *const context = [NSDictionary
         dictionaryWithObjectsAndKeys:_owner, NSNibOwner, loaded, NSNibTopLevelObjects, nil];
-    isLoaded = [NSBundle loadNibFile:[self windowNibPath]
-                   externalNameTable:context
-                            withZone:[self zone]];
+    isLoaded = path != nil && [NSBundle loadNibFile:path
+                                  externalNameTable:context
+                                           withZone:[self zone]];
   }
   // The loader has given each of them to us with a reference, which dealloc releases.
   _top_level_objects = loaded;

@@ -8,6 +8,7 @@
 /// of entries; of a list each call takes the next, and the last one stays. Keys of an entry, all
 /// optional:
 /// - "delay": seconds to wait first, in which the agent serves nobody else, as one that hangs;
+/// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
 /// - "die": "before" the operation answers (the process kills itself), or "whenRead": it answers
 /// and
 ///   dies at the first question to the reply;

@@ -21,6 +21,8 @@
 
 namespace {
 
+constexpr useconds_t kPollMicroseconds = 5000;
+
 const char *typesOfOperation(SEL selector) {
   for (Protocol *const protocol : { @protocol (KRVProxy), @protocol (KRVOperations) }) {
     const auto description = protocol_getMethodDescription(protocol, selector, YES, YES);
@@ -44,6 +46,10 @@ id recordable(NSInvocation *invocation, NSUInteger index) {
     return object;
   }
   return NSStringFromClass([object class]);
+}
+
+void waitWhileThereIs(NSString *path) {
+  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0) usleep(kPollMicroseconds);
 }
 
 bool pluginIsRegistered() {
@@ -80,6 +86,7 @@ bool pluginIsRegistered() {
   [self recordOperation:operation invocation:invocation];
   NSDictionary *const entry = [_script nextEntryForOperation:operation];
   usleep(static_cast<useconds_t>([[entry objectForKey:@"delay"] doubleValue] * 1e6));
+  waitWhileThereIs([entry objectForKey:@"hold"]);
   if ([[entry objectForKey:@"die"] isEqual:@"before"]) kill(getpid(), SIGKILL);
   NSString *const exception = [entry objectForKey:@"raise"];
   if (exception != nil) [NSException raise:exception format:@"as the script says"];

@@ -14,6 +14,12 @@ class RunningApplication {
   /// Starts it; see waitUntilServing. environment: additions to this process's own.
   explicit RunningApplication(const ChildProcess::Environment &environment = {});
 
+  /// The same for a copy of the application elsewhere. program: the path of its executable.
+  RunningApplication(const std::string &program, const ChildProcess::Environment &environment);
+
+  /// The path of the application's executable.
+  static std::string program();
+
   /// Waits until the application answers under its name, at most a minute; answers whether it does.
   bool waitUntilServing();
 
@@ -28,6 +34,7 @@ class RunningApplication {
   static bool isVisible();
 
   ChildProcess &process() { return process_; }
+  const ChildProcess &process() const { return process_; }
 
  private:
   ChildProcess process_;

@@ -13,7 +13,15 @@
 #pragma clang diagnostic pop
 
 RunningApplication::RunningApplication(const ChildProcess::Environment &environment)
-    : process_({CONTEXT_MENU_APP}, environment) {}
+    : RunningApplication(program(), environment) {}
+
+RunningApplication::RunningApplication(const std::string &program,
+                                       const ChildProcess::Environment &environment)
+    : process_({program}, environment) {}
+
+std::string RunningApplication::program() {
+  return CONTEXT_MENU_APP;
+}
 
 bool RunningApplication::waitUntilServing() {
   // The name is registered before the launch is over; only the log's silence or an answer tells

@@ -48,9 +48,12 @@ NSArray *AgentProcess::calls() const {
   NSString *const record = [NSString stringWithContentsOfFile:nsString(folder_ + "/record")
                                                      encoding:NSUTF8StringEncoding
                                                         error:nullptr];
+  NSMutableArray *const lines =
+      [[[record componentsSeparatedByString:@"\n"] mutableCopy] autorelease];
+  // What follows the last line break is a line that is just being written.
+  [lines removeLastObject];
   NSMutableArray *const calls = [NSMutableArray array];
-  for (NSString *line in [record componentsSeparatedByString:@"\n"]) {
-    if ([line length] == 0) continue;
+  for (NSString *line in lines) {
     [calls addObject:[NSJSONSerialization
                          JSONObjectWithData:[line dataUsingEncoding:NSUTF8StringEncoding]
                                     options:0

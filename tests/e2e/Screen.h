@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// The application's windows as somebody in front of the private screen sees and uses them: what
+/// the window server knows of them, pictures, keys and clicks. All through other programs.
+
+/// In pixels of the screen, from its upper left corner.
+struct ScreenArea {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+};
+
+/// A window or sheet of the application. No window manager runs on the private screen, so a window
+/// is as large as its content.
+struct ScreenWindow {
+  std::string number;
+  std::string title;
+  ScreenArea area;
+};
+
+/// Those that can be seen, in no particular order.
+std::vector<ScreenWindow> windowsOnScreen();
+
+/// Waits until `count` windows can be seen, at most a minute; answers whether that comes to be.
+bool waitForWindows(std::size_t count);
+
+/// Waits until one of the application's windows has the keyboard; false when none gets it within a
+/// minute. A key that is pressed earlier is lost.
+bool waitForKeyboard();
+
+/// Presses and releases keys, one after the other, by their names: "Return", "Tab", "space".
+void pressKeys(const std::vector<std::string> &names);
+
+/// Presses the mouse's button at a place of the screen, and releases it there some time later, as a
+/// finger does.
+void clickAt(int x, int y);
+
+/// The parts of a drag.
+void moveTo(int x, int y);
+void pressButton();
+void releaseButton();
+
+/// What a part of the screen looks like: a text that is the same for the same pixels, and short
+/// enough to be printed. "" when there is no picture, or one of a single colour, as the screen is
+/// where nothing has been drawn yet.
+std::string picture(const ScreenArea &area);
+
+/// The same, when the drawing is over: several pictures in a row are alike. "" when it does not
+/// come to rest within a minute.
+std::string settledPicture(const ScreenArea &area);
