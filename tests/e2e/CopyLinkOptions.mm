@@ -19,19 +19,33 @@ struct CopyLinkOptions : CopyLinkTab, testing::WithParamInterface<Choice> {};
 
 /// The keyboard begins in the pop-up and goes on through both boxes.
 void nothing(const CopyLinkTab &) {}
-void notifyByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space"}); }
-void askByKeys(const CopyLinkTab &) { pressKeys({"Tab", "Tab", "space"}); }
-void bothByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space", "Tab", "space"}); }
-void notifyOnAndOffByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space", "space"}); }
+void notifyByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space"});
+}
+void askByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "Tab", "space"});
+}
+void bothByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space", "Tab", "space"});
+}
+void notifyOnAndOffByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space", "space"});
+}
 void downloadsByKeys(const CopyLinkTab &) {
   pressKeys({"space"});
   waitForWindows(2);  // the menu is one
   pressKeys({"Down", "Down", "space"});
   waitForWindows(1);
 }
-void notifyByClick(const CopyLinkTab &tab) { tab.toggle(kNotify); }
-void askByClick(const CopyLinkTab &tab) { tab.toggle(kAskForMail); }
-void downloadsByMouse(const CopyLinkTab &tab) { tab.chooseDownloads(1); }
+void notifyByClick(const CopyLinkTab &tab) {
+  tab.toggle(kNotify);
+}
+void askByClick(const CopyLinkTab &tab) {
+  tab.toggle(kAskForMail);
+}
+void downloadsByMouse(const CopyLinkTab &tab) {
+  tab.chooseDownloads(1);
+}
 void everythingByMouse(const CopyLinkTab &tab) {
   tab.chooseDownloads(6);
   tab.toggle(kNotify);
