@@ -3,6 +3,7 @@
 #import "send/LocalizedText.h"
 #import "send/ResultSheet.h"
 #import "share/AccessListLoad.h"
+#import "share/BackgroundLoad.h"
 #import "share/PermissionTabController+Showing.h"
 #import "share/SharedWith.h"
 
@@ -32,7 +33,7 @@
   observesFilePath = YES;
 }
 
-/// May run on the thread of a load that outlived the window; the outlets are nil by then. Stays
+/// On the main thread, also when a load has outlived the window; the outlets are nil by then. Stays
 /// registered for the notification, on purpose: see the header.
 - (void)dealloc {
   if (observesFilePath) [self removeObserver:self forKeyPath:@"filePath"];
@@ -108,7 +109,7 @@
   (void)object;
   (void)change;
   (void)context;
-  [self performSelectorInBackground:@selector(refershManagePermissionsView) withObject:nil];
+  [BackgroundLoad startForTab:self];
 }
 
 - (void)listenNotification:(NSNotification *)notification {

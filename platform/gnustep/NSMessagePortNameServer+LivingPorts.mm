@@ -1,0 +1,49 @@
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+#include <mutex>
+
+// All threads of a process share the one port object for a name. When the last to use it is a
+// background thread that ends, the port takes its connections off that thread's run loop only, and
+// the main thread's run loop goes on listening for a port that is gone. So a port that a background
+// thread has found stays for good: 1 KiB for each time that a background thread begins to talk to
+// another process.
+
+@interface NSMessagePortNameServer (LivingPorts)
+@end
+
+namespace {
+
+using PortForName = NSPort *(*)(id, SEL, NSString *, NSString *);
+PortForName platformPortForName = nullptr;
+
+NSMutableSet *living() {
+  static NSMutableSet *const ports = [[NSMutableSet alloc] init];
+  return ports;
+}
+
+std::mutex &livingLock() {
+  static std::mutex *const lock = new std::mutex;
+  return *lock;
+}
+
+NSPort *portForName(id server, SEL selector, NSString *name, NSString *host) {
+  NSPort *const port = platformPortForName(server, selector, name, host);
+  if (port != nil && ![NSThread isMainThread]) {
+    const std::lock_guard<std::mutex> guard(livingLock());
+    [living() addObject:port];
+  }
+  return port;
+}
+
+}  // namespace
+
+@implementation NSMessagePortNameServer (LivingPorts)
+
++ (void)load {
+  Method const method = class_getInstanceMethod(self, @selector(portForName:onHost:));
+  platformPortForName = reinterpret_cast<PortForName>(
+      method_setImplementation(method, reinterpret_cast<IMP>(portForName)));
+}
+
+@end
