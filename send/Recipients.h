@@ -20,8 +20,8 @@ NSString *addressOfEntry(NSString *editingString);
 /// and a top-level domain of two to four letters. Nothing is trimmed. NO for nil.
 BOOL isValidAddress(NSString *address);
 
-/// The recipients as entered, split at each ",". Nothing is trimmed or dropped: an empty field gives
-/// one empty recipient.
+/// The recipients as entered, split at each ",". Nothing is trimmed or dropped: an empty field
+/// gives one empty recipient.
 NSArray *recipientsIn(NSString *entered);
 
 /// The first recipient that is no valid address, nil when all are.
