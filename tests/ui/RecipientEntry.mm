@@ -30,6 +30,7 @@ struct RecipientEntry : testing::Test {
     [delegate setAddressBookForShare:[NSMutableArray arrayWithArray:entries]];
   }
 
+  // NOLINTNEXTLINE(readability-non-const-parameter): the controller writes to it
   NSArray *completions(NSString *substring, NSInteger *selected) {
     return [controller tokenField:field
           completionsForSubstring:substring
