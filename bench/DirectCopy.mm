@@ -11,7 +11,7 @@ constexpr int kWarmUpCopies = 30;
 /// makes a new connection to the agent in one only, because the platform empties its pool late.
 constexpr int kCopiesOfASample = 4;
 
-double millisecondsOfCopy(const CopyClient &client) {
+double millisecondsOfCopy(const PluginClient &client) {
   return millisecondsOf([&] {
            for (int i = 0; i < kCopiesOfASample; ++i) client.copyLink();
          }) /
@@ -28,8 +28,8 @@ int main(int argc, char *argv[]) {
     scriptSmallAccount(agent);
     Application application(contextMenuApp());
     Application yardstick(bareCopy());
-    const CopyClient ours(application);
-    const CopyClient theirs(yardstick);
+    const PluginClient ours(application);
+    const PluginClient theirs(yardstick);
     for (int i = 0; i < kWarmUpCopies; ++i) {
       ours.copyLink();
       theirs.copyLink();

@@ -1,5 +1,5 @@
 // Memory of the application at rest, against an application that does nothing but to register a
-// name; and what a thousand direct copies add to it.
+// name; and what a thousand direct copies and hundreds of windows add to it.
 #include <unistd.h>
 
 #include "bench/support/Memory.h"
@@ -38,15 +38,44 @@ void printAtRest(int rounds) {
   own.print();
 }
 
-/// In KiB.
-double growth() {
+/// Of each kind. The platform fills caches with the first ones.
+constexpr int kWarmUpWindows = 50;
+constexpr int kWindows = 200;
+
+/// What the application grows by, in KiB, when a client does something many times.
+template <class Repeat>
+double growth(Repeat repeat, int warmUp, int count) {
   Application application(contextMenuApp());
-  const CopyClient client(application);
-  const auto resident = [&] { return memoryOf(application.process().pid()).resident; };
-  for (int i = 0; i < kWarmUpCopies; ++i) client.copyLink();
-  const double before = resident();
-  for (int i = 0; i < kCopies; ++i) client.copyLink();
-  return resident() - before;
+  double before = 0;
+  {
+    @autoreleasepool {
+      const PluginClient client(application);
+      repeat(client, warmUp);
+      before = memoryOf(application.process().pid()).resident;
+      repeat(client, count);
+    }
+  }
+  return memoryOf(application.process().pid()).resident - before;
+}
+
+void copyLinks(const PluginClient &client, int count) {
+  for (int i = 0; i < count; ++i) client.copyLink();
+}
+
+/// Each opening closes the window before it, the copy closes the last one.
+void openWindows(const PluginClient &client, int count) {
+  for (int i = 0; i < count; ++i) {
+    client.openSendWindow();
+    client.openShareWindow();
+  }
+  client.copyLink();
+}
+
+template <class Repeat>
+void printGrowth(const char *row, int rounds, Repeat repeat, int warmUp, int count) {
+  Results results(row, "KiB");
+  for (int round = 0; round < rounds; ++round) results.addValue(growth(repeat, warmUp, count));
+  results.print();
 }
 
 }  // namespace
@@ -57,9 +86,8 @@ int main(int argc, char *argv[]) {
     const AgentProcess agent;
     scriptSmallAccount(agent);
     printAtRest(rounds);
-    Results results("memory after 1,000 direct copies", "KiB");
-    for (int round = 0; round < rounds; ++round) results.addValue(growth());
-    results.print();
+    printGrowth("memory after 1,000 direct copies", rounds, copyLinks, kWarmUpCopies, kCopies);
+    printGrowth("memory after 200 windows", rounds, openWindows, kWarmUpWindows, kWindows);
   }
   return 0;
 }

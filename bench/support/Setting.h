@@ -25,18 +25,26 @@ class BusyProcessTable {
   std::vector<pid_t> processes_;
 };
 
-/// Sends direct copies as the plug-in does: a client that knows the interface. Must be gone before
-/// the application is.
-class CopyClient {
+/// Sends the operations as the plug-in does: a client that knows the interface. Must be gone before
+/// the application is. Each operation returns when the call has returned.
+class PluginClient {
  public:
-  explicit CopyClient(Application &application);
-  ~CopyClient();
-  CopyClient(const CopyClient &) = delete;
-  CopyClient &operator=(const CopyClient &) = delete;
+  explicit PluginClient(Application &application);
+  ~PluginClient();
+  PluginClient(const PluginClient &) = delete;
+  PluginClient &operator=(const PluginClient &) = delete;
 
-  /// Returns when the call has returned.
+  /// For a program that has registered this name; throws std::runtime_error when there is none.
+  explicit PluginClient(NSString *connectionName);
+
   void copyLink() const;
 
+  /// Open the window on its first tab.
+  void openSendWindow() const;
+  void openShareWindow() const;
+
  private:
+  explicit PluginClient(NSDistantObject *proxy);
+
   NSDistantObject *proxy_;
 };

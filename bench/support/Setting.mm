@@ -3,6 +3,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <stdexcept>
 #include <string_view>
 
 #include <sys/prctl.h>
@@ -61,21 +62,41 @@ BusyProcessTable::~BusyProcessTable() {
   for (const pid_t process : processes_) waitpid(process, nullptr, 0);
 }
 
-CopyClient::CopyClient(Application &application) {
-  @autoreleasepool {
-    proxy_ = [application.rootProxy() retain];
-  }
+PluginClient::PluginClient(NSDistantObject *proxy) : proxy_([proxy retain]) {
+  if (proxy == nil) throw std::runtime_error("no program answers to the client");
   [proxy_ setProtocolForProxy:@protocol(ContextMenuService)];
 }
 
-CopyClient::~CopyClient() {
+PluginClient::PluginClient(Application &application) : PluginClient(application.rootProxy()) {}
+
+PluginClient::PluginClient(NSString *connectionName)
+    : PluginClient([NSConnection rootProxyForConnectionWithRegisteredName:connectionName
+                                                                     host:nil]) {}
+
+PluginClient::~PluginClient() {
   [proxy_ release];
 }
 
-void CopyClient::copyLink() const {
+void PluginClient::copyLink() const {
   @autoreleasepool {
     // clang-format off: it takes the first anonymous argument for a part of the name.
     [static_cast<id>(proxy_) copyLinkToClipboard:@"4711":NO:NO];
+    // clang-format on
+  }
+}
+
+void PluginClient::openSendWindow() const {
+  @autoreleasepool {
+    // clang-format off: it takes the first anonymous argument for a part of the name.
+    [static_cast<id>(proxy_) LaunchSendCopyLinkTab:@"4711":@"Quarterly figures.csv":NO:NO:NO:YES];
+    // clang-format on
+  }
+}
+
+void PluginClient::openShareWindow() const {
+  @autoreleasepool {
+    // clang-format off: it takes the first anonymous argument for a part of the name.
+    [static_cast<id>(proxy_) LaunchShareFolderTab:@"4711":@"Project Aurora":NO:NO:YES];
     // clang-format on
   }
 }

@@ -1,0 +1,197 @@
+// The plug-in's call that opens a window until the window has been drawn, against the bare opening
+// of the same interface file: a window controller that loads it, orders the window front, and does
+// nothing else. Both in this process; the plug-in's side is another one.
+#import <AppKit/AppKit.h>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "bench/support/Results.h"
+#include "bench/support/Setting.h"
+#include "tests/support/CapturedLog.h"
+
+/// Has the outlets of the application's own controllers, so that the interface files load as they
+/// do there.
+@interface BareWindowController : NSWindowController {
+ @private
+  IBOutlet NSTabView *sendAndCopyTab;
+  IBOutlet id sendFile;
+  IBOutlet id sendCopyFile;
+  IBOutlet NSTabView *shareFolderTab;
+  IBOutlet id givePermissionTab;
+  IBOutlet id sendInviteTab;
+}
+@end
+
+@implementation BareWindowController
+@end
+
+namespace {
+
+constexpr int kWarmUpWindows = 10;
+
+/// Short, so that a window that has been opened meanwhile is seen at once.
+constexpr NSTimeInterval kLookSeconds = 0.0005;
+
+double millisecondsNow() {
+  const std::chrono::duration<double, std::milli> now =
+      std::chrono::steady_clock::now().time_since_epoch();
+  return now.count();
+}
+
+/// Takes an event out of the queue, for which it waits as long as that, and dispatches it. Answers
+/// whether there was one.
+bool handleEvent(NSDate *until) {
+  NSEvent *const event = [NSApp nextEventMatchingMask:NSAnyEventMask
+                                            untilDate:until
+                                               inMode:NSDefaultRunLoopMode
+                                              dequeue:YES];
+  if (event != nil) [NSApp sendEvent:event];
+  return event != nil;
+}
+
+template <class Condition>
+void handleEventsUntil(Condition condition) {
+  const double end = detail::secondsNow() + kPatienceSeconds;
+  while (!condition()) {
+    if (detail::secondsNow() > end) throw std::runtime_error("nothing happens");
+    @autoreleasepool {
+      handleEvent([NSDate dateWithTimeIntervalSinceNow:kLookSeconds]);
+    }
+  }
+}
+
+/// The end of an opening, on both sides: the queue is empty and nothing is left to be drawn.
+void drawCompletely(NSWindow *window) {
+  while (handleEvent([NSDate distantPast])) continue;
+  [window displayIfNeeded];
+  [window flushWindow];
+}
+
+/// The window of the application's that can be seen, nil for none.
+NSWindow *openWindow() {
+  for (NSWindow *window in [NSApp windows]) {
+    if ([window isVisible] && [window windowController] != nil) return window;
+  }
+  return nil;
+}
+
+/// The plug-in's process.
+class Client {
+ public:
+  Client() : pipe_(newTemporaryFolder() + "/commands") {
+    if (mkfifo(pipe_.c_str(), S_IRUSR | S_IWUSR) != 0) throw std::runtime_error("no pipe " + pipe_);
+    process_ = std::make_unique<ChildProcess>(std::vector<std::string>{OPEN_WINDOW_CLIENT, pipe_});
+    handleEventsUntil([&] { return process_->countInOutput("ready") == 1; });
+    commands_ = open(pipe_.c_str(), O_WRONLY);
+  }
+  ~Client() {
+    // The end of the commands is the client's.
+    close(commands_);
+    handleEventsUntil([&] { return process_->hasEnded(); });
+  }
+  Client(const Client &) = delete;
+  Client &operator=(const Client &) = delete;
+
+  /// Returns at once.
+  void call(char command) {
+    ++calls_;
+    if (write(commands_, &command, 1) != 1) throw std::runtime_error("the client has ended");
+  }
+
+  /// Waits for the call's return and answers when it began.
+  double startOfCall() const {
+    handleEventsUntil([&] { return process_->countInOutput("called ") == calls_; });
+    const std::string output = process_->output();
+    return std::stod(output.substr(output.rfind("called ") + std::string("called ").size()));
+  }
+
+ private:
+  std::string pipe_;
+  std::unique_ptr<ChildProcess> process_;
+  int commands_ = -1;
+  int calls_ = 0;
+};
+
+/// A window of the application, and how its plug-in asks for it.
+struct Kind {
+  const char *row;
+  NSString *interfaceFile;
+  char command;
+};
+
+double millisecondsOfOurs(Client &client, const Kind &kind) {
+  double end = 0;
+  @autoreleasepool {
+    client.call(kind.command);
+    handleEventsUntil([] { return openWindow() != nil; });
+    drawCompletely(openWindow());
+    end = millisecondsNow();
+  }
+  const double start = client.startOfCall();
+  @autoreleasepool {
+    [openWindow() close];
+    handleEventsUntil([] { return openWindow() == nil; });
+  }
+  // Closing hides the application, and the yardstick would have nothing to show.
+  [NSApp unhideWithoutActivation];
+  return end - start;
+}
+
+double millisecondsOfYardstick(const Kind &kind) {
+  NSWindowController *controller = nil;
+  double milliseconds = 0;
+  @autoreleasepool {
+    milliseconds = millisecondsOf([&] {
+      controller = [[BareWindowController alloc] initWithWindowNibName:kind.interfaceFile];
+      [[controller window] orderFrontRegardless];
+      drawCompletely([controller window]);
+    });
+    if (openWindow() != [controller window]) throw std::runtime_error("the yardstick shows nothing");
+    [controller close];
+    while (handleEvent([NSDate distantPast])) continue;
+  }
+  [controller release];
+  return milliseconds;
+}
+
+void measure(Client &client, const Kind &kind, int rounds) {
+  for (int i = 0; i < kWarmUpWindows; ++i) {
+    millisecondsOfOurs(client, kind);
+    millisecondsOfYardstick(kind);
+  }
+  Results results(kind.row, "ms");
+  addInterleaved(
+      results, rounds, [&] { return millisecondsOfOurs(client, kind); },
+      [&] { return millisecondsOfYardstick(kind); });
+  results.print();
+}
+
+/// The application's own launch, with its own main interface file.
+void launch() {
+  NSString *const principal =
+      [[[NSBundle mainBundle] infoDictionary] objectForKey:@"NSPrincipalClass"];
+  [NSClassFromString(principal) sharedApplication];
+  [NSBundle loadNibNamed:@"MainMenu" owner:NSApp];
+  [NSApp finishLaunching];
+  // The platform's own loop would say so, which does not run here.
+  [[NSApp delegate] applicationDidFinishLaunching:nil];
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  const int rounds = prepareBenchmark(argc, argv, 60);
+  @autoreleasepool {
+    const AgentProcess agent;
+    scriptSmallAccount(agent);
+    // The application writes lines when windows open and close; not among the results.
+    const CapturedLog log;
+    launch();
+    Client client;
+    measure(client, {"send window", @"MainWindow", 's'}, rounds);
+    measure(client, {"share window", @"ShareFolder", 'h'}, rounds);
+  }
+  _exit(0);
+}
