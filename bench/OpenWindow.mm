@@ -148,7 +148,8 @@ double millisecondsOfYardstick(const Kind &kind) {
       [[controller window] orderFrontRegardless];
       drawCompletely([controller window]);
     });
-    if (openWindow() != [controller window]) throw std::runtime_error("the yardstick shows nothing");
+    if (openWindow() != [controller window])
+      throw std::runtime_error("the yardstick shows nothing");
     [controller close];
     while (handleEvent([NSDate distantPast])) continue;
   }
