@@ -49,7 +49,8 @@ id recordable(NSInvocation *invocation, NSUInteger index) {
 }
 
 void waitWhileThereIs(NSString *path) {
-  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0) usleep(kPollMicroseconds);
+  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0)
+    usleep(kPollMicroseconds);
 }
 
 bool pluginIsRegistered() {

@@ -19,19 +19,45 @@ struct CopyLinkOptions : CopyLinkTab, testing::WithParamInterface<Choice> {};
 
 /// The keyboard begins in the pop-up and goes on through both boxes.
 void nothing(const CopyLinkTab &) {}
-void notifyByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space"}); }
-void askByKeys(const CopyLinkTab &) { pressKeys({"Tab", "Tab", "space"}); }
-void bothByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space", "Tab", "space"}); }
-void notifyOnAndOffByKeys(const CopyLinkTab &) { pressKeys({"Tab", "space", "space"}); }
+void notifyByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space"});
+}
+void askByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "Tab", "space"});
+}
+void bothByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space", "Tab", "space"});
+}
+void notifyOnAndOffByKeys(const CopyLinkTab &) {
+  pressKeys({"Tab", "space", "space"});
+}
 void downloadsByKeys(const CopyLinkTab &) {
   pressKeys({"space"});
   waitForWindows(2);  // the menu is one
   pressKeys({"Down", "Down", "space"});
   waitForWindows(1);
 }
-void notifyByClick(const CopyLinkTab &tab) { tab.toggle(kNotify); }
-void askByClick(const CopyLinkTab &tab) { tab.toggle(kAskForMail); }
-void downloadsByMouse(const CopyLinkTab &tab) { tab.chooseDownloads(1); }
+void downloadsByKeysAndReturn(const CopyLinkTab &) {
+  pressKeys({"space"});
+  waitForWindows(2);
+  pressKeys({"Down", "Down", "Down", "Return"});
+  waitForWindows(1);
+}
+void escapeFromDownloads(const CopyLinkTab &) {
+  pressKeys({"space"});
+  waitForWindows(2);
+  pressKeys({"Down", "Escape"});
+  waitForWindows(1);
+}
+void notifyByClick(const CopyLinkTab &tab) {
+  tab.toggle(kNotify);
+}
+void askByClick(const CopyLinkTab &tab) {
+  tab.toggle(kAskForMail);
+}
+void downloadsByMouse(const CopyLinkTab &tab) {
+  tab.chooseDownloads(1);
+}
 void everythingByMouse(const CopyLinkTab &tab) {
   tab.chooseDownloads(6);
   tab.toggle(kNotify);
@@ -62,6 +88,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Choice{"BothByKeys", bothByKeys, 1, 1, "-1"},
                     Choice{"NotifyOnAndOffByKeys", notifyOnAndOffByKeys, 0, 0, "-1"},
                     Choice{"DownloadsByKeys", downloadsByKeys, 0, 0, "5"},
+                    Choice{"DownloadsByKeysAndReturn", downloadsByKeysAndReturn, 0, 0, "10"},
+                    Choice{"EscapeFromDownloads", escapeFromDownloads, 0, 0, "-1"},
                     Choice{"NotifyByClick", notifyByClick, 1, 0, "-1"},
                     Choice{"AskByClick", askByClick, 0, 1, "-1"},
                     Choice{"DownloadsByMouse", downloadsByMouse, 0, 0, "1"},

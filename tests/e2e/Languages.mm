@@ -41,9 +41,9 @@ TEST_P(Languages, BothWindowsComeUpInTheUsersLanguage) {
   EXPECT_EQ(application.process().countInOutput("No text for"), 0);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Each, Languages,
-    testing::Values(Language{"de", "de"}, Language{"en", "en"}, Language{"es", "es"},
-                    Language{"fr", "fr"}, Language{"it", "it"}, Language{"ja", "ja"},
-                    Language{"pt_BR", "pt-BR"}, Language{"zh_CN", "zh-Hans"}),
-    [](const auto &info) { return info.param.environment; });
+INSTANTIATE_TEST_SUITE_P(Each, Languages,
+                         testing::Values(Language{"de", "de"}, Language{"en", "en"},
+                                         Language{"es", "es"}, Language{"fr", "fr"},
+                                         Language{"it", "it"}, Language{"ja", "ja"},
+                                         Language{"pt_BR", "pt-BR"}, Language{"zh_CN", "zh-Hans"}),
+                         [](const auto &info) { return info.param.environment; });

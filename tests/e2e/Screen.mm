@@ -109,9 +109,8 @@ void releaseButton() {
 }
 
 std::string picture(const ScreenArea &area) {
-  const std::string pixels =
-      outputOf({"/usr/bin/import", "-silent", "-window", "root", "-crop", cropOf(area), "+repage",
-                "-depth", "8", "rgb:-"});
+  const std::string pixels = outputOf({"/usr/bin/import", "-silent", "-window", "root", "-crop",
+                                       cropOf(area), "+repage", "-depth", "8", "rgb:-"});
   if (hasOneColour(pixels)) return "";
   return cropOf(area) + ":" + std::to_string(std::hash<std::string>()(pixels));
 }

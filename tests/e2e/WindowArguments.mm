@@ -52,7 +52,7 @@ std::string send(SEL selector, NSString *item, NSString *name, const std::vector
 std::string openSend(NSString *item, NSString *name, const Flags &flags,
                      FlagType type = FlagType::Unsigned) {
   @autoreleasepool {
-    return send(@selector(LaunchSendCopyLinkTab::::::), item, name,
+    return send(@selector(LaunchSendCopyLinkTab:: :: ::), item, name,
                 {flags.first, flags.folder, flags.tab, flags.fileId}, type);
   }
 }
@@ -60,7 +60,7 @@ std::string openSend(NSString *item, NSString *name, const Flags &flags,
 std::string openShare(NSString *item, NSString *name, const Flags &flags,
                       FlagType type = FlagType::Unsigned) {
   @autoreleasepool {
-    return send(@selector(LaunchShareFolderTab:::::), item, name,
+    return send(@selector(LaunchShareFolderTab:: :::), item, name,
                 {flags.first, flags.tab, flags.fileId}, type);
   }
 }
