@@ -37,6 +37,21 @@ void downloadsByKeys(const CopyLinkTab &) {
   pressKeys({"Down", "Down", "space"});
   waitForWindows(1);
 }
+<<<<<<< HEAD
+=======
+void downloadsByKeysAndReturn(const CopyLinkTab &) {
+  pressKeys({"space"});
+  waitForWindows(2);
+  pressKeys({"Down", "Down", "Down", "Return"});
+  waitForWindows(1);
+}
+void escapeFromDownloads(const CopyLinkTab &) {
+  pressKeys({"space"});
+  waitForWindows(2);
+  pressKeys({"Down", "Escape"});
+  waitForWindows(1);
+}
+>>>>>>> wt-e2e
 void notifyByClick(const CopyLinkTab &tab) {
   tab.toggle(kNotify);
 }
@@ -76,6 +91,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Choice{"BothByKeys", bothByKeys, 1, 1, "-1"},
                     Choice{"NotifyOnAndOffByKeys", notifyOnAndOffByKeys, 0, 0, "-1"},
                     Choice{"DownloadsByKeys", downloadsByKeys, 0, 0, "5"},
+                    Choice{"DownloadsByKeysAndReturn", downloadsByKeysAndReturn, 0, 0, "10"},
+                    Choice{"EscapeFromDownloads", escapeFromDownloads, 0, 0, "-1"},
                     Choice{"NotifyByClick", notifyByClick, 1, 0, "-1"},
                     Choice{"AskByClick", askByClick, 0, 1, "-1"},
                     Choice{"DownloadsByMouse", downloadsByMouse, 0, 0, "1"},
