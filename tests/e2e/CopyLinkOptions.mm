@@ -37,8 +37,6 @@ void downloadsByKeys(const CopyLinkTab &) {
   pressKeys({"Down", "Down", "space"});
   waitForWindows(1);
 }
-<<<<<<< HEAD
-=======
 void downloadsByKeysAndReturn(const CopyLinkTab &) {
   pressKeys({"space"});
   waitForWindows(2);
@@ -51,7 +49,6 @@ void escapeFromDownloads(const CopyLinkTab &) {
   pressKeys({"Down", "Escape"});
   waitForWindows(1);
 }
->>>>>>> wt-e2e
 void notifyByClick(const CopyLinkTab &tab) {
   tab.toggle(kNotify);
 }
