@@ -150,6 +150,7 @@ void activateWith(NSWindow *window) {
   NSWindow *const window = windowInFront(controller);
   if (window == nil) return;
   NSString *const name = windowTitle(agent::stringOrNil(displayName));
+  // NOLINTNEXTLINE(clang-analyzer-optin.osx.cocoa.*): a folder's name, in every language
   [window setTitle:flagOf(isMyDocs) ? @"MyDocs" : name ?: [window title]];
   activateWith(window);
   SendFileController *const sending = [controller sendFile];
@@ -161,6 +162,7 @@ void activateWith(NSWindow *window) {
   }
   NSString *const reference = agent::stringOrNil(item);
   give(sending, reference, flagOf(isFileId), flagOf(isFolder));
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
 }
 
@@ -183,6 +185,7 @@ void activateWith(NSWindow *window) {
   activateWith(window);
   NSString *const reference = agent::stringOrNil(item);
   give([controller givePermissionTab], reference, flagOf(isFileId));
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   give([controller sendInviteTab], reference, flagOf(isFileId));
 }
 

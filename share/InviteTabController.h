@@ -8,14 +8,18 @@
   IBOutlet NSTextView *mailContent;
   IBOutlet NSPopUpButton *accessType;
   // Connections of the interface file that nothing uses.
-  IBOutlet NSTabViewItem *sendFile;              // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
-  IBOutlet NSArrayController *iarrayController;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSTabViewItem *sendFile;
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSArrayController *iarrayController;
   IBOutlet NSProgressIndicator *spinGear;
-  NSArray *keys;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
+  NSArray *keys;
   NSString *filePath;
   BOOL isFileId;
   BOOL isFolder;
-  IBOutlet NSTabViewItem *inviteTab;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSTabViewItem *inviteTab;
   NSWindow *ourMainWindow;
   NSWindow *modalWindow;
   NSTextField *modalWindowText;

@@ -13,11 +13,14 @@
 @interface PermissionTabController : NSObject <NSComboBoxDelegate> {
  @private
   NSMutableArray *personList;
-  IBOutlet NSTextField *nameofPerson;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSTextField *nameofPerson;
   NSPopUpButton *permissionType;
-  IBOutlet NSButton *removeEntry;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSButton *removeEntry;
   IBOutlet NSArrayController *arrayController;
-  IBOutlet NSView *currView;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSView *currView;
   IBOutlet NSCollectionView *collectionViewForAllEntries;
   IBOutlet NSScrollView *fullScrollView;
   IBOutlet NSTextField *usersText;
@@ -25,8 +28,10 @@
   NSString *filePath;
   BOOL isFileId;
   IBOutlet NSProgressIndicator *spinGear;
-  NSArray *keys;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
-  IBOutlet NSTabViewItem *permissionTab;  // NOLINT(clang-analyzer-osx.cocoa.UnusedIvars)
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): kept as declared
+  NSArray *keys;
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
+  IBOutlet NSTabViewItem *permissionTab;
   NSWindow *ourMainWindow;
   NSWindow *modalWindow;
   NSTextField *modalWindowText;

@@ -32,7 +32,10 @@ id instantiate(id standIn, SEL selector) {
 }
 
 void endStandIn(id standIn, SEL selector) {
-  if (makers().erase(standIn) > 0) [[standIn realObject] release];
+  if (makers().erase(standIn) > 0) {
+    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the reference from its making
+    [[standIn realObject] release];
+  }
   [standIn setClassName:nil];
   [standIn setExtension:nil];
   Class const superclass = class_getSuperclass([NSCustomObject class]);
