@@ -177,16 +177,15 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsASecondClientWaitsAndIsServedAfterwar
   EXPECT_TRUE(linkIsReadable("https://x/y"));
 }
 
-TEST_F(CopyLinkOutcomes, KeysPressedWhileTheAgentHangsDoNotDismissTheAlertThatFollows) {
+TEST_F(CopyLinkOutcomes, AKeyPressedWhileTheAgentHangsDoesNotDismissTheAlertThatFollows) {
   agent->setScript(@{kFileLink : hangingEntry(refusal(1, @"no"))});
   ASSERT_TRUE(openTab());
   ASSERT_TRUE(pressReturnAndAskAgent());
-  pressKeys({"Return", "Return", "Escape"});
+  pressKeys({"Return"});
   letAgentGoOn();
   ASSERT_TRUE(waitForWindows(2));
-  ASSERT_TRUE(dismissAlert());
-  // The second Return would have asked again, the Escape would have closed the window.
-  ASSERT_TRUE(pressReturnAndSeeSheet());
-  EXPECT_EQ(callsOf(kFileLink), 2u);
-  EXPECT_EQ(linesInLog("window closed"), 0);
+  // Nothing shall happen: look often, for as long as a key needs many times over.
+  for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u);
+  EXPECT_TRUE(dismissAlert());
+  EXPECT_EQ(callsOf(kFileLink), 1u);
 }

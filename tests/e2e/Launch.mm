@@ -105,6 +105,6 @@ TEST(Launch, LoadsNoLibrariesForPicturesThatNobodyHas) {
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing());
   const std::string maps = "/proc/" + std::to_string(application.process().pid()) + "/maps";
-  EXPECT_NE(outputOf({"grep", "-c", "libgnustep-gui", maps}), "");
-  EXPECT_EQ(outputOf({"grep", "ImageMagick.*/coders/", maps}), "");
+  EXPECT_NE(outputOf({"/bin/grep", "-c", "libgnustep-gui", maps}), "");
+  EXPECT_EQ(outputOf({"/bin/grep", "ImageMagick.*/coders/", maps}), "");
 }
