@@ -20,13 +20,6 @@
 @interface GSXib5KeyedUnarchiver (MacElements)
 @end
 
-/// Chooses the loader for a file.
-@interface GSXibKeyedUnarchiver : NSObject
-@end
-
-@interface GSXibKeyedUnarchiver (Format)
-@end
-
 namespace {
 
 /// Puts `ours` in the place of a method that `cls` has itself, and answers what stood there.
@@ -92,23 +85,5 @@ BOOL isDocument(id, SEL, NSData *data) {
   replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:),
            isDocument);
 }
-
-@end
-
-@implementation GSXibKeyedUnarchiver (Format)
-
-/// Whether the file has the format of today's tools. The platform's own parses it for that and
-/// keeps the parsed document for ever, a third of a megabyte for each window that is opened.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-+ (BOOL)checkXib5:(NSData *)data {
-  @autoreleasepool {
-    NSXMLDocument *const document = [[[NSXMLDocument alloc] initWithData:data
-                                                                 options:0
-                                                                   error:nullptr] autorelease];
-    return [[[document rootElement] name] isEqualToString:@"document"];
-  }
-}
-#pragma clang diagnostic pop
 
 @end
