@@ -9,6 +9,8 @@ NSString *withoutControls(NSString *name) {
   NSMutableCharacterSet *const breaking =
       [[[NSCharacterSet controlCharacterSet] mutableCopy] autorelease];
   [breaking formUnionWithCharacterSet:[NSCharacterSet newlineCharacterSet]];
+  // Not every platform counts these as line breaks.
+  [breaking addCharactersInString:@"\u2028\u2029"];
   NSArray *const parts = [name componentsSeparatedByCharactersInSet:breaking];
   return [[parts componentsJoinedByString:@" "]
       stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
