@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <cstring>
-#include <initializer_list>
 
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
@@ -100,13 +99,9 @@ bool isQuestionOfTheWire(SEL selector) {
 }
 
 bool isOperation(SEL selector) {
-  for (const BOOL required : {YES, NO}) {
-    if (protocol_getMethodDescription(@protocol(ContextMenuService), selector, required, YES)
-            .name != nullptr) {
-      return true;
-    }
-  }
-  return false;
+  const auto operation =
+      protocol_getMethodDescription(@protocol(ContextMenuService), selector, YES, YES);
+  return operation.name != nullptr;
 }
 
 /// Shows the window of a new controller in front of all applications; nil when it could not be

@@ -6,8 +6,6 @@
 
 /// What the two window controllers do alike. Each is created by whoever opens its window, has no
 /// owner, and destroys itself when the window closes. Main thread.
-///
-///     NSWindow *const window = openTabWindow(controller, position);
 
 /// Registers a new controller for "newInstanceofWindowOpened", which every opener posts before it
 /// makes its own: closeActiveWindow: then closes this one.
