@@ -1,0 +1,58 @@
+// The service's entries in the Services menu, where GWorkspace's users find them. The menu shows
+// them for whatever is selected; what does not lie where they apply is answered with a message.
+
+#import <AppKit/AppKit.h>
+
+@interface BrisvaleActions : NSObject
+- (void)copyLink:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error;
+- (void)send:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error;
+- (void)share:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error;
+@end
+
+namespace {
+
+NSString *const kProgram = @ACTION_PROGRAM;
+
+/// Does not wait for the end: the file manager waits for the answer of a service.
+void run(NSString *verb, NSPasteboard *pasteboard) {
+  NSArray *const files = [pasteboard propertyListForType:NSFilenamesPboardType];
+  if (![files isKindOfClass:[NSArray class]] || [files count] == 0) return;
+  // As with the context menu, the first item is the one that is meant.
+  [NSTask
+      launchedTaskWithLaunchPath:kProgram
+                       arguments:[NSArray arrayWithObjects:@"run", verb, [files objectAtIndex:0],
+                                                           nil]];
+}
+
+}  // namespace
+
+@implementation BrisvaleActions
+
+- (void)copyLink:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error {
+  (void)data;
+  (void)error;
+  run(@"copy-link", pasteboard);
+}
+
+- (void)send:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error {
+  (void)data;
+  (void)error;
+  run(@"send", pasteboard);
+}
+
+- (void)share:(NSPasteboard *)pasteboard userData:(NSString *)data error:(NSString **)error {
+  (void)data;
+  (void)error;
+  run(@"share", pasteboard);
+}
+
+@end
+
+int main() {
+  @autoreleasepool {
+    BrisvaleActions *const provider = [[[BrisvaleActions alloc] init] autorelease];
+    NSRegisterServicesProvider(provider, @"BrisvaleActions");
+    [[NSRunLoop currentRunLoop] run];
+  }
+  return 0;
+}
