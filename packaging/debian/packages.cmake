@@ -28,18 +28,18 @@ set(CPACK_DEBIAN_APPLICATION_PACKAGE_NAME brisvale-context-menu)
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_SECTION utils)
 set(CPACK_COMPONENT_APPLICATION_DESCRIPTION
 "share synced files from the file manager
- Adds entries to the context menu of the file manager for what lies in the
- folder that the service Brisvale keeps in sync: copy a link to a file or
- folder, send such a link by mail, share a folder with colleagues.
- .
- It works with Nautilus, Nemo, Caja and Thunar through their Python
- extensions, and with Dolphin, PCManFM and GWorkspace.
- .
- It needs the service's sync engine libraries, or the substitutes in the
- package brisvale-context-menu-devkit.")
-# The backend and the platform's servers are started at run time and not linked.
+Adds entries to the context menu of the file manager for what lies in the
+folder that the service Brisvale keeps in sync: copy a link to a file or
+folder, send such a link by mail, share a folder with colleagues.
+
+It works with Nautilus, Nemo, Caja and Thunar through their Python
+extensions, and with Dolphin, PCManFM and GWorkspace.
+
+It needs the service's sync engine libraries, or the substitutes in the
+package brisvale-context-menu-devkit.")
+# The platform's packages follow from what the programs are linked with.
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_DEPENDS
-    "gnustep-back0.29, gnustep-base-runtime, gnustep-gui-runtime, fonts-dejavu-core, python3:any, brisvale-sync-engine")
+    "fonts-dejavu-core, python3:any, brisvale-sync-engine")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_RECOMMENDS
     "fonts-inter, libnotify-bin | zenity | kdialog | x11-utils, python3-gi")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_SUGGESTS
@@ -51,13 +51,12 @@ set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME brisvale-context-menu-devkit)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION devel)
 set(CPACK_COMPONENT_DEVELOPMENT_DESCRIPTION
 "development agent and sync engine for Brisvale's context menu
- Stands in for the service Brisvale where its context menu is developed or
- tried: an agent with a sample account, and substitutes for the service's
- sync engine libraries. Nothing leaves the machine; mails are written to a
- folder.
- .
- It does not belong on a machine on which the service itself is installed.")
-set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_DEPENDS "gnustep-base-runtime")
+Stands in for the service Brisvale where its context menu is developed or
+tried: an agent with a sample account, and substitutes for the service's
+sync engine libraries. Nothing leaves the machine; mails are written to a
+folder.
+
+It does not belong on a machine on which the service itself is installed.")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_PROVIDES "brisvale-sync-engine")
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_CONFLICTS "brisvale-sync-engine")
 include(CPack)
