@@ -23,23 +23,29 @@ _MESSAGES = {
 }
 
 
-def item_path(path):
-    """The item's path as the service knows it: from the synced folder on, without links."""
-    root = place.synced_folder()
-    relative_path = place.relative(path, root)
-    return path if relative_path is None else f"{root}/{relative_path}"
+def _call(verb, path):
+    """The exit code of the client and what it says; 127 when there is no client."""
+    try:
+        done = subprocess.run([CLIENT, verb, "--", path], stdin=subprocess.DEVNULL,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
+        return done.returncode, os.fsdecode(done.stderr).strip()
+    except OSError as error:
+        return 127, str(error)
 
 
 def perform(verb, path):
     """Asks the running application; tells the user when that is not possible. What goes wrong in
-    the application itself, it tells itself. Returns the exit code of the client, 127 when there is
-    no client."""
-    try:
-        done = subprocess.run([CLIENT, verb, "--", item_path(path)], stdin=subprocess.DEVNULL,
-                              stdout=subprocess.DEVNULL, stderr=subprocess.PIPE, check=False)
-        code, reason = done.returncode, os.fsdecode(done.stderr).strip()
-    except OSError as error:
-        code, reason = 127, str(error)
+    the application itself, it tells itself. Returns the exit code of the client, or 127 when there
+    is no client."""
+    relative_path = place.relative(path, place.synced_folder())
+    # Not every file manager can keep the entry from folders that it is not for.
+    if verb == "share" and relative_path and not place.may_be_shared(relative_path):
+        message.show(text(NAME_KEY), text("doNotHavePermissionForThisFolderMessageTextKey"))
+        return OUTSIDE
+    if relative_path:
+        # As the service knows the item: from the synced folder on, without links.
+        path = f"{place.synced_folder()}/{relative_path}"
+    code, reason = _call(verb, path)
     if code == 0:
         return 0
     if code in _MESSAGES:
