@@ -2,6 +2,10 @@
 #
 # The development kit is a package of its own. Its agent answers on the name of the service's agent,
 # and its libraries stand in for the service's, so it has no place where the service is installed.
+#
+# The extension for Thunar is one, too: Thunar ends at its start where there is any extension and its
+# Python support lacks the description of the interface, which Debian's package of it does not depend
+# on. This one does.
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME brisvale-context-menu)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -12,7 +16,7 @@ set(CPACK_SET_DESTDIR ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_COMPONENTS_ALL application development)
+set(CPACK_COMPONENTS_ALL application thunar development)
 set(CPACK_COMPONENTS_GROUPING IGNORE)
 set(CPACK_DEB_COMPONENT_INSTALL ON)
 
@@ -32,8 +36,9 @@ Adds entries to the context menu of the file manager for what lies in the
 folder that the service Brisvale keeps in sync: copy a link to a file or
 folder, send such a link by mail, share a folder with colleagues.
 
-It works with Nautilus, Nemo, Caja and Thunar through their Python
-extensions, and with Dolphin, PCManFM and GWorkspace.
+It works with Nautilus, Nemo and Caja through their Python extensions, and
+with Dolphin, PCManFM and GWorkspace. For Thunar there is the package
+brisvale-context-menu-thunar.
 
 It needs the service's sync engine libraries, or the substitutes in the
 package brisvale-context-menu-devkit.")
@@ -43,9 +48,21 @@ set(CPACK_DEBIAN_APPLICATION_PACKAGE_DEPENDS
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_RECOMMENDS
     "fonts-inter, libnotify-bin | zenity | kdialog | x11-utils, python3-gi")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_SUGGESTS
-    "caja, dolphin, fonts-droid-fallback, gworkspace.app, nemo-python, pcmanfm, python3-caja, python3-nautilus, thunarx-python")
+    "brisvale-context-menu-thunar, fonts-droid-fallback, gworkspace.app, libfm-modules, nemo-python, python3-caja, python3-nautilus")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_CONTROL_EXTRA
     "${CMAKE_CURRENT_LIST_DIR}/conffiles;${CMAKE_CURRENT_LIST_DIR}/prerm")
+
+set(CPACK_DEBIAN_THUNAR_PACKAGE_NAME brisvale-context-menu-thunar)
+set(CPACK_DEBIAN_THUNAR_PACKAGE_SECTION utils)
+set(CPACK_DEBIAN_THUNAR_PACKAGE_ARCHITECTURE all)
+set(CPACK_COMPONENT_THUNAR_DESCRIPTION
+"share synced files from the file manager Thunar
+Adds the entries of the package brisvale-context-menu to the context menu of
+Thunar.")
+set(CPACK_DEBIAN_THUNAR_PACKAGE_SHLIBDEPS OFF)
+set(CPACK_DEBIAN_THUNAR_PACKAGE_DEPENDS
+    "brisvale-context-menu (>= ${PROJECT_VERSION}), thunarx-python, gir1.2-thunarx-3.0")
+set(CPACK_DEBIAN_THUNAR_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/thunar/prerm")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME brisvale-context-menu-devkit)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION devel)

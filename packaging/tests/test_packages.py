@@ -13,6 +13,7 @@ ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["BUILD_FOLDER"])
 APPLICATION = "brisvale-context-menu"
 KIT = "brisvale-context-menu-devkit"
+THUNAR = "brisvale-context-menu-thunar"
 
 
 def run(*command):
@@ -32,7 +33,7 @@ class Packages(unittest.TestCase):
         cls.folder = Path(folder.name)
         run("cpack", "--config", BUILD / "CPackConfig.cmake", "-B", cls.folder)
         cls.files = {}
-        for package in (APPLICATION, KIT):
+        for package in (APPLICATION, KIT, THUNAR):
             file, = cls.folder.glob(f"{package}_*.deb")
             cls.files[package] = file
             run("dpkg-deb", "--extract", file, cls.folder / package)
@@ -57,8 +58,9 @@ class Packages(unittest.TestCase):
             self.assertIn(table.relative_to(ROOT / "resources").as_posix(), names)
 
     def test_every_file_manager_gets_its_entries(self):
-        for manager in ("nautilus", "nemo", "caja", "thunarx"):
+        for manager in ("nautilus", "nemo", "caja"):
             self.path(APPLICATION, f"usr/share/{manager}-python/extensions/brisvale.py")
+        self.path(THUNAR, "usr/share/thunarx-python/extensions/brisvale.py")
         for name in ("copy-link", "send-file", "send-folder", "share"):
             self.path(APPLICATION, f"usr/share/file-manager/actions/brisvale-{name}.desktop")
         for name in ("file", "folder", "share"):
@@ -83,6 +85,10 @@ class Packages(unittest.TestCase):
                              ["/usr/lib/brisvale-context-menu-devkit/engine"])
         self.assertEqual(self.field(KIT, "Provides"), "brisvale-sync-engine")
         self.assertIn("brisvale-sync-engine", self.field(APPLICATION, "Depends"))
+
+    def test_thunar_gets_its_extension_only_with_what_it_needs_to_load_it(self):
+        self.assertIn("gir1.2-thunarx-3.0", self.field(THUNAR, "Depends"))
+        self.assertFalse((self.folder / APPLICATION / "usr/share/thunarx-python").exists())
 
     def test_the_agent_of_the_development_kit_is_in_its_package_only(self):
         self.path(KIT, "usr/lib/GNUstep/Applications/VeldaneKRVAgent.app/VeldaneKRVAgent")
@@ -117,7 +123,7 @@ class Packages(unittest.TestCase):
     def test_every_program_has_a_manual_page(self):
         for package in self.files:
             root = self.folder / package / "usr"
-            for program in (root / "bin").iterdir():
+            for program in (root / "bin").glob("*"):
                 self.assertTrue((root / f"share/man/man1/{program.name}.1.gz").exists(), program)
 
     def test_the_manual_page_of_the_client_knows_what_its_help_knows(self):

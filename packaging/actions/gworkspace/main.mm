@@ -13,15 +13,20 @@ namespace {
 
 NSString *const kProgram = @ACTION_PROGRAM;
 
+/// Nobody ends a provider of services at logout. The menu starts it again.
+constexpr NSTimeInterval kIdleSeconds = 60;
+
+NSTimeInterval endOfIdleness = 0;
+
 /// Does not wait for the end: the file manager waits for the answer of a service.
 void run(NSString *verb, NSPasteboard *pasteboard) {
+  endOfIdleness = [NSDate timeIntervalSinceReferenceDate] + kIdleSeconds;
   NSArray *const files = [pasteboard propertyListForType:NSFilenamesPboardType];
   if (![files isKindOfClass:[NSArray class]] || [files count] == 0) return;
   // As with the context menu, the first item is the one that is meant.
-  [NSTask
-      launchedTaskWithLaunchPath:kProgram
-                       arguments:[NSArray arrayWithObjects:@"run", verb, [files objectAtIndex:0],
-                                                           nil]];
+  [NSTask launchedTaskWithLaunchPath:kProgram
+                           arguments:[NSArray arrayWithObjects:@"run", verb,
+                                                               [files objectAtIndex:0], nil]];
 }
 
 }  // namespace
@@ -50,9 +55,15 @@ void run(NSString *verb, NSPasteboard *pasteboard) {
 
 int main() {
   @autoreleasepool {
-    BrisvaleActions *const provider = [[[BrisvaleActions alloc] init] autorelease];
-    NSRegisterServicesProvider(provider, @"BrisvaleActions");
-    [[NSRunLoop currentRunLoop] run];
+    // Kept by the platform from here on.
+    NSRegisterServicesProvider([[[BrisvaleActions alloc] init] autorelease], @"BrisvaleActions");
+  }
+  endOfIdleness = [NSDate timeIntervalSinceReferenceDate] + kIdleSeconds;
+  while ([NSDate timeIntervalSinceReferenceDate] < endOfIdleness) {
+    @autoreleasepool {
+      NSDate *const end = [NSDate dateWithTimeIntervalSinceReferenceDate:endOfIdleness];
+      [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:end];
+    }
   }
   return 0;
 }
