@@ -11,7 +11,10 @@
 
 namespace {
 
-NSString *const kProgram = @ACTION_PROGRAM;
+/// In the bundle's description, so that it is the one that was installed or built with it.
+NSString *program() {
+  return [[[NSBundle mainBundle] infoDictionary] objectForKey:@"ActionProgram"];
+}
 
 /// Nobody ends a provider of services at logout. The menu starts it again.
 constexpr NSTimeInterval kIdleSeconds = 60;
@@ -24,7 +27,7 @@ void run(NSString *verb, NSPasteboard *pasteboard) {
   NSArray *const files = [pasteboard propertyListForType:NSFilenamesPboardType];
   if (![files isKindOfClass:[NSArray class]] || [files count] == 0) return;
   // As with the context menu, the first item is the one that is meant.
-  [NSTask launchedTaskWithLaunchPath:kProgram
+  [NSTask launchedTaskWithLaunchPath:program()
                            arguments:[NSArray arrayWithObjects:@"run", verb,
                                                                [files objectAtIndex:0], nil]];
 }
