@@ -145,7 +145,7 @@ class Choices(DesktopTest):
     def test_without_the_application_the_user_is_told(self):
         code, message = self.told("copy-link", self.file("a.txt"))
         self.assertEqual(code, choice.NOT_RUNNING)
-        self.assertTrue(message.startswith(f"{NOT_REACHED}: Check your internet"), message)
+        self.assertTrue(message.startswith(f"{NOT_REACHED}\nCheck your internet"), message)
 
     def test_an_item_outside_is_told_of(self):
         code, message = self.told("copy-link", self.file("a.txt", root=self.home))

@@ -5,6 +5,7 @@ import os
 import shutil
 import subprocess
 import sys
+import textwrap
 
 
 def _notification(title, text):
@@ -13,12 +14,14 @@ def _notification(title, text):
             html.escape(text, quote=False)]
 
 
-# Each waits for the user, and what it returns then says nothing of whether it was seen.
+# Each waits for the user, and what it returns then says nothing of whether it was seen. Title bars
+# are not everywhere, so what is in one stands in the text as well.
 _DIALOGS = (
-    lambda title, text: ["zenity", "--warning", "--no-markup", "--no-wrap", f"--title={title}",
-                         f"--text={text}"],
-    lambda title, text: ["kdialog", "--title", title, "--sorry", text],
-    lambda title, text: ["xmessage", "-center", "-title", title, text],
+    lambda title, text: ["zenity", "--warning", "--no-markup", f"--title={title}",
+                         f"--text={title}\n\n{text}"],
+    lambda title, text: ["kdialog", "--title", title, "--sorry", f"{title}\n\n{text}"],
+    lambda title, text: ["xmessage", "-center", "-title", title,
+                         f"{title}\n\n{textwrap.fill(text, 60)}"],
 )
 
 
@@ -30,7 +33,7 @@ def _run(command):
 def show(title, text):
     """Shows a message, and writes it to the standard error output as well, where somebody who
     started the file manager in a terminal sees it."""
-    print(f"{title}: {text}", file=sys.stderr)
+    print(title, text, sep="\n", file=sys.stderr)
     # Fails where no program on the desktop shows notifications.
     if shutil.which("notify-send") and _run(_notification(title, text)):
         return
