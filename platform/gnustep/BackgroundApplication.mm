@@ -18,6 +18,9 @@ namespace {
 /// Shorter than anybody notices.
 constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
+constexpr int kPasteboardAttempts = 5;
+constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
+
 }  // namespace
 
 @implementation BackgroundApplication
@@ -44,9 +47,14 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 }
 
 /// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
-/// pasteboard first waits for that: better nobody than the user.
+/// pasteboard first waits for that: better nobody than the user. On a busy machine the platform now
+/// and then does not find the server that it has just started.
 - (void)startPasteboardServer {
-  [NSPasteboard generalPasteboard];
+  if ([NSPasteboard generalPasteboard] != nil || ++_pasteboardAttempts == kPasteboardAttempts)
+    return;
+  [self performSelector:@selector(startPasteboardServer)
+             withObject:nil
+             afterDelay:kNextPasteboardAttemptSeconds];
 }
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps {

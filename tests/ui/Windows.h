@@ -24,6 +24,7 @@
 struct WindowsWithoutAgent : testing::Test {
   ContextMenuAppAppDelegate *delegate = loadedDelegate();
   ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
+  bool clipboardIsFilled = fillClipboard();
   CapturedLog log;
 
   WindowsWithoutAgent();

@@ -53,8 +53,8 @@ void addTexts(NSView *view, std::vector<std::string> &texts) {
 }  // namespace
 
 WindowsWithoutAgent::WindowsWithoutAgent() {
+  EXPECT_TRUE(clipboardIsFilled);
   [delegate setContextMenuFlag:YES];
-  fillClipboard();
 }
 
 WindowsWithoutAgent::~WindowsWithoutAgent() {
