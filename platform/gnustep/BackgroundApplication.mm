@@ -2,6 +2,7 @@
 
 #import "platform/gnustep/ImageTypes.h"
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/NSPasteboard+Starting.h"
 #import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/NSUserDefaults+Languages.h"
 #import "platform/gnustep/NSWindow+Closing.h"
@@ -50,6 +51,8 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 /// pasteboard first waits for that: better nobody than the user. On a busy machine the platform now
 /// and then does not find the server that it has just started.
 - (void)startPasteboardServer {
+  // Who waits for it runs the run loop, and this with it.
+  if ([NSPasteboard isConnectingToServer]) return;
   if ([NSPasteboard generalPasteboard] != nil || ++_pasteboardAttempts == kPasteboardAttempts)
     return;
   [self performSelector:@selector(startPasteboardServer)
