@@ -30,6 +30,8 @@
 
 namespace {
 
+constexpr useconds_t kPollMicroseconds = 5000;
+
 NSArray *generatedContacts(NSUInteger count) {
   NSMutableArray *const contacts = [NSMutableArray arrayWithCapacity:count];
   for (NSUInteger i = 0; i < count; ++i) {
@@ -52,7 +54,10 @@ NSDictionary *successWithValue(id value) {
       dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:0], @"error", value, @"value", nil];
 }
 
-}  // namespace
+void waitWhileThereIs(NSString *path) {
+  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0)
+    usleep(kPollMicroseconds);
+}
 
 id replyOfEntry(NSDictionary *entry) {
   static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
@@ -74,6 +79,17 @@ id replyOfEntry(NSDictionary *entry) {
                                                  startingAtIndex:0]);
   }
   return [entry objectForKey:@"reply"] ?: [NSDictionary dictionary];
+}
+
+}  // namespace
+
+id actOut(NSDictionary *entry) {
+  usleep(static_cast<useconds_t>([[entry objectForKey:@"delay"] doubleValue] * 1e6));
+  waitWhileThereIs([entry objectForKey:@"hold"]);
+  if ([[entry objectForKey:@"die"] isEqual:@"before"]) kill(getpid(), SIGKILL);
+  NSString *const exception = [entry objectForKey:@"raise"];
+  if (exception != nil) [NSException raise:exception format:@"as the script says"];
+  return replyOfEntry(entry);
 }
 
 @implementation Script
