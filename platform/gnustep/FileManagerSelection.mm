@@ -87,13 +87,15 @@ class Exchange {
 }  // namespace
 
 NSArray *selectionOfFileManager(NSTimeInterval seconds) {
-  // A proxy that outlives its connection tells the other side of its end, and waits for it.
-  @autoreleasepool {
-    @try {
-      const Exchange exchange(seconds);
-      return [[exchange.paths() retain] autorelease];
-    } @catch (NSException *) {
-      return nil;
+  NSArray *paths = nil;
+  @try {
+    const Exchange exchange(seconds);
+    // Proxies must not outlive their connection.
+    @autoreleasepool {
+      paths = [exchange.paths() retain];
     }
+  } @catch (NSException *) {
+    // It has gone, refuses, or does not answer in time; all that is the same to the caller.
   }
+  return [paths autorelease];
 }
