@@ -87,7 +87,6 @@ struct ContextMenu : MenuActions {
                                                   repeats:YES];
     [[NSRunLoop currentRunLoop] addTimer:timer forMode:NSEventTrackingRunLoopMode];
     [delegate showContextMenu];
-    EXPECT_EQ(hand->waitForEnd(), 0);
     EXPECT_FALSE([windowOf([delegate krvContextMenu]) isVisible]);
     return person->menuFrame;
   }
