@@ -2,13 +2,9 @@
 // plugin-call [--leave] send ITEM NAME IS_MYDOCS IS_FOLDER TAB IS_FILE_ID
 // plugin-call [--leave] share ITEM NAME UNUSED TAB IS_FILE_ID
 //
-// plugin-call --menu
-//
 // Makes one call as the Finder-side plug-in does and ends when it has returned: of
 // copyLinkToClipboard:::, or of the operation that opens a window. Flags and positions are numbers;
 // "@nil" is no string. With --leave it ends as soon as the call has been sent.
-// With --menu it has the application pop its context menu up, through the connection by which
-// applications of this platform reach each other, and ends when that has been dismissed.
 //
 // Prints "calling" first.
 #import <Foundation/Foundation.h>
@@ -21,10 +17,6 @@
 #include <unistd.h>
 
 #import "tests/e2e/RunningApplication.h"
-
-@protocol ContextMenuShowing
-- (void)showContextMenu;
-@end
 
 namespace {
 
@@ -80,18 +72,7 @@ bool callAndLeave(id service, const Arguments &arguments) {
   }
 }
 
-int popUpMenu() {
-  @autoreleasepool {
-    id<ContextMenuShowing> const application =
-        (id)[NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuApp" host:nil];
-    if (application == nil) return 1;
-    [application showContextMenu];
-    return 0;
-  }
-}
-
 int run(Arguments arguments) {
-  if (arguments.size() == 1 && std::string_view(arguments.front()) == "--menu") return popUpMenu();
   const bool leaves = !arguments.empty() && std::string_view(arguments.front()) == "--leave";
   if (leaves) arguments.erase(arguments.begin());
   if (arguments.empty()) return 2;
