@@ -1,4 +1,4 @@
-// hand select PATH    selects an item in GWorkspace, in a viewer of the folder that it lies in
+// hand select PATH    selects an item in GWorkspace, in the viewer that it opens by itself
 // hand menu           has the application pop its context menu up at the pointer, and returns when
 //                     the menu has been dismissed and what was chosen in it is done
 //
@@ -57,13 +57,12 @@ std::optional<Failure> withApplication(NSString *name, Protocol *protocol, Call 
 }
 
 std::optional<Failure> selectInFileManager(NSString *path) {
-  NSString *const folder = [path stringByDeletingLastPathComponent];
   return withApplication(@"GWorkspace", @protocol(FileManagerInUse),
                          [&](id<FileManagerInUse> fileManager) -> std::optional<Failure> {
                            // While it starts, a viewer that it restores may still select something
                            // else.
                            for (int attempt = 0; attempt < kSelectionAttempts; ++attempt) {
-                             [fileManager selectFile:path inFileViewerRootedAtPath:folder];
+                             [fileManager selectFile:path inFileViewerRootedAtPath:@"/"];
                              [NSThread sleepForTimeInterval:kPauseSeconds];
                              NSString *const selected =
                                  [[fileManager selectedPaths] componentsJoinedByString:@"\n//"];
