@@ -57,7 +57,7 @@ std::string written(const Letter &letter) {
   addHeader(mail, "To", addressList(letter.recipients));
   if (letter.copyToSender) addHeader(mail, "Cc", letter.senderAddress);
   addHeader(mail, "Subject", headerText(validUtf8(letter.subject)));
-  addHeader(mail, "Message-ID", "<" + letter.token + "@brisvale.example>");
+  addHeader(mail, "Message-ID", "<" + letter.token + "@brisvale.test>");
   addHeader(mail, "MIME-Version", "1.0");
   addHeader(mail, "Content-Type", "text/plain; charset=utf-8");
   addHeader(mail, "Content-Transfer-Encoding", "quoted-printable");

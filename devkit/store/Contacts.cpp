@@ -113,7 +113,7 @@ Contact generatedContact(std::int64_t index) {
   const auto &first = kFirstNames[position % kFirstNames.size()];
   const auto &last = kLastNames[position % kLastNames.size()];
   return {.email = std::string(first.inAddress) + "." + last.inAddress + "." +
-                   std::to_string(index) + "@brisvale.example",
+                   std::to_string(index) + "@brisvale.test",
           .firstName = first.name,
           .lastName = std::string(last.name) + " " + std::to_string(index),
           .lastFirst = index % 3 != 0};

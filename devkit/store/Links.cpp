@@ -6,7 +6,7 @@ namespace devkit {
 namespace {
 
 /// A host that nobody can own, so that no link of the kit ever leads anywhere.
-constexpr const char *kLinkPrefix = "https://brisvale.example/s/";
+constexpr const char *kLinkPrefix = "https://brisvale.test/s/";
 
 }  // namespace
 

@@ -4,6 +4,8 @@
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/NSUserDefaults+Languages.h"
+#import "platform/gnustep/NSWindow+Closing.h"
+#import "platform/gnustep/NSWindow+Sheet.h"
 #import "platform/gnustep/QuietTheme.h"
 #import "platform/gnustep/SheetQueue.h"
 
@@ -62,7 +64,9 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
   [self deactivate];
   for (NSWindow *window in [self windows]) {
     if (![window isVisible] || ![window canHide]) continue;
-    [_hidden addObject:window];
+    // One that is being closed is visible until its observers have been told, and must not come
+    // back with the others. Sheets are brought back by their queue, if they are still to be seen.
+    if (![window hasBeenClosed] && ![window isSheet]) [_hidden addObject:window];
     [window orderOut:self];
   }
   _app_is_hidden = YES;

@@ -59,6 +59,12 @@ void waitWhileThereIs(NSString *path) {
     usleep(kPollMicroseconds);
 }
 
+NSString *textOfLength(NSNumber *length) {
+  return [@"https://" stringByPaddingToLength:[length unsignedIntegerValue]
+                                   withString:@"link"
+                              startingAtIndex:0];
+}
+
 id replyOfEntry(NSDictionary *entry) {
   static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
   if ([[entry objectForKey:@"nil"] boolValue]) return nil;
@@ -72,12 +78,10 @@ id replyOfEntry(NSDictionary *entry) {
     }
     return successWithValue([books objectForKey:contacts]);
   }
+  NSNumber *const messageLength = [entry objectForKey:@"messageLength"];
+  if (messageLength != nil) return @{@"error" : @1, @"errorMessage" : textOfLength(messageLength)};
   NSNumber *const linkLength = [entry objectForKey:@"linkLength"];
-  if (linkLength != nil) {
-    return successWithValue([@"https://" stringByPaddingToLength:[linkLength unsignedIntegerValue]
-                                                      withString:@"link"
-                                                 startingAtIndex:0]);
-  }
+  if (linkLength != nil) return successWithValue(textOfLength(linkLength));
   return [entry objectForKey:@"reply"] ?: [NSDictionary dictionary];
 }
 

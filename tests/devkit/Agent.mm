@@ -12,7 +12,7 @@
 
 namespace {
 
-NSString *const kColleague = @"kenji.tanaka@brisvale.example";
+NSString *const kColleague = @"kenji.tanaka@brisvale.test";
 
 NSString *string(const std::string &text) {
   return [NSString stringWithUTF8String:text.c_str()];
@@ -42,7 +42,7 @@ class Agent : public testing::Test {
 TEST_F(Agent, MakesALinkToAFileByItsPath) {
   NSDictionary *const reply = [proxy() getLinkForFile:file_:YES:NO:@"-1":NO];
   EXPECT_EQ([[reply objectForKey:@"error"] intValue], 0);
-  EXPECT_TRUE([[reply objectForKey:@"value"] hasPrefix:@"https://brisvale.example/s/"]);
+  EXPECT_TRUE([[reply objectForKey:@"value"] hasPrefix:@"https://brisvale.test/s/"]);
 }
 
 TEST_F(Agent, MakesALinkToTheHomeFolderByItsId) {
@@ -65,7 +65,7 @@ TEST_F(Agent, MailsALinkToAFile) {
          file_:YES:YES:@"3":@"a@b.example,c@d.example":@"Plan%20%C3%BC":@"Hello%2C%0Aworld":NO:YES];
   EXPECT_EQ([[reply objectForKey:@"error"] intValue], 0);
   EXPECT_NE(mail().find("To: a@b.example,\r\n c@d.example\r\n"), std::string::npos) << mail();
-  EXPECT_NE(mail().find("Cc: jordan.avery@brisvale.example\r\n"), std::string::npos) << mail();
+  EXPECT_NE(mail().find("Cc: jordan.avery@brisvale.test\r\n"), std::string::npos) << mail();
   EXPECT_NE(mail().find("Subject: =?UTF-8?B?UGxhbiDDvA==?=\r\n"), std::string::npos) << mail();
   EXPECT_NE(mail().find("Hello,\r\nworld\r\n"), std::string::npos) << mail();
   EXPECT_NE(mail().find(text([reply objectForKey:@"value"])), std::string::npos) << mail();
@@ -119,7 +119,7 @@ TEST_F(Agent, GivesTheAddressBook) {
   EXPECT_GT([people count], 50u);
   EXPECT_EQ(text([[people objectAtIndex:0] objectForKey:@"name"]), "Holloway, Margaret");
   EXPECT_EQ(text([[people objectAtIndex:0] objectForKey:@"primaryemail"]),
-            "margaret.holloway@brisvale.example");
+            "margaret.holloway@brisvale.test");
 }
 
 TEST_F(Agent, SearchesTheAddressBook) {
@@ -129,7 +129,7 @@ TEST_F(Agent, SearchesTheAddressBook) {
 
 TEST_F(Agent, TellsWhoseAccountItHolds) {
   EXPECT_EQ(text([[proxy() getActiveAccount] objectForKey:@"primaryemail"]),
-            "jordan.avery@brisvale.example");
+            "jordan.avery@brisvale.test");
 }
 
 TEST_F(Agent, ALogLineTellsOfEveryOperation) {

@@ -38,17 +38,17 @@ TEST_F(Contacts, TheSampleBookMixesBothWaysOfWritingNames) {
 }
 
 TEST_F(Contacts, OutsidersAndNewcomersAreKnownButNotInTheBook) {
-  EXPECT_FALSE(store_.contacts.find("robin.ellis@lakeside-print.example")->employee);
-  EXPECT_TRUE(store_.contacts.find("nadia.rahman@brisvale.example")->employee);
+  EXPECT_FALSE(store_.contacts.find("robin.ellis@lakeside-print.test")->employee);
+  EXPECT_TRUE(store_.contacts.find("nadia.rahman@brisvale.test")->employee);
   for (const auto &contact : store_.contacts.addressBook()) {
-    EXPECT_NE(contact.email, "robin.ellis@lakeside-print.example");
-    EXPECT_NE(contact.email, "nadia.rahman@brisvale.example");
+    EXPECT_NE(contact.email, "robin.ellis@lakeside-print.test");
+    EXPECT_NE(contact.email, "nadia.rahman@brisvale.test");
   }
 }
 
 TEST_F(Contacts, AnAddressIsFoundInAnyLetterCase) {
-  EXPECT_EQ(store_.contacts.find("Kenji.TANAKA@brisvale.EXAMPLE")->firstName, "健司");
-  EXPECT_FALSE(store_.contacts.find("nobody@brisvale.example"));
+  EXPECT_EQ(store_.contacts.find("Kenji.TANAKA@brisvale.TEST")->firstName, "健司");
+  EXPECT_FALSE(store_.contacts.find("nobody@brisvale.test"));
 }
 
 TEST_F(Contacts, GeneratedPeopleReplaceTheBookAndHaveAddressesOfTheirOwn) {
@@ -56,7 +56,7 @@ TEST_F(Contacts, GeneratedPeopleReplaceTheBookAndHaveAddressesOfTheirOwn) {
   std::set<std::string> addresses;
   for (const auto &contact : store_.contacts.addressBook()) addresses.insert(contact.email);
   EXPECT_EQ(addresses.size(), 2'000u);
-  EXPECT_EQ(addresses.count("kenji.tanaka@brisvale.example"), 0u);
+  EXPECT_EQ(addresses.count("kenji.tanaka@brisvale.test"), 0u);
 }
 
 TEST_F(Contacts, TheBookCanBeEmptied) {
@@ -69,6 +69,6 @@ TEST_F(Contacts, TheRevisionChangesWithContactsAndWithNothingElse) {
   store_.items.byPath(kit_.makeFile("file"));
   EXPECT_EQ(store_.contacts.revision(), before);
   devkit::Store another(kit_.dataFolder(), kit_.syncedFolder());
-  another.contacts.add({.email = "new@brisvale.example", .firstName = "N", .lastName = "W"});
+  another.contacts.add({.email = "new@brisvale.test", .firstName = "N", .lastName = "W"});
   EXPECT_NE(store_.contacts.revision(), before);
 }

@@ -22,8 +22,8 @@ constexpr auto kAllHeaders =
 
 Letter letter() {
   return {.senderName = "Jordan Avery",
-          .senderAddress = "jordan@brisvale.example",
-          .recipients = {"ann@brisvale.example", "bo@brisvale.example"},
+          .senderAddress = "jordan@brisvale.test",
+          .recipients = {"ann@brisvale.test", "bo@brisvale.test"},
           .copyToSender = true,
           .subject = "Quarterly figures",
           .body = "Hello",
@@ -112,9 +112,9 @@ TEST(Recipients, NoAddressCanCarryAnotherHeader) {
 TEST(Letter, AMailProgramReadsWhatWasWritten) {
   const auto found = read(letter());
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
-  EXPECT_TRUE(contains(found, R"(From: "Jordan Avery <jordan@brisvale.example>")")) << found;
-  EXPECT_TRUE(contains(found, R"(To: "ann@brisvale.example, bo@brisvale.example")")) << found;
-  EXPECT_TRUE(contains(found, R"(Cc: "jordan@brisvale.example")")) << found;
+  EXPECT_TRUE(contains(found, R"(From: "Jordan Avery <jordan@brisvale.test>")")) << found;
+  EXPECT_TRUE(contains(found, R"(To: "ann@brisvale.test, bo@brisvale.test")")) << found;
+  EXPECT_TRUE(contains(found, R"(Cc: "jordan@brisvale.test")")) << found;
   EXPECT_TRUE(contains(found, R"(Subject: "Quarterly figures")")) << found;
   EXPECT_TRUE(contains(found, R"(Body: "Hello\n")")) << found;
 }
@@ -152,6 +152,6 @@ TEST(Letter, NoTextCanAddAHeader) {
 
 TEST(Letter, ManyRecipientsMakeNoLongLine) {
   auto written = letter();
-  written.recipients.assign(500, "somebody.with.a.long.name@department.brisvale.example");
+  written.recipients.assign(500, "somebody.with.a.long.name@department.brisvale.test");
   EXPECT_LE(longestLine(devkit::written(written)), 998u);
 }

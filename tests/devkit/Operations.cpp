@@ -14,7 +14,7 @@ using devkit::Reply;
 
 namespace {
 
-constexpr auto kColleague = "kenji.tanaka@brisvale.example";
+constexpr auto kColleague = "kenji.tanaka@brisvale.test";
 
 /// What the agent does, without a connection.
 class Operations : public testing::Test {
@@ -111,10 +111,10 @@ TEST_F(Operations, AMailThatIsTooLongIsRefused) {
 
 TEST_F(Operations, OnlyColleaguesAreGivenAccess) {
   EXPECT_EQ(error(grant(folder_, kColleague)), 0);
-  EXPECT_EQ(error(grant(folder_, "nadia.rahman@brisvale.example")), 0);
-  EXPECT_EQ(error(grant(folder_, "robin.ellis@lakeside-print.example")), 404);
-  EXPECT_EQ(error(grant(folder_, "nobody@brisvale.example")), 404);
-  EXPECT_EQ(error(grant(folder_, "jordan.avery@brisvale.example")), 403);
+  EXPECT_EQ(error(grant(folder_, "nadia.rahman@brisvale.test")), 0);
+  EXPECT_EQ(error(grant(folder_, "robin.ellis@lakeside-print.test")), 404);
+  EXPECT_EQ(error(grant(folder_, "nobody@brisvale.test")), 404);
+  EXPECT_EQ(error(grant(folder_, "jordan.avery@brisvale.test")), 403);
 }
 
 TEST_F(Operations, WhatSomebodyElseSharesCannotBePassedOn) {

@@ -53,10 +53,10 @@ TEST_F(Sharing, ARevokedAddressIsNoLongerListed) {
 
 TEST_F(Sharing, ALinkKeepsItsOptions) {
   const auto link = store_.links.make("item", {.notifyOnDownload = true, .maxDownloads = 5});
-  EXPECT_EQ(link.size(), std::string("https://brisvale.example/s/").size() + 32);
+  EXPECT_EQ(link.size(), std::string("https://brisvale.test/s/").size() + 32);
   EXPECT_TRUE(store_.links.options(link)->notifyOnDownload);
   EXPECT_FALSE(store_.links.options(link)->requireEmail);
   EXPECT_EQ(store_.links.options(link)->maxDownloads, 5);
   EXPECT_NE(store_.links.make("item", {}), link);
-  EXPECT_FALSE(store_.links.options("https://brisvale.example/s/other"));
+  EXPECT_FALSE(store_.links.options("https://brisvale.test/s/other"));
 }

@@ -45,9 +45,9 @@ struct PluginCopy : testing::Test {
 }  // namespace
 
 TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
-  agent.answer(kFileOperation, success(@"https://brisvale.example/s/1"));
+  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
-  EXPECT_EQ(clipboardReadByXclip(), "https://brisvale.example/s/1");
+  EXPECT_EQ(clipboardReadByXclip(), "https://brisvale.test/s/1");
   EXPECT_EQ(linesInLog("copy success = 1"), 1);
   EXPECT_EQ(linesInLog("Link copied successfully."), 1);
   EXPECT_FALSE(isVisible());

@@ -35,6 +35,12 @@ bool waitForKeyboard();
 /// Presses and releases keys, one after the other, by their names: "Return", "Tab", "space".
 void pressKeys(const std::vector<std::string> &names);
 
+/// Types a text of ASCII characters, as fast as a quick typist.
+void typeText(const std::string &text);
+
+/// Puts a text on the clipboard as another program does that has it copied.
+bool copyInAnotherProgram(const std::string &text);
+
 /// Presses the mouse's button at a place of the screen, and releases it there some time later, as a
 /// finger does.
 void clickAt(int x, int y);

@@ -14,6 +14,9 @@ namespace {
 /// program that looks for the release only when it has dealt with the press.
 const std::string kClickSeconds = "0.08";
 
+/// Between two keys: 20 a second.
+const std::string kKeyDelayMilliseconds = "50";
+
 /// How many times a picture must be like the one before it for the drawing to be over. The
 /// application pauses between the parts of a window on a busy machine.
 constexpr int kAlikePictures = 2;
@@ -89,6 +92,18 @@ void pressKeys(const std::vector<std::string> &names) {
   std::vector<std::string> command = {kPointingTool, "key"};
   command.insert(command.end(), names.begin(), names.end());
   outputOf(command);
+}
+
+void typeText(const std::string &text) {
+  outputOf({kPointingTool, "type", "--delay", kKeyDelayMilliseconds, "--", text});
+}
+
+bool copyInAnotherProgram(const std::string &text) {
+  // The program stays behind to hand the text out, until another one copies something.
+  ChildProcess copying(
+      {"/bin/sh", "-c",
+       "printf %s \"$1\" | /usr/bin/xclip -selection clipboard -in >/dev/null 2>&1", "sh", text});
+  return copying.waitForEnd() == 0;
 }
 
 void clickAt(int x, int y) {

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "tests/e2e/Screen.h"
+
+/// A tab of one of the two windows, used with real keys and clicks. Both windows have the same tab
+/// view in the same place.
+///
+/// A control is named by its frame in the interface file, in the tab's own coordinates, of which y
+/// runs upwards.
+struct ScreenTab {
+  /// The window that is used; without a number when none was seen.
+  ScreenWindow window;
+
+  /// Where a control is on the screen.
+  ScreenArea onScreen(const ScreenArea &frame) const;
+
+  /// Clicks on a control.
+  void click(const ScreenArea &frame) const;
+
+  /// Clicks on a box and waits until that shows.
+  void toggle(const ScreenArea &frame) const;
+
+  /// Chooses an item of a pop-up by pressing, moving and releasing the mouse. from: the chosen
+  /// item's position, which the menu opens over; to: the wanted one's, another than that.
+  void choose(const ScreenArea &popUp, int from, int to) const;
+
+  /// Presses Return once and waits for what comes of it: the window with a sheet on it.
+  bool pressReturnAndSeeSheet() const;
+
+  /// Clicks on a button and waits for the same.
+  bool clickAndSeeSheet(const ScreenArea &button) const;
+
+  /// Presses Return in the alert and waits until the window is alone again.
+  bool dismissAlert() const;
+};

@@ -1,0 +1,77 @@
+#import "tests/e2e/ScreenTab.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tests/support/ChildProcess.h"
+
+namespace {
+
+/// Where the tab's content begins in its window, from the left and from the bottom.
+constexpr int kTabX = 23;
+constexpr int kTabY = 25;
+constexpr int kMenuItemHeight = 22;
+
+struct Place {
+  int x, y;
+};
+
+Place middleOf(const ScreenArea &area) {
+  return {area.x + area.width / 2, area.y + area.height / 2};
+}
+
+/// Does something and waits until the area looks otherwise.
+template <class Action>
+void changing(const ScreenArea &area, Action action) {
+  const std::string before = picture(area);
+  action();
+  EXPECT_TRUE(waitFor([&] { return picture(area) != before; }));
+}
+
+}  // namespace
+
+ScreenArea ScreenTab::onScreen(const ScreenArea &frame) const {
+  return {window.area.x + kTabX + frame.x,
+          window.area.y + window.area.height - (kTabY + frame.y + frame.height), frame.width,
+          frame.height};
+}
+
+void ScreenTab::click(const ScreenArea &frame) const {
+  const Place place = middleOf(onScreen(frame));
+  clickAt(place.x, place.y);
+}
+
+void ScreenTab::toggle(const ScreenArea &frame) const {
+  changing(onScreen(frame), [&] { click(frame); });
+}
+
+void ScreenTab::choose(const ScreenArea &popUp, int from, int to) const {
+  const ScreenArea closed = onScreen(popUp);
+  ScreenArea item = closed;
+  item.y += (to - from) * kMenuItemHeight;
+  moveTo(middleOf(closed).x, middleOf(closed).y);
+  pressButton();
+  EXPECT_TRUE(waitForWindows(2));  // the menu is one
+  EXPECT_NE(settledPicture(item), "");
+  changing(item, [&] { moveTo(middleOf(item).x, middleOf(item).y); });
+  releaseButton();
+  EXPECT_TRUE(waitForWindows(1));
+}
+
+bool ScreenTab::pressReturnAndSeeSheet() const {
+  if (!waitForKeyboard()) return false;
+  pressKeys({"Return"});
+  return waitForWindows(2);
+}
+
+bool ScreenTab::clickAndSeeSheet(const ScreenArea &button) const {
+  click(button);
+  return waitForWindows(2);
+}
+
+bool ScreenTab::dismissAlert() const {
+  if (!waitForKeyboard()) return false;
+  pressKeys({"Return"});
+  return waitForWindows(1);
+}

@@ -1,0 +1,140 @@
+// What goes wrong while a link is mailed, and that nothing of what was entered is lost by it.
+
+#include <filesystem>
+#include <fstream>
+
+#import "tests/e2e/ScreenTab.h"
+#import "tests/e2e/SendTab.h"
+#import "tests/e2e/WindowTest.h"
+
+namespace {
+
+NSString *const kSendFile = @"sendFile:::::::::";
+
+struct SendMailFaults : WindowTest, ScreenTab {
+  /// While it exists, the agent hangs in the call that is scripted with hangingEntry.
+  const std::string hold = newTemporaryFolder() + "/hold";
+
+  NSDictionary *hangingEntry(id reply) {
+    std::ofstream(hold) << "";
+    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
+  }
+  void letAgentGoOn() const { std::filesystem::remove(hold); }
+
+  /// Opens the window on the tab and enters something everywhere.
+  bool openAndFillIn() {
+    const SendCall call = {.tab = 0};
+    if (!open(call)) return false;
+    window = onlyWindow(call.name);
+    if (window.number.empty()) return false;
+    // The last address is only half entered: nothing ends it.
+    typeText("ann@example.org,bo@example.org");
+    click(kSendSubject);
+    pressKeys({"ctrl+a"});
+    typeText("Q&A");
+    click(kSendMessage);
+    typeText("two\nlines");
+    toggle(kSendCopyMe);
+    toggle(kSendNotify);
+    choose(kSendDownloads, 0, 1);
+    return true;
+  }
+
+  /// The agent was asked for what openAndFillIn entered, and for nothing else.
+  bool enteredWasSent() const {
+    return [argumentsOf(kSendFile) isEqual:@[
+      @"id-1", @1, @0, @"1", @"ann@example.org,bo@example.org", @"Q%26A", @"two%0Alines", @1, @1
+    ]];
+  }
+
+  /// Sends what still stands in the window, to an agent that takes it.
+  void expectThatAllIsStillThere() {
+    agent->answer(kSendFile, success(@"sent"));
+    ASSERT_TRUE(dismissAlert());
+    const NSUInteger before = callsOf(kSendFile);
+    ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+    EXPECT_EQ(callsOf(kSendFile), before + 1);
+    EXPECT_TRUE(enteredWasSent()) << text(argumentsOf(kSendFile));
+    EXPECT_TRUE(waitForWindows(0));
+  }
+};
+
+}  // namespace
+
+TEST_F(SendMailFaults, ARefusalLeavesEverythingThatWasEntered) {
+  agent->answer(kSendFile, refusal(7, @"quota"));
+  ASSERT_TRUE(openAndFillIn());
+  ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+  EXPECT_EQ(linesInLog("Error sending:quota"), 1);
+  expectThatAllIsStillThere();
+}
+
+TEST_F(SendMailFaults, NoReplyLeavesEverythingThatWasEntered) {
+  agent->setScript(@{kSendFile : @{@"nil" : @1}});
+  ASSERT_TRUE(openAndFillIn());
+  ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  expectThatAllIsStillThere();
+}
+
+TEST_F(SendMailFaults, AnAgentThatIsKilledWhileSendingLeavesEverythingThatWasEntered) {
+  agent->setScript(@{kSendFile : hangingEntry(success(@"never"))});
+  ASSERT_TRUE(openAndFillIn());
+  click(kSendButton);
+  ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; }));
+  endAgent();
+  ASSERT_TRUE(waitForWindows(2));
+  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  startAgent();
+  expectThatAllIsStillThere();
+}
+
+TEST_F(SendMailFaults, WithoutAnAgentEverythingThatWasEnteredStays) {
+  ASSERT_TRUE(openAndFillIn());
+  endAgent();
+  ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+  startAgent();
+  expectThatAllIsStillThere();
+}
+
+TEST_F(SendMailFaults, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
+  agent->setScript(@{kSendFile : hangingEntry(refusal(1, @"no"))});
+  ASSERT_TRUE(openAndFillIn());
+  const std::string idle = settledPicture(indicatorOf(window));
+  ASSERT_NE(idle, "");
+  click(kSendButton);
+  EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
+  letAgentGoOn();
+  EXPECT_TRUE(waitForWindows(2));
+  EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
+}
+
+TEST_F(SendMailFaults, ASecondClickWhileTheAgentHangsSendsNothingTwice) {
+  agent->setScript(@{kSendFile : hangingEntry(success(@"sent"))});
+  ASSERT_TRUE(openAndFillIn());
+  click(kSendButton);
+  ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; }));
+  click(kSendButton);
+  pressKeys({"Return"});
+  letAgentGoOn();
+  ASSERT_TRUE(waitForWindows(2));
+  EXPECT_TRUE(waitForWindows(0));
+  EXPECT_EQ(callsOf(kSendFile), 1u);
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(SendMailFaults, ABadAddressIsNamedAndCanBePutRight) {
+  agent->answer(kSendFile, success(@"sent"));
+  ASSERT_TRUE(open(SendCall{.tab = 0}));
+  window = onlyWindow("Quarterly figures.csv");
+  typeText("ann@example.org,bad");
+  ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+  EXPECT_EQ(callsOf(kSendFile), 0u);
+  ASSERT_TRUE(dismissAlert());
+  click(kSendRecipients);
+  pressKeys({"End", "BackSpace", "BackSpace", "BackSpace"});
+  typeText("bo@example.org");
+  ASSERT_TRUE(clickAndSeeSheet(kSendButton));
+  ASSERT_EQ(callsOf(kSendFile), 1u);
+  EXPECT_EQ(text([argumentsOf(kSendFile) objectAtIndex:4]), "ann@example.org,bo@example.org");
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#import "tests/devkit/DevelopmentAgent.h"
+#include "tests/devkit/Kit.h"
+#import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/ScreenTab.h"
+
+/// The whole system as a person has it: the application, the plug-in's client, and behind them the
+/// development kit's agent and engine with their store, outbox and log of operations, all as
+/// processes of their own on the private screen.
+struct ServiceTest : testing::Test, ScreenTab {
+  const Kit kit;
+  DevelopmentAgent agent;
+  RunningApplication application;
+
+  /// language: as the user's environment says it.
+  explicit ServiceTest(const std::string &language = "en");
+
+  /// Waits until the application serves and is at rest.
+  void SetUp() override;
+
+  /// Runs the plug-in's client with these arguments to its end; answers whether it succeeded.
+  static bool client(const std::vector<std::string> &arguments);
+
+  /// Runs the client and waits for the window that it opens, whose title is given.
+  bool openWindow(const std::vector<std::string> &arguments, const std::string &title);
+
+  /// The mails in the outbox, each as a mail program reads it: its headers' names in one line, then
+  /// "To:", "Cc:", "Subject:" and "Body:", a line each, with the text as JSON.
+  std::vector<std::string> mails() const;
+
+  /// Waits until the outbox has one mail and answers that; "" when it comes to have none or more.
+  std::string onlyMail() const;
+
+  /// The last line in the log of operations for this operation; "" when there is none.
+  std::string lastOperation(const std::string &name) const;
+};
+
+/// Whether the text has this part; tells both when it has not.
+testing::AssertionResult has(const std::string &text, const std::string &part);

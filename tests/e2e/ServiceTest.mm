@@ -1,0 +1,63 @@
+#import "tests/e2e/ServiceTest.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+#import "tests/e2e/WindowTest.h"
+
+ServiceTest::ServiceTest(const std::string &language) : application({{"LANGUAGE", language}}) {}
+
+void ServiceTest::SetUp() {
+  ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  // The last part of the launch is the start of the pasteboard's server. A window that is opened
+  // meanwhile is drawn when that is over.
+  ASSERT_TRUE(client({"copy-link", kit.makeFile("first.txt")})) << application.process().output();
+  ASSERT_TRUE(waitFor([] { return !clipboardReadByXclip().empty(); }));
+}
+
+bool ServiceTest::client(const std::vector<std::string> &arguments) {
+  std::vector<std::string> command = {CONTEXTMENU};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  ChildProcess process(command);
+  const int code = process.waitForEnd();
+  EXPECT_EQ(code, 0) << process.output();
+  return code == 0;
+}
+
+bool ServiceTest::openWindow(const std::vector<std::string> &arguments, const std::string &title) {
+  if (!client(arguments)) return false;
+  window = onlyWindow(title);
+  return !window.number.empty();
+}
+
+std::vector<std::string> ServiceTest::mails() const {
+  const std::filesystem::path outbox = kit.dataFolder() + "/outbox";
+  std::vector<std::string> read;
+  if (!std::filesystem::exists(outbox)) return read;
+  for (const auto &file : std::filesystem::directory_iterator(outbox)) {
+    if (file.path().extension() != ".eml") continue;
+    read.push_back(outputOf({"/usr/bin/python3", "-I", READ_MAIL, file.path()}));
+  }
+  return read;
+}
+
+std::string ServiceTest::onlyMail() const {
+  if (!waitFor([&] { return !mails().empty(); })) return "";
+  const auto all = mails();
+  return all.size() == 1 ? all.front() : "";
+}
+
+std::string ServiceTest::lastOperation(const std::string &name) const {
+  std::istringstream log(kit.data("operations.jsonl"));
+  std::string last;
+  for (std::string line; std::getline(log, line);) {
+    if (line.find("\"operation\": \"" + name + "\"") != std::string::npos) last = line;
+  }
+  return last;
+}
+
+testing::AssertionResult has(const std::string &text, const std::string &part) {
+  if (text.find(part) != std::string::npos) return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "no \"" << part << "\" in:\n" << text;
+}
