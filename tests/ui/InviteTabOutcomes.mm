@@ -130,6 +130,10 @@ TEST_F(InviteTabOutcomes, AWindowThatWasClosedAndOpenedAgainLoadsTwiceForAnInvit
     open();
     [window close];
   }
+  @autoreleasepool {
+    // Until then the application keeps what it has hidden.
+    [NSApp unhideWithoutActivation];
+  }
   ASSERT_TRUE(handleEventsUntil([] { return ended([PermissionTabController class]) == 1; }));
   open();
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
