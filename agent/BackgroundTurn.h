@@ -4,15 +4,24 @@
 
 namespace agent {
 
-/// While one of these lives on a background thread, no other background thread that wants one asks
-/// the agent: it waits for its turn. GNUstep loses replies when several threads of a process, from
-/// three or four on, ask another process at the same time, and the thread whose reply is lost waits
-/// for ever. On the main thread it does nothing: that thread never waits for a load.
+/// To be held by a background thread while it asks the agent; does nothing on the main thread.
 ///
-/// To be held for an exchange only, never while the main thread is waited for.
+/// Two things go wrong in GNUstep where threads of a process talk to another process, and the reply
+/// that is lost by it is waited for in vain:
+/// - several background threads, from three or four on, ask at the same time. So each waits for its
+///   turn;
+/// - a thread ends, and its connection with it, while another one begins to ask. So the turn ends
+/// by
+///   closing the thread's connections, at a moment when the main thread is between two events: it
+///   stands still until that is done, which takes no longer than closing a file.
+///
+/// Whatever the agent sent must have been read by the end of the turn.
 class BackgroundTurn {
  public:
   BackgroundTurn();
+  ~BackgroundTurn();
+  BackgroundTurn(const BackgroundTurn &) = delete;
+  BackgroundTurn &operator=(const BackgroundTurn &) = delete;
 
  private:
   std::unique_lock<std::mutex> lock_;
