@@ -7,6 +7,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "bench/support/InProcess.h"
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 #include "tests/support/CapturedLog.h"
@@ -31,50 +32,11 @@ namespace {
 
 constexpr int kWarmUpWindows = 10;
 
-/// Short, so that a window that has been opened meanwhile is seen at once.
-constexpr NSTimeInterval kLookSeconds = 0.0005;
-
-double millisecondsNow() {
-  const std::chrono::duration<double, std::milli> now =
-      std::chrono::steady_clock::now().time_since_epoch();
-  return now.count();
-}
-
-/// Takes an event out of the queue, for which it waits as long as that, and dispatches it. Answers
-/// whether there was one.
-bool handleEvent(NSDate *until) {
-  NSEvent *const event = [NSApp nextEventMatchingMask:NSAnyEventMask
-                                            untilDate:until
-                                               inMode:NSDefaultRunLoopMode
-                                              dequeue:YES];
-  if (event != nil) [NSApp sendEvent:event];
-  return event != nil;
-}
-
-template <class Condition>
-void handleEventsUntil(Condition condition) {
-  const double end = detail::secondsNow() + kPatienceSeconds;
-  while (!condition()) {
-    if (detail::secondsNow() > end) throw std::runtime_error("nothing happens");
-    @autoreleasepool {
-      handleEvent([NSDate dateWithTimeIntervalSinceNow:kLookSeconds]);
-    }
-  }
-}
-
 /// The end of an opening, on both sides: the queue is empty and nothing is left to be drawn.
 void drawCompletely(NSWindow *window) {
-  while (handleEvent([NSDate distantPast])) continue;
+  while (handleEvent([NSDate distantPast]) != nil) continue;
   [window displayIfNeeded];
   [window flushWindow];
-}
-
-/// The window of the application's that can be seen, nil for none.
-NSWindow *openWindow() {
-  for (NSWindow *window in [NSApp windows]) {
-    if ([window isVisible] && [window windowController] != nil) return window;
-  }
-  return nil;
 }
 
 /// The plug-in's process.
@@ -147,7 +109,7 @@ double millisecondsOfYardstick(const Kind &kind) {
     if (openWindow() != [controller window])
       throw std::runtime_error("the yardstick shows nothing");
     [controller close];
-    while (handleEvent([NSDate distantPast])) continue;
+    while (handleEvent([NSDate distantPast]) != nil) continue;
   }
   [controller release];
   return milliseconds;
@@ -165,17 +127,6 @@ void measure(Client &client, const Kind &kind, int rounds) {
   results.print();
 }
 
-/// The application's own launch, with its own main interface file.
-void launch() {
-  NSString *const principal =
-      [[[NSBundle mainBundle] infoDictionary] objectForKey:@"NSPrincipalClass"];
-  [NSClassFromString(principal) sharedApplication];
-  [NSBundle loadNibNamed:@"MainMenu" owner:NSApp];
-  [NSApp finishLaunching];
-  // The platform's own loop would say so, which does not run here.
-  [[NSApp delegate] applicationDidFinishLaunching:nil];
-}
-
 }  // namespace
 
 int main(int argc, char *argv[]) {
@@ -185,7 +136,7 @@ int main(int argc, char *argv[]) {
   @autoreleasepool {
     const AgentProcess agent;
     scriptSmallAccount(agent);
-    launch();
+    launchInProcess();
     Client client;
     measure(client, {"send window", @"MainWindow", 's'}, rounds);
     measure(client, {"share window", @"ShareFolder", 'h'}, rounds);
