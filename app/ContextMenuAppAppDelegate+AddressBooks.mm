@@ -1,6 +1,7 @@
 #include <utility>
 
 #import "agent/BVDataModelController.h"
+#import "agent/BackgroundTurn.h"
 #import "agent/ContactRecords.h"
 #import "agent/ResultDictionary.h"
 #import "app/AddressBookEntry.h"
@@ -60,6 +61,14 @@ bool fill(AddressBookLists *lists, id records) {
   return complete;
 }
 
+/// Fills the lists with what the agent answers. Blocks the calling thread meanwhile.
+bool askAgentFor(AddressBookLists *lists) {
+  const agent::BackgroundTurn turn;
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  NSDictionary *const reply = [link getEmployeeAddressBook];
+  return fill(lists, [reply objectForKey:agent::kValueKey]);
+}
+
 }  // namespace
 
 @implementation ContextMenuAppAppDelegate (AddressBooks)
@@ -83,10 +92,8 @@ bool fill(AddressBookLists *lists, id records) {
 - (void)getAddressBookForShareFolder {
   @autoreleasepool {
     [self publishAddressBooks:[[[AddressBookLists alloc] init] autorelease]];
-    BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-    NSDictionary *const reply = [link getEmployeeAddressBook];
     AddressBookLists *const lists = [[[AddressBookLists alloc] init] autorelease];
-    if (fill(lists, [reply objectForKey:agent::kValueKey])) [self publishAddressBooks:lists];
+    if (askAgentFor(lists)) [self publishAddressBooks:lists];
   }
 }
 

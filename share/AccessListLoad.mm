@@ -2,6 +2,7 @@
 
 #import "agent/AccessEntries.h"
 #import "agent/BVDataModelController.h"
+#import "agent/BackgroundTurn.h"
 #import "agent/ResultDictionary.h"
 #import "share/AccessRules.h"
 
@@ -25,6 +26,7 @@
 }
 
 - (void)askAgent {
+  const agent::BackgroundTurn turn;
   BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
   // clang-format off: it takes the first anonymous argument for a part of the name.
   NSDictionary *const reply = [link getAccess:pathOrId:isFileId];

@@ -24,6 +24,9 @@ struct ScreenTab {
   /// item's position, which the menu opens over; to: the wanted one's, another than that.
   void choose(const ScreenArea &popUp, int from, int to) const;
 
+  /// The same for a choice that something comes of at once: does not wait until the menu has gone.
+  void chooseAtOnce(const ScreenArea &popUp, int from, int to) const;
+
   /// Presses Return once and waits for what comes of it: the window with a sheet on it.
   bool pressReturnAndSeeSheet() const;
 

@@ -47,6 +47,11 @@ void ScreenTab::toggle(const ScreenArea &frame) const {
 }
 
 void ScreenTab::choose(const ScreenArea &popUp, int from, int to) const {
+  chooseAtOnce(popUp, from, to);
+  EXPECT_TRUE(waitForWindows(1));
+}
+
+void ScreenTab::chooseAtOnce(const ScreenArea &popUp, int from, int to) const {
   const ScreenArea closed = onScreen(popUp);
   ScreenArea item = closed;
   item.y += (to - from) * kMenuItemHeight;
@@ -56,7 +61,6 @@ void ScreenTab::choose(const ScreenArea &popUp, int from, int to) const {
   EXPECT_NE(settledPicture(item), "");
   changing(item, [&] { moveTo(middleOf(item).x, middleOf(item).y); });
   releaseButton();
-  EXPECT_TRUE(waitForWindows(1));
 }
 
 bool ScreenTab::pressReturnAndSeeSheet() const {

@@ -37,7 +37,9 @@ struct ServiceTest : testing::Test, ScreenTab {
   /// Waits until the outbox has one mail and answers that; "" when it comes to have none or more.
   std::string onlyMail() const;
 
-  /// The last line in the log of operations for this operation; "" when there is none.
+  /// The lines in the log of operations for this operation, and the last of them; "" when there is
+  /// none.
+  std::vector<std::string> operations(const std::string &name) const;
   std::string lastOperation(const std::string &name) const;
 };
 

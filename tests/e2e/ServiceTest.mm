@@ -48,13 +48,18 @@ std::string ServiceTest::onlyMail() const {
   return all.size() == 1 ? all.front() : "";
 }
 
-std::string ServiceTest::lastOperation(const std::string &name) const {
+std::vector<std::string> ServiceTest::operations(const std::string &name) const {
   std::istringstream log(kit.data("operations.jsonl"));
-  std::string last;
+  std::vector<std::string> found;
   for (std::string line; std::getline(log, line);) {
-    if (line.find("\"operation\": \"" + name + "\"") != std::string::npos) last = line;
+    if (line.find("\"operation\": \"" + name + "\"") != std::string::npos) found.push_back(line);
   }
-  return last;
+  return found;
+}
+
+std::string ServiceTest::lastOperation(const std::string &name) const {
+  const auto all = operations(name);
+  return all.empty() ? "" : all.back();
 }
 
 testing::AssertionResult has(const std::string &text, const std::string &part) {

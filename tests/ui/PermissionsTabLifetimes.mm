@@ -99,6 +99,7 @@ TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOw
       @{@"reply" : success(people(2))}
     ]
   });
+  const int controllers = endedControllers;
   openWindow();
   event([&] {
     [tab setFilePath:@"folder-1"];
@@ -106,7 +107,6 @@ TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOw
   });
   close();
   openWindow();
-  const int controllers = endedControllers;
   event([&] {
     [tab setFilePath:@"folder-2"];
     EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));

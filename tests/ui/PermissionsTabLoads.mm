@@ -1,7 +1,8 @@
+#include <filesystem>
+#include <fstream>
+
 #import "send/LocalizedText.h"
 #include "tests/ui/PermissionsTab.h"
-
-using PermissionsTabLoads = PermissionsTab;
 
 namespace {
 
@@ -9,35 +10,63 @@ NSDictionary *later(double seconds, NSArray *entries) {
   return @{@"delay" : [NSNumber numberWithDouble:seconds], @"reply" : success(entries)};
 }
 
+struct PermissionsTabLoads : PermissionsTab {
+  /// While it exists, the agent hangs in the call that is scripted with held.
+  const std::string hold = newTemporaryFolder() + "/hold";
+
+  NSDictionary *held(NSArray *entries) const {
+    std::ofstream(hold) << "";
+    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
+  }
+  void letAgentGoOn() const { std::filesystem::remove(hold); }
+
+  /// Waits until so many loads of the tab have begun, and the agent has been asked by the first.
+  bool waitUntilBegun(NSUInteger loads) const {
+    return handleEventsUntil([&] {
+      return [[tab valueForKey:@"newestLoad"] unsignedIntegerValue] == loads &&
+             calls(@"getAccess::") >= 1;
+    });
+  }
+};
+
 }  // namespace
 
 TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
-  agent.setScript(@{@"getAccess::" : @[ later(0.3, people(7)), later(0, people(2)) ]});
+  agent.setScript(@{@"getAccess::" : @[ held(people(7)), later(0, people(2)) ]});
   open(@"older");
-  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
+  ASSERT_TRUE(waitUntilBegun(2));
+  letAgentGoOn();
   ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(([argumentsOfLast(@"getAccess::") isEqual:@[ @"newer", @1 ]]));
 }
 
 TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
-  agent.setScript(@{@"getAccess::" : @[ later(0.2, people(7)), later(0.4, people(2)) ]});
+  agent.setScript(@{@"getAccess::" : @[ held(people(7)), later(0.4, people(2)) ]});
   open(@"older");
-  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
-  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  EXPECT_FALSE([spinner() isHidden]);
-  EXPECT_FALSE(showsList());
-  ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
+  ASSERT_TRUE(waitUntilBegun(2));
+  letAgentGoOn();
+  bool seemedIdle = false;
+  ASSERT_TRUE(handleEventsUntil([&] {
+    if (showsList()) return true;
+    seemedIdle = seemedIdle || [spinner() isHidden];
+    return false;
+  }));
+  EXPECT_FALSE(seemedIdle);
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE([spinner() isHidden]);
 }
 
 TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
-  agent.setScript(@{@"getAccess::" : @[ later(0.3, people(1)), later(0, people(2)) ]});
+  agent.setScript(@{@"getAccess::" : @[ held(people(1)), later(0, people(2)) ]});
   open();
-  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+  ASSERT_TRUE(waitUntilBegun(1));
+  // The invitation's loads wait for the agent on this thread.
+  ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
   for (int i = 0; i < 2; ++i) {
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
@@ -52,14 +81,15 @@ TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
 
 TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
   agent.setScript(@{
-    @"getAccess::" : @[ later(0, people(3)), later(0.2, people(5)) ],
+    @"getAccess::" : @[ later(0, people(3)), held(people(5)) ],
     @"grantAccess:::::::::" : @{@"reply" : success(@1), @"delay" : @0.3}
   });
   openLoaded();
   SharedWith *const first = person(1);
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  // Nothing of the load happens inside the action.
+  // Nothing of the load happens inside the action, which outlasts it.
+  ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
   choose(1, @"accessPermissionReadWriteKey");
   EXPECT_EQ(person(1), first);
   EXPECT_EQ([first accessPermission], 1);
@@ -92,4 +122,18 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
   ASSERT_TRUE(handleEventsUntil([&] { return text([person(0) personName]) == "Bert B"; }));
   press(question, 0);
   EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:0]), "anna@x.org");
+}
+
+TEST_F(PermissionsTabLoads, ManyLoadsAtOnceAllReachTheAgentAndOneMoreShowsItsList) {
+  constexpr NSUInteger kLoads = 12;
+  answerList(people(2));
+  openWindow();
+  for (NSUInteger i = 0; i < kLoads; ++i) {
+    [tab setFilePath:[NSString stringWithFormat:@"folder-%d", static_cast<int>(i)]];
+  }
+  EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == kLoads && showsList(); }));
+  answerList(people(3));
+  [tab setFilePath:@"the last"];
+  EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 3; }));
+  EXPECT_EQ(text([argumentsOfLast(@"getAccess::") objectAtIndex:0]), "the last");
 }

@@ -1,0 +1,176 @@
+// What goes wrong while a folder is shared, and that the window can be used afterwards.
+
+#include <filesystem>
+#include <fstream>
+
+#import "tests/e2e/ShareTab.h"
+#import "tests/e2e/WindowTest.h"
+
+namespace {
+
+NSString *const kGetAccess = @"getAccess::";
+NSString *const kGrant = @"grantAccess:::::::::";
+NSString *const kRevoke = @"revokeAccess:::";
+const std::string kTitle = "Share Folder";
+const std::string kNoReply = "Getting null data from rest API(machine offline or server down)";
+/// Colleagues in the scripted agent's address book.
+const std::string kThree = "user0@example.org,user1@example.org,user2@example.org,";
+
+/// As many entries of an access list, of people who may only read.
+NSArray *readers(int count) {
+  NSMutableArray *const all = [NSMutableArray array];
+  for (int i = 0; i < count; ++i) {
+    [all addObject:@{
+      @"type" : @"user",
+      @"candownload" : @true,
+      @"userfname" : [NSString stringWithFormat:@"Reader%d", i],
+      @"userlname" : @"Last",
+      @"useremail" : [NSString stringWithFormat:@"reader%d@example.org", i]
+    }];
+  }
+  return all;
+}
+
+NSDictionary *answered(id value) {
+  return @{@"reply" : success(value)};
+}
+
+struct ShareFolderFaults : WindowTest, ShareTab {
+  /// While it exists, the agent hangs in the call that is scripted with held.
+  const std::string hold = newTemporaryFolder() + "/hold";
+
+  NSDictionary *held(id value) const {
+    std::ofstream(hold) << "";
+    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(value)};
+  }
+  void letAgentGoOn() const { std::filesystem::remove(hold); }
+
+  bool openShare(const ShareCall &call = {}) {
+    if (!open(call)) return false;
+    window = onlyWindow(kTitle);
+    return !window.number.empty();
+  }
+
+  bool waitForCalls(NSString *operation, NSUInteger count) const {
+    return waitFor([&] { return callsOf(operation) == count; });
+  }
+
+  /// The agent ends in the middle of a call, another one comes, and the alert is dismissed.
+  void replaceAgentBehindAlert(NSDictionary *script) {
+    endAgent();
+    ASSERT_TRUE(waitFor([&] { return linesInLog(kNoReply) == 1; }));
+    ASSERT_TRUE(waitForWindows(2));
+    startAgent();
+    agent->setScript(script);
+    ASSERT_TRUE(dismissAlert());
+  }
+};
+
+}  // namespace
+
+TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverTheListIsToldWithoutAnAlert) {
+  agent->setScript(@{kGetAccess : held(readers(3))});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  const std::string fetching = settledPicture(onScreen(kStatusText));
+  ASSERT_NE(fetching, "");
+  endAgent();
+  EXPECT_TRUE(waitFor([&] { return picture(onScreen(kStatusText)) != fetching; }));
+  EXPECT_NE(settledPicture(onScreen(kStatusText)), "");
+  EXPECT_EQ(windowsOnScreen().size(), 1u);
+  EXPECT_TRUE(seesRows(0));
+}
+
+TEST_F(ShareFolderFaults, AfterAListThatDidNotComeAnInvitationShowsIt) {
+  agent->setScript(@{kGetAccess : held(readers(3))});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  endAgent();
+  startAgent();
+  agent->setScript(@{kGetAccess : answered(readers(2)), kGrant : answered(@{})});
+  goTo(kInviteLabel);
+  click(kInviteRecipients);
+  typeText(kThree);
+  click(kInviteButton);
+  ASSERT_TRUE(seesSuccess());
+  goTo(kPeopleLabel);
+  EXPECT_TRUE(seesRows(2));
+}
+
+TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverTheSecondOfThreeLeavesAllRecipients) {
+  agent->setScript(@{kGrant : @[ answered(@{}), held(@{}) ]});
+  ASSERT_TRUE(openShare({.tab = 1}));
+  typeText(kThree);
+  click(kInviteButton);
+  ASSERT_TRUE(waitForCalls(kGrant, 2));
+  replaceAgentBehindAlert(@{kGrant : answered(@{})});
+  EXPECT_EQ(callsOf(kGrant), 0u);  // the third was not tried
+  click(kInviteButton);
+  ASSERT_TRUE(seesSuccess());
+  EXPECT_EQ(callsOf(kGrant), 3u);
+  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:0]), "user2@example.org");
+}
+
+TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverAChangeLeavesTheNewLevelInTheRow) {
+  agent->setScript(@{kGetAccess : answered(readers(3)), kGrant : held(@{})});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(seesRows(3));
+  chooseAccess(1, kReadOnly, kReadWrite);
+  ASSERT_TRUE(waitForCalls(kGrant, 1));
+  replaceAgentBehindAlert(@{kGrant : answered(@{})});
+  chooseAccess(1, kReadWrite, kReadOnly);
+  ASSERT_TRUE(seesSuccess());
+  NSArray *const first = [argumentsOf(kGrant) subarrayWithRange:NSMakeRange(0, 5)];
+  EXPECT_TRUE(([first isEqual:@[ @"reader1@example.org", @"id-2", @1, @0, @0 ]])) << text(first);
+}
+
+TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverARemovalLeavesTheRow) {
+  agent->setScript(@{kGetAccess : answered(readers(3)), kRevoke : held(@{})});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(seesRows(3));
+  ASSERT_TRUE(askToRemove(1));
+  pressKeys({"Return"});
+  ASSERT_TRUE(waitForCalls(kRevoke, 1));
+  replaceAgentBehindAlert(@{kRevoke : answered(@{})});
+  EXPECT_TRUE(seesRows(3));
+  ASSERT_TRUE(askToRemove(1));
+  pressKeys({"Return"});
+  ASSERT_TRUE(seesSuccess());
+  EXPECT_EQ(text([argumentsOf(kRevoke) objectAtIndex:0]), "reader1@example.org");
+  EXPECT_TRUE(seesRows(2));
+}
+
+TEST_F(ShareFolderFaults, AWindowIsClosedWhileItsListIsFetchedAndTheNextOneShowsIt) {
+  agent->setScript(@{kGetAccess : @[ held(readers(4)), answered(readers(2)) ]});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  pressKeys({"Return"});  // the button "Done"
+  EXPECT_TRUE(waitForWindows(0));
+  letAgentGoOn();
+  ASSERT_TRUE(openShare());
+  EXPECT_TRUE(seesRows(2));
+  EXPECT_EQ(callsOf(kGetAccess), 2u);
+}
+
+TEST_F(ShareFolderFaults, AWindowOpenedWhileAnotherOnesListIsFetchedShowsItsOwn) {
+  agent->setScript(@{kGetAccess : @[ held(readers(4)), answered(readers(2)) ]});
+  ASSERT_TRUE(openShare({.item = "id-former"}));
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  ASSERT_TRUE(openShare({.item = "id-next"}));
+  letAgentGoOn();
+  EXPECT_TRUE(seesRows(2));
+  EXPECT_EQ(callsOf(kGetAccess), 2u);
+  EXPECT_EQ(text([argumentsOf(kGetAccess) objectAtIndex:0]), "id-next");
+  EXPECT_EQ(linesInLog("window closed"), 1);
+}
+
+TEST_F(ShareFolderFaults, WhileTheListIsFetchedTheIndicatorIsOnTheScreen) {
+  agent->setScript(@{kGetAccess : held(readers(2))});
+  ASSERT_TRUE(openShare());
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  // Where it is hidden there is one colour, of which picture makes "".
+  EXPECT_TRUE(waitFor([&] { return !picture(onScreen(kIndicator)).empty(); }));
+  letAgentGoOn();
+  EXPECT_TRUE(seesRows(2));
+  EXPECT_TRUE(waitFor([&] { return picture(onScreen(kIndicator)).empty(); }));
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#import "tests/e2e/ScreenTab.h"
+
+/// Frames of the labels that lead from tab to tab, and of the controls of the invite tab and of the
+/// tab with the people, see ScreenTab.
+constexpr ScreenArea kPeopleLabel = {234, 384, 20, 20};
+constexpr ScreenArea kInviteLabel = {301, 384, 20, 20};
+constexpr ScreenArea kInviteRecipients = {172, 319, 365, 46};
+constexpr ScreenArea kInviteAccess = {169, 283, 205, 26};
+constexpr ScreenArea kInviteMessage = {172, 61, 365, 212};
+constexpr ScreenArea kInviteButton = {430, 13, 110, 32};
+constexpr ScreenArea kStatusText = {37, 180, 480, 51};
+constexpr ScreenArea kIndicator = {20, 21, 16, 16};
+
+/// The places of the two levels in the pop-ups.
+constexpr int kReadWrite = 0;
+constexpr int kReadOnly = 1;
+
+/// The share window, used with real keys and clicks.
+struct ShareTab : ScreenTab {
+  /// Goes to the other tab by a click on its label.
+  void goTo(const ScreenArea &label) const;
+
+  /// Waits until the list has this many rows, at most five; answers whether it comes to have them.
+  bool seesRows(int count) const;
+
+  /// Chooses the other level from the pop-up of a row; does not wait for what comes of it. from,
+  /// to: kReadWrite or kReadOnly.
+  void chooseAccess(int row, int from, int to) const;
+
+  /// Presses the button of a row; answers whether the question comes.
+  bool askToRemove(int row) const;
+
+  /// Waits for the sheet that says that something was done, and for its end.
+  bool seesSuccess() const;
+};
