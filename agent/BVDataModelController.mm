@@ -98,9 +98,10 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 
 #pragma mark - Operations
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
-- (NSDictionary *)getLinkForFile:(NSString *)
-                        pathOrId:(BOOL)notifyOnDownload
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
+- (NSDictionary *)getLinkForFile:(NSString *)pathOrId
+                                :(BOOL)notifyOnDownload
                                 :(BOOL)requireEmail
                                 :(NSString *)maxDownloads
                                 :(BOOL)isFileId {
@@ -109,8 +110,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
   });
 }
 
-- (NSDictionary *)getLinkForFolder:(NSString *)
-                          pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)getLinkForFolder:(NSString *)pathOrId
+                                  :(BOOL)notifyOnDownload
                                   :(BOOL)requireEmail
                                   :(NSString *)maxDownloads
                                   :(BOOL)isFileId {
@@ -119,8 +120,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
   });
 }
 
-- (NSDictionary *)sendFile:(NSString *)
-                  pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFile:(NSString *)pathOrId
+                          :(BOOL)notifyOnDownload
                           :(BOOL)requireEmail
                           :(NSString *)maxDownloads
                           :(NSString *)recipients
@@ -129,14 +130,13 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
                           :(BOOL)isFileId
                           :(BOOL)copyMe {
   return forward(self, [&](id<KRVProxy> proxy) {
-    return [proxy sendFile:
-                  pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
+    return [proxy sendFile:pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
                           :isFileId:copyMe];
   });
 }
 
-- (NSDictionary *)sendFolder:(NSString *)
-                    pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFolder:(NSString *)pathOrId
+                            :(BOOL)notifyOnDownload
                             :(BOOL)requireEmail
                             :(NSString *)maxDownloads
                             :(NSString *)recipients
@@ -145,14 +145,13 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
                             :(BOOL)isFileId
                             :(BOOL)copyMe {
   return forward(self, [&](id<KRVProxy> proxy) {
-    return [proxy sendFolder:
-                    pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
+    return [proxy sendFolder:pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
                             :isFileId:copyMe];
   });
 }
 
-- (NSDictionary *)grantAccess:(NSString *)
-                    userEmail:(NSString *)pathOrId
+- (NSDictionary *)grantAccess:(NSString *)userEmail
+                             :(NSString *)pathOrId
                              :(BOOL)canDownload
                              :(BOOL)canUpload
                              :(BOOL)canDelete
@@ -161,8 +160,7 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
                              :(BOOL)isNewInvite
                              :(NSString *)message {
   return forward(self, [&](id<KRVProxy> proxy) {
-    return [proxy grantAccess:
-                    userEmail:pathOrId:canDownload:canUpload:canDelete:grantFlag:isFileId
+    return [proxy grantAccess:userEmail:pathOrId:canDownload:canUpload:canDelete:grantFlag:isFileId
                              :isNewInvite:message];
   });
 }

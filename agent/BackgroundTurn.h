@@ -11,9 +11,8 @@ namespace agent {
 /// - several background threads, from three or four on, ask at the same time. So each waits for its
 ///   turn;
 /// - a thread ends, and its connection with it, while another one begins to ask. So the turn ends
-/// by
-///   closing the thread's connections, while the main thread stands still between two events; that
-///   takes no longer than closing a file.
+///   by closing the thread's connections, while the main thread stands still between two events;
+///   that takes no longer than closing a file.
 ///
 /// An agent that hangs in one thread's question therefore holds up the threads behind it, which
 /// would only wait for the same agent.

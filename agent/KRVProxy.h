@@ -19,26 +19,27 @@
 /// reach the service. Dictionaries and arrays arrive as proxies: each message to one is a round
 /// trip, and each may raise when the agent goes away. Read them through ResultDictionary.h and
 /// ContactRecords.h only.
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 @protocol KRVOperations <NSObject>
 
 /// Makes a link to a file; "value" is the link, a string.
-- (NSDictionary *)getLinkForFile:(NSString *)
-                        pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)getLinkForFile:(NSString *)pathOrId
+                                :(BOOL)notifyOnDownload
                                 :(BOOL)requireEmail
                                 :(NSString *)maxDownloads
                                 :(BOOL)isFileId;
 
 /// As getLinkForFile:::::, for a folder.
-- (NSDictionary *)getLinkForFolder:(NSString *)
-                          pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)getLinkForFolder:(NSString *)pathOrId
+                                  :(BOOL)notifyOnDownload
                                   :(BOOL)requireEmail
                                   :(NSString *)maxDownloads
                                   :(BOOL)isFileId;
 
 /// Mails a link to a file to the recipients.
-- (NSDictionary *)sendFile:(NSString *)
-                  pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFile:(NSString *)pathOrId
+                          :(BOOL)notifyOnDownload
                           :(BOOL)requireEmail
                           :(NSString *)maxDownloads
                           :(NSString *)recipients
@@ -48,8 +49,8 @@
                           :(BOOL)copyMe;
 
 /// As sendFile:::::::::, for a folder.
-- (NSDictionary *)sendFolder:(NSString *)
-                    pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFolder:(NSString *)pathOrId
+                            :(BOOL)notifyOnDownload
                             :(BOOL)requireEmail
                             :(NSString *)maxDownloads
                             :(NSString *)recipients
@@ -60,8 +61,8 @@
 
 /// Grants userEmail access to a folder, or changes the access that it has. grantFlag is a fourth
 /// flag whose meaning only the agent knows; isNewInvite is YES when new people are invited.
-- (NSDictionary *)grantAccess:(NSString *)
-                    userEmail:(NSString *)pathOrId
+- (NSDictionary *)grantAccess:(NSString *)userEmail
+                             :(NSString *)pathOrId
                              :(BOOL)canDownload
                              :(BOOL)canUpload
                              :(BOOL)canDelete

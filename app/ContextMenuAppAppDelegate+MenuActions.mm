@@ -44,7 +44,8 @@ NSString *closeWindowsAndReadSelection(ContextMenuAppAppDelegate *delegate) {
 /// The item's server id; nil, and a line in the log, when it has none.
 NSString *serverId(ContextMenuAppAppDelegate *delegate, ItemKind kind, NSString *path) {
   NSString *found = @"";
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   const int code = kind == ItemKind::Folder ? [delegate GetFolderIdByPath:path:nullptr:&found]
                                             : [delegate GetFileIdByPath:path:nullptr:&found];
   // clang-format on
@@ -127,7 +128,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
 @implementation ContextMenuAppAppDelegate (MenuActions)
 
 - (BOOL)isInSyncedFolder:(NSString *)path {
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   return [self containsString:path:[self syncedFilePath]];
   // clang-format on
 }
@@ -222,7 +224,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
 - (void)shareSelectedFolder:(NSString *)selected {
   NSString *const ownArea = [NSString stringWithFormat:@"%@/MyDocs", [self syncedFilePath]];
   // The user is told, unlike in the other actions: also of what lies outside the synced folder.
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   if (![self containsString:selected:ownArea]) {
     // clang-format on
     tellUser(self,

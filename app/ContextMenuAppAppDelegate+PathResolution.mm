@@ -47,7 +47,8 @@ int lookUpId(IdQuery query, NSString *path, char *idBuffer, NSString **outId) {
 
 @implementation ContextMenuAppAppDelegate (PathResolution)
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 
 - (int)GetFileState:(NSString *)path:(int)state {
   return queryEngine([&] {

@@ -38,7 +38,8 @@ void readSingly() {
   @autoreleasepool {
     id<KRVProxy> const agent =
         (id)[NSConnection rootProxyForConnectionWithRegisteredName:@"KRVSyncAgent" host:nil];
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     NSArray *const entries = [[agent getAccess:@"folder":YES] objectForKey:@"value"];
     // clang-format on
     NSMutableArray *const rows = [NSMutableArray array];

@@ -38,7 +38,8 @@ id<KRVProxy> agentProxy() {
 }
 
 void giveAccess(id<KRVProxy> agent, NSString *address) {
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   NSDictionary *const reply = [agent grantAccess:address:@"folder":YES:NO:NO:YES:YES:YES:@""];
   // clang-format on
   if ([[reply objectForKey:@"error"] boolValue]) throw std::runtime_error("refused");
@@ -58,7 +59,8 @@ void exchangeBarely() {
   @autoreleasepool {
     for (NSString *address in addresses()) giveAccess(agentProxy(), address);
     for (int i = 0; i < 2; ++i) {
-      // clang-format off: it takes the first anonymous argument for a part of the name.
+      // The formatter takes the first anonymous argument for a part of the name.
+      // clang-format off
       NSDictionary *const reply = [agentProxy() getAccess:@"folder":YES];
       // clang-format on
       if ([[reply objectForKey:@"value"] count] != 0) throw std::runtime_error("a strange list");

@@ -120,9 +120,10 @@ void activateWith(NSWindow *window) {
   return [super methodSignatureForSelector:selector];
 }
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
-- (void)LaunchSendCopyLinkTab:(NSString *)
-                         item:(NSString *)displayName
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
+- (void)LaunchSendCopyLinkTab:(NSString *)item
+                             :(NSString *)displayName
                              :(BOOL)isMyDocs
                              :(BOOL)isFolder
                              :(BOOL)tabPosition
@@ -152,9 +153,10 @@ void activateWith(NSWindow *window) {
   give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
 }
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
-- (void)LaunchShareFolderTab:(NSString *)
-                        item:(NSString *)unusedDisplayName
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
+- (void)LaunchShareFolderTab:(NSString *)item
+                            :(NSString *)unusedDisplayName
                             :(BOOL)unused
                             :(BOOL)tabPosition
                             :(BOOL)isFileId {
@@ -175,7 +177,8 @@ void activateWith(NSWindow *window) {
   give([controller sendInviteTab], reference, flagOf(isFileId));
 }
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;

@@ -4,7 +4,8 @@
 /// under the name "ContextMenuPlugin". The plug-in's call returns when the operation has finished.
 /// The arguments marked as unused are never read, yet they stay in place so that the plug-in's
 /// calls keep their shape. A BOOL is one byte on the wire.
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 @protocol ContextMenuService <NSObject>
 
 /// Puts a link to the item on the clipboard without opening a window.
@@ -13,16 +14,16 @@
 
 /// Opens the send and copy-link window. item: path or server id, as isFileId says; tabPosition: 0
 /// for the send tab, 1 for the copy-link tab.
-- (void)LaunchSendCopyLinkTab:(NSString *)
-                         item:(NSString *)displayName
+- (void)LaunchSendCopyLinkTab:(NSString *)item
+                             :(NSString *)displayName
                              :(BOOL)isMyDocs
                              :(BOOL)isFolder
                              :(BOOL)tabPosition
                              :(BOOL)isFileId;
 
 /// Opens the share window. tabPosition: 0 for the permissions tab, 1 for the invite tab.
-- (void)LaunchShareFolderTab:(NSString *)
-                        item:(NSString *)unusedDisplayName
+- (void)LaunchShareFolderTab:(NSString *)item
+                            :(NSString *)unusedDisplayName
                             :(BOOL)unused
                             :(BOOL)tabPosition
                             :(BOOL)isFileId;

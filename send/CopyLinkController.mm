@@ -97,9 +97,10 @@
 
 #pragma mark - The link
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
-- (NSDictionary *)getCopyLink:(NSString *)
-                   unusedPath:(BOOL)notify
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
+- (NSDictionary *)getCopyLink:(NSString *)unusedPath
+                             :(BOOL)notify
                              :(BOOL)askForMail
                              :(NSString *)downloads {
   (void)unusedPath;

@@ -126,12 +126,13 @@ const KindTexts &textsFor(BOOL isFolder) {
   const BOOL isId = [self isFileId];
   // A server id says nothing about the kind of the item: whoever opened the window knows.
   if (!isId) [self setIsFolder:isFolderOnDisk(path)];
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   return [self isFolder]
-             ? [link sendFolder:
-                           path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe]
-             : [link sendFile:
-                         path:notify:askForEmail:downloads:recipients:subject:message:isId:copyMe];
+             ? [link sendFolder:path:notify:askForEmail:downloads
+                               :recipients:subject:message:isId:copyMe]
+             : [link sendFile:path:notify:askForEmail:downloads
+                             :recipients:subject:message:isId:copyMe];
   // clang-format on
 }
 

@@ -28,7 +28,8 @@
 - (void)askAgent {
   const agent::BackgroundTurn turn;
   BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   NSDictionary *const reply = [link getAccess:pathOrId:isFileId];
   // clang-format on
   if ([reply count] == 0) return;

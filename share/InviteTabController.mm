@@ -101,9 +101,10 @@ NSAlert *notColleaguesAlert(NSString *people) {
   for (NSString *recipient in recipients) {
     NSString *const path = [self filePath];
     const BOOL isId = [self isFileId];
-    // clang-format off: it takes the first anonymous argument for a part of the name.
-    NSDictionary *const reply = [link grantAccess:
-                                        recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
+    NSDictionary *const reply =
+        [link grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
     // clang-format on
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:

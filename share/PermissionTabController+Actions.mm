@@ -89,7 +89,8 @@ NSAlert *question() {
   NSString *const message = localizedText(@"permissionNotifyMessageKey");
   NSString *const path = [self filePath];
   const BOOL isId = [self isFileId];
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   return [link grantAccess:[person useremail]:path:YES:mayWrite:mayWrite:YES:isId:NO:message];
   // clang-format on
 }
@@ -169,7 +170,8 @@ NSAlert *question() {
   [self showAtWork];
   BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
   NSString *const path = [self filePath];
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   NSDictionary *const reply = [link revokeAccess:[person useremail]:path:[self isFileId]];
   // clang-format on
   if ([self didSucceed:reply]) {

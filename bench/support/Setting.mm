@@ -79,7 +79,8 @@ PluginClient::~PluginClient() {
 
 void PluginClient::copyLink() const {
   @autoreleasepool {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     [static_cast<id>(proxy_) copyLinkToClipboard:@"4711":NO:NO];
     // clang-format on
   }
@@ -87,7 +88,8 @@ void PluginClient::copyLink() const {
 
 void PluginClient::openSendWindow() const {
   @autoreleasepool {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     [static_cast<id>(proxy_) LaunchSendCopyLinkTab:@"4711":@"Quarterly figures.csv":NO:NO:NO:YES];
     // clang-format on
   }
@@ -95,7 +97,8 @@ void PluginClient::openSendWindow() const {
 
 void PluginClient::openShareWindow() const {
   @autoreleasepool {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     [static_cast<id>(proxy_) LaunchShareFolderTab:@"4711":@"Project Aurora":NO:NO:YES];
     // clang-format on
   }

@@ -20,7 +20,8 @@ id agentProxy() {
 
 @implementation BareCopyService
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   (void)isFolder;
   (void)unused;

@@ -40,10 +40,11 @@ static bool Flag(const BOOL &byte) {
 
 #pragma mark - Links and mails
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 
-- (NSDictionary *)getLinkForFile:(NSString *)
-                        pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)getLinkForFile:(NSString *)pathOrId
+                                :(BOOL)notifyOnDownload
                                 :(BOOL)requireEmail
                                 :(NSString *)maxDownloads
                                 :(BOOL)isFileId {
@@ -52,8 +53,8 @@ static bool Flag(const BOOL &byte) {
   return dictionaryFrom(_operations->getLink(Kind::File, item, link));
 }
 
-- (NSDictionary *)getLinkForFolder:(NSString *)
-                          pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)getLinkForFolder:(NSString *)pathOrId
+                                  :(BOOL)notifyOnDownload
                                   :(BOOL)requireEmail
                                   :(NSString *)maxDownloads
                                   :(BOOL)isFileId {
@@ -62,8 +63,8 @@ static bool Flag(const BOOL &byte) {
   return dictionaryFrom(_operations->getLink(Kind::Folder, item, link));
 }
 
-- (NSDictionary *)sendFile:(NSString *)
-                  pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFile:(NSString *)pathOrId
+                          :(BOOL)notifyOnDownload
                           :(BOOL)requireEmail
                           :(NSString *)maxDownloads
                           :(NSString *)recipients
@@ -78,8 +79,8 @@ static bool Flag(const BOOL &byte) {
   return dictionaryFrom(_operations->send(Kind::File, item, link, mail));
 }
 
-- (NSDictionary *)sendFolder:(NSString *)
-                    pathOrId:(BOOL)notifyOnDownload
+- (NSDictionary *)sendFolder:(NSString *)pathOrId
+                            :(BOOL)notifyOnDownload
                             :(BOOL)requireEmail
                             :(NSString *)maxDownloads
                             :(NSString *)recipients
@@ -96,8 +97,8 @@ static bool Flag(const BOOL &byte) {
 
 #pragma mark - Access
 
-- (NSDictionary *)grantAccess:(NSString *)
-                    userEmail:(NSString *)pathOrId
+- (NSDictionary *)grantAccess:(NSString *)userEmail
+                             :(NSString *)pathOrId
                              :(BOOL)canDownload
                              :(BOOL)canUpload
                              :(BOOL)canDelete

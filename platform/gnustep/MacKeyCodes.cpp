@@ -14,7 +14,8 @@ struct Key {
 // (Help for Insert, F13 to F15 for Print, Scroll Lock and Pause, Clear for Num Lock), it is that
 // key. The left Windows key is the left Command key by its place; which of these keys works as
 // Command is another matter.
-// clang-format off: it would take the rows apart.
+// The formatter would take the rows apart.
+// clang-format off
 constexpr Key kKeys[] = {
     {9, 53},                                        // Escape
     {67, 122},  {68, 120},  {69, 99},   {70, 118},  // F1 to F4

@@ -39,14 +39,15 @@
 
 #pragma mark - ContextMenuService
 
-// clang-format off: it takes the first anonymous argument for a part of the name.
+// The formatter takes the first anonymous argument for a part of the name.
+// clang-format off
 
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   [self note:[NSString stringWithFormat:@"copy|%@|%d|%d", item, isFolder, unused]];
 }
 
-- (void)LaunchSendCopyLinkTab:(NSString *)
-                         item:(NSString *)displayName
+- (void)LaunchSendCopyLinkTab:(NSString *)item
+                             :(NSString *)displayName
                              :(BOOL)isMyDocs
                              :(BOOL)isFolder
                              :(BOOL)tabPosition
@@ -55,8 +56,8 @@
                                         isFolder, tabPosition, isFileId]];
 }
 
-- (void)LaunchShareFolderTab:(NSString *)
-                        item:(NSString *)unusedDisplayName
+- (void)LaunchShareFolderTab:(NSString *)item
+                            :(NSString *)unusedDisplayName
                             :(BOOL)unused
                             :(BOOL)tabPosition
                             :(BOOL)isFileId {

@@ -18,7 +18,8 @@ struct PluginCopy : testing::Test {
   void SetUp() override { ASSERT_TRUE(application.waitUntilServing()); }
 
   static void copy(NSString *item, bool withProtocol = true) {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     [RunningApplication::service(withProtocol) copyLinkToClipboard:item:NO:NO];
     // clang-format on
   }

@@ -34,24 +34,23 @@ BOOL byteFrom(const char *argument) {
 /// Answers whether the arguments are those of an operation.
 bool call(id<ContextMenuService> service, const Arguments &arguments) {
   const std::string_view operation = arguments.front();
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   if (operation == "send" && arguments.size() == 7) {
-    [service LaunchSendCopyLinkTab:
-                 stringFrom(arguments[1]
-                            ):stringFrom(arguments[2]
-                                         ):byteFrom(arguments[3]
-                                                    ):byteFrom(arguments[4]
-                                                               ):byteFrom(arguments[5]
-                                                                          ):byteFrom(arguments[6])];
+    [service LaunchSendCopyLinkTab:stringFrom(arguments[1])
+                                  :stringFrom(arguments[2])
+                                  :byteFrom(arguments[3])
+                                  :byteFrom(arguments[4])
+                                  :byteFrom(arguments[5])
+                                  :byteFrom(arguments[6])];
     return true;
   }
   if (operation == "share" && arguments.size() == 6) {
-    [service LaunchShareFolderTab:stringFrom(
-                                      arguments[1]
-                                      ):stringFrom(arguments[2]
-                                                   ):byteFrom(arguments[3]
-                                                              ):byteFrom(arguments[4]
-                                                                         ):byteFrom(arguments[5])];
+    [service LaunchShareFolderTab:stringFrom(arguments[1])
+                                 :stringFrom(arguments[2])
+                                 :byteFrom(arguments[3])
+                                 :byteFrom(arguments[4])
+                                 :byteFrom(arguments[5])];
     return true;
   }
   if (arguments.size() == 1) {

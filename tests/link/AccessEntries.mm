@@ -72,7 +72,8 @@ struct AccessEntries : testing::Test {
   id remote(id entries) const {
     agent.answer(@"getAccess::", success(entries));
     BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     return [[link getAccess:@"folder":YES] objectForKey:@"value"];
     // clang-format on
   }

@@ -18,7 +18,8 @@ struct CopyLink : testing::Test {
   ~CopyLink() override { [controller release]; }
 
   NSDictionary *link(NSString *unusedPath = @"unused") {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     return [controller getCopyLink:unusedPath:YES:NO:@"-1"];
     // clang-format on
   }
@@ -68,7 +69,8 @@ TEST_F(CopyLink, TheLinkIsForTheFilePathWhateverTheFirstArgumentSays) {
 TEST_F(CopyLink, OptionsAndDownloadsAreHandedOnAsTheyAre) {
   AgentProcess agent;
   [controller setFilePath:@"id-1"];
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   [controller getCopyLink:@"":NO:YES:@"5"];
   // clang-format on
   NSArray *const arguments = [[agent.calls() objectAtIndex:0] objectForKey:@"arguments"];

@@ -68,7 +68,8 @@ struct DirectCopy : testing::Test {
   ~DirectCopy() override { [proxy release]; }
 
   void copy(id item = @"id-1", BOOL isFolder = NO, BOOL unused = NO) {
-    // clang-format off: it takes the first anonymous argument for a part of the name.
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
     [proxy copyLinkToClipboard:item:isFolder:unused];
     // clang-format on
   }

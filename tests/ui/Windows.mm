@@ -73,7 +73,8 @@ void WindowsWithoutAgent::closeWindows() {
 }
 
 SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab, const SendOptions &options) {
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   [proxy LaunchSendCopyLinkTab:options.item:options.name:options.isMyDocs:options.isFolder
                               :static_cast<BOOL>(tab):options.isFileId];
   // clang-format on
@@ -86,7 +87,8 @@ SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab) {
 }
 
 BrisvaleTabController *WindowsWithoutAgent::openShare(int tab, NSString *item) {
-  // clang-format off: it takes the first anonymous argument for a part of the name.
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
   [proxy LaunchShareFolderTab:item:@"unused":YES:static_cast<BOOL>(tab):YES];
   // clang-format on
   handlePostedEvents();
