@@ -1,5 +1,7 @@
 #import "send/WindowTitle.h"
 
+#import "agent/UTF16.h"
+
 namespace {
 
 /// In UTF-16 units, as file systems of the Mac count.
@@ -19,7 +21,9 @@ NSString *withoutControls(NSString *name) {
 }  // namespace
 
 NSString *windowTitle(NSString *name) {
-  NSString *const line = withoutControls(name);
+  // Of half a surrogate pair the window server gets no title at all.
+  NSString *const whole = utf16::stringOf(utf16::wellFormed(utf16::unitsOf(name)));
+  NSString *const line = withoutControls(whole);
   if ([line length] == 0) return nil;
   if ([line length] <= kLongestTitle) return line;
   const NSRange cut = [line rangeOfComposedCharacterSequenceAtIndex:kLongestTitle - 1];

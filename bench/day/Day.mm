@@ -1,0 +1,150 @@
+#import "bench/day/Day.h"
+
+#include <stdexcept>
+#include <vector>
+
+#include "devkit/store/SampleAccount.h"
+#import "tests/e2e/SendTab.h"
+
+namespace {
+
+/// Frames of the other tabs' controls, see ScreenTab.
+constexpr ScreenArea kCopyButton = {414, 13, 126, 32};
+constexpr ScreenArea kInviteButton = {430, 13, 110, 32};
+constexpr ScreenArea kDoneButton = {430, 13, 110, 32};
+
+constexpr int kSendTab = 0;
+constexpr int kCopyTab = 1;
+constexpr int kPeopleTab = 0;
+constexpr int kInviteTab = 1;
+
+constexpr const char *kRefreshSeconds = "2";
+
+void must(bool condition, const std::string &what) {
+  if (!condition) throw std::runtime_error("not so: " + what);
+}
+
+ChildProcess client(const std::vector<std::string> &arguments) {
+  std::vector<std::string> command = {CONTEXTMENU};
+  command.insert(command.end(), arguments.begin(), arguments.end());
+  return ChildProcess(command);
+}
+
+void clientMust(const std::vector<std::string> &arguments) {
+  ChildProcess process = client(arguments);
+  must(process.waitForEnd() == 0, arguments.front() + " succeeds: " + process.output());
+}
+
+template <class Work>
+void repeat(int count, Work work) {
+  for (int i = 0; i < count; ++i) work();
+}
+
+}  // namespace
+
+Day::Day(const std::string &shortDays)
+    : file_(kit_.makeFile("MyDocs/Quarterly figures.csv")),
+      folder_(kit_.makeFolder(devkit::kSampleSharedFolder)),
+      agent_(std::make_unique<DevelopmentAgent>()),
+      application_(
+          {{"LANGUAGE", "en"}, {"LD_PRELOAD", shortDays}, {"DAY_SECONDS", kRefreshSeconds}}) {
+  must(application_.waitUntilServing(), "the application serves");
+  copyLink();
+}
+
+void Day::spend(const Pace &pace) {
+  @autoreleasepool {
+    repeat(pace.copies, [&] { copyLink(); });
+    repeat(pace.mails, [&] { mail(); });
+    repeat(pace.copiesFromTab, [&] { copyFromTab(); });
+    repeat(pace.invitations, [&] { invite(); });
+    repeat(pace.looks, [&] { lookAtPeople(); });
+    repeat(pace.mistakes, [&] { makeMistake(); });
+    repeat(pace.unfinished, [&] { leaveUnfinished(); });
+    repeat(pace.agentRestarts, [&] { restartAgent(); });
+  }
+}
+
+int Day::refreshes() const {
+  const std::string log = kit_.data("operations.jsonl");
+  int count = 0;
+  const std::string refresh = "\"operation\": \"getEmployeeAddressBook\"";
+  for (auto at = log.find(refresh); at != log.npos; at = log.find(refresh, at + 1)) ++count;
+  return count;
+}
+
+#pragma mark - What the user does
+
+void Day::copyLink() const {
+  clientMust({"copy-link", file_});
+}
+
+void Day::openSendWindow(int tab) {
+  clientMust({"send", file_, "--tab", std::to_string(tab)});
+  must(waitForWindows(1) && waitForKeyboard(), "the send window is there");
+  tab_.window = windowsOnScreen().front();
+}
+
+void Day::openShareWindow(int tab) {
+  clientMust({"share", folder_, "--tab", std::to_string(tab)});
+  must(waitForWindows(1) && waitForKeyboard(), "the share window is there");
+  tab_.window = windowsOnScreen().front();
+}
+
+void Day::mail() {
+  openSendWindow(kSendTab);
+  typeText("ol");
+  must(waitForWindows(2), "completions are listed");
+  pressKeys({"Down", "Return"});
+  must(waitForWindows(1), "a completion is taken");
+  typeText("guest@example.org,");
+  must(tab_.clickAndSeeSheet(kSendButton), "the mail has been sent, or why not is said");
+  must(waitForWindows(0), "the window closes after a mail");
+}
+
+void Day::copyFromTab() {
+  openSendWindow(kCopyTab);
+  must(tab_.clickAndSeeSheet(kCopyButton), "the link has been copied, or why not is said");
+  must(waitForWindows(0), "the window closes after a copy");
+}
+
+void Day::invite() {
+  openShareWindow(kInviteTab);
+  typeText("thomas.whitfield@brisvale.test,");
+  must(tab_.clickAndSeeSheet(kInviteButton), "the colleague is invited, or why not is said");
+  must(waitForWindows(0), "the window closes after an invitation");
+}
+
+void Day::lookAtPeople() {
+  openShareWindow(kPeopleTab);
+  tab_.click(kDoneButton);
+  must(waitForWindows(0), "Done closes the window");
+}
+
+void Day::makeMistake() {
+  openSendWindow(kSendTab);
+  must(tab_.clickAndSeeSheet(kSendButton), "a missing recipient is noted");
+  must(tab_.dismissAlert(), "the alert can be dismissed");
+  pressKeys({"Escape"});
+  must(waitForWindows(0), "Escape closes the window");
+}
+
+void Day::leaveUnfinished() {
+  openSendWindow(kSendTab);
+  typeText("oliv");
+  openShareWindow(kPeopleTab);
+  openSendWindow(kCopyTab);
+  openShareWindow(kInviteTab);
+  copyLink();
+  must(waitForWindows(0), "a copy closes the window");
+}
+
+void Day::restartAgent() {
+  agent_.reset();
+  ChildProcess copying = client({"copy-link", file_});
+  agent_ = std::make_unique<DevelopmentAgent>();
+  // It waits for the agent, or says that it could not be reached; both are right.
+  copying.waitForEnd();
+  must(!application_.process().hasEnded(), "the application outlives the agent");
+  copyLink();
+}
