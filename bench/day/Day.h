@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 #import "tests/devkit/DevelopmentAgent.h"
 #include "tests/devkit/Kit.h"
@@ -38,6 +39,8 @@ class Day {
   pid_t application() const { return application_.process().pid(); }
 
  private:
+  void must(bool condition, const std::string &what) const;
+  void clientMust(const std::vector<std::string> &arguments) const;
   void copyLink() const;
   void openSendWindow(int tab);
   void openShareWindow(int tab);

@@ -5,6 +5,7 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdlib>
+#include <ranges>
 
 namespace fuzz {
 namespace {
@@ -191,11 +192,12 @@ NSString *stringFrom(std::string_view bytes) {
   // half is given its other half first, which is then deleted. From the end, so that the places
   // before stay what they are.
   std::vector<std::size_t> others;
-  for (auto place = halves.rbegin(); place != halves.rend(); ++place) {
-    const bool high = isHigh(units[*place]);
-    units.insert(*place + (high ? 1 : 0), 1, high ? kFirstLow : kFirstHigh);
-    for (std::size_t &other : others) ++other;
-    others.push_back(*place + (high ? 1 : 0));
+  for (const std::size_t place : std::ranges::reverse_view(halves)) {
+    const bool high = isHigh(units[place]);
+    const std::size_t other = place + (high ? 1 : 0);
+    units.insert(other, 1, high ? kFirstLow : kFirstHigh);
+    for (std::size_t &behind : others) ++behind;
+    others.push_back(other);
   }
   NSMutableString *const string = [NSMutableString stringWithString:plainString(units)];
   for (const std::size_t other : others) [string deleteCharactersInRange:NSMakeRange(other, 1)];
