@@ -5,7 +5,6 @@
 #include <cctype>
 #include <cstdint>
 #include <cstdlib>
-#include <ranges>
 
 namespace fuzz {
 namespace {
@@ -186,13 +185,14 @@ std::u16string unitsFrom(std::string_view bytes) {
 
 NSString *stringFrom(std::string_view bytes) {
   std::u16string units = unitsFrom(bytes);
-  const std::vector<std::size_t> halves = halvesIn(units);
+  std::vector<std::size_t> halves = halvesIn(units);
   if (halves.empty()) return plainString(units);
   // The platform makes no string of such units. It keeps them in one that they come to be in: each
   // half is given its other half first, which is then deleted. From the end, so that the places
   // before stay what they are.
+  std::reverse(halves.begin(), halves.end());
   std::vector<std::size_t> others;
-  for (const std::size_t place : std::ranges::reverse_view(halves)) {
+  for (const std::size_t place : halves) {
     const bool high = isHigh(units[place]);
     const std::size_t other = place + (high ? 1 : 0);
     units.insert(other, 1, high ? kFirstLow : kFirstHigh);
