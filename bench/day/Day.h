@@ -42,6 +42,7 @@ class Day {
   void must(bool condition, const std::string &what) const;
   void clientMust(const std::vector<std::string> &arguments) const;
   void copyLink() const;
+  void openWindow(const std::vector<std::string> &arguments);
   void openSendWindow(int tab);
   void openShareWindow(int tab);
   void mail();

@@ -97,16 +97,25 @@ void Day::copyLink() const {
   clientMust({"copy-link", file_});
 }
 
+void Day::openWindow(const std::vector<std::string> &arguments) {
+  const std::string former = tab_.window.number;
+  clientMust(arguments);
+  // Not the one that is being closed by this.
+  const auto isThere = [&] {
+    const auto windows = windowsOnScreen();
+    if (windows.size() != 1 || windows.front().number == former) return false;
+    tab_.window = windows.front();
+    return true;
+  };
+  must(waitFor(isThere) && waitForKeyboard(), "a window opens: " + arguments.front());
+}
+
 void Day::openSendWindow(int tab) {
-  clientMust({"send", file_, "--tab", std::to_string(tab)});
-  must(waitForWindows(1) && waitForKeyboard(), "the send window is there");
-  tab_.window = windowsOnScreen().front();
+  openWindow({"send", file_, "--tab", std::to_string(tab)});
 }
 
 void Day::openShareWindow(int tab) {
-  clientMust({"share", folder_, "--tab", std::to_string(tab)});
-  must(waitForWindows(1) && waitForKeyboard(), "the share window is there");
-  tab_.window = windowsOnScreen().front();
+  openWindow({"share", folder_, "--tab", std::to_string(tab)});
 }
 
 void Day::mail() {

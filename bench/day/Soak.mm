@@ -20,7 +20,7 @@
 namespace {
 
 constexpr int kNameWidth = 8;
-constexpr int kColumnWidth = 13;
+constexpr int kColumnWidth = 15;
 
 /// How long a soak is.
 struct Length {

@@ -7,8 +7,8 @@
 
 /// What a process holds at a moment.
 struct Usage {
-  double residentKiB = 0;  // all pages in memory, shared libraries included
-  double ownKiB = 0;       // pages that nobody else has
+  double residentKiB = 0;   // all pages in memory, shared libraries included
+  double allocatedKiB = 0;  // pages of no file
   int descriptors = 0;
   int sockets = 0;  // among the descriptors: connections to other processes, and ports
   int ports = 0;    // the addresses under which it can be reached

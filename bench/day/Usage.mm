@@ -20,7 +20,7 @@ constexpr int kSamples = 20;
 constexpr std::chrono::milliseconds kBetweenSamples{100};
 
 /// What a page cache, the allocator's arenas and 2.5 KiB a window (docs/performance.md) come to.
-constexpr double kMemoryBoundKiB = 2048;
+constexpr double kMemoryBoundKiB = 1024;
 
 template <class Matches>
 int countIn(const fs::path &folder, Matches matches) {
@@ -60,7 +60,7 @@ Usage usageNow(pid_t process) {
   const std::string ownPort = std::to_string(process) + ".";
   Usage usage;
   usage.residentKiB = memory.resident;
-  usage.ownKiB = memory.own;
+  usage.allocatedKiB = memory.anonymous;
   usage.descriptors = countIn(folder / "fd", isAnything);
   usage.sockets = countIn(folder / "fd", isSocket);
   usage.ports = countIn(portFolder() / "ports", [&](const fs::directory_entry &entry) {
@@ -74,7 +74,7 @@ Usage usageNow(pid_t process) {
 Usage leastOf(const Usage &one, const Usage &other) {
   Usage least;
   least.residentKiB = std::min(one.residentKiB, other.residentKiB);
-  least.ownKiB = std::min(one.ownKiB, other.ownKiB);
+  least.allocatedKiB = std::min(one.allocatedKiB, other.allocatedKiB);
   least.descriptors = std::min(one.descriptors, other.descriptors);
   least.sockets = std::min(one.sockets, other.sockets);
   least.ports = std::min(one.ports, other.ports);
@@ -88,7 +88,7 @@ Usage leastOf(const Usage &one, const Usage &other) {
 const std::vector<Column> &columns() {
   static const std::vector<Column> all = {
       {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, kMemoryBoundKiB},
-      {"own KiB", [](const Usage &usage) { return usage.ownKiB; }, kMemoryBoundKiB},
+      {"allocated KiB", [](const Usage &usage) { return usage.allocatedKiB; }, kMemoryBoundKiB},
       {"descriptors", [](const Usage &usage) -> double { return usage.descriptors; }, 0},
       {"sockets", [](const Usage &usage) -> double { return usage.sockets; }, 0},
       {"ports", [](const Usage &usage) -> double { return usage.ports; }, 0},
