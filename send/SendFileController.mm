@@ -12,6 +12,7 @@
 #import "send/MailText.h"
 #import "send/Recipients.h"
 #import "send/ResultSheet.h"
+#import "send/SingleLine.h"
 #import "send/TextFormat.h"
 
 namespace {
@@ -142,7 +143,7 @@ const KindTexts &textsFor(BOOL isFolder) {
       [self showSuccessModalWindow:texts.sent];
       return;
     case agent::ReplyKind::Refused:
-      NSLog(@"Error sending:%@", agent::errorMessage(reply));
+      NSLog(@"Error sending:%@", singleLine(agent::errorMessage(reply)));
       alert =
           alertWithTexts(formatted(localizedText(texts.unable)), localizedText(texts.notAvailable));
       break;

@@ -12,6 +12,7 @@
 @interface BackgroundApplication : NSApplication {
  @private
   BOOL _isLaunching;
+  int _pasteboardAttempts;
   SheetQueue *_sheetQueue;
 }
 @end

@@ -2,8 +2,11 @@
 
 #import "platform/gnustep/ImageTypes.h"
 #import "platform/gnustep/MacKeys.h"
+#import "platform/gnustep/NSPasteboard+Starting.h"
 #import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/NSUserDefaults+Languages.h"
+#import "platform/gnustep/NSWindow+Closing.h"
+#import "platform/gnustep/NSWindow+Sheet.h"
 #import "platform/gnustep/QuietTheme.h"
 #import "platform/gnustep/SheetQueue.h"
 
@@ -15,6 +18,9 @@ namespace {
 
 /// Shorter than anybody notices.
 constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
+
+constexpr int kPasteboardAttempts = 5;
+constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 
 }  // namespace
 
@@ -42,9 +48,16 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 }
 
 /// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
-/// pasteboard first waits for that: better nobody than the user.
+/// pasteboard first waits for that: better nobody than the user. On a busy machine the platform now
+/// and then does not find the server that it has just started.
 - (void)startPasteboardServer {
-  [NSPasteboard generalPasteboard];
+  // Who waits for it runs the run loop, and this with it.
+  if ([NSPasteboard isConnectingToServer]) return;
+  if ([NSPasteboard generalPasteboard] != nil || ++_pasteboardAttempts == kPasteboardAttempts)
+    return;
+  [self performSelector:@selector(startPasteboardServer)
+             withObject:nil
+             afterDelay:kNextPasteboardAttemptSeconds];
 }
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps {
@@ -62,7 +75,9 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
   [self deactivate];
   for (NSWindow *window in [self windows]) {
     if (![window isVisible] || ![window canHide]) continue;
-    [_hidden addObject:window];
+    // One that is being closed is visible until its observers have been told, and must not come
+    // back with the others. Sheets are brought back by their queue, if they are still to be seen.
+    if (![window hasBeenClosed] && ![window isSheet]) [_hidden addObject:window];
     [window orderOut:self];
   }
   _app_is_hidden = YES;

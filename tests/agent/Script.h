@@ -16,6 +16,7 @@
 /// - "nil": true to answer nil;
 /// - "contacts": a number of generated contact records as the reply's "value";
 /// - "linkLength": a number of characters of a generated link as the reply's "value";
+/// - "messageLength": a refusal with an "errorMessage" of a number of characters;
 /// - "reply": the reply.
 /// Without an entry the agent answers an empty dictionary.
 @interface Script : NSObject {

@@ -52,6 +52,12 @@ NSDictionary *successWithValue(id value) {
       dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:0], @"error", value, @"value", nil];
 }
 
+NSString *textOfLength(NSNumber *length) {
+  return [@"https://" stringByPaddingToLength:[length unsignedIntegerValue]
+                                   withString:@"link"
+                              startingAtIndex:0];
+}
+
 }  // namespace
 
 id replyOfEntry(NSDictionary *entry) {
@@ -67,12 +73,10 @@ id replyOfEntry(NSDictionary *entry) {
     }
     return successWithValue([books objectForKey:contacts]);
   }
+  NSNumber *const messageLength = [entry objectForKey:@"messageLength"];
+  if (messageLength != nil) return @{@"error" : @1, @"errorMessage" : textOfLength(messageLength)};
   NSNumber *const linkLength = [entry objectForKey:@"linkLength"];
-  if (linkLength != nil) {
-    return successWithValue([@"https://" stringByPaddingToLength:[linkLength unsignedIntegerValue]
-                                                      withString:@"link"
-                                                 startingAtIndex:0]);
-  }
+  if (linkLength != nil) return successWithValue(textOfLength(linkLength));
   return [entry objectForKey:@"reply"] ?: [NSDictionary dictionary];
 }
 

@@ -2,65 +2,15 @@
 
 #include <gtest/gtest.h>
 #include <signal.h>
-#include <sys/socket.h>
-#include <sys/un.h>
-#include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 
 #import "tests/devkit/DevelopmentAgent.h"
+#import "tests/support/Stranger.h"
 #import "tests/support/Strings.h"
 
 namespace {
-
-/// A stranger who speaks to the agent's socket in bytes of his own.
-class Stranger {
- public:
-  explicit Stranger(const DevelopmentAgent &) : socket_(socket(AF_UNIX, SOCK_STREAM, 0)) {
-    sockaddr_un address = {};
-    address.sun_family = AF_UNIX;
-    const auto path = agentSocket();
-    path.copy(address.sun_path, sizeof address.sun_path - 1);
-    connected_ = connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0;
-  }
-  ~Stranger() { close(socket_); }
-  Stranger(const Stranger &) = delete;
-  Stranger &operator=(const Stranger &) = delete;
-
-  bool isConnected() const { return connected_; }
-  void say(const std::string &bytes) const { write(socket_, bytes.data(), bytes.size()); }
-
- private:
-  /// This process owns a socket beside the agent's; the agent's is the one of another process.
-  static std::string agentSocket() {
-    namespace fs = std::filesystem;
-    const std::string own = std::to_string(getpid()) + ".";
-    for (const auto &entry : fs::recursive_directory_iterator(std::getenv("TEMP")))
-      if (entry.is_socket() && !entry.path().filename().string().starts_with(own))
-        return entry.path();
-    return "";
-  }
-
-  int socket_;
-  bool connected_ = false;
-};
-
-std::string number(unsigned value) {
-  return {static_cast<char>(value >> 24), static_cast<char>(value >> 16),
-          static_cast<char>(value >> 8), static_cast<char>(value)};
-}
-
-/// The message that introduces a sender, as the platform frames it.
-std::string introduction() {
-  const std::string port = std::string("\0", 1) + "/nowhere" + std::string("\0", 1);
-  return number(1) + number(static_cast<unsigned>(port.size())) + port;
-}
-
-std::string message(unsigned identifier, unsigned items, const std::string &content) {
-  return number(3) + number(static_cast<unsigned>(8 + content.size())) + number(identifier) +
-         number(items) + content;
-}
 
 bool answers(const DevelopmentAgent &agent) {
   return [[agent.proxy() getEmployeeAddressBook] objectForKey:@"value"] != nil;
@@ -82,7 +32,7 @@ class BadBytes : public testing::TestWithParam<Bytes> {};
 TEST_P(BadBytes, DoNotEndTheAgent) {
   const Kit kit;
   DevelopmentAgent agent;
-  const Stranger stranger(agent);
+  const Stranger stranger("KRVSyncAgent");
   ASSERT_TRUE(stranger.isConnected());
   stranger.say(GetParam().bytes);
   EXPECT_TRUE(answers(agent));
@@ -91,14 +41,14 @@ TEST_P(BadBytes, DoNotEndTheAgent) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, BadBytes,
-    testing::Values(Bytes{"AnotherProtocol", "GET / HTTP/1.0\r\n\r\n"},
-                    Bytes{"EmptyHead", introduction() + number(3) + number(0)},
-                    Bytes{"NoItems", introduction() + message(2, 0, "")},
-                    Bytes{"UnknownMessage", introduction() + message(77, 1, "xxxx")},
-                    Bytes{"NoIntroduction", message(2, 1, "xxxx")},
-                    Bytes{"GarbageQuestion",
-                          introduction() + message(2, 1, std::string(64, '\x7F'))},
-                    Bytes{"GarbageCall", introduction() + message(0, 1, std::string(64, '\x01'))}),
+    testing::Values(
+        Bytes{"AnotherProtocol", "GET / HTTP/1.0\r\n\r\n"},
+        Bytes{"EmptyHead", introduction() + wireNumber(3) + wireNumber(0)},
+        Bytes{"NoItems", introduction() + wireMessage(2, 0, "")},
+        Bytes{"UnknownMessage", introduction() + wireMessage(77, 1, "xxxx")},
+        Bytes{"NoIntroduction", wireMessage(2, 1, "xxxx")},
+        Bytes{"GarbageQuestion", introduction() + wireMessage(2, 1, std::string(64, '\x7F'))},
+        Bytes{"GarbageCall", introduction() + wireMessage(0, 1, std::string(64, '\x01'))}),
     [](const auto &info) { return info.param.what; });
 
 TEST(AgentFaults, ArgumentsOfEveryKindAreAnswered) {

@@ -10,7 +10,8 @@ namespace {
 constexpr std::size_t kLongest = 255;
 
 bool isControl(char16_t unit) {
-  return unit < u' ' || (unit >= 0x7F && unit < 0xA0) || unit == 0x2028 || unit == 0x2029;
+  return unit < u' ' || (unit >= 0x7F && unit < 0xA0) || (unit >= 0x2028 && unit <= 0x202E) ||
+         (unit >= 0x2066 && unit <= 0x2069);
 }
 
 }  // namespace
@@ -26,7 +27,8 @@ void fuzz::WindowTitles(std::string_view input) {
   const std::u16string units = utf16::unitsOf(title);
   promise(!units.empty(), "a title is not empty");
   promise(units.size() <= kLongest, "a title is no longer than a name may be");
-  promise(std::none_of(units.begin(), units.end(), isControl), "no control character in a title");
+  promise(std::none_of(units.begin(), units.end(), isControl),
+          "nothing in a title breaks or turns its line");
   promise(units == utf16::wellFormed(units), "no pair is torn");
   promise([windowTitle(title) isEqualToString:title], "a title is its own title");
 }

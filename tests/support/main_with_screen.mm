@@ -5,11 +5,13 @@
 #import <AppKit/AppKit.h>
 #include <unistd.h>
 
+#include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
 
 int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::Private);
   testing::InitGoogleTest(&argc, argv);
+  giveEachTestAPool();
   int result = 0;
   @autoreleasepool {
     if (!testing::GTEST_FLAG(list_tests)) {

@@ -5,11 +5,13 @@
 #import <Foundation/Foundation.h>
 #include <unistd.h>
 
+#include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
 
 int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::None);
   testing::InitGoogleTest(&argc, argv);
+  giveEachTestAPool();
   int result = 0;
   @autoreleasepool {
     result = RUN_ALL_TESTS();

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #import "app/ContextMenuAppAppDelegate.h"
+#include "tests/support/ChildProcess.h"
 
 /// The delegate, made by the application's own main interface resource. The application's launch
 /// sequence has not run yet.
@@ -16,9 +17,14 @@ inline NSString *clipboardText() {
   return [[NSPasteboard generalPasteboard] stringForType:NSStringPboardType];
 }
 
-/// Puts something on the clipboard that must not survive.
-inline void fillClipboard() {
-  NSPasteboard *const pasteboard = [NSPasteboard generalPasteboard];
-  [pasteboard declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
-  [pasteboard setString:@"former contents" forType:NSStringPboardType];
+/// Puts something on the clipboard that must not survive; answers whether it is there. Tries until
+/// it is: on a busy machine the platform now and then does not find the server that it has just
+/// started, and says so in a log line. To be called before a test looks at the log.
+inline bool fillClipboard() {
+  return waitFor([] {
+    NSPasteboard *const pasteboard = [NSPasteboard generalPasteboard];
+    [pasteboard declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
+    return [pasteboard setString:@"former contents" forType:NSStringPboardType] &&
+           [clipboardText() isEqualToString:@"former contents"];
+  });
 }

@@ -52,6 +52,7 @@ constexpr const char *kRefusedLine = "Unable to copy link at this time";
 struct DirectCopy : testing::Test {
   ContextMenuAppAppDelegate *delegate = loadedDelegate();
   ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
+  bool clipboardIsFilled = fillClipboard();
   CapturedLog log;
   BOOL flagWhileAlertIsOpen = YES;
   BOOL hiddenWhileAlertIsOpen = YES;
@@ -61,8 +62,8 @@ struct DirectCopy : testing::Test {
   }};
 
   DirectCopy() {
+    EXPECT_TRUE(clipboardIsFilled);
     [delegate setContextMenuFlag:YES];
-    fillClipboard();
   }
   ~DirectCopy() override { [proxy release]; }
 

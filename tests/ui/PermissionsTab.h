@@ -20,21 +20,14 @@ NSDictionary *reader(NSString *firstName, NSString *lastName, NSString *address)
 /// on. Every second one may write.
 NSArray *people(int count);
 
-/// The share window on its permissions tab, opened as the application's openers do it, and an
-/// agent.
-struct PermissionsTab : testing::Test {
-  AgentProcess agent;
+/// The share window on its permissions tab, opened as the application's openers do it.
+struct PermissionsWindow : testing::Test {
   BrisvaleTabController *window = nil;
   PermissionTabController *tab = nil;
 
-  PermissionsTab();
+  PermissionsWindow();
   /// Closes the window.
-  ~PermissionsTab() override;
-
-  /// What the agent answers to questions for the access list, and to nothing else.
-  void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
-  /// What the agent answers to the operation besides the list.
-  void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
+  ~PermissionsWindow() override;
 
   /// Opens the window without a folder.
   void openWindow();
@@ -81,10 +74,8 @@ struct PermissionsTab : testing::Test {
   /// Whether the sheet shows the text somewhere.
   bool sheetShows(NSString *text) const;
 
-  /// How often the operation has been called.
-  NSUInteger calls(NSString *operation) const;
-  /// The arguments of the last call of the operation.
-  NSArray *argumentsOfLast(NSString *operation) const;
+  /// Lets go of everything and closes the window. What follows needs a window of its own.
+  void finish();
 
  private:
   NSAutoreleasePool *pool_ = [[NSAutoreleasePool alloc] init];
@@ -94,4 +85,21 @@ struct PermissionsTab : testing::Test {
   Control *in(NSUInteger row, NSUInteger place) const {
     return static_cast<Control *>([[rowView(row) subviews] objectAtIndex:place]);
   }
+};
+
+/// The same and an agent.
+struct PermissionsTab : PermissionsWindow {
+  AgentProcess agent;
+
+  ~PermissionsTab() override;
+
+  /// What the agent answers to questions for the access list, and to nothing else.
+  void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
+  /// What the agent answers to the operation besides the list.
+  void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
+
+  /// How often the operation has been called.
+  NSUInteger calls(NSString *operation) const;
+  /// The arguments of the last call of the operation.
+  NSArray *argumentsOfLast(NSString *operation) const;
 };

@@ -68,14 +68,24 @@ NSArray *people(int count) {
   return all;
 }
 
-PermissionsTab::PermissionsTab() {
+PermissionsWindow::PermissionsWindow() {
   loadedDelegate();
   [NSApp unhideWithoutActivation];
 }
 
+PermissionsWindow::~PermissionsWindow() {
+  finish();
+}
+
 PermissionsTab::~PermissionsTab() {
+  // While there is an agent.
+  finish();
+}
+
+void PermissionsWindow::finish() {
   // The test's own references first: the window is to end when it is closed.
   [pool_ drain];
+  pool_ = nil;
   close();
 }
 
@@ -83,7 +93,7 @@ void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary 
   agent.setScript(@{@"getAccess::" : @{@"reply" : success(entries)}, operation : reply});
 }
 
-void PermissionsTab::openWindow() {
+void PermissionsWindow::openWindow() {
   // An event of its own: its pool must not hold the controller, which destroys itself at its end.
   @autoreleasepool {
     window = [[BrisvaleTabController alloc] init];
@@ -94,17 +104,17 @@ void PermissionsTab::openWindow() {
   }
 }
 
-void PermissionsTab::open(NSString *folder) {
+void PermissionsWindow::open(NSString *folder) {
   openWindow();
   [tab setFilePath:folder];
 }
 
-void PermissionsTab::openLoaded() {
+void PermissionsWindow::openLoaded() {
   open();
   ASSERT_TRUE(waitUntilLoaded());
 }
 
-bool PermissionsTab::waitUntilLoaded() const {
+bool PermissionsWindow::waitUntilLoaded() const {
   NSString *const fetching = localizedText(@"fetchingEmployeeListKey");
   return handleEventsUntil([&] {
     return [spinner() isHidden] &&
@@ -112,7 +122,7 @@ bool PermissionsTab::waitUntilLoaded() const {
   });
 }
 
-void PermissionsTab::close() {
+void PermissionsWindow::close() {
   @autoreleasepool {
     [[window window] close];
     window = nil;
@@ -127,47 +137,47 @@ void PermissionsTab::close() {
   }
 }
 
-id PermissionsTab::outletNamed(const char *name) const {
+id PermissionsWindow::outletNamed(const char *name) const {
   id object = nil;
   object_getInstanceVariable(tab, name, reinterpret_cast<void **>(&object));
   return object;
 }
 
-bool PermissionsTab::showsList() const {
+bool PermissionsWindow::showsList() const {
   return ![list() isHidden] && ![listTitle() isHidden] && [status() isHidden];
 }
 
-bool PermissionsTab::showsStatus(NSString *text) const {
+bool PermissionsWindow::showsStatus(NSString *text) const {
   return [list() isHidden] && [listTitle() isHidden] && ![status() isHidden] &&
          [[status() stringValue] isEqualToString:text];
 }
 
-NSView *PermissionsTab::rowView(NSUInteger row) const {
+NSView *PermissionsWindow::rowView(NSUInteger row) const {
   [collection() scrollRectToVisible:[collection() frameForItemAtIndex:row]];
   [[window window] display];
   return [[collection() itemAtIndex:row] view];
 }
 
-void PermissionsTab::choose(NSUInteger row, NSString *keyOfTitle) const {
+void PermissionsWindow::choose(NSUInteger row, NSString *keyOfTitle) const {
   NSPopUpButton *const popUp = accessIn(row);
   const NSInteger item = [popUp indexOfItemWithTitle:localizedText(keyOfTitle)];
   ASSERT_GE(item, 0);
   [[popUp menu] performActionForItemAtIndex:item];
 }
 
-NSWindow *PermissionsTab::askToRemove(NSUInteger row) const {
+NSWindow *PermissionsWindow::askToRemove(NSUInteger row) const {
   postClick(removeIn(row));
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   return sheet();
 }
 
-void PermissionsTab::press(NSWindow *sheet, NSUInteger index) const {
+void PermissionsWindow::press(NSWindow *sheet, NSUInteger index) const {
   [sheet display];
   postClick([buttonsIn([sheet contentView]) objectAtIndex:index]);
   EXPECT_TRUE(handleEventsUntil([&] { return this->sheet() != sheet; }));
 }
 
-bool PermissionsTab::sheetShows(NSString *text) const {
+bool PermissionsWindow::sheetShows(NSString *text) const {
   return viewShows([sheet() contentView], text);
 }
 

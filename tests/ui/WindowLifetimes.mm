@@ -131,3 +131,25 @@ TEST_F(WindowLifetimes, APermissionsTabThatHasEndedHearsOfNoInvitation) {
   }
   EXPECT_EQ(linesInLog("window closed"), kOpenings);
 }
+
+TEST_F(WindowLifetimes, AClosedWindowDoesNotComeBackWithTheApplication) {
+  // Its own hold of the window is what the platform's hidden windows are otherwise released with.
+  NSWindow *const window = [[[openSend(0) window] retain] autorelease];
+  closeAll();
+  ASSERT_TRUE([NSApp isHidden]);
+  [NSApp unhideWithoutActivation];
+  handlePostedEvents();
+  EXPECT_FALSE([window isVisible]);
+}
+
+TEST_F(WindowLifetimes, AnAlertOnAClosedWindowDoesNotComeBackWithTheApplication) {
+  NSWindow *const window = [openSend(0) window];
+  [button(window, @"Send") performClick:nil];
+  handlePostedEvents();
+  NSWindow *const alert = [[[window attachedSheet] retain] autorelease];
+  ASSERT_TRUE([alert isVisible]);
+  closeAll();
+  [NSApp unhideWithoutActivation];
+  handlePostedEvents();
+  EXPECT_FALSE([alert isVisible]);
+}

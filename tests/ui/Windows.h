@@ -20,16 +20,18 @@
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 
-/// The windows of the application as the plug-in opens them, from the real interface files, against
-/// an agent in another process.
-struct Windows : testing::Test {
-  AgentProcess agent;
+/// The windows of the application as the plug-in opens them, from the real interface files.
+struct WindowsWithoutAgent : testing::Test {
   ContextMenuAppAppDelegate *delegate = loadedDelegate();
   ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
+  bool clipboardIsFilled = fillClipboard();
   CapturedLog log;
 
-  Windows();
-  ~Windows() override;
+  WindowsWithoutAgent();
+  ~WindowsWithoutAgent() override;
+
+  /// Closes what is open, as another opener would.
+  static void closeWindows();
 
   struct SendOptions {
     NSString *item = @"id-1";
@@ -62,6 +64,13 @@ struct Windows : testing::Test {
   /// How many controllers of this class have ended since the test began to count.
   static int ended(Class cls);
   static void countEndsOf(Class cls);
+};
+
+/// The same against an agent in another process.
+struct Windows : WindowsWithoutAgent {
+  AgentProcess agent;
+
+  ~Windows() override;
 
   /// The arguments of the agent's last call.
   NSArray *lastArguments() const;

@@ -19,7 +19,7 @@ void countEnd(id object) {
 /// The controller of the only window that can be seen.
 template <class Controller>
 Controller *shownController(Class cls) {
-  const auto windows = Windows::visibleWindows();
+  const auto windows = WindowsWithoutAgent::visibleWindows();
   if (windows.size() != 1) return nil;
   id const controller = [windows.front() windowController];
   return [controller isKindOfClass:cls] ? controller : nil;
@@ -52,19 +52,27 @@ void addTexts(NSView *view, std::vector<std::string> &texts) {
 
 }  // namespace
 
-Windows::Windows() {
+WindowsWithoutAgent::WindowsWithoutAgent() {
+  EXPECT_TRUE(clipboardIsFilled);
   [delegate setContextMenuFlag:YES];
-  fillClipboard();
 }
 
-Windows::~Windows() {
-  // As another opener would.
-  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
-                                                      object:nil];
+WindowsWithoutAgent::~WindowsWithoutAgent() {
+  closeWindows();
   [proxy release];
 }
 
-SendAndCopyTabController *Windows::openSend(int tab, const SendOptions &options) {
+Windows::~Windows() {
+  // While there is an agent.
+  closeWindows();
+}
+
+void WindowsWithoutAgent::closeWindows() {
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
+                                                      object:nil];
+}
+
+SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab, const SendOptions &options) {
   // clang-format off: it takes the first anonymous argument for a part of the name.
   [proxy LaunchSendCopyLinkTab:options.item:options.name:options.isMyDocs:options.isFolder
                               :static_cast<BOOL>(tab):options.isFileId];
@@ -73,11 +81,11 @@ SendAndCopyTabController *Windows::openSend(int tab, const SendOptions &options)
   return shownController<SendAndCopyTabController>([SendAndCopyTabController class]);
 }
 
-SendAndCopyTabController *Windows::openSend(int tab) {
+SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab) {
   return openSend(tab, {});
 }
 
-BrisvaleTabController *Windows::openShare(int tab, NSString *item) {
+BrisvaleTabController *WindowsWithoutAgent::openShare(int tab, NSString *item) {
   // clang-format off: it takes the first anonymous argument for a part of the name.
   [proxy LaunchShareFolderTab:item:@"unused":YES:static_cast<BOOL>(tab):YES];
   // clang-format on
@@ -85,7 +93,7 @@ BrisvaleTabController *Windows::openShare(int tab, NSString *item) {
   return shownController<BrisvaleTabController>([BrisvaleTabController class]);
 }
 
-std::vector<NSWindow *> Windows::visibleWindows() {
+std::vector<NSWindow *> WindowsWithoutAgent::visibleWindows() {
   std::vector<NSWindow *> visible;
   for (NSWindow *window in [NSApp windows]) {
     if ([window isVisible] && [window windowController] != nil) visible.push_back(window);
@@ -93,26 +101,26 @@ std::vector<NSWindow *> Windows::visibleWindows() {
   return visible;
 }
 
-NSButton *Windows::button(NSWindow *window, NSString *title) {
+NSButton *WindowsWithoutAgent::button(NSWindow *window, NSString *title) {
   return buttonIn([window contentView], title);
 }
 
-std::vector<std::string> Windows::textsIn(NSWindow *window) {
+std::vector<std::string> WindowsWithoutAgent::textsIn(NSWindow *window) {
   std::vector<std::string> texts;
   addTexts([window contentView], texts);
   return texts;
 }
 
-long Windows::linesInLog(const std::string &line) const {
+long WindowsWithoutAgent::linesInLog(const std::string &line) const {
   const auto lines = log.lines();
   return std::count(lines.begin(), lines.end(), line);
 }
 
-int Windows::ended(Class cls) {
+int WindowsWithoutAgent::ended(Class cls) {
   return ends()[[NSStringFromClass(cls) UTF8String]];
 }
 
-void Windows::countEndsOf(Class cls) {
+void WindowsWithoutAgent::countEndsOf(Class cls) {
   addDeallocHook(cls, countEnd);
   ends()[[NSStringFromClass(cls) UTF8String]] = 0;
 }

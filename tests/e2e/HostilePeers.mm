@@ -1,0 +1,135 @@
+// Who runs as the same user can reach the plug-in's connection. Whatever he sends there, the
+// application stays up and serves the next honest call.
+
+#include <gtest/gtest.h>
+
+#include <list>
+#include <random>
+
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#import "tests/e2e/RunningApplication.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/Stranger.h"
+#include "tests/support/Strings.h"
+
+namespace {
+
+const std::string kName = "ContextMenuPlugin";
+/// For an honest call, from the start of its process to its end, while or after a stranger does his
+/// worst. Not a matter of speed: far beyond what it takes on a busy machine.
+constexpr double kServedWithinSeconds = 20;
+
+struct HostilePeers : testing::Test {
+  AgentProcess agent;
+  RunningApplication application;
+
+  void SetUp() override {
+    agent.answer(@"getLinkForFile:::::", success(@"https://x/y"));
+    ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+    ASSERT_TRUE(serves());
+  }
+
+  /// Whether an honest client gets its link in time.
+  static bool serves() {
+    const double begin = detail::secondsNow();
+    ChildProcess copy({PLUGIN_CALL, "id-1"});
+    return copy.waitForEnd() == 0 && detail::secondsNow() - begin < kServedWithinSeconds;
+  }
+
+  void expectUnharmed() {
+    EXPECT_TRUE(serves());
+    EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
+    // Nobody asked the agent for anything but honest links.
+    for (NSString *operation in agent.operations()) {
+      EXPECT_TRUE([operation hasPrefix:@"get"]) << text(operation);
+    }
+  }
+};
+
+struct Bytes {
+  const char *what;
+  std::string bytes;
+};
+
+void PrintTo(const Bytes &bytes, std::ostream *out) {
+  *out << bytes.what;
+}
+
+struct HostileBytes : HostilePeers, testing::WithParamInterface<Bytes> {};
+
+}  // namespace
+
+TEST_P(HostileBytes, DoNoHarm) {
+  const Stranger stranger(kName);
+  ASSERT_TRUE(stranger.isConnected());
+  stranger.say(GetParam().bytes);
+  expectUnharmed();
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, HostileBytes,
+    testing::Values(
+        Bytes{"AnotherProtocol", "GET / HTTP/1.0\r\n\r\n"},
+        Bytes{"EmptyHead", introduction() + wireNumber(3) + wireNumber(0)},
+        Bytes{"NoItems", introduction() + wireMessage(2, 0, "")},
+        Bytes{"ManyItems", introduction() + wireMessage(0, 0x7FFFFFFF, "xxxx")},
+        Bytes{"UnknownMessage", introduction() + wireMessage(77, 1, "xxxx")},
+        Bytes{"NoIntroduction", wireMessage(2, 1, "xxxx")},
+        Bytes{"GarbageQuestion", introduction() + wireMessage(2, 1, std::string(64, '\x7F'))},
+        Bytes{"GarbageCall", introduction() + wireMessage(0, 1, std::string(64, '\x01'))},
+        Bytes{"AReplyThatNobodyWaitsFor",
+              introduction() + wireMessage(1, 1, std::string(64, '\0'))},
+        Bytes{"AHugeLength", introduction() + wireNumber(3) + wireNumber(0x7FFFFFFF)},
+        Bytes{"ALengthBelowZero", introduction() + wireNumber(3) + wireNumber(0xFFFFFFFF)}),
+    [](const auto &info) { return info.param.what; });
+
+TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
+  const std::string whole = introduction() + wireMessage(0, 1, std::string(64, '\x01'));
+  std::list<Stranger> strangers;
+  for (std::size_t length = 1; length < whole.size(); ++length) {
+    strangers.emplace_back(kName).say(whole.substr(0, length));
+  }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
+  std::mt19937 random(2026);
+  for (int stream = 0; stream < 10'000; ++stream) {
+    const Stranger stranger(kName);
+    std::string bytes = random() % 2 == 0 ? introduction() : "";
+    if (random() % 2 == 0) bytes += wireNumber(3) + wireNumber(random() % 512);
+    const std::size_t length = random() % 256;
+    while (bytes.size() < length) bytes += static_cast<char>(random());
+    stranger.say(bytes);
+    if (stream % 1000 == 999) ASSERT_TRUE(serves()) << application.process().output();
+  }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
+  constexpr int kConnections = 3000;
+  // Of this process; the application has to do with what it is given.
+  rlimit files = {};
+  getrlimit(RLIMIT_NOFILE, &files);
+  files.rlim_cur = std::min<rlim_t>(files.rlim_max, kConnections + 200);
+  setrlimit(RLIMIT_NOFILE, &files);
+  {
+    std::list<Stranger> idle;
+    for (int i = 0; i < kConnections; ++i) idle.emplace_back(kName);
+    EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
+  }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, AnotherUserCannotReachTheConnection) {
+  // Whoever may not go through the folder cannot connect to what is in it.
+  const std::string socket = Stranger::socketOf(kName);
+  ASSERT_NE(socket, "");
+  struct stat folder = {};
+  ASSERT_EQ(stat(socket.substr(0, socket.rfind('/')).c_str(), &folder), 0);
+  EXPECT_EQ(folder.st_uid, getuid());
+  EXPECT_EQ(folder.st_mode & (S_IRWXG | S_IRWXO), 0u);
+}

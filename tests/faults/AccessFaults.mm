@@ -1,0 +1,157 @@
+// What a user gets whose agent fails while the people with access are fetched, while one's access
+// is changed, and while one's is taken away.
+#import "send/TextFormat.h"
+#import "tests/faults/FaultTest.h"
+#include "tests/ui/PermissionsTab.h"
+
+namespace {
+
+NSString *const kList = @"getAccess::";
+NSString *const kGrant = @"grantAccess:::::::::";
+NSString *const kRevoke = @"revokeAccess:::";
+constexpr int kPeople = 3;
+
+NSDictionary *healthyList() {
+  return
+      [NSDictionary dictionaryWithObject:[NSDictionary dictionaryWithObject:success(people(kPeople))
+                                                                     forKey:@"reply"]
+                                  forKey:kList];
+}
+
+struct List : FaultTest<PermissionsWindow> {
+  ~List() override { finish(); }
+
+  void expect(Outcome outcome) const {
+    switch (outcome) {
+      case Outcome::Succeeds:
+        EXPECT_TRUE(showsList());
+        EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(kPeople));
+        break;
+      case Outcome::Nobody:
+        EXPECT_EQ(text([status() stringValue]), shown(@"notSharingTextMessageKey"));
+        EXPECT_EQ([[tab personList] count], 0u);
+        break;
+      default:
+        EXPECT_TRUE(showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")));
+    }
+    EXPECT_EQ(logged(), Lines{});
+    EXPECT_EQ(sheet(), nil);
+    EXPECT_TRUE([spinner() isHidden]);
+    EXPECT_TRUE([[window window] isVisible]);
+  }
+};
+
+struct Change : List {
+  NSUInteger row = 1;
+
+  void openHealthy() {
+    begin(healthyList());
+    openLoaded();
+    mark();
+  }
+
+  bool sheetHas(NSString *key) const { return sheetShows(formatted(localizedText(key))); }
+
+  /// An alert for a refusal or a missing reply.
+  void expectAlert(Outcome outcome) const {
+    if (outcome == Outcome::Refused) {
+      EXPECT_EQ(logged(), Lines{});
+      EXPECT_FALSE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));
+    } else {
+      EXPECT_EQ(logged(), Lines{kNoReplyLine});
+      EXPECT_TRUE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));
+    }
+    EXPECT_NE(sheet(), [tab modalWindow]);
+  }
+
+  void expectSuccess(NSString *key) const {
+    EXPECT_EQ(logged(), Lines{});
+    EXPECT_EQ(sheet(), [tab modalWindow]);
+    EXPECT_EQ(text([[tab modalWindowText] stringValue]), text(localizedText(key)));
+  }
+
+  void expectAfterAction(Outcome outcome, NSString *keyOfSuccess) const {
+    ASSERT_NE(sheet(), nil);
+    EXPECT_TRUE([spinner() isHidden]);
+    EXPECT_TRUE(showsList());
+    if (outcome == Outcome::Succeeds) return expectSuccess(keyOfSuccess);
+    expectAlert(outcome);
+  }
+
+  /// Opens another window and waits for its list.
+  void openAgain() {
+    close();
+    openLoaded();
+    mark();
+  }
+};
+
+struct Remove : Change {
+  void remove() { press(askToRemove(row), 0); }
+
+  /// The sheet that says what came of it comes when the question has gone.
+  void waitForOutcome() const {
+    EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  }
+};
+
+}  // namespace
+
+TEST_P(List, ShowsWhatCameOfItAndWorksAgain) {
+  begin();
+  openWindow();
+  agent.strike(kList, people(kPeople));
+  mark();
+  [tab setFilePath:@"folder-1"];
+  ASSERT_TRUE(waitUntilLoaded());
+  agent.strikeAfterwards();
+  expect(fault().list);
+  agent.recover(kList, people(kPeople));
+  [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
+  expect(Outcome::Succeeds);
+}
+
+TEST_P(Change, TellsWhatCameOfItAndWorksAgain) {
+  openHealthy();
+  agent.strike(kGrant, @"granted");
+  choose(row, @"accessPermissionReadWriteKey");
+  agent.strikeAfterwards();
+  expectAfterAction(fault().action, @"permissionsUpdatedSuccessTextKey");
+  // Changed first, and never put back.
+  EXPECT_EQ([person(row) accessPermission], 1);
+  agent.recover(kGrant, @"granted");
+  openAgain();
+  choose(row, @"accessPermissionReadWriteKey");
+  expectAfterAction(Outcome::Succeeds, @"permissionsUpdatedSuccessTextKey");
+}
+
+TEST_P(Remove, TellsWhatCameOfItAndWorksAgain) {
+  openHealthy();
+  agent.strike(kRevoke, @1);
+  remove();
+  agent.strikeAfterwards();
+  waitForOutcome();
+  expectAfterAction(fault().action, @"permissionRevokedSuccessMessageTextFormatKey");
+  const bool isGone = fault().action == Outcome::Succeeds;
+  EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(isGone ? kPeople - 1 : kPeople));
+  agent.recover(kRevoke, @1);
+  openAgain();
+  remove();
+  waitForOutcome();
+  expectAfterAction(Outcome::Succeeds, @"permissionRevokedSuccessMessageTextFormatKey");
+}
+
+namespace {
+
+/// Whoever has no agent has no list of which a row could be used.
+std::vector<Fault> faultsAfterAList() {
+  std::vector<Fault> faults = allFaults();
+  std::erase_if(faults, [](const Fault &fault) { return fault.strike == Strike::Absent; });
+  return faults;
+}
+
+}  // namespace
+
+INSTANTIATE_TEST_SUITE_P(Row, List, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Change, testing::ValuesIn(faultsAfterAList()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Remove, testing::ValuesIn(faultsAfterAList()), nameOfRow);

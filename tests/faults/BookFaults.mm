@@ -1,0 +1,71 @@
+// What comes of the address book of a user whose agent fails: at the launch, and at the refresh
+// that comes once a day.
+#import "tests/e2e/RunningApplication.h"
+#import "tests/faults/EndedThreads.h"
+#import "tests/faults/FaultTest.h"
+#include "tests/ui/Windows.h"
+
+namespace {
+
+NSString *const kBook = @"getEmployeeAddressBook";
+
+NSArray *contacts() {
+  return @[
+    @{@"name" : @"Doe, John", @"primaryemail" : @"john@x.de"},
+    @{@"name" : @"Anna", @"primaryemail" : @"anna@x.de"}
+  ];
+}
+
+struct Refresh : FaultTest<WindowsWithoutAgent> {
+  void refresh() {
+    mark();
+    EndedThreads *const threads = [[EndedThreads alloc] init];
+    [delegate updateAddressBook:nil];
+    EXPECT_TRUE(handleEventsUntil([&] { return threads->count > 0; }));
+    [threads release];
+  }
+
+  void expect(NSUInteger count) const {
+    EXPECT_EQ([[delegate addressBookForShare] count], count);
+    EXPECT_EQ(logged(), Lines{});
+    EXPECT_TRUE([delegate contextMenuFlag]);
+    EXPECT_EQ(text(clipboardText()), "former contents");
+    EXPECT_TRUE(visibleWindows().empty());
+  }
+};
+
+struct LaunchWithFault : FaultTest<testing::Test> {
+  bool copies() {
+    ChildProcess copy({PLUGIN_CALL, "id-1"});
+    return copy.waitForEnd() == 0 && clipboardReadByXclip() == "https://x/y";
+  }
+};
+
+}  // namespace
+
+TEST_P(Refresh, LeavesTheBookThatThereIsAndTheNextOneIsWhole) {
+  begin();
+  agent.strike(kBook, contacts());
+  refresh();
+  agent.strikeAfterwards();
+  expect(fault().contacts);
+  agent.recover(kBook, contacts());
+  refresh();
+  expect(kHealthyContacts);
+}
+
+TEST_P(LaunchWithFault, SaysNothingAndTheApplicationServes) {
+  begin();
+  agent.strike(kBook, contacts());
+  RunningApplication application;
+  ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  agent.strikeAfterwards();
+  ASSERT_TRUE(application.process().waitForOutput("Launched for first time"));
+  EXPECT_EQ(application.log(), Lines{"Context Menu Application Launched for first time"});
+  EXPECT_FALSE(RunningApplication::isVisible());
+  agent.recover(@"getLinkForFile:::::", @"https://x/y");
+  EXPECT_TRUE(copies());
+}
+
+INSTANTIATE_TEST_SUITE_P(Row, Refresh, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, LaunchWithFault, testing::ValuesIn(allFaults()), nameOfRow);

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#import "send/LocalizedText.h"
+#import "tests/faults/Fault.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Strings.h"
+
+/// A column of the matrix: something that the application does, with each fault. Also says what is
+/// logged between mark() and logged().
+template <class Fixture>
+struct FaultTest : Fixture, testing::WithParamInterface<Fault> {
+  FaultyAgent agent;
+  CapturedLog lines;
+
+  const Fault &fault() const { return this->GetParam(); }
+
+  void begin(NSDictionary *healthyScript = [NSDictionary dictionary]) {
+    agent.begin(fault(), healthyScript);
+  }
+
+  /// From here on the log counts.
+  void mark() { marked_ = lines.lines().size(); }
+
+  /// The lines since then, without those that say that the application was activated.
+  std::vector<std::string> logged() const {
+    std::vector<std::string> all = lines.lines();
+    all.erase(all.begin(), all.begin() + static_cast<std::ptrdiff_t>(marked_));
+    std::erase(all, "Context Menu Application Did Become Active");
+    return all;
+  }
+
+ private:
+  std::size_t marked_ = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+inline constexpr const char *kNoReplyLine =
+    "Getting null data from rest API(machine offline or server down)";
+
+/// A text of the string table as it is shown.
+inline std::string shown(NSString *key) {
+  return text(localizedText(key));
+}
+
+/// The name of a cell.
+inline std::string nameOfRow(const testing::TestParamInfo<Fault> &info) {
+  return info.param.name;
+}

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+
+/// Somebody who speaks to a named connection in bytes of his own, without the platform.
+class Stranger {
+ public:
+  /// name: as it has been registered. See isConnected.
+  explicit Stranger(const std::string &name);
+  ~Stranger();
+  Stranger(const Stranger &) = delete;
+  Stranger &operator=(const Stranger &) = delete;
+
+  bool isConnected() const { return connected_; }
+
+  /// Sends as much of it as the other side takes at once.
+  void say(const std::string &bytes) const;
+
+  /// The path of the socket behind a name; "" when nobody has registered it.
+  static std::string socketOf(const std::string &name);
+
+ private:
+  int socket_;
+  bool connected_ = false;
+};
+
+// Messages as the platform frames them.
+
+/// The message that introduces a sender: a frame of its own before the first message.
+std::string introduction();
+
+/// identifier: 0 is a request, 1 a reply, 2 a request for a signature; items: how many parts the
+/// content says it has.
+std::string wireMessage(unsigned identifier, unsigned items, const std::string &content);
+
+/// Four bytes, as lengths and identifiers are written.
+std::string wireNumber(unsigned value);
