@@ -63,13 +63,48 @@
 
 @end
 
-/// The actions of the context menu's items. The platform disables an item whose action its target
-/// does not have.
+/// What is selected in the Finder, and the menu for it.
+@interface ContextMenuAppAppDelegate (ContextMenu)
+
+/// The POSIX paths of what is selected in the Finder, in its order, then one empty string. A
+/// folder's path ends with a slash; a name with a line feed in it gives two elements. nil when the
+/// Finder does not answer. The caller owns the array. Blocks until the Finder has answered.
+- (NSArray *)getSelectedFilesList NS_RETURNS_RETAINED;
+
+/// Pops the context menu up at the pointer and returns when it has been dismissed; a chosen item
+/// has sent its action by then. Every item is always offered, whatever is selected. Each call
+/// leaves an invisible window behind.
+- (void)showContextMenu;
+
+/// The silent failure of the actions, for what lies outside the synced folder: logs, and hides the
+/// application. The user sees it go away and nothing else.
+- (void)showError;
+
+@end
+
+/// The actions of the context menu's items, on the first item of the Finder's selection; the others
+/// are ignored. Each closes the application's open window first, whatever follows. A failure is
+/// logged, shown application-modally except as showError says, and ends with the application
+/// hidden. The sender is not used. Each blocks until file manager, sync engine library and agent
+/// have answered.
 @interface ContextMenuAppAppDelegate (MenuActions)
+
+/// Puts a link to the item on the clipboard, without a window, and hides the application. Leaves
+/// contextMenuFlag alone.
 - (IBAction)CopyLink:(id)sender;
+
+/// Opens the send and copy-link window for a file. What is selected is looked up as a file, even if
+/// it is a folder.
 - (IBAction)SendFile:(id)sender;
+
+/// The same for a folder. What is selected is looked up as a folder, less the last character of its
+/// path, even if it is a file.
 - (IBAction)SendFolder:(id)sender;
+
+/// Opens the share window for a folder inside "MyDocs" of the synced folder; no other can be
+/// shared.
 - (IBAction)ShareFolder:(id)sender;
+
 @end
 
 /// Server ids of local paths, from the sync engine library.

@@ -20,4 +20,7 @@
 /// plug-in then cannot reach this process.
 - (id)init;
 
+/// The object whose operations the plug-in calls.
+- (ContextMenuProxy *)service;
+
 @end

@@ -23,6 +23,10 @@
   return self;
 }
 
+- (ContextMenuProxy *)service {
+  return _sdkService;
+}
+
 - (void)dealloc {
   // The connection and its root object are kept: they live as long as the process.
   [super dealloc];

@@ -10,10 +10,11 @@
 #import "plugin/ServingPause.h"
 #import "send/Alerts.h"
 #import "send/CopyLinkController.h"
-#import "send/CopyOutcome.h"
+#import "send/DirectCopy.h"
 #import "send/LocalizedText.h"
 #import "send/SendAndCopyTabController.h"
 #import "send/SendFileController.h"
+#import "send/TabWindow.h"
 #import "send/WindowTitle.h"
 #import "share/BrisvaleTabController.h"
 #import "share/InviteTabController.h"
@@ -39,19 +40,16 @@ void tellUser(NSString *message, NSString *informative) {
   [applicationDelegate() hideMe];
 }
 
-/// What is logged and what the user is told. These texts are fixed, unlike those of all other
-/// alerts of the application.
+/// What the user is told. These texts are fixed, unlike those of all other alerts of the
+/// application, and a success is not followed by hiding, unlike in the context menu.
 void report(CopyOutcome outcome) {
   switch (outcome) {
     case CopyOutcome::Copied:
-      NSLog(@"Link copied successfully.");
       return;
     case CopyOutcome::Refused:
-      NSLog(@"Unable to copy link at this time");
       tellUser(@"Unable to copy link at this time", nil);
       return;
     case CopyOutcome::NoReply:
-      NSLog(@"Getting null data from rest API(machine offline or server down)");
       tellUser(@"Cannot connect to brisvale", @"Brisvale is down or check you internet connection");
       return;
   }
@@ -70,12 +68,6 @@ std::int64_t positionOf(const BOOL &received) {
   signed char byte = 0;
   std::memcpy(&byte, &received, sizeof byte);
   return byte;
-}
-
-/// What every operation begins with: all open windows close.
-void closeOpenWindows() {
-  [[NSNotificationCenter defaultCenter] postNotificationName:@"newInstanceofWindowOpened"
-                                                      object:nil];
 }
 
 /// Tells a tab controller what its window is for.
@@ -105,10 +97,9 @@ bool isOperation(SEL selector) {
 }
 
 /// Shows the window of a new controller in front of all applications; nil when it could not be
-/// loaded, and then the controller is gone, because only a window's closing would end it.
+/// loaded.
 NSWindow *windowInFront(NSWindowController *controller) {
-  NSWindow *const window = [controller window];
-  if (window == nil) [controller release];
+  NSWindow *const window = loadedWindow(controller);
   [window orderFrontRegardless];
   return window;
 }
@@ -197,9 +188,7 @@ void activateWith(NSWindow *window) {
   [controller setFilePath:serverId];
   [controller setIsFileId:YES];
   const ContextMenuFlagCleared busy;
-  NSDictionary *const reply = [controller getCopyLink:serverId:YES:NO:@"-1"];
-  NSString *const status = [controller pasteToClipboard:reply];
-  report(outcomeOfCopy(reply, status));
+  report(copyLinkDirectly(controller, serverId));
 }
 
 @end

@@ -1,6 +1,8 @@
 #import "plugin/ServingPause.h"
 
 ServingPause::ServingPause(id rootObject) {
+  // Connections that only ask have no root object, and are not meant.
+  if (rootObject == nil) return;
   for (NSConnection *connection in [NSConnection allConnections]) {
     if ([connection rootObject] != rootObject) continue;
     if (![[connection requestModes] containsObject:NSDefaultRunLoopMode]) continue;

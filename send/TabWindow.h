@@ -7,6 +7,14 @@
 /// What the two window controllers do alike. Each is created by whoever opens its window, has no
 /// owner, and destroys itself when the window closes. Main thread.
 
+/// What every opener begins with, and every action that needs no window: tells all open windows of
+/// the application to close.
+void closeOpenWindows();
+
+/// The controller's window, loaded now if it has not been yet. nil when it could not be loaded: the
+/// controller, of which only its window's closing would be the end, is gone then.
+NSWindow *loadedWindow(NSWindowController *controller);
+
 /// Registers a new controller for "newInstanceofWindowOpened", which every opener posts before it
 /// makes its own: closeActiveWindow: then closes this one.
 void closeWhenAnotherOpens(NSWindowController *controller);

@@ -3,10 +3,26 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #import "send/InterfaceTexts.h"
 
+namespace {
+
+NSString *const kWindowIsToOpen = @"newInstanceofWindowOpened";
+
+}  // namespace
+
+void closeOpenWindows() {
+  [[NSNotificationCenter defaultCenter] postNotificationName:kWindowIsToOpen object:nil];
+}
+
+NSWindow *loadedWindow(NSWindowController *controller) {
+  NSWindow *const window = [controller window];
+  if (window == nil) [controller release];
+  return window;
+}
+
 void closeWhenAnotherOpens(NSWindowController *controller) {
   [[NSNotificationCenter defaultCenter] addObserver:controller
                                            selector:@selector(closeActiveWindow:)
-                                               name:@"newInstanceofWindowOpened"
+                                               name:kWindowIsToOpen
                                              object:nil];
 }
 

@@ -49,9 +49,12 @@ std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char 
   [defaults setRequestTimeout:patience.timeout.count()];
 
   NSDate *deadline = [NSDate dateWithTimeIntervalSinceNow:patience.wait.count()];
+  // In this order: a name that appears between the two would look like one that does not answer.
+  bool wasRegistered = isRegistered(name);
   id proxy = rootProxy(name);
-  while (!proxy && !isRegistered(name) && [deadline timeIntervalSinceNow] > 0) {
+  while (!proxy && !wasRegistered && [deadline timeIntervalSinceNow] > 0) {
     [NSThread sleepForTimeInterval:kPauseSeconds];
+    wasRegistered = isRegistered(name);
     proxy = rootProxy(name);
   }
   if (!proxy) {

@@ -2,6 +2,7 @@
 /// headers lack.
 #ifdef __OBJC__
 #import "platform/gnustep/CFURL.h"
+#import "platform/gnustep/NSAppleScript+FileManager.h"
 #import "platform/gnustep/NSComboBoxDelegate.h"
 #import "platform/gnustep/NSObject+Accessibility.h"
 #import "platform/gnustep/NSPasteboard+Writing.h"

@@ -94,6 +94,27 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   return kSeparatorHeight;
 }
 
+/// The platform expects that a menu is popped up by a press of the mouse, and takes the release of
+/// the user's first click for the end of it. A press that a program has made up (it counts no
+/// clicks) has no end: that comes from here, so that the user's first click counts.
+- (void)rightMouseDisplay:(NSMenu *)menu forEvent:(NSEvent *)event {
+  const bool waitsForEnd =
+      NSInterfaceStyleForKey(@"NSMenuInterfaceStyle", nil) == NSWindows95InterfaceStyle;
+  if (waitsForEnd && [event clickCount] == 0) {
+    [NSApp postEvent:[NSEvent mouseEventWithType:NSLeftMouseUp
+                                        location:[event locationInWindow]
+                                   modifierFlags:0
+                                       timestamp:[event timestamp]
+                                    windowNumber:[event windowNumber]
+                                         context:nil
+                                     eventNumber:0
+                                      clickCount:0
+                                        pressure:0]
+             atStart:YES];
+  }
+  [super rightMouseDisplay:menu forEvent:event];
+}
+
 - (void)drawSeparatorItemForMenuItemCell:(NSMenuItemCell *)cell
                                withFrame:(NSRect)frame
                                   inView:(NSView *)view

@@ -33,5 +33,6 @@
 
 @end
 
-/// The reply that an entry asks for, nil for none.
-id replyOfEntry(NSDictionary *entry);
+/// Does what an entry says, all but the answering, and returns the reply that it asks for, nil for
+/// none.
+id actOut(NSDictionary *entry);

@@ -30,6 +30,8 @@
 
 namespace {
 
+constexpr useconds_t kPollMicroseconds = 5000;
+
 NSArray *generatedContacts(NSUInteger count) {
   NSMutableArray *const contacts = [NSMutableArray arrayWithCapacity:count];
   for (NSUInteger i = 0; i < count; ++i) {
@@ -52,13 +54,16 @@ NSDictionary *successWithValue(id value) {
       dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:0], @"error", value, @"value", nil];
 }
 
+void waitWhileThereIs(NSString *path) {
+  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0)
+    usleep(kPollMicroseconds);
+}
+
 NSString *textOfLength(NSNumber *length) {
   return [@"https://" stringByPaddingToLength:[length unsignedIntegerValue]
                                    withString:@"link"
                               startingAtIndex:0];
 }
-
-}  // namespace
 
 id replyOfEntry(NSDictionary *entry) {
   static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
@@ -78,6 +83,17 @@ id replyOfEntry(NSDictionary *entry) {
   NSNumber *const linkLength = [entry objectForKey:@"linkLength"];
   if (linkLength != nil) return successWithValue(textOfLength(linkLength));
   return [entry objectForKey:@"reply"] ?: [NSDictionary dictionary];
+}
+
+}  // namespace
+
+id actOut(NSDictionary *entry) {
+  usleep(static_cast<useconds_t>([[entry objectForKey:@"delay"] doubleValue] * 1e6));
+  waitWhileThereIs([entry objectForKey:@"hold"]);
+  if ([[entry objectForKey:@"die"] isEqual:@"before"]) kill(getpid(), SIGKILL);
+  NSString *const exception = [entry objectForKey:@"raise"];
+  if (exception != nil) [NSException raise:exception format:@"as the script says"];
+  return replyOfEntry(entry);
 }
 
 @implementation Script

@@ -1,10 +1,7 @@
 #import "tests/agent/ScriptedAgent.h"
 
 #import <objc/runtime.h>
-#include <csignal>
 #include <initializer_list>
-
-#include <unistd.h>
 
 #import "agent/KRVProxy.h"
 
@@ -20,8 +17,6 @@
 #pragma clang diagnostic pop
 
 namespace {
-
-constexpr useconds_t kPollMicroseconds = 5000;
 
 const char *typesOfOperation(SEL selector) {
   for (Protocol *const protocol : { @protocol (KRVProxy), @protocol (KRVOperations) }) {
@@ -46,11 +41,6 @@ id recordable(NSInvocation *invocation, NSUInteger index) {
     return object;
   }
   return NSStringFromClass([object class]);
-}
-
-void waitWhileThereIs(NSString *path) {
-  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0)
-    usleep(kPollMicroseconds);
 }
 
 bool pluginIsRegistered() {
@@ -85,13 +75,7 @@ bool pluginIsRegistered() {
 - (void)forwardInvocation:(NSInvocation *)invocation {
   NSString *const operation = NSStringFromSelector([invocation selector]);
   [self recordOperation:operation invocation:invocation];
-  NSDictionary *const entry = [_script nextEntryForOperation:operation];
-  usleep(static_cast<useconds_t>([[entry objectForKey:@"delay"] doubleValue] * 1e6));
-  waitWhileThereIs([entry objectForKey:@"hold"]);
-  if ([[entry objectForKey:@"die"] isEqual:@"before"]) kill(getpid(), SIGKILL);
-  NSString *const exception = [entry objectForKey:@"raise"];
-  if (exception != nil) [NSException raise:exception format:@"as the script says"];
-  id reply = replyOfEntry(entry);
+  id reply = actOut([_script nextEntryForOperation:operation]);
   [invocation setReturnValue:&reply];
 }
 

@@ -12,7 +12,7 @@ from pathlib import Path
 from compilation import check_all, units
 from project import APPLICATION_FOLDERS, ROOT, SOURCES, Findings, read, tracked
 
-FOLDERS = (*APPLICATION_FOLDERS, "platform", "devkit", "tests", "bench")
+FOLDERS = (*APPLICATION_FOLDERS, "platform", "devkit", "packaging", "tests", "bench")
 CONFIGURATION = ".clang-tidy"
 
 # Following every path through the test framework's macros takes longer than all the rest together.

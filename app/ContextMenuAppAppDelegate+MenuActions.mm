@@ -1,0 +1,244 @@
+#import "agent/ResultDictionary.h"
+#import "app/ContextMenuAppAppDelegate.h"
+#import "plugin/ContextMenuPlugin.h"
+#import "plugin/ContextMenuProxy.h"
+#import "plugin/ServingPause.h"
+#import "send/Alerts.h"
+#import "send/CopyLinkController.h"
+#import "send/DirectCopy.h"
+#import "send/FolderTest.h"
+#import "send/LocalizedText.h"
+#import "send/SendAndCopyTabController.h"
+#import "send/SendFileController.h"
+#import "send/TabWindow.h"
+#import "send/TextFormat.h"
+#import "send/WindowTitle.h"
+#import "share/BrisvaleTabController.h"
+#import "share/InviteTabController.h"
+#import "share/PermissionTabController.h"
+
+namespace {
+
+/// What a path is looked up as.
+enum class ItemKind { File, Folder };
+
+/// The folder's path without the slash at its end. Whatever the last character is, it goes: what a
+/// folder action is given is taken for a folder, and a file then has no id.
+NSString *trimmed(NSString *path) {
+  return [path substringToIndex:[path length] - 1];
+}
+
+/// The title of a window about the item at `path`.
+NSString *titleOf(NSString *path) {
+  return windowTitle([path lastPathComponent]) ?: @"";
+}
+
+/// What every action begins with: all open windows close, whatever becomes of the action. Answers
+/// the path of the first selected item. A file manager that does not answer has nothing selected.
+NSString *closeWindowsAndReadSelection(ContextMenuAppAppDelegate *delegate) {
+  closeOpenWindows();
+  NSArray *const selection = [[delegate getSelectedFilesList] autorelease];
+  return [selection count] == 0 ? @"" : [selection objectAtIndex:0];
+}
+
+/// The item's server id; nil, and a line in the log, when it has none.
+NSString *serverId(ContextMenuAppAppDelegate *delegate, ItemKind kind, NSString *path) {
+  NSString *found = @"";
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  const int code = kind == ItemKind::Folder ? [delegate GetFolderIdByPath:path:nullptr:&found]
+                                            : [delegate GetFileIdByPath:path:nullptr:&found];
+  // clang-format on
+  if (code == 0 && [found length] > 0) return found;
+  NSLog(@"error getting fileId");
+  return nil;
+}
+
+void tellUser(ContextMenuAppAppDelegate *delegate, NSAlert *alert) {
+  runModally(alert);
+  [delegate hideMe];
+}
+
+/// The three actions that open a window tell of a missing id like this; Copy Link does not.
+void tellOfMissingId(ContextMenuAppAppDelegate *delegate) {
+  tellUser(delegate, alertWithTexts(localizedText(@"veldaneBrisvaleMessageTextKey"),
+                                    localizedText(@"failedToGetFileIdInformativeTextKey")));
+}
+
+/// What the user is told of a direct copy. Without an informative text where the service refused,
+/// unlike on the window's copy-link tab, on purpose.
+void report(CopyOutcome outcome) {
+  switch (outcome) {
+    case CopyOutcome::Copied:
+      return;
+    case CopyOutcome::Refused:
+      runModally(alertWithTexts(formatted(localizedText(@"unableCopyLinkMessagetextKey")), nil));
+      return;
+    case CopyOutcome::NoReply:
+      runModally(cannotConnectAlert());
+      return;
+  }
+}
+
+/// Shows the window of a new controller on its first tab. Answers the controller, which lives until
+/// its window closes; nil when there is no window. Unlike the plug-in's, the window is not brought
+/// in front of other applications.
+template <class WindowController>
+WindowController *openWindow(ContextMenuAppAppDelegate *delegate) {
+  [delegate setContextMenuFlag:NO];
+  WindowController *const controller = [[WindowController alloc] init];
+  [controller selectTabAtPosition:0];
+  if (loadedWindow(controller) == nil) {
+    [delegate setContextMenuFlag:YES];
+    return nil;
+  }
+  [controller showWindow:delegate];
+  return controller;
+}
+
+/// Opens the send window with the texts for the kind of item.
+SendAndCopyTabController *openSendWindow(ContextMenuAppAppDelegate *delegate, NSString *title,
+                                         ItemKind kind) {
+  const bool isFolder = kind == ItemKind::Folder;
+  SendAndCopyTabController *const controller = openWindow<SendAndCopyTabController>(delegate);
+  [[controller window] setTitle:title];
+  [[[controller sendFile] mailSubject]
+      setStringValue:isFolder ? localizedText(@"defaultSubjectForSendFolderKey")
+                              : localizedText(@"defaultSubjectForSendFileKey")];
+  [[[controller sendAndCopyTab] selectedTabViewItem]
+      setLabel:isFolder ? localizedText(@"sendFolderLabelTextKey")
+                        : localizedText(@"sendFileLabelTextKey")];
+  return controller;
+}
+
+/// Tells a tab controller what its window is for.
+template <class TabController>
+void giveItem(TabController *controller, NSString *itemId) {
+  [controller setFilePath:itemId];
+  [controller setIsFileId:YES];
+}
+template <class TabController>
+void giveFolder(TabController *controller, NSString *itemId) {
+  giveItem(controller, itemId);
+  [controller setIsFolder:YES];
+}
+
+}  // namespace
+
+@implementation ContextMenuAppAppDelegate (MenuActions)
+
+- (BOOL)isInSyncedFolder:(NSString *)path {
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  return [self containsString:path:[self syncedFilePath]];
+  // clang-format on
+}
+
+#pragma mark - Copy Link
+
+- (IBAction)CopyLink:(id)sender {
+  (void)sender;
+  const ServingPause pluginWaits([contextMenuPlugin service]);
+  NSString *const selected = closeWindowsAndReadSelection(self);
+  const BOOL isFolder = isFolderOnDisk(selected);
+  if (![self isInSyncedFolder:selected]) {
+    [self showError];
+    return;
+  }
+  [self copyLinkTo:isFolder ? trimmed(selected) : selected isFolder:isFolder];
+  // After a success, too: unlike the plug-in's copy, this one was started from a menu of ours.
+  [self hideMe];
+}
+
+- (void)copyLinkTo:(NSString *)path isFolder:(BOOL)isFolder {
+  CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
+  if (isFolder) [controller setIsFolder:YES];
+  NSString *const itemId = serverId(self, isFolder ? ItemKind::Folder : ItemKind::File, path);
+  if (itemId == nil) {
+    // To the user that is a link which could not be copied, on purpose.
+    runModally(alertWithTexts(localizedText(@"unableCopyLinkMessagetextKey"), nil));
+    return;
+  }
+  giveItem(controller, itemId);
+  report(copyLinkDirectly(controller, path));
+}
+
+#pragma mark - Send File
+
+- (IBAction)SendFile:(id)sender {
+  (void)sender;
+  const ServingPause pluginWaits([contextMenuPlugin service]);
+  NSString *const selected = closeWindowsAndReadSelection(self);
+  if (![self isInSyncedFolder:selected]) {
+    [self showError];
+    return;
+  }
+  // As it is, also when it is a folder: then the library knows no such file.
+  NSString *const itemId = serverId(self, ItemKind::File, selected);
+  if (itemId == nil) {
+    tellOfMissingId(self);
+    return;
+  }
+  SendAndCopyTabController *const controller =
+      openSendWindow(self, titleOf(selected), ItemKind::File);
+  giveItem([controller sendCopyFile], itemId);
+  giveItem([controller sendFile], itemId);
+}
+
+#pragma mark - Send Folder
+
+- (IBAction)SendFolder:(id)sender {
+  (void)sender;
+  const ServingPause pluginWaits([contextMenuPlugin service]);
+  [self sendSelectedFolder:closeWindowsAndReadSelection(self)];
+  NSLog(@"Send Folder action..");
+}
+
+- (void)sendSelectedFolder:(NSString *)selected {
+  if (![self isInSyncedFolder:selected]) {
+    [self showError];
+    return;
+  }
+  NSString *const folder = trimmed(selected);
+  NSString *const itemId = serverId(self, ItemKind::Folder, folder);
+  if (itemId == nil) {
+    tellOfMissingId(self);
+    return;
+  }
+  NSString *const homeId = agent::stringOrNil([[self homeFolderInfo] objectForKey:@"homefolder"]);
+  NSString *const title = [itemId isEqualToString:homeId] ? @"MyDocs" : titleOf(folder);
+  SendAndCopyTabController *const controller = openSendWindow(self, title, ItemKind::Folder);
+  giveFolder([controller sendCopyFile], itemId);
+  giveFolder([controller sendFile], itemId);
+}
+
+#pragma mark - Share Folder
+
+- (IBAction)ShareFolder:(id)sender {
+  (void)sender;
+  const ServingPause pluginWaits([contextMenuPlugin service]);
+  [self shareSelectedFolder:closeWindowsAndReadSelection(self)];
+  NSLog(@"Share Folder action..");
+}
+
+- (void)shareSelectedFolder:(NSString *)selected {
+  NSString *const ownArea = [NSString stringWithFormat:@"%@/MyDocs", [self syncedFilePath]];
+  // The user is told, unlike in the other actions: also of what lies outside the synced folder.
+  // clang-format off: it takes the first anonymous argument for a part of the name.
+  if (![self containsString:selected:ownArea]) {
+    // clang-format on
+    tellUser(self,
+             alertWithTexts(localizedText(@"doNotHavePermissionForThisFolderMessageTextKey"), nil));
+    return;
+  }
+  NSString *const folder = trimmed(selected);
+  NSString *const itemId = serverId(self, ItemKind::Folder, folder);
+  if (itemId == nil) {
+    tellOfMissingId(self);
+    return;
+  }
+  BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(self);
+  [[controller window] setTitle:titleOf(folder)];
+  giveItem([controller givePermissionTab], itemId);
+  giveItem([controller sendInviteTab], itemId);
+}
+
+@end

@@ -1,0 +1,46 @@
+"""Messages on the desktop, with whatever the desktop has to show them."""
+
+import html
+import os
+import shutil
+import subprocess
+import sys
+import textwrap
+
+
+def _notification(title, text):
+    # The text of a notification may hold markup, and then no bare "&" and "<".
+    return ["notify-send", "--app-name=Brisvale", "--icon=dialog-warning", "--", title,
+            html.escape(text, quote=False)]
+
+
+# Each waits for the user, and what it returns then says nothing of whether it was seen. Title bars
+# are not everywhere, so what is in one stands in the text as well.
+_DIALOGS = (
+    lambda title, text: ["zenity", "--warning", "--no-markup", f"--title={title}",
+                         f"--text={title}\n\n{text}"],
+    lambda title, text: ["kdialog", "--title", title, "--sorry", f"{title}\n\n{text}"],
+    lambda title, text: ["xmessage", "-center", "-title", title,
+                         f"{title}\n\n{textwrap.fill(text, 60)}"],
+)
+
+
+def _run(command):
+    return subprocess.run(command, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                          stderr=subprocess.DEVNULL, check=False).returncode == 0
+
+
+def show(title, text):
+    """Shows a message, and writes it to the standard error output as well, where somebody who
+    started the file manager in a terminal sees it."""
+    print(title, text, sep="\n", file=sys.stderr)
+    # Fails where no program on the desktop shows notifications.
+    if shutil.which("notify-send") and _run(_notification(title, text)):
+        return
+    if not (os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY")):
+        return
+    for dialog in _DIALOGS:
+        command = dialog(title, text)
+        if shutil.which(command[0]):
+            _run(command)
+            return

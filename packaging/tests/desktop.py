@@ -1,0 +1,136 @@
+"""What the tests of the file managers' actions share: a synced folder, the real agent, application
+and plug-in client, and the screen with somebody in front of it. For use in a private desktop only."""
+
+import json
+import os
+import subprocess
+import tempfile
+import time
+import unittest
+from pathlib import Path
+
+ROOT = Path(__file__).resolve().parents[2]
+BUILD = Path(os.environ["BUILD_FOLDER"])
+ACTIONS = BUILD / "packaging" / "actions"
+GENERATE = ROOT / "packaging" / "generate.py"
+# For a program to come up on a busy machine.
+DEADLINE_SECONDS = 60
+NOT_REACHED = "Brisvale cannot be reached."
+
+
+def wait_until(what, question):
+    """Waits until the question is answered with something true, and answers that."""
+    deadline = time.monotonic() + DEADLINE_SECONDS
+    while True:
+        answer = question()
+        if answer:
+            return answer
+        if time.monotonic() > deadline:
+            raise AssertionError(f"{what}: not within {DEADLINE_SECONDS} seconds")
+        time.sleep(0.05)
+
+
+def output(*command):
+    """What a command prints, whether it succeeds or not."""
+    return subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True,
+                          check=False).stdout.strip()
+
+
+def windows(*search):
+    """The numbers of the visible windows that xdotool finds."""
+    return output("xdotool", "search", "--onlyvisible", *search).split()
+
+
+def geometry(window):
+    """x, y, width, height."""
+    lines = dict(line.split("=") for line in
+                 output("xdotool", "getwindowgeometry", "--shell", window).splitlines())
+    return tuple(int(lines[name]) for name in ("X", "Y", "WIDTH", "HEIGHT"))
+
+
+def colours(x, y, width, height):
+    """How many colours a part of the screen has."""
+    part = f"{width}x{height}+{x}+{y}"
+    shot = subprocess.run(["import", "-window", "root", "-crop", part, "miff:-"],
+                          stdout=subprocess.PIPE, check=False).stdout
+    count = subprocess.run(["convert", "miff:-", "-format", "%k", "info:"], input=shot,
+                           stdout=subprocess.PIPE, check=False).stdout
+    return int(count or 0)
+
+
+def click(x, y, button):
+    """Presses and releases a button of the mouse, some time later, as a finger does."""
+    subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", str(button),
+                    "sleep", "0.08", "mouseup", str(button)], check=True)
+
+
+class DesktopTest(unittest.TestCase):
+    """A user with a synced folder. The application runs where a test starts it."""
+
+    def setUp(self):
+        self.assertIn("PRIVATE_DESKTOP", os.environ, "to be run by tools/private-desktop")
+        self._folder = tempfile.TemporaryDirectory(dir=os.environ["HOME"])
+        self.addCleanup(self._folder.cleanup)
+        self.home = Path(self._folder.name)
+        self.users = self.home / "Users"
+        self.synced = self.users / "ann" / "Brisvale"
+        self.synced.mkdir(parents=True)
+        self._variables = {
+            "BV_SYNCED_FOLDER": str(self.synced),
+            "BV_DEVKIT_DATA": str(self.home / "data"),
+            "XDG_DATA_HOME": str(self.home / "share"),
+            "PATH": f"{BUILD / 'devkit'}:{os.environ['PATH']}",
+        }
+        before = dict(os.environ)
+        self.addCleanup(lambda: (os.environ.clear(), os.environ.update(before)))
+        os.environ.update(self._variables)
+
+    def file(self, name, root=None):
+        """Makes a file of the synced folder, or of another one."""
+        path = (root or self.synced) / name
+        path.parent.mkdir(parents=True, exist_ok=True)
+        path.write_text("text\n", encoding="utf-8")
+        return path
+
+    def folder(self, name, root=None):
+        """Makes a folder of the synced folder, or of another one."""
+        path = (root or self.synced) / name
+        path.mkdir(parents=True)
+        return path
+
+    def start(self, *command):
+        """Starts a program, which ends with the test. What it prints goes to a file."""
+        log = self.home / f"{Path(command[0]).name}.log"
+        # The file stays open in the program only.
+        with open(log, "wb") as file:
+            process = subprocess.Popen(command, stdout=file, stderr=subprocess.STDOUT)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process, log
+
+    def start_application(self):
+        """Starts agent and application, and waits until both serve."""
+        _, log = self.start(BUILD / "devkit/VeldaneKRVAgent.app/VeldaneKRVAgent")
+        wait_until("the agent is registered", lambda: "registered as" in log.read_text())
+        self.start(BUILD / "ContextMenuApp.app/ContextMenuApp")
+        # Not left to the client's own waiting, which ends at the name that the application of an
+        # earlier test has left behind.
+        status = [BUILD / "devkit/contextmenu", "--timeout", "5", "status"]
+        wait_until("the application answers", lambda: output(*status))
+
+    def operations(self, name):
+        """What the agent was asked, as its log has it."""
+        log = self.home / "data" / "operations.jsonl"
+        lines = log.read_text(encoding="utf-8").splitlines() if log.exists() else []
+        return [line for line in map(json.loads, lines) if line["operation"] == name]
+
+    def assert_clipboard_gets_link_of(self, operation):
+        """Waits until the clipboard holds the link that the agent has made by this operation."""
+        made = wait_until("the agent makes a link", lambda: self.operations(operation))[-1]["value"]
+        # Asked in the moment in which the clipboard changes its owner, xclip may never be answered.
+        wait_until("the link is on the clipboard", lambda: output(
+            "timeout", "3", "xclip", "-selection", "clipboard", "-out") == made)
+
+    def assert_message(self, title):
+        """Waits until a message with this title can be seen."""
+        wait_until(f"a message says {title}", lambda: windows("--name", title))

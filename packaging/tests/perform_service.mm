@@ -1,0 +1,23 @@
+// What the menu Services does when the user chooses an entry of it.
+//
+//   perform_service TITLE PATH...    the paths are what is selected
+
+#import <AppKit/AppKit.h>
+
+int main(int argc, char *argv[]) {
+  @autoreleasepool {
+    if (argc < 3) return 2;
+    [NSApplication sharedApplication];
+    // As a file manager does, so that services for files are looked for.
+    NSArray *const types = [NSArray arrayWithObject:NSFilenamesPboardType];
+    [NSApp registerServicesMenuSendTypes:types returnTypes:[NSArray array]];
+    NSMutableArray *const paths = [NSMutableArray array];
+    for (int index = 2; index < argc; ++index) {
+      [paths addObject:[NSString stringWithUTF8String:argv[index]]];
+    }
+    NSPasteboard *const pasteboard = [NSPasteboard pasteboardWithUniqueName];
+    [pasteboard declareTypes:types owner:nil];
+    [pasteboard setPropertyList:paths forType:NSFilenamesPboardType];
+    return NSPerformService([NSString stringWithUTF8String:argv[1]], pasteboard) ? 0 : 1;
+  }
+}

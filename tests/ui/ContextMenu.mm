@@ -1,0 +1,250 @@
+#include <algorithm>
+#include <memory>
+
+#include "tests/ui/MenuActions.h"
+
+/// Waits for the context menu as a person does, and then uses the mouse. What a timer can message.
+@interface MenuUser : NSObject {
+ @public
+  NSMenu *menu;
+  NSInteger item;
+  NSRect menuFrame;
+  std::unique_ptr<ChildProcess> *hand;
+}
+@end
+
+namespace {
+
+const std::string kPointingTool = "/usr/bin/xdotool";
+constexpr NSTimeInterval kLookEverySeconds = 0.05;
+
+/// Where no menu that is popped up at kPointer reaches.
+constexpr NSInteger kElsewhere = -1;
+constexpr NSPoint kFarAway = {1200, 100};
+constexpr NSPoint kPointer = {400, 500};
+constexpr NSPoint kSecondPointer = {300, 300};
+
+/// The window server counts from the top.
+std::vector<std::string> onServer(NSPoint place) {
+  const double top = NSMaxY([[NSScreen mainScreen] frame]) - place.y;
+  return {std::to_string(static_cast<int>(place.x)), std::to_string(static_cast<int>(top))};
+}
+
+NSWindow *windowOf(NSMenu *menu) {
+  return [[menu menuRepresentation] window];
+}
+
+NSPoint middleOfItem(NSMenu *menu, NSInteger item) {
+  NSMenuView *const view = [menu menuRepresentation];
+  const NSRect frame = [view convertRect:[view rectOfItemAtIndex:item] toView:nil];
+  return [[view window] convertBaseToScreen:NSMakePoint(NSMidX(frame), NSMidY(frame))];
+}
+
+}  // namespace
+
+@implementation MenuUser
+
+- (void)look:(NSTimer *)timer {
+  if (![windowOf(menu) isVisible]) return;
+  [timer invalidate];
+  menuFrame = [windowOf(menu) frame];
+  const auto place = onServer(item == kElsewhere ? kFarAway : middleOfItem(menu, item));
+  // The menu looks where the pointer is some times a second, so the hand is not too fast.
+  *hand = std::make_unique<ChildProcess>(
+      std::vector<std::string>{kPointingTool, "mousemove", place[0], place[1], "sleep", "0.3",
+                               "mousedown", "1", "sleep", "0.1", "mouseup", "1"});
+}
+
+@end
+
+namespace {
+
+struct FinderSelection : MenuActions {
+  /// What is read, as one text per element; {"(nil)"} for no list.
+  Lines read() const {
+    NSArray *const list = [[delegate getSelectedFilesList] autorelease];
+    if (list == nil) return {"(nil)"};
+    Lines elements;
+    for (NSString *element in list) elements.push_back(text(element));
+    return elements;
+  }
+};
+
+struct ContextMenu : MenuActions {
+  /// Pops the menu up at a place of the screen, and clicks on an item or elsewhere; answers the
+  /// menu's frame.
+  NSRect popUpAndClick(NSInteger item, NSPoint place = kPointer) const {
+    const auto pointer = onServer(place);
+    ChildProcess move({kPointingTool, "mousemove", pointer[0], pointer[1]});
+    EXPECT_TRUE(handleEventsUntil([&] { return NSEqualPoints([NSEvent mouseLocation], place); }));
+    std::unique_ptr<ChildProcess> hand;
+    MenuUser *const person = [[[MenuUser alloc] init] autorelease];
+    person->menu = [delegate krvContextMenu];
+    person->item = item;
+    person->hand = &hand;
+    NSTimer *const timer = [NSTimer timerWithTimeInterval:kLookEverySeconds
+                                                   target:person
+                                                 selector:@selector(look:)
+                                                 userInfo:nil
+                                                  repeats:YES];
+    [[NSRunLoop currentRunLoop] addTimer:timer forMode:NSEventTrackingRunLoopMode];
+    [delegate showContextMenu];
+    EXPECT_FALSE([windowOf([delegate krvContextMenu]) isVisible]);
+    return person->menuFrame;
+  }
+
+  /// The windows that showContextMenu leaves behind.
+  static std::vector<NSWindow *> anchors() {
+    std::vector<NSWindow *> found;
+    for (NSWindow *window in [NSApp windows]) {
+      if ([window alphaValue] == 0 && [window styleMask] == NSBorderlessWindowMask) {
+        found.push_back(window);
+      }
+    }
+    return found;
+  }
+};
+
+}  // namespace
+
+TEST_F(FinderSelection, NoSelectionIsExactlyOneEmptyString) {
+  EXPECT_EQ(read(), Lines{""});
+}
+
+TEST_F(FinderSelection, ThreeItemsAreFourElementsInTheOrderOfTheSelection) {
+  NSString *const c = makeFile(@"c");
+  NSString *const a = makeFile(@"a");
+  NSString *const b = makeFile(@"b");
+  fileManager.select(@[ c, a, b ]);
+  EXPECT_EQ(read(), (Lines{text(c), text(a), text(b), ""}));
+}
+
+TEST_F(FinderSelection, ASelectedFoldersElementEndsWithASlash) {
+  NSString *const folder = makeFolder(@"Plans");
+  select(folder);
+  EXPECT_EQ(read(), (Lines{text(folder) + "/", ""}));
+}
+
+TEST_F(FinderSelection, ANameWithALineFeedIsSplitThere) {
+  NSString *const file = makeFile(@"two\nlines.txt");
+  select(file);
+  EXPECT_EQ(read(), (Lines{text(syncedFolder) + "/two", "lines.txt", ""}));
+}
+
+TEST_F(FinderSelection, AnItemThatIsGoneMakesTheWholeListAbsent) {
+  select(makeFile(@"a"), @"/nowhere/at/all");
+  EXPECT_EQ(read(), Lines{"(nil)"});
+}
+
+TEST_F(FinderSelection, AFileManagerThatFailsMakesTheListAbsentWithoutAWord) {
+  for (NSDictionary *entry in @[ @{@"nil" : @1}, @{@"raise" : @"X"}, @{@"die" : @"before"} ]) {
+    fileManager.setScript(entry);
+    EXPECT_EQ(read(), Lines{"(nil)"});
+  }
+  EXPECT_EQ(loggedLines(), Lines{});
+  EXPECT_TRUE(user.alerts().empty());
+}
+
+TEST_F(FinderSelection, TheListBelongsToTheCaller) {
+  NSArray *list = nil;
+  @autoreleasepool {
+    list = [delegate getSelectedFilesList];
+  }
+  EXPECT_EQ([list count], 1u);
+  EXPECT_EQ([list retainCount], 1u);
+  [list release];
+}
+
+TEST_F(ContextMenu, ShowErrorHidesAndWritesExactlyOneLine) {
+  [NSApp unhideWithoutActivation];
+  [delegate showError];
+  expectSilence({kOutsideLine});
+}
+
+TEST_F(ContextMenu, ItOpensAtThePointer) {
+  const NSRect frame = popUpAndClick(kElsewhere);
+  EXPECT_NEAR(NSMinX(frame), kPointer.x, 2);
+  EXPECT_NEAR(NSMaxY(frame), kPointer.y, 2);
+}
+
+TEST_F(ContextMenu, ItOffersItsFourItemsInTheirOrderWhateverIsSelected) {
+  for (NSString *path in @[ makeFile(@"a"), @"/usr" ]) {
+    select(path);
+    popUpAndClick(kElsewhere);
+    Lines titles;
+    for (NSMenuItem *item in [[delegate krvContextMenu] itemArray]) {
+      titles.push_back(text([item title]));
+      EXPECT_TRUE([item isEnabled]) << titles.back();
+    }
+    EXPECT_EQ(titles, (Lines{"Copy Link", "Send File…", "Send Folder…", "Share Folder…"}));
+  }
+  EXPECT_EQ(fileManager.questions(), 0);
+}
+
+TEST_F(ContextMenu, EachItemSendsItsActionToTheDelegate) {
+  const std::vector<std::pair<NSMenuItem *, SEL>> actions = {
+      {[delegate copyLink], @selector(CopyLink:)},
+      {[delegate sendFile], @selector(SendFile:)},
+      {[delegate sendFolder], @selector(SendFolder:)},
+      {[delegate shareFolder], @selector(ShareFolder:)}};
+  NSInteger index = 0;
+  for (const auto &[item, action] : actions) {
+    EXPECT_EQ([item target], delegate);
+    EXPECT_TRUE(sel_isEqual([item action], action));
+    EXPECT_EQ([[delegate krvContextMenu] indexOfItem:item], index++);
+  }
+}
+
+TEST_F(ContextMenu, ClickingElsewhereDismissesItWithoutAnAction) {
+  [NSApp unhideWithoutActivation];
+  popUpAndClick(kElsewhere);
+  EXPECT_EQ(fileManager.questions(), 0);
+  EXPECT_EQ(linesInLog(kOutsideLine), 0);
+  EXPECT_FALSE([NSApp isHidden]);
+}
+
+TEST_F(ContextMenu, CopyLinkIsClickedAndTheLinkIsOnTheClipboard) {
+  NSString *const file = makeFile(@"figures.csv");
+  select(file);
+  knowFile(file, "id-file");
+  agent.answer(@"getLinkForFile:::::", success(@"https://x/file"));
+  popUpAndClick(0);
+  EXPECT_EQ(text(clipboardText()), "https://x/file");
+  EXPECT_TRUE([NSApp isHidden]);
+}
+
+TEST_F(ContextMenu, SendFileIsClickedWhileTheApplicationIsHiddenAndItsWindowIsSeen) {
+  NSString *const file = makeFile(@"figures.csv");
+  select(file);
+  knowFile(file, "id-file");
+  [delegate hideMe];
+  popUpAndClick(1);
+  EXPECT_EQ(text([onlyWindow() title]), "figures.csv");
+  EXPECT_FALSE([NSApp isHidden]);
+}
+
+TEST_F(ContextMenu, ShareFolderIsClickedAndItsWindowIsSeen) {
+  NSString *const folder = makeFolder(@"MyDocs/Plans");
+  select(folder);
+  knowFolder(folder, "id-folder");
+  popUpAndClick(3);
+  EXPECT_NE(shareWindow(), nil);
+}
+
+TEST_F(ContextMenu, TwiceLeavesTwoInvisibleAnchorWindowsBehind) {
+  [NSApp unhideWithoutActivation];
+  const auto before = anchors();
+  popUpAndClick(kElsewhere);
+  popUpAndClick(kElsewhere, kSecondPointer);
+  std::vector<NSWindow *> left = anchors();
+  std::erase_if(left, [&](NSWindow *anchor) {
+    return std::find(before.begin(), before.end(), anchor) != before.end();
+  });
+  ASSERT_EQ(left.size(), 2u);
+  EXPECT_TRUE([left[0] isVisible]);
+  EXPECT_TRUE([left[1] isVisible]);
+  EXPECT_EQ(text(NSStringFromRect([left[0] frame])),
+            "{x = 400; y = 500; width = 200; height = 200}");
+  EXPECT_EQ(text(NSStringFromRect([left[1] frame])),
+            "{x = 300; y = 300; width = 200; height = 200}");
+}

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "tests/engine/ScriptedEngine.h"
+#include "tests/support/AlertUser.h"
+#import "tests/support/FileManagerProcess.h"
+#include "tests/ui/Windows.h"
+
+using Lines = std::vector<std::string>;
+
+extern const char *const kOutsideLine;
+extern const char *const kNoIdLine;
+
+/// The context menu's actions, with a real synced folder elsewhere than the user's, a file manager
+/// and an agent in other processes, a sync engine library that says what it is asked, and somebody
+/// who dismisses the alerts.
+struct MenuActions : Windows {
+  FileManagerProcess fileManager;
+  ScriptedEngine &engine = ScriptedEngine::shared();
+  NSString *const syncedFolder;
+  /// What the clipboard held, and whether the flag was set, while the last alert was open.
+  NSString *clipboardInAlert = @"no alert yet";
+  bool flagInAlert = false;
+  AlertUser user;
+
+  MenuActions();
+
+  /// Makes an item in the synced folder, with the folders above it, and answers its path, a
+  /// folder's without a slash at its end.
+  NSString *makeFile(NSString *relativePath) const;
+  NSString *makeFolder(NSString *relativePath) const;
+
+  /// An item outside the synced folder.
+  NSString *makeFileOutside() const;
+
+  /// Selects these items in the file manager, and nothing else.
+  void select(NSString *first, NSString *second = nil) const;
+
+  /// Tells the library an id.
+  void knowFile(NSString *path, const char *itemId) const;
+  void knowFolder(NSString *path, const char *itemId) const;
+
+  /// The log without the platform's note that the application came to the front.
+  Lines loggedLines() const;
+
+  /// That one alert was shown, with this message and informative text ("" for none) and no other
+  /// text, with these log lines, and that the application is hidden and has opened no window.
+  void expectAlert(const std::string &message, const std::string &informative, const Lines &lines);
+
+  /// That nothing but this was logged, and the application is hidden without an alert or window.
+  void expectSilence(const Lines &lines) const;
+
+  /// The one window that can be seen, and its controller.
+  static NSWindow *onlyWindow();
+  static SendAndCopyTabController *sendWindow();
+  static BrisvaleTabController *shareWindow();
+
+  /// That both tabs have this item, by its server id.
+  static void expectItem(SendAndCopyTabController *controller, const std::string &itemId,
+                         bool isFolder);
+};

@@ -1,0 +1,114 @@
+#import "tests/ui/MenuActions.h"
+
+#include <algorithm>
+
+const char *const kOutsideLine = "filepath cannot be matched";
+const char *const kNoIdLine = "error getting fileId";
+
+namespace {
+
+NSString *nsString(const std::string &text) {
+  return [NSString stringWithUTF8String:text.c_str()];
+}
+
+void makeFolderAt(NSString *path) {
+  [[NSFileManager defaultManager] createDirectoryAtPath:path
+                            withIntermediateDirectories:YES
+                                             attributes:nil
+                                                  error:nullptr];
+}
+
+NSString *makeFileAt(NSString *path) {
+  makeFolderAt([path stringByDeletingLastPathComponent]);
+  [[NSFileManager defaultManager] createFileAtPath:path contents:[NSData data] attributes:nil];
+  return path;
+}
+
+}  // namespace
+
+MenuActions::MenuActions()
+    : syncedFolder(nsString(newTemporaryFolder() + "/Users/ada/Brisvale")), user([this] {
+        clipboardInAlert = [clipboardText() copy];
+        flagInAlert = [delegate contextMenuFlag];
+      }) {
+  engine = ScriptedEngine();
+  makeFolderAt(syncedFolder);
+  [delegate setSyncedFilePath:syncedFolder];
+  [delegate setHomeFolderInfo:@{@"homefolder" : @"home-1"}];
+}
+
+NSString *MenuActions::makeFile(NSString *relativePath) const {
+  return makeFileAt([syncedFolder stringByAppendingPathComponent:relativePath]);
+}
+
+NSString *MenuActions::makeFolder(NSString *relativePath) const {
+  NSString *const path = [syncedFolder stringByAppendingPathComponent:relativePath];
+  makeFolderAt(path);
+  return path;
+}
+
+NSString *MenuActions::makeFileOutside() const {
+  return makeFileAt(nsString(newTemporaryFolder() + "/notes.txt"));
+}
+
+void MenuActions::select(NSString *first, NSString *second) const {
+  fileManager.select([NSArray arrayWithObjects:first, second, nil]);
+}
+
+void MenuActions::knowFile(NSString *path, const char *itemId) const {
+  engine.files[text(path)] = itemId;
+}
+
+void MenuActions::knowFolder(NSString *path, const char *itemId) const {
+  engine.folders[text(path)] = itemId;
+}
+
+Lines MenuActions::loggedLines() const {
+  Lines lines = log.lines();
+  std::erase(lines, "Context Menu Application Did Become Active");
+  return lines;
+}
+
+void MenuActions::expectAlert(const std::string &message, const std::string &informative,
+                              const Lines &lines) {
+  EXPECT_EQ(loggedLines(), lines);
+  ASSERT_EQ(user.alerts().size(), 1u);
+  Lines shown = user.alerts()[0].texts;
+  std::erase(shown, "");
+  EXPECT_EQ(shown, informative.empty() ? Lines{message} : (Lines{message, informative}));
+  EXPECT_TRUE([NSApp isHidden]);
+  EXPECT_TRUE(visibleWindows().empty());
+}
+
+void MenuActions::expectSilence(const Lines &lines) const {
+  EXPECT_EQ(loggedLines(), lines);
+  EXPECT_TRUE(user.alerts().empty());
+  EXPECT_TRUE([NSApp isHidden]);
+  EXPECT_TRUE(visibleWindows().empty());
+}
+
+NSWindow *MenuActions::onlyWindow() {
+  handlePostedEvents();
+  const auto windows = visibleWindows();
+  return windows.size() == 1 ? windows.front() : nil;
+}
+
+SendAndCopyTabController *MenuActions::sendWindow() {
+  id const controller = [onlyWindow() windowController];
+  return [controller isKindOfClass:[SendAndCopyTabController class]] ? controller : nil;
+}
+
+BrisvaleTabController *MenuActions::shareWindow() {
+  id const controller = [onlyWindow() windowController];
+  return [controller isKindOfClass:[BrisvaleTabController class]] ? controller : nil;
+}
+
+void MenuActions::expectItem(SendAndCopyTabController *controller, const std::string &itemId,
+                             bool isFolder) {
+  EXPECT_EQ(text([[controller sendFile] filePath]), itemId);
+  EXPECT_TRUE([[controller sendFile] isFileId]);
+  EXPECT_EQ([[controller sendFile] isFolder] != NO, isFolder);
+  EXPECT_EQ(text([[controller sendCopyFile] filePath]), itemId);
+  EXPECT_TRUE([[controller sendCopyFile] isFileId]);
+  EXPECT_EQ([[controller sendCopyFile] isFolder] != NO, isFolder);
+}
