@@ -72,6 +72,13 @@ id valueIn(id record, NSString *key) {
   return readable([record objectForKey:key]);
 }
 
+/// The number that a text form tells, nil when it does not tell whether that is zero ("nan").
+NSNumber *numberOf(NSString *text) {
+  const double value = [text doubleValue];
+  const bool isTold = value != 0 || [text isEqualToString:@"0"];
+  return isTold ? [NSNumber numberWithDouble:value] : nil;
+}
+
 bool isOneOf(NSString *name, NSString *first, NSString *second) {
   return [name isEqualToString:first] || [name isEqualToString:second];
 }
@@ -99,15 +106,21 @@ class Column {
   id valueAt(NSUInteger index) const {
     NSString *const text = [texts_ objectAtIndex:index];
     if (classes_ == nil) return text;
-    NSString *const name = [classes_ objectAtIndex:index];
+    NSString *const name = nameOfClassAt(index, text);
     if (isOneOf(name, @"NSString", @"NSMutableString")) return text;
     if (isOneOf(name, @"<null>", @"NSNull")) return nil;
-    if ([name isEqualToString:@"NSNumber"]) return [NSNumber numberWithDouble:[text doubleValue]];
+    NSNumber *const number = [name isEqualToString:@"NSNumber"] ? numberOf(text) : nil;
     // Rare enough to ask: a string or a number of a class that only the agent knows.
-    return valueIn([records_ objectAtIndex:index], key_);
+    return number ?: valueIn([records_ objectAtIndex:index], key_);
   }
 
  private:
+  /// nil where what was brought over need not be the class: a dictionary answers the question for
+  /// it with what stands in it under that key.
+  NSString *nameOfClassAt(NSUInteger index, NSString *text) const {
+    return [text hasPrefix:@"{"] ? nil : [classes_ objectAtIndex:index];
+  }
+
   id records_;
   NSString *key_;
   NSArray *texts_ = nil;

@@ -16,12 +16,35 @@ inline std::u16string unitsOf(NSString *string) {
   return units;
 }
 
-/// The string of these units; the empty string where the platform makes none (of half a surrogate
-/// pair, for example). Autoreleased.
+inline bool isHighSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xD800;
+}
+inline bool isLowSurrogate(char16_t unit) {
+  return (unit & 0xFC00) == 0xDC00;
+}
+
+/// The units with U+FFFD in place of each half of a surrogate pair that stands alone: UTF-8 cannot
+/// hold it, and the platform makes nothing of a text that has one.
+inline std::u16string wellFormed(std::u16string_view text) {
+  std::u16string units(text);
+  for (size_t i = 0; i < units.size(); ++i) {
+    if (isHighSurrogate(units[i]) && i + 1 < units.size() && isLowSurrogate(units[i + 1])) {
+      ++i;
+    } else if (isHighSurrogate(units[i]) || isLowSurrogate(units[i])) {
+      units[i] = u'\uFFFD';
+    }
+  }
+  return units;
+}
+
+/// The string of these units, made well-formed where the platform makes no string of them as they
+/// are. Autoreleased, never nil.
 inline NSString *stringOf(std::u16string_view units) {
-  return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(units.data())
-                                 length:units.size()]
-             ?: @"";
+  const auto platformString = [](std::u16string_view all) {
+    return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(all.data())
+                                   length:all.size()];
+  };
+  return platformString(units) ?: platformString(wellFormed(units)) ?: @"";
 }
 
 }  // namespace utf16

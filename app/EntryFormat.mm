@@ -15,6 +15,8 @@ bool EntryFormat::read(std::u16string_view format) {
   size_t next = 0;  // the argument of the next "%@"
   std::u16string text;
   while (!format.empty()) {
+    // Where the platform ends.
+    if (format.front() == u'\0') return false;
     if (format.front() != u'%') {
       text += format.front();
       format.remove_prefix(1);

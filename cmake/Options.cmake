@@ -17,8 +17,12 @@ if(SANITIZE STREQUAL "address")
       -fno-omit-frame-pointer)
 elseif(SANITIZE STREQUAL "thread")
   set(sanitizer_flags -fsanitize=thread -fno-omit-frame-pointer)
+elseif(SANITIZE STREQUAL "fuzz")
+  # The fuzzer's own main is for the fuzzed programs alone (tests/fuzz/CMakeLists.txt).
+  set(sanitizer_flags -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=undefined
+      -fno-omit-frame-pointer)
 elseif(NOT SANITIZE STREQUAL "")
-  message(FATAL_ERROR "SANITIZE is '${SANITIZE}'; use address or thread")
+  message(FATAL_ERROR "SANITIZE is '${SANITIZE}'; use address, thread or fuzz")
 endif()
 if(sanitizer_flags)
   target_compile_options(project_options INTERFACE ${sanitizer_flags})

@@ -42,7 +42,10 @@ BOOL isValidAddress(NSString *address) {
 }
 
 NSArray *recipientsIn(NSString *entered) {
-  return [entered ?: @"" componentsSeparatedByString:kSeparator];
+  // Not by the string: the platform does not find a comma that a combining accent follows.
+  return [entered ?: @""
+      componentsSeparatedByCharactersInSet:[NSCharacterSet
+                                               characterSetWithCharactersInString:kSeparator]];
 }
 
 NSString *firstInvalidRecipient(NSString *entered) {

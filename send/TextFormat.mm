@@ -42,6 +42,7 @@ NSString *formatted(NSString *text, NSString *argument) {
       continue;
     }
     [result appendString:found->takesArgument ? argument : @"%"];
+    if (found->takesArgument) argument = nil;
     place += [found->written length];
   }
   if (place < [text length]) [result appendString:[text substringFromIndex:place]];

@@ -1,5 +1,6 @@
 #import "send/WindowTitle.h"
 
+#import "agent/UTF16.h"
 #import "send/SingleLine.h"
 
 namespace {
@@ -10,8 +11,10 @@ constexpr NSUInteger kLongestTitle = 255;
 }  // namespace
 
 NSString *windowTitle(NSString *name) {
+  // Of half a surrogate pair the window server gets no title at all.
+  NSString *const whole = utf16::stringOf(utf16::wellFormed(utf16::unitsOf(name)));
   NSString *const line =
-      [singleLine(name) stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
+      [singleLine(whole) stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
   if ([line length] == 0) return nil;
   if ([line length] <= kLongestTitle) return line;
   const NSRange cut = [line rangeOfComposedCharacterSequenceAtIndex:kLongestTitle - 1];

@@ -22,7 +22,8 @@ MemoryUse memoryOf(pid_t process) {
   const std::string path = "/proc/" + std::to_string(process) + "/smaps_rollup";
   return {.resident = sumOf(path, "Rss"),
           .proportional = sumOf(path, "Pss"),
-          .own = sumOf(path, "Private_Clean") + sumOf(path, "Private_Dirty")};
+          .own = sumOf(path, "Private_Clean") + sumOf(path, "Private_Dirty"),
+          .anonymous = sumOf(path, "Anonymous")};
 }
 
 double peakResident() {

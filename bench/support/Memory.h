@@ -7,6 +7,7 @@ struct MemoryUse {
   double resident = 0;      // everything in memory, the shared libraries included
   double proportional = 0;  // of each shared page the part that falls to this process
   double own = 0;           // pages that nobody else has
+  double anonymous = 0;     // pages of no file: what was allocated, whoever shares the libraries
 };
 
 /// Throws std::runtime_error when the process is gone.

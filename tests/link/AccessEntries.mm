@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cmath>
 
 #import "agent/BVDataModelController.h"
 #import "agent/ResultDictionary.h"
@@ -157,6 +158,16 @@ TEST_F(AccessEntries, WhatIsNoArrayHasNoEntries) {
 
 TEST_F(AccessEntries, ALocalArrayIsReadTheSameWay) {
   EXPECT_EQ(visitsOf(persons(20)), expectedVisitsOf(persons(20)));
+}
+
+TEST_F(AccessEntries, ANumberWhoseTextDoesNotTellItIsStillAFlag) {
+  NSMutableArray *const entries = persons(20);
+  for (NSNumber *number in @[ [NSNumber numberWithDouble:NAN], @-0.0, @1e-320, @1e300 ]) {
+    NSMutableDictionary *const entry = person(1);
+    [entry setObject:number forKey:@"candownload"];
+    [entries addObject:entry];
+  }
+  EXPECT_EQ(visitsOf(entries), expectedVisitsOf(entries));
 }
 
 TEST_F(AccessEntries, AnAgentThatIsGoneIsNotedAsIncomplete) {

@@ -104,6 +104,15 @@ TEST_F(ContactRecords, NullAndWronglyTypedFieldsAreNil) {
   expectAsRead(records);
 }
 
+TEST_F(ContactRecords, ADictionaryThatClaimsToBeAStringIsNone) {
+  NSMutableArray *const records = [[ordinaryContacts(20) mutableCopy] autorelease];
+  [records replaceObjectAtIndex:3
+                     withObject:contact(@{@"classForCoder" : @"NSString"},
+                                        @{@"classForCoder" : @"NSMutableString"})];
+  [records replaceObjectAtIndex:5 withObject:contact(@"{classForCoder = x; }", @"{")];
+  expectAsRead(records);
+}
+
 TEST_F(ContactRecords, TextThatLooksLikeANullOrANumberIsText) {
   NSMutableArray *const records = [[ordinaryContacts(20) mutableCopy] autorelease];
   [records replaceObjectAtIndex:2 withObject:contact(@"<null>", @"<null>")];

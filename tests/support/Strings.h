@@ -12,3 +12,10 @@ inline std::string text(id object) {
   const char *const characters = [[object description] UTF8String];
   return characters == nullptr ? "(no UTF-8)" : characters;
 }
+
+/// The text with half a surrogate pair behind it: only a string that changes comes to have one.
+inline NSString *withHalfPair(NSString *begin) {
+  NSMutableString *const result = [NSMutableString stringWithFormat:@"%@\U0001F600", begin];
+  [result deleteCharactersInRange:NSMakeRange([result length] - 1, 1)];
+  return result;
+}

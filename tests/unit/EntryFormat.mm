@@ -28,7 +28,7 @@ TEST(EntryFormat, FillsInAsThePlatformDoes) {
 }
 
 TEST(EntryFormat, LeavesEverythingElseToThePlatform) {
-  for (NSString *format in @[ @"%10@|%@", @"%1$@ %2$-5@|" ]) {
+  for (NSString *format in @[ @"%10@|%@", @"%1$@ %2$-5@|", @"%@\0 and %@" ]) {
     EXPECT_FALSE(EntryFormat(format).isSimple()) << text(format);
     EXPECT_EQ(filled(format), platforms(format)) << text(format);
   }

@@ -14,3 +14,13 @@ TEST(Pieces, AreThoseThatThePlatformAnswers) {
 TEST(Pieces, OfNothingAreNothing) {
   EXPECT_EQ(agent::piecesOf(nil, ','), nil);
 }
+
+TEST(Pieces, AreSeparatedWhateverFollowsTheSeparator) {
+  NSArray *const expected = @[ @"a", @"\u0301b" ];
+  EXPECT_TRUE([agent::piecesOf(@"a,\u0301b", ',') isEqual:expected]);
+}
+
+TEST(Pieces, HalfAPairLosesItselfAndNotTheRest) {
+  NSString *const whole = withHalfPair(@"a,b");
+  EXPECT_EQ(text([agent::piecesOf(whole, ',') componentsJoinedByString:@"|"]), "a|b\uFFFD");
+}

@@ -53,3 +53,7 @@ TEST(Recipients, TheFirstInvalidOneIsNamedAsItWasEntered) {
   EXPECT_EQ(text(firstInvalidRecipient(nil)), "");
   EXPECT_EQ(firstInvalidRecipient(@"a@b.com,c@d.com"), nil);
 }
+
+TEST(Recipients, ACommaSeparatesWhateverFollowsIt) {
+  EXPECT_EQ(text(firstInvalidRecipient(@"a@b.com,\u0301c@d.com")), "\u0301c@d.com");
+}

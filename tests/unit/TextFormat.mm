@@ -25,6 +25,11 @@ TEST(TextFormat, WhatIsNoConversionStaysAsItIs) {
   EXPECT_EQ(text(formatted(@"without argument: %@")), "without argument: %@");
 }
 
+TEST(TextFormat, OnlyTheFirstConversionIsOne) {
+  EXPECT_EQ(text(formatted(@"%@ and %@", @"a")), "a and %@");
+  EXPECT_EQ(text(formatted(@"%1$@ and %1$@, 100%%", @"a")), "a and %1$@, 100%");
+}
+
 TEST(TextFormat, NilIsTheEmptyText) {
   EXPECT_EQ(text(formatted(nil)), "");
   EXPECT_EQ(text(formatted(@"")), "");

@@ -31,3 +31,11 @@ TEST(WindowTitle, ALongNameIsCutBetweenWholeCharacters) {
   EXPECT_TRUE([title hasSuffix:@"\u2026"]);
   EXPECT_EQ([title length] % 2, 1u) << "whole pairs and the ellipsis";
 }
+
+TEST(WindowTitle, HalfAPairLosesItselfAndNotTheRest) {
+  EXPECT_EQ(text(windowTitle(withHalfPair(@"a.txt"))), "a.txt\uFFFD");
+  NSMutableString *const name = [NSMutableString stringWithString:@"\U0001F600"];
+  [name appendString:[@"" stringByPaddingToLength:300 withString:@"x" startingAtIndex:0]];
+  [name deleteCharactersInRange:NSMakeRange(0, 1)];
+  EXPECT_EQ([windowTitle(name) length], 255u);
+}

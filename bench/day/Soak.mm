@@ -1,0 +1,117 @@
+// soak [--short]
+//
+// An hour of a heavy user's day in some minutes, against the whole application. After every tenth
+// of it prints what the application holds; ends with 1 when something has grown by more than its
+// bound since the warm-up, with 0 otherwise. When something does not come to be that should, says
+// what and ends by a signal.
+//
+// --short: three short rounds, to see that the soak itself is in order.
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+
+#include <unistd.h>
+
+#import "bench/day/Day.h"
+#include "bench/day/Usage.h"
+#include "tests/support/PrivateSession.h"
+
+namespace {
+
+constexpr int kNameWidth = 8;
+constexpr int kColumnWidth = 15;
+
+/// How long a soak is.
+struct Length {
+  Pace pace;
+  int warmUpRounds;
+  int rounds;
+};
+
+constexpr Length kHour = {.pace = {.copies = 30,
+                                   .mails = 1,
+                                   .copiesFromTab = 1,
+                                   .invitations = 1,
+                                   .looks = 4,
+                                   .mistakes = 1,
+                                   .unfinished = 2,
+                                   .agentRestarts = 1},
+                          .warmUpRounds = 3,
+                          .rounds = 10};
+constexpr Length kShort = {.pace = {.copies = 3,
+                                    .mails = 0,
+                                    .copiesFromTab = 0,
+                                    .invitations = 0,
+                                    .looks = 1,
+                                    .mistakes = 1,
+                                    .unfinished = 1,
+                                    .agentRestarts = 1},
+                           .warmUpRounds = 1,
+                           .rounds = 2};
+
+void printTitles() {
+  std::printf("%-*s", kNameWidth, "round");
+  for (const Column &column : columns()) std::printf("%*s", kColumnWidth, column.title);
+  std::printf("%*s\n", kColumnWidth, "refreshes");
+}
+
+void printRound(const std::string &name, const Usage &usage, int refreshes) {
+  std::printf("%-*s", kNameWidth, name.c_str());
+  for (const Column &column : columns()) std::printf("%*.0f", kColumnWidth, column.value(usage));
+  std::printf("%*d\n", kColumnWidth, refreshes);
+  std::fflush(stdout);
+}
+
+/// Says what has grown by more than its bound; answers whether nothing has.
+bool isFlat(const Usage &before, const Usage &after) {
+  bool flat = true;
+  for (const Column &column : columns()) {
+    const double growth = column.value(after) - column.value(before);
+    if (growth <= column.bound) continue;
+    std::printf("grown: %s by %.0f, may be %.0f\n", column.title, growth, column.bound);
+    flat = false;
+  }
+  if (flat) std::printf("flat\n");
+  return flat;
+}
+
+/// Answers whether all stayed flat.
+bool soak(const Length &length) {
+  Day day(SHORT_DAYS);
+  const auto measured = [&](const std::string &name) {
+    const Usage usage = usageAtRest(day.application(), "ContextMenuApp");
+    printRound(name, usage, day.refreshes());
+    return usage;
+  };
+  printTitles();
+  Usage before = measured("start");
+  for (int round = 0; round < length.warmUpRounds; ++round) {
+    day.spend(length.pace);
+    before = measured("warm-up");
+  }
+  Usage after = before;
+  for (int round = 1; round <= length.rounds; ++round) {
+    day.spend(length.pace);
+    after = measured(std::to_string(round));
+  }
+  return isFlat(before, after);
+}
+
+}  // namespace
+
+int main(int argc, char *argv[]) {
+  enterPrivateSession(argc, argv, Screen::Private);
+  const bool isShort = argc == 2 && std::string_view(argv[1]) == "--short";
+  if (argc > 1 && !isShort) {
+    std::fprintf(stderr, "usage: %s [--short]\n", argv[0]);
+    return 2;
+  }
+  bool flat = false;
+  @autoreleasepool {
+    flat = soak(isShort ? kShort : kHour);
+  }
+  std::fflush(stdout);
+  // Without the destructors of the platform's libraries, which race their own threads.
+  _exit(flat ? 0 : 1);
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+/// What a process holds at a moment.
+struct Usage {
+  double residentKiB = 0;   // all pages in memory, shared libraries included
+  double allocatedKiB = 0;  // pages of no file
+  int descriptors = 0;
+  int sockets = 0;  // among the descriptors: connections to other processes, and ports
+  int ports = 0;    // the addresses under which it can be reached
+  int names = 0;    // registered in the whole session
+  int windows = 0;  // of the window server, hidden ones included
+  int threads = 0;
+};
+
+/// One figure of a Usage, as the table shows it.
+struct Column {
+  const char *title;
+  double (*value)(const Usage &);
+  /// By how much it may be more at the end than after the warm-up.
+  double bound;
+};
+
+/// All of them.
+const std::vector<Column> &columns();
+
+/// What the process holds when it is at rest: of each figure the least within two seconds, because
+/// a refresh that happens to run just now is not growth. Throws std::runtime_error when the process
+/// is gone. windowClass: the class of its windows at the window server.
+Usage usageAtRest(pid_t process, const std::string &windowClass);

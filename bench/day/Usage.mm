@@ -1,0 +1,109 @@
+#include "bench/day/Usage.h"
+
+#import <Foundation/Foundation.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <stdexcept>
+#include <system_error>
+#include <thread>
+
+#include "bench/support/Memory.h"
+#include "tests/support/ChildProcess.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+constexpr int kSamples = 20;
+constexpr std::chrono::milliseconds kBetweenSamples{100};
+
+/// What a page cache, the allocator's arenas and 2.5 KiB a window (docs/performance.md) come to.
+constexpr double kMemoryBoundKiB = 1024;
+
+template <class Matches>
+int countIn(const fs::path &folder, Matches matches) {
+  int count = 0;
+  // An entry may go while it is looked at.
+  std::error_code ignored;
+  for (const auto &entry : fs::directory_iterator(folder, ignored)) count += matches(entry);
+  return count;
+}
+
+bool isSocket(const fs::directory_entry &descriptor) {
+  std::error_code ignored;
+  return fs::read_symlink(descriptor.path(), ignored).string().starts_with("socket:");
+}
+
+bool isAnything(const fs::directory_entry &entry) {
+  (void)entry;
+  return true;
+}
+
+/// The platform's folder of ports and of their names; in a private session nobody else's.
+fs::path portFolder() {
+  @autoreleasepool {
+    return fs::path([NSTemporaryDirectory() fileSystemRepresentation]) / "NSMessagePort";
+  }
+}
+
+int windowsOf(const std::string &windowClass) {
+  ChildProcess search({"/usr/bin/xdotool", "search", "--classname", windowClass});
+  search.waitForEnd();
+  return search.countInOutput("\n");
+}
+
+Usage usageNow(pid_t process) {
+  const fs::path folder = fs::path("/proc") / std::to_string(process);
+  const MemoryUse memory = memoryOf(process);
+  const std::string ownPort = std::to_string(process) + ".";
+  Usage usage;
+  usage.residentKiB = memory.resident;
+  usage.allocatedKiB = memory.anonymous;
+  usage.descriptors = countIn(folder / "fd", isAnything);
+  usage.sockets = countIn(folder / "fd", isSocket);
+  usage.ports = countIn(portFolder() / "ports", [&](const fs::directory_entry &entry) {
+    return entry.path().filename().string().starts_with(ownPort);
+  });
+  usage.names = countIn(portFolder() / "names", isAnything);
+  usage.threads = countIn(folder / "task", isAnything);
+  return usage;
+}
+
+Usage leastOf(const Usage &one, const Usage &other) {
+  Usage least;
+  least.residentKiB = std::min(one.residentKiB, other.residentKiB);
+  least.allocatedKiB = std::min(one.allocatedKiB, other.allocatedKiB);
+  least.descriptors = std::min(one.descriptors, other.descriptors);
+  least.sockets = std::min(one.sockets, other.sockets);
+  least.ports = std::min(one.ports, other.ports);
+  least.names = std::min(one.names, other.names);
+  least.threads = std::min(one.threads, other.threads);
+  return least;
+}
+
+}  // namespace
+
+const std::vector<Column> &columns() {
+  static const std::vector<Column> all = {
+      {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, kMemoryBoundKiB},
+      {"allocated KiB", [](const Usage &usage) { return usage.allocatedKiB; }, kMemoryBoundKiB},
+      {"descriptors", [](const Usage &usage) -> double { return usage.descriptors; }, 0},
+      {"sockets", [](const Usage &usage) -> double { return usage.sockets; }, 0},
+      {"ports", [](const Usage &usage) -> double { return usage.ports; }, 0},
+      {"names", [](const Usage &usage) -> double { return usage.names; }, 0},
+      {"windows", [](const Usage &usage) -> double { return usage.windows; }, 0},
+      {"threads", [](const Usage &usage) -> double { return usage.threads; }, 0}};
+  return all;
+}
+
+Usage usageAtRest(pid_t process, const std::string &windowClass) {
+  Usage usage = usageNow(process);
+  for (int sample = 1; sample < kSamples; ++sample) {
+    std::this_thread::sleep_for(kBetweenSamples);
+    usage = leastOf(usage, usageNow(process));
+  }
+  usage.windows = windowsOf(windowClass);
+  return usage;
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string_view>
+
+/// The rules that read what others wrote, each with the promises that hold for any input. The same
+/// functions run under the fuzzer (LibFuzzer.mm) and, over the kept corpora, among the tests
+/// (Corpus.mm).
+namespace fuzz {
+
+/// Notes that a promise is broken: ends the process under the fuzzer, fails the test among the
+/// tests.
+void broken(const char *promise);
+
+inline void promise(bool isKept, const char *what) {
+  if (!isKept) broken(what);
+}
+
+/// Runs a target with an autorelease pool of its own. A platform exception is a broken promise.
+void run(void (*target)(std::string_view), std::string_view input);
+
+// In tests/fuzz/NAME.mm, with the corpus in tests/fuzz/corpus/NAME.
+void Brackets(std::string_view input);      // the address of an entry
+void Completion(std::string_view input);    // the index against the predicates
+void Entries(std::string_view input);       // entries of the address book
+void MailText(std::string_view input);      // cutting and escaping
+void Pieces(std::string_view input);        // the text of a bulk transfer
+void Recipients(std::string_view input);    // recipients as entered
+void Records(std::string_view input);       // bulk transfer of contacts and of access lists
+void Replies(std::string_view input);       // result dictionaries
+void TextFormats(std::string_view input);   // texts with a place for an argument
+void WindowTitles(std::string_view input);  // names as titles of windows
+
+}  // namespace fuzz
