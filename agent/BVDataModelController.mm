@@ -130,8 +130,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
                           :(BOOL)isFileId
                           :(BOOL)copyMe {
   return forward(self, [&](id<KRVProxy> proxy) {
-    return [proxy sendFile:pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
-                          :isFileId:copyMe];
+    return [proxy sendFile:pathOrId:notifyOnDownload:requireEmail:maxDownloads
+                          :recipients:subject:message:isFileId:copyMe];
   });
 }
 
@@ -145,8 +145,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
                             :(BOOL)isFileId
                             :(BOOL)copyMe {
   return forward(self, [&](id<KRVProxy> proxy) {
-    return [proxy sendFolder:pathOrId:notifyOnDownload:requireEmail:maxDownloads:recipients:subject:message
-                            :isFileId:copyMe];
+    return [proxy sendFolder:pathOrId:notifyOnDownload:requireEmail:maxDownloads
+                            :recipients:subject:message:isFileId:copyMe];
   });
 }
 
