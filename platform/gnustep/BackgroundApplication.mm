@@ -16,6 +16,11 @@
 
 namespace {
 
+/// The platform vends every application under its name, and lets whoever runs as the same user send
+/// its delegate and itself any message, unless this default lists those that are allowed. On the
+/// Mac nobody can. The bundle's description may name exceptions under the same key.
+NSString *const kPermittedMessages = @"GSPermittedMessages";
+
 /// Shorter than anybody notices.
 constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
@@ -27,9 +32,12 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 @implementation BackgroundApplication
 
 + (BackgroundApplication *)sharedApplication {
-  // Before the platform first uses the default. The user's own settings still win.
-  [[NSUserDefaults standardUserDefaults]
-      registerDefaults:[NSDictionary dictionaryWithObject:@"YES" forKey:@"GSSuppressAppIcon"]];
+  id const permitted = [[[NSBundle mainBundle] infoDictionary] objectForKey:kPermittedMessages];
+  // Before the platform first uses the defaults. The user's own settings still win.
+  [[NSUserDefaults standardUserDefaults] registerDefaults:@{
+    @"GSSuppressAppIcon" : @"YES",
+    kPermittedMessages : permitted ?: [NSArray array]
+  }];
   useOwnImageReadersOnly();
   installMacKeys();
   installQuietTheme();

@@ -10,6 +10,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#import "app/ContextMenuAppAppDelegate.h"
 #import "tests/e2e/RunningApplication.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Stranger.h"
@@ -48,6 +49,17 @@ struct HostilePeers : testing::Test {
     }
   }
 };
+
+/// What a message raises; "" for nothing.
+template <class Work>
+std::string nameOfException(Work work) {
+  @try {
+    work();
+    return "";
+  } @catch (NSException *exception) {
+    return text([exception name]);
+  }
+}
 
 struct Bytes {
   const char *what;
@@ -121,6 +133,23 @@ TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
     for (int i = 0; i < kConnections; ++i) idle.emplace_back(kName);
     EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
   }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
+  id const vended = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuApp"
+                                                                      host:nil];
+  ASSERT_NE(vended, nil);
+  // What the platform would pass on to the delegate, or to the application itself.
+  EXPECT_TRUE([vended respondsToSelector:@selector(showContextMenu)]);
+  for (NSString *message in @[
+         @"hideMe", @"CopyLink:", @"setSyncedFilePath:", @"addressBookForShare",
+         @"GetFileIdByPath:::", @"updateAddressBook:", @"terminate:", @"windows",
+         @"sendAction:to:from:", @"setDelegate:"
+       ]) {
+    EXPECT_FALSE([vended respondsToSelector:NSSelectorFromString(message)]) << text(message);
+  }
+  EXPECT_NE(nameOfException([&] { (void)[vended performSelector:@selector(hideMe)]; }), "");
   expectUnharmed();
 }
 

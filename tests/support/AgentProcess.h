@@ -35,6 +35,9 @@ class AgentProcess {
   /// The calls so far, oldest first: dictionaries as tests/agent/ScriptedAgent.h has them.
   NSArray *calls() const;
 
+  /// The arguments of the last call.
+  NSArray *lastArguments() const;
+
   /// The names of the operations called so far.
   NSArray *operations() const;
 

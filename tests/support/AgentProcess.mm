@@ -62,6 +62,10 @@ NSArray *AgentProcess::calls() const {
   return calls;
 }
 
+NSArray *AgentProcess::lastArguments() const {
+  return [[calls() lastObject] objectForKey:@"arguments"];
+}
+
 NSArray *AgentProcess::operations() const {
   return [calls() valueForKey:@"operation"];
 }

@@ -11,9 +11,9 @@ extern const char *const kOutsideLine;
 extern const char *const kNoIdLine;
 
 /// The context menu's actions, with a real synced folder elsewhere than the user's, a file manager
-/// and an agent in other processes, a sync engine library that says what it is asked, and somebody
-/// who dismisses the alerts.
-struct MenuActions : Windows {
+/// in another process, a sync engine library that says what it is asked, and somebody who dismisses
+/// the alerts.
+struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   FileManagerProcess fileManager;
   ScriptedEngine &engine = ScriptedEngine::shared();
   NSString *const syncedFolder;
@@ -22,7 +22,7 @@ struct MenuActions : Windows {
   bool flagInAlert = false;
   AlertUser user;
 
-  MenuActions();
+  MenuActionsWithoutAgent();
 
   /// Makes an item in the synced folder, with the folders above it, and answers its path, a
   /// folder's without a slash at its end.
@@ -57,4 +57,14 @@ struct MenuActions : Windows {
   /// That both tabs have this item, by its server id.
   static void expectItem(SendAndCopyTabController *controller, const std::string &itemId,
                          bool isFolder);
+};
+
+/// The same against an agent in another process.
+struct MenuActions : MenuActionsWithoutAgent {
+  AgentProcess agent;
+
+  ~MenuActions() override;
+
+  /// The arguments of the agent's last call.
+  NSArray *lastArguments() const { return agent.lastArguments(); }
 };

@@ -26,7 +26,7 @@ NSString *makeFileAt(NSString *path) {
 
 }  // namespace
 
-MenuActions::MenuActions()
+MenuActionsWithoutAgent::MenuActionsWithoutAgent()
     : syncedFolder(nsString(newTemporaryFolder() + "/Users/ada/Brisvale")), user([this] {
         clipboardInAlert = [clipboardText() copy];
         flagInAlert = [delegate contextMenuFlag];
@@ -37,40 +37,40 @@ MenuActions::MenuActions()
   [delegate setHomeFolderInfo:@{@"homefolder" : @"home-1"}];
 }
 
-NSString *MenuActions::makeFile(NSString *relativePath) const {
+NSString *MenuActionsWithoutAgent::makeFile(NSString *relativePath) const {
   return makeFileAt([syncedFolder stringByAppendingPathComponent:relativePath]);
 }
 
-NSString *MenuActions::makeFolder(NSString *relativePath) const {
+NSString *MenuActionsWithoutAgent::makeFolder(NSString *relativePath) const {
   NSString *const path = [syncedFolder stringByAppendingPathComponent:relativePath];
   makeFolderAt(path);
   return path;
 }
 
-NSString *MenuActions::makeFileOutside() const {
+NSString *MenuActionsWithoutAgent::makeFileOutside() const {
   return makeFileAt(nsString(newTemporaryFolder() + "/notes.txt"));
 }
 
-void MenuActions::select(NSString *first, NSString *second) const {
+void MenuActionsWithoutAgent::select(NSString *first, NSString *second) const {
   fileManager.select([NSArray arrayWithObjects:first, second, nil]);
 }
 
-void MenuActions::knowFile(NSString *path, const char *itemId) const {
+void MenuActionsWithoutAgent::knowFile(NSString *path, const char *itemId) const {
   engine.files[text(path)] = itemId;
 }
 
-void MenuActions::knowFolder(NSString *path, const char *itemId) const {
+void MenuActionsWithoutAgent::knowFolder(NSString *path, const char *itemId) const {
   engine.folders[text(path)] = itemId;
 }
 
-Lines MenuActions::loggedLines() const {
+Lines MenuActionsWithoutAgent::loggedLines() const {
   Lines lines = log.lines();
   std::erase(lines, "Context Menu Application Did Become Active");
   return lines;
 }
 
-void MenuActions::expectAlert(const std::string &message, const std::string &informative,
-                              const Lines &lines) {
+void MenuActionsWithoutAgent::expectAlert(const std::string &message,
+                                          const std::string &informative, const Lines &lines) {
   EXPECT_EQ(loggedLines(), lines);
   ASSERT_EQ(user.alerts().size(), 1u);
   Lines shown = user.alerts()[0].texts;
@@ -80,35 +80,40 @@ void MenuActions::expectAlert(const std::string &message, const std::string &inf
   EXPECT_TRUE(visibleWindows().empty());
 }
 
-void MenuActions::expectSilence(const Lines &lines) const {
+void MenuActionsWithoutAgent::expectSilence(const Lines &lines) const {
   EXPECT_EQ(loggedLines(), lines);
   EXPECT_TRUE(user.alerts().empty());
   EXPECT_TRUE([NSApp isHidden]);
   EXPECT_TRUE(visibleWindows().empty());
 }
 
-NSWindow *MenuActions::onlyWindow() {
+NSWindow *MenuActionsWithoutAgent::onlyWindow() {
   handlePostedEvents();
   const auto windows = visibleWindows();
   return windows.size() == 1 ? windows.front() : nil;
 }
 
-SendAndCopyTabController *MenuActions::sendWindow() {
+SendAndCopyTabController *MenuActionsWithoutAgent::sendWindow() {
   id const controller = [onlyWindow() windowController];
   return [controller isKindOfClass:[SendAndCopyTabController class]] ? controller : nil;
 }
 
-BrisvaleTabController *MenuActions::shareWindow() {
+BrisvaleTabController *MenuActionsWithoutAgent::shareWindow() {
   id const controller = [onlyWindow() windowController];
   return [controller isKindOfClass:[BrisvaleTabController class]] ? controller : nil;
 }
 
-void MenuActions::expectItem(SendAndCopyTabController *controller, const std::string &itemId,
-                             bool isFolder) {
+void MenuActionsWithoutAgent::expectItem(SendAndCopyTabController *controller,
+                                         const std::string &itemId, bool isFolder) {
   EXPECT_EQ(text([[controller sendFile] filePath]), itemId);
   EXPECT_TRUE([[controller sendFile] isFileId]);
   EXPECT_EQ([[controller sendFile] isFolder] != NO, isFolder);
   EXPECT_EQ(text([[controller sendCopyFile] filePath]), itemId);
   EXPECT_TRUE([[controller sendCopyFile] isFileId]);
   EXPECT_EQ([[controller sendCopyFile] isFolder] != NO, isFolder);
+}
+
+MenuActions::~MenuActions() {
+  // While there is an agent.
+  closeWindows();
 }

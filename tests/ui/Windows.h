@@ -73,5 +73,5 @@ struct Windows : WindowsWithoutAgent {
   ~Windows() override;
 
   /// The arguments of the agent's last call.
-  NSArray *lastArguments() const;
+  NSArray *lastArguments() const { return agent.lastArguments(); }
 };

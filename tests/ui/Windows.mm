@@ -126,7 +126,3 @@ void WindowsWithoutAgent::countEndsOf(Class cls) {
   addDeallocHook(cls, countEnd);
   ends()[[NSStringFromClass(cls) UTF8String]] = 0;
 }
-
-NSArray *Windows::lastArguments() const {
-  return [[agent.calls() lastObject] objectForKey:@"arguments"];
-}
