@@ -4,6 +4,7 @@
 #include <thread>
 
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/WireMessage.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Strings.h"
 
@@ -165,26 +166,6 @@ TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
   EXPECT_EQ(clipboardReadByXclip(), "https://x/2");
   EXPECT_FALSE(application.process().hasEnded());
 }
-
-namespace {
-
-/// A message that goes over the wire whatever the local proxy would do with it; answers the name of
-/// the exception that came back, "" for none.
-std::string sendOverWire(id proxy, SEL selector, const char *types, id argument = nil) {
-  NSInvocation *const message =
-      [NSInvocation invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:types]];
-  [message setTarget:proxy];
-  [message setSelector:selector];
-  if (std::string(types).size() > 3) [message setArgument:&argument atIndex:2];
-  @try {
-    [proxy forwardInvocation:message];
-    return "";
-  } @catch (NSException *exception) {
-    return text([exception name]);
-  }
-}
-
-}  // namespace
 
 TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
   agent.answer(kFileOperation, success(@"https://x/y"));
