@@ -63,6 +63,7 @@ struct MenuSend : Menu {};
 
 struct MenuShare : Menu {
   void share() {
+    closeWindows();
     select(folder);
     mark();
     EndedThreads *const threads = [[EndedThreads alloc] init];
