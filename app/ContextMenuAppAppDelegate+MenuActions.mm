@@ -59,10 +59,15 @@ void tellUser(ContextMenuAppAppDelegate *delegate, NSAlert *alert) {
   [delegate hideMe];
 }
 
-/// The three actions that open a window tell of a missing id like this; Copy Link does not.
-void tellOfMissingId(ContextMenuAppAppDelegate *delegate) {
-  tellUser(delegate, alertWithTexts(localizedText(@"veldaneBrisvaleMessageTextKey"),
-                                    localizedText(@"failedToGetFileIdInformativeTextKey")));
+/// The id for the three actions that open a window; nil when there is none and the user has been
+/// told so, which Copy Link does otherwise.
+NSString *serverIdOrAlert(ContextMenuAppAppDelegate *delegate, ItemKind kind, NSString *path) {
+  NSString *const found = serverId(delegate, kind, path);
+  if (found == nil) {
+    tellUser(delegate, alertWithTexts(localizedText(@"veldaneBrisvaleMessageTextKey"),
+                                      localizedText(@"failedToGetFileIdInformativeTextKey")));
+  }
+  return found;
 }
 
 /// What the user is told of a direct copy. Without an informative text where the service refused,
@@ -174,11 +179,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
     return;
   }
   // As it is, also when it is a folder: then the library knows no such file.
-  NSString *const itemId = serverId(self, ItemKind::File, selected);
-  if (itemId == nil) {
-    tellOfMissingId(self);
-    return;
-  }
+  NSString *const itemId = serverIdOrAlert(self, ItemKind::File, selected);
+  if (itemId == nil) return;
   SendAndCopyTabController *const controller =
       openSendWindow(self, titleOf(selected), ItemKind::File);
   giveItem([controller sendCopyFile], itemId);
@@ -200,11 +202,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
     return;
   }
   NSString *const folder = trimmed(selected);
-  NSString *const itemId = serverId(self, ItemKind::Folder, folder);
-  if (itemId == nil) {
-    tellOfMissingId(self);
-    return;
-  }
+  NSString *const itemId = serverIdOrAlert(self, ItemKind::Folder, folder);
+  if (itemId == nil) return;
   NSString *const homeId = agent::stringOrNil([[self homeFolderInfo] objectForKey:@"homefolder"]);
   NSString *const title = [itemId isEqualToString:homeId] ? @"MyDocs" : titleOf(folder);
   SendAndCopyTabController *const controller = openSendWindow(self, title, ItemKind::Folder);
@@ -233,11 +232,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
     return;
   }
   NSString *const folder = trimmed(selected);
-  NSString *const itemId = serverId(self, ItemKind::Folder, folder);
-  if (itemId == nil) {
-    tellOfMissingId(self);
-    return;
-  }
+  NSString *const itemId = serverIdOrAlert(self, ItemKind::Folder, folder);
+  if (itemId == nil) return;
   BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(self);
   [[controller window] setTitle:titleOf(folder)];
   giveItem([controller givePermissionTab], itemId);
