@@ -189,7 +189,7 @@ TEST_F(ShareFolderRefusals, AFolderOfSomebodyElseCannotBeSharedOn) {
   EXPECT_TRUE(tab.dismissAlert());
 }
 
-TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsChangedOrRemoved) {
+TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsRemoved) {
   const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);
   ASSERT_TRUE(openOn(folder));
   ASSERT_TRUE(tab.seesRows(1));  // the user
