@@ -70,7 +70,7 @@ struct Share : ServiceTest {
 
   /// Opens the window on the invite tab for a new folder, and invites the three.
   std::string shareNewFolder() {
-    const std::string folder = kit.makeFolder("MyDocs/Plans");
+    std::string folder = kit.makeFolder("MyDocs/Plans");
     EXPECT_TRUE(openOn(folder, "1"));
     enterThreeColleagues();
     tab.click(kInviteButton);
