@@ -92,7 +92,9 @@ TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
   const std::string whole = introduction() + wireMessage(0, 1, std::string(64, '\x01'));
   std::list<Stranger> strangers;
   for (std::size_t length = 1; length < whole.size(); ++length) {
-    strangers.emplace_back(kName).say(whole.substr(0, length));
+    const Stranger &stranger = strangers.emplace_back(kName);
+    ASSERT_TRUE(stranger.isConnected());
+    stranger.say(whole.substr(0, length));
   }
   expectUnharmed();
 }
@@ -101,6 +103,7 @@ TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
   std::mt19937 random(2026);
   for (int stream = 0; stream < 10'000; ++stream) {
     const Stranger stranger(kName);
+    ASSERT_TRUE(stranger.isConnected()) << stream;
     std::string bytes = random() % 2 == 0 ? introduction() : "";
     if (random() % 2 == 0) bytes += wireNumber(3) + wireNumber(random() % 512);
     const std::size_t length = random() % 256;
@@ -120,7 +123,9 @@ TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
   setrlimit(RLIMIT_NOFILE, &files);
   {
     std::list<Stranger> idle;
-    for (int i = 0; i < kConnections; ++i) idle.emplace_back(kName);
+    for (int i = 0; i < kConnections; ++i) {
+      ASSERT_TRUE(idle.emplace_back(kName).isConnected()) << i;
+    }
     EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
   }
   expectUnharmed();

@@ -52,11 +52,23 @@ struct Change : List {
 
   bool sheetHas(NSString *key) const { return sheetShows(formatted(localizedText(key))); }
 
+  /// The explanation in the fault's reply, "" where it is none; nil where the agent makes it up.
+  NSString *explanation() const {
+    NSDictionary *const entry = fault().entry(@"granted");
+    if ([entry objectForKey:@"messageLength"] != nil) return nil;
+    id const message = [[entry objectForKey:@"reply"] objectForKey:@"errorMessage"];
+    return [message isKindOfClass:[NSString class]] ? message : @"";
+  }
+
   /// An alert for a refusal or a missing reply.
   void expectAlert(Outcome outcome) const {
     if (outcome == Outcome::Refused) {
       EXPECT_EQ(logged(), Lines{});
       EXPECT_FALSE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));
+      NSString *const reason = explanation();
+      EXPECT_TRUE(
+          reason == nil ||
+          sheetShows(formatted(localizedText(@"cannotRevokePermissionTextFormatKey"), reason)));
     } else {
       EXPECT_EQ(logged(), Lines{kNoReplyLine});
       EXPECT_TRUE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));

@@ -129,8 +129,8 @@ void PermissionsWindow::close() {
     [tab release];
     tab = nil;
   }
-  // The application hides when its window closes, and remembers what it has hidden until it shows
-  // itself again, as at the opening of the next window.
+  // The application hides when its window closes, and shows itself again at the opening of the
+  // next.
   @autoreleasepool {
     [NSApp unhideWithoutActivation];
     handlePostedEvents();

@@ -133,7 +133,7 @@ TEST_F(WindowLifetimes, APermissionsTabThatHasEndedHearsOfNoInvitation) {
 }
 
 TEST_F(WindowLifetimes, AClosedWindowDoesNotComeBackWithTheApplication) {
-  // Its own hold of the window is what the platform's hidden windows are otherwise released with.
+  // Held here, so that it is there to be looked at.
   NSWindow *const window = [[[openSend(0) window] retain] autorelease];
   closeAll();
   ASSERT_TRUE([NSApp isHidden]);
