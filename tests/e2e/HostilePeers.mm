@@ -5,6 +5,7 @@
 
 #include <list>
 #include <random>
+#include <utility>
 
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -135,13 +136,16 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
   id const vended = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuApp"
                                                                       host:nil];
   ASSERT_NE(vended, nil);
-  // What the platform would pass on to the delegate, or to the application itself.
-  for (const SEL message : {
-         @selector(hideMe), @selector(CopyLink:), @selector(updateAddressBook:),
-             @selector(addressBookForShare), @selector(terminate:), @selector(windows),
-             @selector(setDelegate:)
-       }) {
-    EXPECT_NE(sendOverWire(vended, message, "@@:@"), "") << sel_getName(message);
+  // What the platform would pass on to the delegate, or to the application itself. With the types
+  // that the methods have: any others would be refused whoever is allowed what.
+  const std::pair<SEL, const char *> messages[] = {
+      {@selector(setContextMenuFlag:), "v@:c"}, {@selector(addressBookForShare), "@@:"},
+      {@selector(updateAddressBook:), "v@:@"},  {@selector(windows), "@@:"},
+      {@selector(setDelegate:), "v@:@"},        {@selector(hideMe), "v@:"},
+      {@selector(CopyLink:), "v@:@"},           {@selector(terminate:), "v@:@"},
+  };
+  for (const auto &[message, types] : messages) {
+    EXPECT_NE(sendOverWire(vended, message, types), "") << sel_getName(message);
   }
   expectUnharmed();
 }
