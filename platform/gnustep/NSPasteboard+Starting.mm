@@ -27,7 +27,7 @@ id connectToServer(id cls, SEL selector) {
 @implementation NSPasteboard (Starting)
 
 + (void)load {
-  Method const method = class_getClassMethod([NSPasteboard class], sel_registerName("_pbs"));
+  Method const method = class_getClassMethod(self, sel_registerName("_pbs"));
   platformsConnect = reinterpret_cast<Connect>(
       method_setImplementation(method, reinterpret_cast<IMP>(connectToServer)));
 }
