@@ -25,7 +25,6 @@ NSDictionary *homeFolderInfoFromAgent() {
 
 }  // namespace
 
-// NOLINTNEXTLINE(clang-analyzer-osx.cocoa.Dealloc): lives as long as the process
 @implementation ContextMenuAppAppDelegate
 
 @synthesize window;
@@ -41,6 +40,17 @@ NSDictionary *homeFolderInfoFromAgent() {
 @synthesize syncedFilePath;
 @synthesize updateAddressBookTimer;
 @synthesize homeFolderInfo;
+
+/// In tests only: in the application it lives as long as the process.
+- (void)dealloc {
+  [addressBookForSend release];
+  [addressBookForShare release];
+  [employeeContacts release];
+  [syncedFilePath release];
+  [homeFolderInfo release];
+  [contextMenuPlugin release];
+  [super dealloc];
+}
 
 - (void)awakeFromNib {
   localizeMenu([NSApp mainMenu]);

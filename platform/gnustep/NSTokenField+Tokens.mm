@@ -37,6 +37,7 @@ constexpr CGFloat kWheelPoints = 20;
 - (void)setCell:(NSCell *)cell {
   if (cell != _cell && [_cell isKindOfClass:[TokenFieldCell class]]) {
     [self abortEditing];
+    [_cell removeToolTipsOfView:self];
     [_cell setControlView:nil];
   }
   [super setCell:cell];

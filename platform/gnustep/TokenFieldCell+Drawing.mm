@@ -150,6 +150,10 @@ constexpr CGFloat kSideMargin = 2;
   }
 }
 
+- (void)removeToolTipsOfView:(NSView *)view {
+  [_toolTips removeFromView:view];
+}
+
 - (void)updateToolTipsOfView:(NSView *)view {
   if (_toolTips == nil) _toolTips = [[TokenToolTips alloc] init];
   if ([self isBeingEdited]) {

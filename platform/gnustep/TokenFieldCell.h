@@ -58,6 +58,8 @@
 
 /// Says each token's represented string where the token is in sight.
 - (void)updateToolTipsOfView:(NSView *)view;
+/// When it is no longer the view's cell, or the view ends.
+- (void)removeToolTipsOfView:(NSView *)view;
 
 @end
 

@@ -30,6 +30,10 @@
   [self showTokens:tokens inRects:rects ofView:view];
 }
 
+- (void)removeFromView:(NSView *)view {
+  [self showTokens:@[] inRects:@[] ofView:view];
+}
+
 - (void)showTokens:(NSArray *)tokens inRects:(NSArray *)rects ofView:(NSView *)view {
   // Unchanged ones must stay: replacing a tool tip takes it off the screen.
   if ([tokens isEqual:_tokens] && [rects isEqual:_rects]) return;

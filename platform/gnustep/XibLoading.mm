@@ -1,4 +1,5 @@
 #import <AppKit/AppKit.h>
+#import <GNUstepGUI/GSVersion.h>
 #import <objc/runtime.h>
 
 #include <string_view>
@@ -58,6 +59,17 @@ NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   return platformDecodeSize(unarchiver, selector, name);
 }
 
+using SetElement = void (*)(id, SEL, GSXibElement *, NSString *);
+SetElement platformSetElement = nullptr;
+
+/// The platform never gives back the element in which it notes whether a window is visible at
+/// launch. In the releases up to 0.29; who takes a later one looks again.
+void setElement(id owner, SEL selector, GSXibElement *element, NSString *key) {
+  platformSetElement(owner, selector, element, key);
+  constexpr bool kIsLeftBehind = GNUSTEP_GUI_MAJOR_VERSION == 0 && GNUSTEP_GUI_MINOR_VERSION <= 29;
+  if (kIsLeftBehind && [key hasSuffix:@"NSWindowTemplate.visibleAtLaunch"]) [element release];
+}
+
 /// Whether the file is of today's form: its outermost element is "document". The platform reads the
 /// whole file as a tree for that and never gives the tree back, 300 KiB for each window.
 BOOL isDocument(id, SEL, NSData *data) {
@@ -81,6 +93,8 @@ BOOL isDocument(id, SEL, NSData *data) {
   platformDecodeObject =
       replaced(self, @selector(decodeObjectForXib:forClassName:withID:), decodeObject);
   platformDecodeSize = replaced(self, @selector(decodeSizeForKey:), decodeSize);
+  platformSetElement =
+      replaced(objc_getClass("GSXibElement"), @selector(setElement:forKey:), setElement);
   // Found by its name: a message would set it up before there is an autorelease pool.
   replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:),
            isDocument);

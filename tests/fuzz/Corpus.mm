@@ -15,6 +15,7 @@
 
 #include "tests/fuzz/Target.h"
 #include "tests/support/PrivateSession.h"
+#include "tests/support/ProgramEnd.h"
 
 namespace {
 
@@ -121,7 +122,5 @@ int main(int argc, char *argv[]) {
   @autoreleasepool {
     result = RUN_ALL_TESTS();
   }
-  // Without the destructors of the platform's libraries, which race their own threads.
-  std::fflush(stdout);
-  _exit(result);
+  endProgram(result);
 }

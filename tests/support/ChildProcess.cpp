@@ -7,6 +7,7 @@
 #include <unistd.h>
 
 #include <atomic>
+#include <cerrno>
 #include <chrono>
 #include <cstdlib>
 #include <fstream>
@@ -93,7 +94,9 @@ bool ChildProcess::hasEnded() {
 }
 
 int ChildProcess::waitForEnd() {
-  if (status_ == -1) waitpid(pid_, &status_, 0);
+  // A signal may come to this process meanwhile, of another child's end for one.
+  while (status_ == -1 && waitpid(pid_, &status_, 0) == -1 && errno == EINTR) {
+  }
   return WIFSIGNALED(status_) ? 128 + WTERMSIG(status_) : WEXITSTATUS(status_);
 }
 

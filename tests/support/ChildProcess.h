@@ -46,8 +46,8 @@ class ChildProcess {
 /// A new empty folder under the private session's temporary folder; the session removes it.
 std::string newTemporaryFolder();
 
-/// Polls until `condition` holds, at most a minute; answers whether it came to hold. Does not run
-/// the run loop (see Pump.h for that).
+/// Polls until `condition` holds, at most for kPatienceSeconds; answers whether it came to hold.
+/// Does not run the run loop (see Pump.h for that).
 template <class Condition>
 bool waitFor(Condition condition);
 
@@ -56,7 +56,8 @@ void pausePolling();
 double secondsNow();
 }  // namespace detail
 
-constexpr double kPatienceSeconds = 60;
+/// How long a test waits for a condition; longer in a build that a sanitizer slows down.
+constexpr double kPatienceSeconds = 60 * SANITIZER_SLOWDOWN;
 
 template <class Condition>
 bool waitFor(Condition condition) {

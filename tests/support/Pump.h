@@ -4,8 +4,8 @@
 
 #include "tests/support/ChildProcess.h"
 
-/// Runs the current run loop in its default mode until `condition` holds, at most a minute; answers
-/// whether it came to hold.
+/// Runs the current run loop in its default mode until `condition` holds, at most for
+/// kPatienceSeconds; answers whether it came to hold.
 template <class Condition>
 bool pumpUntil(Condition condition) {
   return waitFor([&] {

@@ -1,12 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <cstdio>
-
 #import <Foundation/Foundation.h>
-#include <unistd.h>
 
 #include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
+#include "tests/support/ProgramEnd.h"
 
 int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::None);
@@ -16,7 +14,5 @@ int main(int argc, char *argv[]) {
   @autoreleasepool {
     result = RUN_ALL_TESTS();
   }
-  // Without the destructors of the platform's libraries, which race their own threads.
-  std::fflush(stdout);
-  _exit(result);
+  endProgram(result);
 }
