@@ -49,6 +49,7 @@ NSDictionary *homeFolderInfoFromAgent() {
   [syncedFilePath release];
   [homeFolderInfo release];
   [contextMenuPlugin release];
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.Dealloc): the timer is the run loop's
   [super dealloc];
 }
 

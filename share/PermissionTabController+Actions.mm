@@ -39,6 +39,14 @@ NSAlert *question() {
   return alert;
 }
 
+/// Where the one with this address is among the people; NSNotFound for nobody and for nil.
+NSUInteger rowOf(NSString *address, NSArray *people) {
+  for (NSUInteger row = 0; row < [people count]; ++row) {
+    if ([[[people objectAtIndex:row] useremail] isEqual:address]) return row;
+  }
+  return NSNotFound;
+}
+
 }  // namespace
 
 @implementation PermissionTabController (Actions)
@@ -156,8 +164,7 @@ NSAlert *question() {
 - (void)revokeAccessTo:(SharedWith *)asked inRow:(std::int64_t)row {
   NSUInteger current = static_cast<NSUInteger>(row);
   if (asked != nil && [self personInRow:current] != asked) {
-    NSArray *const addresses = [[arrayController arrangedObjects] valueForKey:@"useremail"];
-    current = [asked useremail] == nil ? NSNotFound : [addresses indexOfObject:[asked useremail]];
+    current = rowOf([asked useremail], [arrayController arrangedObjects]);
     if (current == NSNotFound) return;
   }
   [self revokeAccessToUser:[NSNumber numberWithInt:static_cast<int>(current)]];

@@ -17,8 +17,8 @@
                   at:(NSPoint)origin
               ofView:(NSView *)view;
 
-/// Takes them all away: to be called before the view ends, because the platform forgets to give back
-/// every second one then. view: the one that they were shown over.
+/// Takes them all away: to be called before the view ends, because the platform forgets to give
+/// back every second one then. view: the one that they were shown over.
 - (void)removeFromView:(NSView *)view;
 
 @end
