@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <ostream>
+
 #import <objc/runtime.h>
 
 #import "app/ContextMenuAppAppDelegate.h"
@@ -28,6 +30,18 @@ struct Delegate : testing::Test {
 
   void launch() { [delegate applicationDidFinishLaunching:nil]; }
 };
+
+/// What the agent answers about the home folder.
+struct OddReply {
+  const char *name;
+  NSDictionary *(*entry)();
+};
+
+void PrintTo(const OddReply &reply, std::ostream *out) {
+  *out << reply.name;
+}
+
+struct OddHomeFolder : Delegate, testing::WithParamInterface<OddReply> {};
 
 }  // namespace
 
@@ -91,18 +105,23 @@ TEST_F(Delegate, WithoutAnAgentLaunchCompletesWithEmptyListsAndAnEmptyDictionary
   EXPECT_EQ([NSApp modalWindow], nil);
 }
 
-TEST_F(Delegate, AHomeFolderReplyThatIsNoDictionaryOrNoReplyGivesAnEmptyDictionary) {
+TEST_P(OddHomeFolder, GivesAnEmptyDictionary) {
   AgentProcess agent;
-  for (NSDictionary *entry in @[
-         @{@"reply" : @"text"},
-         @{@"reply" : @[ @"homefolder" ]},
-         @{@"nil" : @1}, @{@"raise" : @"SomeException"}
-       ]) {
-    agent.setScript(@{@"getHomeDirectoryInfo" : entry});
-    launch();
-    EXPECT_TRUE([[delegate homeFolderInfo] isEqual:@{}]) << text(entry);
-  }
+  agent.setScript(@{@"getHomeDirectoryInfo" : GetParam().entry()});
+  launch();
+  EXPECT_TRUE([[delegate homeFolderInfo] isEqual:@{}]);
 }
+
+INSTANTIATE_TEST_SUITE_P(
+    Reply, OddHomeFolder,
+    testing::Values(
+        OddReply{"Text", []() -> NSDictionary * { return @{@"reply" : @"text"}; }},
+        OddReply{"Array", []() -> NSDictionary * { return
+                                                       @{@"reply" : @[ @"homefolder" ]}; }},
+        OddReply{"Nil", []() -> NSDictionary * { return
+                                                     @{@"nil" : @1}; }},
+        OddReply{"None", []() -> NSDictionary * { return @{@"raise" : @"SomeException"}; }}),
+    [](const auto &info) { return info.param.name; });
 
 TEST_F(Delegate, TheRefreshIsDueOneDayAfterLaunchAndThenEveryDay) {
   AgentProcess agent;
