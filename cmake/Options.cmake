@@ -28,7 +28,7 @@ elseif(NOT SANITIZE STREQUAL "")
   message(FATAL_ERROR "SANITIZE is '${SANITIZE}'; use address, thread or fuzz")
 endif()
 if(sanitizer_flags)
-  set(SANITIZER_SLOWDOWN 5)
+  set(SANITIZER_SLOWDOWN 10)
   target_compile_options(project_options INTERFACE ${sanitizer_flags})
   target_link_options(project_options INTERFACE ${sanitizer_flags})
   # The sanitizers' run-time options, in programs only: libraries are loaded into these.
