@@ -185,7 +185,7 @@ TEST_F(CopyLinkOutcomes, AKeyPressedWhileTheAgentHangsDoesNotDismissTheAlertThat
   letAgentGoOn();
   ASSERT_TRUE(waitForWindows(2));
   // Nothing shall happen: look often, for as long as a key needs many times over.
-  for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u);
+  for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u) << output();
   EXPECT_TRUE(dismissAlert());
   EXPECT_EQ(callsOf(kFileLink), 1u);
 }

@@ -31,9 +31,16 @@ std::vector<std::string> linesOf(const std::string &output) {
 }
 
 std::vector<std::string> numbersOnScreen() {
-  // By the class that the platform gives its windows: their process is not noted on them.
-  return linesOf(
-      outputOf({kPointingTool, "search", "--onlyvisible", "--classname", "ContextMenuApp"}));
+  while (true) {
+    // By the class that the platform gives its windows: their process is not noted on them.
+    ChildProcess search(
+        {kPointingTool, "search", "--onlyvisible", "--classname", "ContextMenuApp"});
+    const bool found = search.waitForEnd() == 0;
+    const std::string output = search.output();
+    // It gives up when any window, the window manager's for one, ends while it looks at it.
+    if (output.find("X Error") != std::string::npos) continue;
+    return found ? linesOf(output) : std::vector<std::string>();
+  }
 }
 
 /// From lines "NAME=VALUE".

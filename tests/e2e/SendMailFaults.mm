@@ -81,7 +81,7 @@ TEST_F(SendMailFaults, AnAgentThatIsKilledWhileSendingLeavesEverythingThatWasEnt
   agent->setScript(@{kSendFile : hangingEntry(success(@"never"))});
   ASSERT_TRUE(openAndFillIn());
   click(kSendButton);
-  ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; }));
+  ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; })) << output();
   endAgent();
   ASSERT_TRUE(waitForWindows(2));
   EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
