@@ -12,8 +12,8 @@ target_compile_definitions(project_options INTERFACE
     KRV_AGENT_BUNDLE_IDENTIFIER="${KRV_AGENT_BUNDLE_IDENTIFIER}")
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 
-# How many times as long as otherwise a test may wait and take: the address sanitizer walks the stack
-# of each allocation, which makes a reply of 100,000 contacts thirty times slower.
+# How many times as long as otherwise a test may wait and take: a hundred windows take four times as
+# long under the thread sanitizer.
 set(SANITIZER_SLOWDOWN 1)
 if(SANITIZE STREQUAL "address")
   set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize-recover=undefined
@@ -28,7 +28,7 @@ elseif(NOT SANITIZE STREQUAL "")
   message(FATAL_ERROR "SANITIZE is '${SANITIZE}'; use address, thread or fuzz")
 endif()
 if(sanitizer_flags)
-  set(SANITIZER_SLOWDOWN 10)
+  set(SANITIZER_SLOWDOWN 5)
   target_compile_options(project_options INTERFACE ${sanitizer_flags})
   target_link_options(project_options INTERFACE ${sanitizer_flags})
   # The sanitizers' run-time options, in programs only: libraries are loaded into these.

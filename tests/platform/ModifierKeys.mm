@@ -3,15 +3,23 @@
 #import <Foundation/Foundation.h>
 
 #import "platform/gnustep/MacKeys.h"
+#include "tests/support/PlatformLoss.h"
 #include "tests/support/Strings.h"
 
 namespace {
 
+/// The platform's keep a dictionary when they end; the application has the standard ones only.
+NSUserDefaults *newDefaults() {
+  const PlatformLoss dictionary;
+  return [[NSUserDefaults alloc] init];
+}
+
 /// Defaults in which nobody has set a modifier key yet.
 struct ModifierKeys : testing::Test {
-  NSUserDefaults *defaults = [[[NSUserDefaults alloc] init] autorelease];
+  NSUserDefaults *defaults = newDefaults();
 
   ModifierKeys() { [defaults setSearchList:@[ @"ChosenKeys", NSRegistrationDomain ]]; }
+  ~ModifierKeys() override { [defaults release]; }
 
   std::string key(NSString *name) { return text([defaults stringForKey:name]); }
 };

@@ -4,6 +4,7 @@
 
 #import "app/ContextMenuAppAppDelegate.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/PlatformLoss.h"
 
 /// The delegate, made by the application's own main interface resource. The application's launch
 /// sequence has not run yet.
@@ -14,6 +15,9 @@ inline ContextMenuAppAppDelegate *loadedDelegate() {
 
 /// What is on the general clipboard as text, nil when there is none.
 inline NSString *clipboardText() {
+  // Of an object of the connection with the pasteboard's server, now and then. The application only
+  // writes.
+  const PlatformLoss loss;
   return [[NSPasteboard generalPasteboard] stringForType:NSStringPboardType];
 }
 
