@@ -52,12 +52,12 @@ class Sanitizers(unittest.TestCase):
         cls.address = built(folder.name, "address,undefined")
         cls.thread = built(folder.name, "thread")
 
-    def report(self, program, faults):
-        """What the program says with so many arguments, and its exit code."""
+    def report(self, program, faults, **options):
+        """What the program says with so many arguments and these variables, and its exit code."""
         clean = {name: value for name, value in os.environ.items() if "SAN_OPTIONS" not in name}
         result = subprocess.run(
             [str(TOOLS / "private-desktop"), "--no-display", program, *["x"] * faults],
-            capture_output=True, text=True, env=clean, timeout=120)
+            capture_output=True, text=True, env={**clean, **options}, timeout=120)
         return result.returncode, result.stderr
 
     def test_what_is_the_platforms_is_not_reported(self):
@@ -66,6 +66,11 @@ class Sanitizers(unittest.TestCase):
 
     def test_a_leaked_object_is_reported(self):
         code, text = self.report(self.address, 1)
+        self.assertNotEqual(code, 0)
+        self.assertIn("detected memory leaks", text)
+
+    def test_a_leaked_object_is_reported_with_its_place_where_stacks_are_whole(self):
+        code, text = self.report(self.address, 1, ASAN_OPTIONS="fast_unwind_on_malloc=0")
         self.assertNotEqual(code, 0)
         self.assertIn("program.mm:8", text)
 
