@@ -1,5 +1,7 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
+#import <GNUstepGUI/GSDisplayServer.h>
+
 #import "platform/gnustep/ImageTypes.h"
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/NSPasteboard+Starting.h"
@@ -12,6 +14,10 @@
 
 @interface NSApplication (PlatformPrivate)
 - (void)_windowWillDealloc:(NSWindow *)window;
+@end
+
+@interface GSDisplayServer (PlatformPrivate)
+- (void)mouseOptionsChanged:(NSNotification *)notification;
 @end
 
 namespace {
@@ -49,10 +55,21 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 }
 
 - (void)finishLaunching {
+  [self readMouseOptions];
   _isLaunching = YES;
   [super finishLaunching];
   _isLaunching = NO;
   [self performSelector:@selector(startPasteboardServer) withObject:nil afterDelay:0];
+}
+
+/// The platform would read these at the first click, and then ask the server of distributed
+/// notifications, which it may have to start, to tell it of changes. What comes from the mouse
+/// while it waits is put before that click: a control gets the press after the release, stays
+/// pressed and waits.
+- (void)readMouseOptions {
+  if ([GSCurrentServer() respondsToSelector:@selector(mouseOptionsChanged:)]) {
+    [GSCurrentServer() mouseOptionsChanged:nil];
+  }
 }
 
 /// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the

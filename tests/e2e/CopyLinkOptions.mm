@@ -1,3 +1,4 @@
+#include <csignal>
 #include <filesystem>
 #include <fstream>
 
@@ -95,6 +96,40 @@ INSTANTIATE_TEST_SUITE_P(
                     Choice{"DownloadsByMouse", downloadsByMouse, 0, 0, "1"},
                     Choice{"EverythingByMouse", everythingByMouse, 1, 1, "100"}),
     [](const auto &info) { return info.param.name; });
+
+namespace {
+
+/// What the user does while the application is busy comes to it all at once.
+struct CopyLinkClicksWhileBusy : CopyLinkTab {
+  template <class Action>
+  void whileItIsBusy(Action action) const {
+    application.process().signal(SIGSTOP);
+    action();
+    application.process().signal(SIGCONT);
+  }
+};
+
+}  // namespace
+
+TEST_F(CopyLinkClicksWhileBusy, TheFirstOfAllOnAButtonIsHeard) {
+  agent->answer(kFileLink, success(@"https://x/y"));
+  ASSERT_TRUE(openTab());
+  whileItIsBusy([&] { click(kCopy); });
+  EXPECT_TRUE(waitFor([&] { return callsOf(kFileLink) == 1; }));
+}
+
+TEST_F(CopyLinkClicksWhileBusy, TheFirstOfAllOnABoxAndTheNextOnesAreHeard) {
+  agent->answer(kFileLink, success(@"https://x/y"));
+  ASSERT_TRUE(openTab());
+  whileItIsBusy([&] {
+    click(kNotify);
+    click(kAskForMail);
+    click(kCopy);
+  });
+  ASSERT_TRUE(waitFor([&] { return callsOf(kFileLink) == 1; }));
+  NSArray *const wanted = @[ @"id-1", @1, @1, @"-1", @1 ];
+  EXPECT_TRUE([argumentsOf(kFileLink) isEqual:wanted]) << text(argumentsOf(kFileLink));
+}
 
 namespace {
 

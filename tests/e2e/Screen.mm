@@ -10,8 +10,8 @@
 
 namespace {
 
-/// How long a finger stays on the button. A press and a release at the same moment are lost on a
-/// program that looks for the release only when it has dealt with the press.
+/// How long a finger stays on the button. Other programs of the platform lose their first click
+/// when the release comes at the same moment.
 const std::string kClickSeconds = "0.08";
 
 /// Between two keys: 20 a second.
