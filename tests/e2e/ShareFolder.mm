@@ -203,3 +203,17 @@ TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsRemoved) {
   EXPECT_EQ(accessTo(folder), before);
   EXPECT_TRUE(tab.seesRows(1));
 }
+
+TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsGivenMore) {
+  const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);
+  ASSERT_TRUE(openOn(folder));
+  ASSERT_TRUE(tab.seesRows(1));  // the user
+  const People before = accessTo(folder);
+  tab.chooseAccess(0, kReadOnly, kReadWrite);
+  ASSERT_TRUE(waitFor([&] { return !lastOperation("grantAccess").empty(); }));
+  EXPECT_TRUE(has(lastOperation("grantAccess"), "Only its owner can share"));
+  ASSERT_TRUE(waitForWindows(2));
+  ASSERT_TRUE(tab.dismissAlert());
+  EXPECT_EQ(accessTo(folder), before);
+  EXPECT_TRUE(tab.seesRows(1));
+}
