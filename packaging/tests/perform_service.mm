@@ -4,9 +4,12 @@
 
 #import <AppKit/AppKit.h>
 
+#include "tests/support/ProgramEnd.h"
+
 int main(int argc, char *argv[]) {
+  if (argc < 3) return 2;
+  bool isPerformed = false;
   @autoreleasepool {
-    if (argc < 3) return 2;
     [NSApplication sharedApplication];
     // As a file manager does, so that services for files are looked for.
     NSArray *const types = [NSArray arrayWithObject:NSFilenamesPboardType];
@@ -18,6 +21,7 @@ int main(int argc, char *argv[]) {
     NSPasteboard *const pasteboard = [NSPasteboard pasteboardWithUniqueName];
     [pasteboard declareTypes:types owner:nil];
     [pasteboard setPropertyList:paths forType:NSFilenamesPboardType];
-    return NSPerformService([NSString stringWithUTF8String:argv[1]], pasteboard) ? 0 : 1;
+    isPerformed = NSPerformService([NSString stringWithUTF8String:argv[1]], pasteboard);
   }
+  endProgram(isPerformed ? 0 : 1);
 }

@@ -1,5 +1,7 @@
 #import <AppKit/AppKit.h>
 
+/// The pasteboard's server lives at least as long as this program once it is connected to it,
+/// whoever started it: what was copied outlives the other programs that look at the clipboard.
 @interface NSPasteboard (Starting)
 
 /// Whether somebody further up the stack is connecting to the pasteboard's server. That may start

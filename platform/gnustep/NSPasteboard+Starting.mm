@@ -17,9 +17,35 @@ class Connecting {
   Connecting &operator=(const Connecting &) = delete;
 };
 
+/// The platform starts the server so that it ends, and the clipboard with it, when a program that
+/// has used it does; only those that have ever owned a pasteboard keep it alive. So this program
+/// owns one, of which nobody else knows, with each server that it comes to be connected to.
+void keepAlive(id server) {
+  static id const owner = [[NSObject alloc] init];
+  static NSConnection *kept = nil;
+  static NSPasteboard *owned = nil;
+  NSConnection *const connection = [server connectionForProxy];
+  if (connection == nil || connection == kept) return;
+  [kept release];
+  kept = [connection retain];
+  [owned release];
+  owned = nil;
+  @try {
+    owned = [[NSPasteboard pasteboardWithUniqueName] retain];
+    [owned declareTypes:[NSArray array] owner:owner];
+  } @catch (NSException *exception) {
+    NSLog(@"pasteboard server lost: %@", [exception reason]);
+  }
+}
+
 id connectToServer(id cls, SEL selector) {
-  const Connecting whileThisRuns;
-  return platformsConnect(cls, selector);
+  id server = nil;
+  {
+    const Connecting whileThisRuns;
+    server = platformsConnect(cls, selector);
+  }
+  if (connecting == 0) keepAlive(server);
+  return server;
 }
 
 }  // namespace

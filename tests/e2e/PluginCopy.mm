@@ -30,6 +30,14 @@ struct PluginCopy : testing::Test {
     return ChildProcess({PLUGIN_CALL, item});
   }
 
+  static void expectThatOthersFind(const std::string &link) {
+    // The second one finds an empty clipboard when the first one's end was the end of its server.
+    for (int reader = 0; reader < 2; ++reader) {
+      EXPECT_EQ(outputOf({CLIPBOARD_READER}), link + "\n");
+    }
+    EXPECT_EQ(clipboardReadByXclip(), link);
+  }
+
   static bool isVisible() { return RunningApplication::isVisible(); }
 
   long linesInLog(const std::string &line) {
@@ -53,6 +61,21 @@ TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
   EXPECT_EQ(linesInLog("copy success = 1"), 1);
   EXPECT_EQ(linesInLog("Link copied successfully."), 1);
   EXPECT_FALSE(isVisible());
+}
+
+TEST_F(PluginCopy, TheLinkOutlivesTheOtherProgramsThatLookAtTheClipboard) {
+  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
+  copy(@"id-1");
+  expectThatOthersFind("https://brisvale.test/s/1");
+}
+
+TEST_F(PluginCopy, WhenTheClipboardsServerWasKilledTheNextLinkHasAnotherOne) {
+  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
+  copy(@"id-1");
+  ASSERT_EQ(ChildProcess({"/usr/bin/pkill", "-KILL", "gpbs"}).waitForEnd(), 0);
+  agent.answer(kFileOperation, success(@"https://brisvale.test/s/2"));
+  copy(@"id-1");
+  expectThatOthersFind("https://brisvale.test/s/2");
 }
 
 TEST_F(PluginCopy, LinksInAnyScriptAreReadBackByAnotherProgram) {
