@@ -83,7 +83,24 @@ struct ShareFolder : Share, testing::WithParamInterface<Language> {
   ShareFolder() : Share(GetParam()) {}
 };
 
-struct ShareFolderRefusals : Share {};
+struct ShareFolderRefusals : Share {
+  /// Opens a folder that the user was given by somebody else, does what asks the agent for the
+  /// operation, and looks whether it is refused and everything is as before.
+  template <class Action>
+  void expectRefusalWhereOthersOwn(const std::string &operation, Action action) {
+    const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);
+    ASSERT_TRUE(openOn(folder));
+    ASSERT_TRUE(tab.seesRows(1));  // the user
+    const People before = accessTo(folder);
+    action();
+    ASSERT_TRUE(waitFor([&] { return !lastOperation(operation).empty(); }));
+    EXPECT_TRUE(has(lastOperation(operation), "Only its owner can share"));
+    ASSERT_TRUE(waitForWindows(2));
+    ASSERT_TRUE(tab.dismissAlert());
+    EXPECT_EQ(accessTo(folder), before);
+    EXPECT_TRUE(tab.seesRows(1));
+  }
+};
 
 }  // namespace
 
@@ -190,30 +207,12 @@ TEST_F(ShareFolderRefusals, AFolderOfSomebodyElseCannotBeSharedOn) {
 }
 
 TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsRemoved) {
-  const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);
-  ASSERT_TRUE(openOn(folder));
-  ASSERT_TRUE(tab.seesRows(1));  // the user
-  const People before = accessTo(folder);
-  ASSERT_TRUE(tab.askToRemove(0));
-  pressKeys({"Return"});
-  ASSERT_TRUE(waitFor([&] { return !lastOperation("revokeAccess").empty(); }));
-  EXPECT_TRUE(has(lastOperation("revokeAccess"), "Only its owner can share"));
-  ASSERT_TRUE(waitForWindows(2));
-  ASSERT_TRUE(tab.dismissAlert());
-  EXPECT_EQ(accessTo(folder), before);
-  EXPECT_TRUE(tab.seesRows(1));
+  expectRefusalWhereOthersOwn("revokeAccess", [&] {
+    ASSERT_TRUE(tab.askToRemove(0));
+    pressKeys({"Return"});
+  });
 }
 
 TEST_F(ShareFolderRefusals, InAFolderOfSomebodyElseNobodyIsGivenMore) {
-  const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);
-  ASSERT_TRUE(openOn(folder));
-  ASSERT_TRUE(tab.seesRows(1));  // the user
-  const People before = accessTo(folder);
-  tab.chooseAccess(0, kReadOnly, kReadWrite);
-  ASSERT_TRUE(waitFor([&] { return !lastOperation("grantAccess").empty(); }));
-  EXPECT_TRUE(has(lastOperation("grantAccess"), "Only its owner can share"));
-  ASSERT_TRUE(waitForWindows(2));
-  ASSERT_TRUE(tab.dismissAlert());
-  EXPECT_EQ(accessTo(folder), before);
-  EXPECT_TRUE(tab.seesRows(1));
+  expectRefusalWhereOthersOwn("grantAccess", [&] { tab.chooseAccess(0, kReadOnly, kReadWrite); });
 }
