@@ -38,8 +38,14 @@ if(sanitizer_flags)
   target_compile_definitions(project_options INTERFACE SANITIZER_SUPPRESSIONS="${sanitizers}")
 endif()
 
+# test_timeout(RESULT SECONDS): the timeout of a test that takes so long without a sanitizer.
+function(test_timeout result seconds)
+  math(EXPR timeout "${seconds} * ${SANITIZER_SLOWDOWN}")
+  set(${result} ${timeout} PARENT_SCOPE)
+endfunction()
+
 # set_test_timeout(TEST SECONDS [PROPERTY VALUE]...): the timeout of a test, and other properties.
 function(set_test_timeout test seconds)
-  math(EXPR timeout "${seconds} * ${SANITIZER_SLOWDOWN}")
+  test_timeout(timeout ${seconds})
   set_tests_properties(${test} PROPERTIES TIMEOUT ${timeout} ${ARGN})
 endfunction()

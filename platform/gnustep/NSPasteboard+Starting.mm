@@ -21,30 +21,25 @@ class Connecting {
 /// has used it does; only those that have ever owned a pasteboard keep it alive. So this program
 /// owns one, of which nobody else knows, with each server that it comes to be connected to.
 void keepAlive(id server) {
-  static id const owner = [[NSObject alloc] init];
+  // Retained, so that the connection with the next server is not taken for this one.
   static NSConnection *kept = nil;
-  static NSPasteboard *owned = nil;
   NSConnection *const connection = [server connectionForProxy];
   if (connection == nil || connection == kept) return;
-  [kept release];
-  kept = [connection retain];
-  [owned release];
-  owned = nil;
   @try {
-    owned = [[NSPasteboard pasteboardWithUniqueName] retain];
-    [owned declareTypes:[NSArray array] owner:owner];
+    [[NSPasteboard pasteboardWithUniqueName] declareTypes:[NSArray array]
+                                                    owner:[[[NSObject alloc] init] autorelease]];
+    [kept release];
+    kept = [connection retain];
   } @catch (NSException *exception) {
-    NSLog(@"pasteboard server lost: %@", [exception reason]);
+    // The server did not answer. The next use of the pasteboard tries again.
   }
 }
 
 id connectToServer(id cls, SEL selector) {
-  id server = nil;
-  {
-    const Connecting whileThisRuns;
-    server = platformsConnect(cls, selector);
-  }
-  if (connecting == 0) keepAlive(server);
+  const Connecting whileThisRuns;
+  id const server = platformsConnect(cls, selector);
+  // The platform gets here once more from within, and so does keepAlive.
+  if (connecting == 1) keepAlive(server);
   return server;
 }
 

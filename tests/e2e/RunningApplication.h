@@ -20,7 +20,7 @@ class RunningApplication {
   /// The path of the application's executable.
   static std::string program();
 
-  /// Waits until the application answers under its name, at most a minute; answers whether it does.
+  /// Waits until the application answers under its name, as waitFor does; answers whether it does.
   bool waitUntilServing();
 
   /// Its vended object, as a plug-in gets it, with the protocol of the plug-in set on it or not;

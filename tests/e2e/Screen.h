@@ -25,7 +25,7 @@ struct ScreenWindow {
 /// Those that can be seen, in no particular order.
 std::vector<ScreenWindow> windowsOnScreen();
 
-/// Waits until `count` windows can be seen, at most a minute; answers whether that comes to be.
+/// Waits until `count` windows can be seen, as waitFor does; answers whether that comes to be.
 bool waitForWindows(std::size_t count);
 
 /// Waits until one of the application's windows has the keyboard; false when none gets it within a
@@ -56,5 +56,5 @@ void releaseButton();
 std::string picture(const ScreenArea &area);
 
 /// The same, when the drawing is over: several pictures in a row are alike. "" when it does not
-/// come to rest within a minute.
+/// come to rest, as waitFor waits.
 std::string settledPicture(const ScreenArea &area);

@@ -1,11 +1,10 @@
 #import <AppKit/AppKit.h>
 
-#include <unistd.h>
-
 #include <cstdio>
 #include <string_view>
 
 #import "platform/gnustep/NSUserDefaults+Languages.h"
+#include "tests/support/ProgramEnd.h"
 
 // A program in a language of its own, for the tests to start with an environment and settings of
 // their choice.
@@ -57,8 +56,5 @@ int main(int argc, char *argv[]) {
       print(textFor(@(argv[asked == "--application" ? 2 : 1])));
     }
   }
-  std::fflush(stdout);
-  // Without the end of the process's own objects: the leak checker would report what the platform
-  // makes once.
-  _exit(0);
+  endProgram(0);
 }

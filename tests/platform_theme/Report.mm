@@ -2,11 +2,10 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSTheme.h>
 
-#include <unistd.h>
-
 #include <cstdio>
 
 #import "platform/gnustep/BackgroundApplication.h"
+#include "tests/support/ProgramEnd.h"
 
 int main() {
   @autoreleasepool {
@@ -24,8 +23,5 @@ int main() {
                 [[font fontName] UTF8String], [font pointSize]);
     [window close];
   }
-  std::fflush(stdout);
-  // Without the end of the process's own objects: the leak checker would report what the platform
-  // makes once.
-  _exit(0);
+  endProgram(0);
 }

@@ -27,7 +27,7 @@ class TokenField : public testing::Test {
   void queueKey(unichar key, NSUInteger modifiers = 0);
   /// Lets the application handle everything that is in the queue.
   void settle();
-  /// Goes on handling events until something holds, at most a minute.
+  /// Goes on handling events until something holds, at most for kPatienceSeconds.
   bool eventually(const std::function<bool()> &condition);
 
   void click(NSPoint inField, int count = 1, NSUInteger modifiers = 0);

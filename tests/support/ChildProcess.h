@@ -25,7 +25,7 @@ class ChildProcess {
   /// What the program has written so far to standard output and standard error together.
   std::string output() const;
 
-  /// Whether the output has come to hold `text`; waits for it, at most a minute.
+  /// Whether the output has come to hold `text`; waits for it as waitFor does.
   bool waitForOutput(const std::string &text) const;
 
   /// How many times `text` stands in the output.
