@@ -17,6 +17,11 @@ from project import Findings
 # "3 warnings generated.", which counts what was hidden on purpose.
 COUNT = re.compile(r"\d+ (warning|error)s?( and \d+ errors?)? generated\.$")
 
+# The arguments that CMake adds, of which each is joined to the one before it by a NUL.
+PRECOMPILED_HEADER = re.compile(
+    r"\0-Winvalid-pch|\0-Xclang\0-include-pch\0-Xclang\0[^\0]*|"
+    r"\0-Xclang\0-include\0-Xclang\0[^\0]*cmake_pch[^\0]*")
+
 
 class Unit:
     """One compiled source file of the project."""
@@ -28,9 +33,12 @@ class Unit:
         self.object = self.arguments[self.arguments.index("-o") + 1]
 
     def flags(self):
-        """Compiler and options, without what names outputs and the source itself."""
+        """Compiler and options, without what names outputs and the source itself, and without
+        precompiled headers: a check has options that do not go with them, and a source that
+        includes too little is to be found."""
+        arguments = PRECOMPILED_HEADER.sub("", "\0".join(self.arguments)).split("\0")
         kept, skip = [], False
-        for argument in self.arguments:
+        for argument in arguments:
             if skip:
                 skip = False
             elif argument in ("-o", "-MF", "-MT", "-MQ"):

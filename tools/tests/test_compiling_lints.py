@@ -1,5 +1,7 @@
 """The lints that compile find what they are there for, and repeat nothing that has passed."""
 
+import unittest
+from pathlib import Path
 from unittest import mock
 
 from sample import TOOLS, SampleBuild
@@ -99,6 +101,17 @@ class StaticAnalysis(SampleBuild):
             with self.subTest(bare):
                 self.write("ui/a.h", f"int a; // {bare}\n")
                 self.assert_finds(static_analysis.suppressions(self.root), "ui/a.h:1")
+
+
+class Flags(unittest.TestCase):
+    def test_a_precompiled_header_is_left_out(self):
+        unit = compilation.Unit(Path("/project"), {
+            "directory": "/project/build", "file": "/project/app/a.mm",
+            "command": "clang++ -I/project -include /project/Prefix.h -Winvalid-pch"
+                       " -Xclang -include-pch -Xclang /project/build/cmake_pch.hxx.pch"
+                       " -Xclang -include -Xclang /project/build/cmake_pch.hxx"
+                       " -MD -MT a.o -MF a.o.d -o a.o -c /project/app/a.mm"})
+        self.assertEqual(unit.flags(), ["clang++", "-I/project", "-include", "/project/Prefix.h"])
 
 
 class Cache(SampleBuild):

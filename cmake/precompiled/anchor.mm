@@ -1,0 +1,1 @@
+// What a library of nothing but a precompiled header is made of.
