@@ -9,10 +9,17 @@ NSAlert *alertWithTexts(NSString *message, NSString *informative);
 /// The alert of every tab for an agent or service that did not answer.
 NSAlert *cannotConnectAlert();
 
+// Each of these first forgets the keys and clicks that have come until then, see
+// forgetInputWhileBusy: nobody has read the alert yet.
+
 /// Shows the alert as a sheet on the window and returns at once; the window stays open when it
 /// ends. delegate: the controller whose action is reported. A window of nil (it has been closed)
 /// shows nothing. Main thread.
 void showAsSheet(NSAlert *alert, NSWindow *window, id delegate);
+
+/// The same for an alert that asks: delegate gets didEnd with the alert, the return code and
+/// context, as of the platform's alerts.
+void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void *context);
 
 /// Runs the alert application-modally and returns when the user has dismissed it. For use where no
 /// window of the application is open. The application runs behind all others and is hidden most of

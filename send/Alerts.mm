@@ -1,5 +1,6 @@
 #import "send/Alerts.h"
 
+#import "send/Controls.h"
 #import "send/LocalizedText.h"
 #import "send/TextFormat.h"
 
@@ -30,14 +31,20 @@ NSAlert *cannotConnectAlert() {
 }
 
 void showAsSheet(NSAlert *alert, NSWindow *window, id delegate) {
+  askAsSheet(alert, window, delegate, nullptr, nullptr);
+}
+
+void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void *context) {
   if (window == nil) return;
+  forgetInputWhileBusy();
   [alert beginSheetModalForWindow:window
                     modalDelegate:delegate
-                   didEndSelector:nullptr
-                      contextInfo:nullptr];
+                   didEndSelector:didEnd
+                      contextInfo:context];
 }
 
 void runModally(NSAlert *alert) {
+  forgetInputWhileBusy();
   [NSApp activateIgnoringOtherApps:YES];
   [alert runModal];
 }

@@ -15,7 +15,8 @@ NSString *chosenDownloads(NSPopUpButton *numbers);
 /// agent has answered, and nothing is drawn meanwhile.
 void showBusy(NSProgressIndicator *indicator);
 
-/// To be called when such a call has returned: forgets the keys and clicks of the meantime. They
-/// were meant for the window as it was; a second Return would dismiss the alert that follows before
-/// anybody has read it.
+/// Forgets the keys and clicks that came while such a call blocked. They were meant for the window
+/// as it was; a second Return would dismiss the alert that follows before anybody has read it. The
+/// functions that show alerts and success sheets call it; who shows neither after a blocking call
+/// calls it when the call has returned.
 void forgetInputWhileBusy();

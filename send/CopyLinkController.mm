@@ -50,7 +50,6 @@
   NSString *const downloads = chosenDownloads(noOfDownloads);
   showBusy(spinGear);
   NSDictionary *const reply = [self getCopyLink:[self filePath]:notify:askForMail:downloads];
-  forgetInputWhileBusy();
   [self show:outcomeOfCopy(reply, [self pasteToClipboard:reply])];
   [spinGear setHidden:YES];
 }

@@ -1,5 +1,6 @@
 #import "send/ResultSheet.h"
 
+#import "send/Controls.h"
 #import "send/LocalizedText.h"
 
 namespace {
@@ -16,6 +17,7 @@ void showSuccess(const ResultSheet &sheet, id controller, NSString *key) {
                                  selector:@selector(killModalWindow:)
                                  userInfo:sheet.panel
                                   repeats:NO];
+  forgetInputWhileBusy();
   [sheet.text setStringValue:localizedText(key)];
   [NSApp beginSheet:sheet.panel
       modalForWindow:sheet.window

@@ -96,7 +96,6 @@ const KindTexts &textsFor(BOOL isFolder) {
   NSDictionary *const reply = [self replyForRecipients:recipients
                                                subject:escapedSubject
                                                message:escapedMessage];
-  forgetInputWhileBusy();
   [self show:reply];
   [spinner setHidden:YES];
 }

@@ -71,7 +71,6 @@ NSAlert *notColleaguesAlert(NSString *people) {
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
   // All of them before anybody is given anything.
   if (NSAlert *const objection = [self objectionTo:recipients]) {
-    forgetInputWhileBusy();  // the agent may have been asked about a recipient
     showAsSheet(objection, ourMainWindow, self);
     return;
   }
@@ -109,7 +108,6 @@ NSAlert *notColleaguesAlert(NSString *people) {
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:
         NSLog(@"Getting null data from rest API(machine offline or server down)");
-        forgetInputWhileBusy();
         showAsSheet(cannotConnectAlert(), ourMainWindow, self);
         return;
       case agent::ReplyKind::Refused:
@@ -119,7 +117,6 @@ NSAlert *notColleaguesAlert(NSString *people) {
         break;
     }
   }
-  forgetInputWhileBusy();
   [self showGrantsRefusedTo:refused];
 }
 

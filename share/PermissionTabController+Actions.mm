@@ -129,10 +129,8 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   if (person == nil || ourMainWindow == nil) return;
   [personInQuestion autorelease];
   personInQuestion = [person retain];
-  [question() beginSheetModalForWindow:ourMainWindow
-                         modalDelegate:self
-                        didEndSelector:@selector(handleResult:withResult:withSender:)
-                           contextInfo:reinterpret_cast<void *>(row)];
+  askAsSheet(question(), ourMainWindow, self, @selector(handleResult:withResult:withSender:),
+             reinterpret_cast<void *>(row));
 }
 
 - (void)handleResult:(NSAlert *)alert

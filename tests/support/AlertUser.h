@@ -9,6 +9,8 @@
 /// What a test's user saw of one application-modal alert.
 struct SeenAlert {
   std::vector<std::string> texts;
+  /// Whether a key or click that had come before the alert was still waiting when it was shown.
+  bool foundInput = false;
   bool shows(const std::string &text) const;
 };
 

@@ -27,10 +27,17 @@ namespace {
 /// the same window.
 int modalSessions = 0;
 
+/// Whether there was a key or click in the queue when the newest of them began.
+bool newestFoundInput = false;
+
 NSModalSession (*formerBegin)(id, SEL, NSWindow *);
 
 NSModalSession countingBegin(id self, SEL selector, NSWindow *window) {
   ++modalSessions;
+  newestFoundInput = [NSApp nextEventMatchingMask:NSKeyDownMask | NSLeftMouseDownMask
+                                        untilDate:[NSDate distantPast]
+                                           inMode:NSEventTrackingRunLoopMode
+                                          dequeue:NO] != nil;
   return formerBegin(self, selector, window);
 }
 
@@ -90,6 +97,7 @@ void AlertUser::look() {
   if (button == nil) return;
   if (session_ != modalSessions) {
     session_ = modalSessions;
+    alert.foundInput = newestFoundInput;
     alerts_.push_back(alert);
     whileOpen_();
   }

@@ -61,6 +61,15 @@ TEST_F(CopyLinkAction, TheFolderMyDocsIsTheHomeFolder) {
   EXPECT_EQ(text([lastArguments() objectAtIndex:0]), "home-1");
 }
 
+TEST_F(CopyLinkAction, NoKeyOrClickOfTheWaitingTimeIsLeftForTheAlert) {
+  agent.answer(kFileLink, refusal(1, @"no"));
+  postKeys(nil, @"\r");
+  postClick(nil, NSZeroPoint);
+  copyLink();
+  ASSERT_EQ(user.alerts().size(), 1u);
+  EXPECT_FALSE(user.alerts()[0].foundInput);
+}
+
 TEST_F(CopyLinkAction, OfSeveralSelectedItemsOnlyTheFirstIsActedOn) {
   agent.answer(kFileLink, success(@"https://x/file"));
   select(file, makeFileOutside());

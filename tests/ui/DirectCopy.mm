@@ -4,6 +4,7 @@
 #include "tests/support/AgentProcess.h"
 #include "tests/support/AlertUser.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/Events.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 
@@ -131,6 +132,16 @@ TEST_F(DirectCopy, AsksTheFolderOperationForAFolder) {
   copy(@"id-2", YES);
   EXPECT_EQ(text([agent.operations() objectAtIndex:0]), "getLinkForFolder:::::");
   EXPECT_EQ(text(clipboardText()), "https://x/folder");
+}
+
+TEST_F(DirectCopy, NoKeyOrClickOfTheWaitingTimeIsLeftForTheAlert) {
+  AgentProcess agent;
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  postKeys(nil, @"\r");
+  postClick(nil, NSZeroPoint);
+  copy();
+  ASSERT_EQ(user.alerts().size(), 1u);
+  EXPECT_FALSE(user.alerts()[0].foundInput);
 }
 
 TEST_F(DirectCopy, NeverReadsItsThirdArgument) {

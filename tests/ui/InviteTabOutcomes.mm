@@ -1,5 +1,6 @@
 // How an invitation ends: each row of the table of its outcomes, with all that the row says.
 
+#include "tests/support/ImpatientUser.h"
 #import "tests/ui/InviteTabFixture.h"
 
 using InviteTabOutcomes = InviteTabFixture;
@@ -111,6 +112,20 @@ TEST_F(InviteTabOutcomes, ARefusalIsToldOnceAndAfterItsAlert) {
   open();
   invite(@"a@x.de");
   EXPECT_EQ(counter->hadSheet, std::vector<bool>{true});
+}
+
+TEST_F(InviteTabOutcomes, KeysPressedWhileTheListIsLoadedAgainDoNotDismissTheAlertUnread) {
+  knowColleagues(@[ @"a@x.de" ]);
+  grants(refused());
+  open();
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+  answer(
+      @"getAccess::",
+      @{@"delay" : @0.3});
+  const ImpatientUser user(window, @"\r", [&] { return calls(@"getAccess::") == 2; });
+  invite(@"a@x.de");
+  EXPECT_TRUE(user.hasTyped());
+  EXPECT_TRUE(alertShows("The folder can only be shared with colleagues."));
 }
 
 TEST_F(InviteTabOutcomes, AnInvitationAfterAnOpeningIsThreeLoadsOfTheList) {

@@ -1,6 +1,7 @@
 #import "send/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/ImpatientUser.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -101,6 +102,24 @@ TEST_F(PermissionsTabChanges, WithoutAnAnswerTheRowKeepsTheNewLevelAndTheUserIsT
     EXPECT_EQ([person(0) accessPermission], 1);
     close();
   }
+}
+
+TEST_F(PermissionsTabChanges, KeysPressedWhileARefusedChangeRunsDoNotDismissItsAlertUnread) {
+  openWith(@{@"delay" : @0.2, @"reply" : refusal(5, @"no")});
+  const ImpatientUser user([window window], @"\r");
+  choose(0, kWriter);
+  handlePostedEvents();
+  EXPECT_TRUE(user.hasTyped());
+  EXPECT_TRUE(sheetShows(@"The access could not be changed: no"));
+}
+
+TEST_F(PermissionsTabChanges, KeysPressedWhileTheAgentGoesDoNotDismissTheAlertUnread) {
+  openWith(@{@"delay" : @0.2, @"die" : @"before"});
+  const ImpatientUser user([window window], @"\r");
+  choose(0, kWriter);
+  handlePostedEvents();
+  EXPECT_TRUE(user.hasTyped());
+  EXPECT_TRUE(sheetShows(localizedText(@"cannotConnectToBrisvaleMessageTextKey")));
 }
 
 TEST_F(PermissionsTabChanges, AnAlertLeavesTheWindowOpenAndTheListInPlace) {

@@ -1,6 +1,7 @@
 #import "send/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/ImpatientUser.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -126,6 +127,32 @@ TEST_F(PermissionsTabRemovals, ARefusalIsTheAgentsReasonAndTheRowStays) {
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(showsList());
   EXPECT_TRUE([spinner() isHidden]);
+}
+
+TEST_F(PermissionsTabRemovals, KeysPressedWhileARefusedRemovalRunsDoNotDismissItsAlertUnread) {
+  openWith(
+      2,
+      @{@"delay" : @0.2,
+        @"reply" : refusal(9, @"locked")});
+  NSWindow *const question = askToRemove(0);
+  const ImpatientUser user([window window], @"\r");
+  press(question, kYes);
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  handlePostedEvents();
+  EXPECT_TRUE(user.hasTyped());
+  EXPECT_TRUE(sheetShows(@"The access could not be changed: locked"));
+}
+
+TEST_F(PermissionsTabRemovals, AKeyPressedBeforeTheQuestionShowsDoesNotAnswerIt) {
+  openWith(
+      2,
+      @{@"reply" : success(@1)});
+  postClick(removeIn(0));
+  postKeys([window window], @"\r");
+  EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  handlePostedEvents();
+  EXPECT_TRUE(sheetShows(localizedText(@"unshareMessageTextKey")));
+  EXPECT_EQ(calls(kRevoke), 0u);
 }
 
 TEST_F(PermissionsTabRemovals, WithoutAnAnswerTheRowStaysAndTheUserIsTold) {
