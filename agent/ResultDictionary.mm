@@ -6,6 +6,7 @@
 - (NSUInteger)count;
 - (id)objectForKey:(id)key;
 - (NSArray *)allKeys;
+- (BOOL)isKindOfClass:(Class)cls;
 @end
 
 /// A protocol is only known at run time when a class of the program adopts it.
@@ -62,7 +63,9 @@ NSDictionary *broughtOver(id reply) {
 
 NSDictionary *entriesOf(id dictionary) {
   id const remote = asDictionary(dictionary);
-  return remote == nil ? [NSDictionary dictionary] : allEntries(remote);
+  // Asked of a proxy, too, so that an exception is only ever a broken connection.
+  const bool isDictionary = [remote isKindOfClass:[NSDictionary class]];
+  return isDictionary ? allEntries(remote) : [NSDictionary dictionary];
 }
 
 ReplyKind kindOfLinkReply(NSDictionary *reply) {

@@ -145,6 +145,8 @@ NSAlert *notColleaguesAlert(NSString *people) {
   if ([reply count] == 0) return YES;
   NSDictionary *const user = agent::nilIfBroken(
       [&]() -> id { return agent::entriesOf([reply objectForKey:agent::kValueKey]); });
+  // The connection broke over the reading: the agent cannot be reached here either.
+  if (user == nil) return YES;
   if (!agent::flagIn(user, @"accountemployee")) return NO;
   [[delegate addressBookForShare]
       addObject:[NSString stringWithFormat:@"%@<%@>", agent::stringIn(user, @"name") ?: @"",

@@ -9,9 +9,9 @@
 /// optional:
 /// - "delay": seconds to wait first, in which the agent serves nobody else, as one that hangs;
 /// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
-/// - "die": "before" the operation answers (the process kills itself), or "whenRead": it answers
-/// and
-///   dies at the first question to the reply;
+/// - "die": "before" the operation answers (the process kills itself), "whenRead": it answers and
+///   dies at the first question to the reply, or "whenValueIsRead": it answers and dies at the
+///   first question to the reply's "value", where that is a dictionary or an array;
 /// - "raise": the name of an exception to raise instead of answering;
 /// - "nil": true to answer nil;
 /// - "contacts": a number of generated contact records as the reply's "value";

@@ -28,6 +28,25 @@
 
 @end
 
+/// The same as a list.
+@interface FatalList : NSArray
+@end
+
+@implementation FatalList
+
+- (NSUInteger)count {
+  kill(getpid(), SIGKILL);
+  return 0;
+}
+
+- (id)objectAtIndex:(NSUInteger)index {
+  (void)index;
+  kill(getpid(), SIGKILL);
+  return nil;
+}
+
+@end
+
 namespace {
 
 constexpr useconds_t kPollMicroseconds = 5000;
@@ -65,11 +84,27 @@ NSString *textOfLength(NSNumber *length) {
                               startingAtIndex:0];
 }
 
+/// The reply with a value of the same kind that ends its process when it is read. A text or number
+/// travels with the reply, and reading it is no question.
+id withFatalValue(NSDictionary *reply) {
+  NSMutableDictionary *const fatal = [NSMutableDictionary dictionaryWithDictionary:reply];
+  id const value = [reply objectForKey:@"value"];
+  if ([value isKindOfClass:[NSDictionary class]]) {
+    [fatal setObject:[[[FatalReply alloc] init] autorelease] forKey:@"value"];
+  } else if ([value isKindOfClass:[NSArray class]]) {
+    [fatal setObject:[[[FatalList alloc] init] autorelease] forKey:@"value"];
+  }
+  return fatal;
+}
+
 id replyOfEntry(NSDictionary *entry) {
   static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
   if ([[entry objectForKey:@"nil"] boolValue]) return nil;
   if ([[entry objectForKey:@"die"] isEqual:@"whenRead"]) {
     return [[[FatalReply alloc] init] autorelease];
+  }
+  if ([[entry objectForKey:@"die"] isEqual:@"whenValueIsRead"]) {
+    return withFatalValue([entry objectForKey:@"reply"]);
   }
   NSNumber *const contacts = [entry objectForKey:@"contacts"];
   if (contacts != nil) {

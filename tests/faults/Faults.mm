@@ -44,6 +44,12 @@ const std::vector<Fault> kFaults = {
      NoReply, 0},
     {"KilledWhileItsReplyIsRead", Strike::DiesDuring,
      [](id) -> NSDictionary * { return @{@"die" : @"whenRead"}; }, NoReply, NoReply, NoReply, 0},
+    // A link is a text, which comes with the reply, and of an action's value nothing is read.
+    {"KilledWhileItsValueIsRead", Strike::DiesDuring,
+     [](id value) -> NSDictionary * {
+       return @{@"die" : @"whenValueIsRead", @"reply" : success(value)};
+     },
+     Succeeds, Succeeds, NoReply, 0},
     {"KilledAfter", Strike::KilledAfter, inHealth, Succeeds, Succeeds, Succeeds, kHealthyContacts},
     {"HangsAndWakes", Strike::None,
      [](id value) -> NSDictionary * { return @{@"delay" : @0.5, @"reply" : success(value)}; },

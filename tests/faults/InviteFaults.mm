@@ -1,5 +1,7 @@
 // What a user gets whose agent fails at the first, the second or the last of three people who are
-// invited.
+// invited: when access is given, and before that, when the agent is asked who they are.
+#include <set>
+
 #import "send/TextFormat.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/faults/FaultTest.h"
@@ -8,15 +10,20 @@
 namespace {
 
 NSString *const kGrant = @"grantAccess:::::::::";
-NSString *const kInvited = @"a@x.de,b@x.de,c@x.de";
+NSString *const kUserInfo = @"getUserInfo::";
 const std::vector<std::string> kPeople = {"a@x.de", "b@x.de", "c@x.de"};
 
 NSDictionary *person() {
   return @{@"userfname" : @"anna", @"userlname" : @"meier", @"useremail" : @"a@x.de"};
 }
 
+NSDictionary *colleague() {
+  return @{@"accountemployee" : @1, @"name" : @"Anna Meier", @"primaryemail" : @"a@x.de"};
+}
+
 struct Invite : FaultTest<WindowsWithoutAgent> {
   BrisvaleTabController *controller = nil;
+  NSString *invited = @"a@x.de,b@x.de,c@x.de";
 
   NSWindow *window() { return [controller window]; }
   NSTokenField *recipients() {
@@ -32,7 +39,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     // The list is fetched meanwhile, from the same agent.
     EXPECT_TRUE(handleEventsUntil([&] { return threads->count > 0; }));
     [threads release];
-    [recipients() setStringValue:kInvited];
+    [recipients() setStringValue:invited];
     mark();
   }
 
@@ -48,7 +55,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
 
   void expect(Outcome outcome, NSUInteger place) {
     ASSERT_NE([window() attachedSheet], nil);
-    std::string left = text(kInvited);
+    std::string left = text(invited);
     switch (outcome) {
       case Outcome::Succeeds:
         EXPECT_EQ(logged(), Lines{});
@@ -90,6 +97,44 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
 
 struct InviteLater : Invite {};
 
+/// The agent fails when it is asked about somebody whom the address book does not know.
+struct InviteQuestion : Invite {
+  InviteQuestion() {
+    // What tests in the same process have found out.
+    [[delegate employeeContacts] removeAllObjects];
+    [[delegate addressBookForShare] removeAllObjects];
+  }
+
+  static NSDictionary *grantsScript() {
+    return @{kGrant : @{@"reply" : success(person())}};
+  }
+
+  /// Without an answer everybody passes; whether they get access is for the next call to tell.
+  Outcome outcomeOfInvitation() const {
+    if (fault().list == Outcome::Nobody) return Outcome::Refused;
+    const std::set<Strike> fatal = {Strike::Absent, Strike::KilledBefore, Strike::DiesDuring};
+    return fatal.contains(fault().strike) ? Outcome::NoReply : Outcome::Succeeds;
+  }
+
+  void failAtQuestion(NSUInteger place) {
+    begin(grantsScript());
+    open();
+    agent.strike(kUserInfo, colleague(), place);
+    invite();
+    agent.strikeAfterwards();
+    expect(outcomeOfInvitation(), place);
+    NSString *const asked = [NSString stringWithUTF8String:kPeople[place].c_str()];
+    EXPECT_EQ([[delegate employeeContacts] containsObject:asked],
+              fault().list == Outcome::Succeeds);
+    agent.recover(kUserInfo, colleague());
+    open();
+    invite();
+    expect(Outcome::Succeeds, place);
+  }
+};
+
+struct InviteQuestionLater : InviteQuestion {};
+
 }  // namespace
 
 TEST_P(Invite, TellsWhatCameOfTheFirstAndWorksAgain) {
@@ -104,5 +149,20 @@ TEST_P(InviteLater, TellsWhatCameOfTheLastAndWorksAgain) {
   failAt(2);
 }
 
+TEST_P(InviteQuestion, OfTheOnlyOneIsNoObstacleWithoutAnAnswerAndWorksAgain) {
+  invited = @"a@x.de";
+  failAtQuestion(0);
+}
+
+TEST_P(InviteQuestionLater, OfTheSecondIsNoObstacleWithoutAnAnswerAndWorksAgain) {
+  failAtQuestion(1);
+}
+
+TEST_P(InviteQuestionLater, OfTheLastIsNoObstacleWithoutAnAnswerAndWorksAgain) {
+  failAtQuestion(2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Row, InviteQuestion, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, InviteQuestionLater, testing::ValuesIn(faultsOfACall()), nameOfRow);
 INSTANTIATE_TEST_SUITE_P(Row, Invite, testing::ValuesIn(allFaults()), nameOfRow);
 INSTANTIATE_TEST_SUITE_P(Row, InviteLater, testing::ValuesIn(faultsOfACall()), nameOfRow);

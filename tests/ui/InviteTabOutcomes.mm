@@ -169,6 +169,18 @@ TEST_F(InviteTabOutcomes, SomebodyWhomNobodyCanLookUpIsInvited) {
   }
 }
 
+TEST_F(InviteTabOutcomes, SomebodyIsNoOutsiderWhoseRecordCannotBeReadBecauseTheAgentHasGone) {
+  knowColleagues(@[ @"a@x.de" ]);
+  answer(
+      kUserInfo,
+      @{@"die" : @"whenValueIsRead",
+        @"reply" : success(
+            @{@"accountemployee" : @1})});
+  open();
+  EXPECT_TRUE([[controller sendInviteTab] isEmployee:@"s@x.de"]);
+  EXPECT_FALSE([[delegate employeeContacts] containsObject:@"s@x.de"]);
+}
+
 TEST_F(InviteTabOutcomes, WhetherSomebodyIsAnEmployeeMayBeWrittenAsTextOrNumber) {
   knowColleagues(@[ @"a@x.de" ]);
   open();
