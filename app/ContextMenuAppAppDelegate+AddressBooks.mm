@@ -5,39 +5,12 @@
 #import "agent/ContactRecords.h"
 #import "agent/ResultDictionary.h"
 #import "app/AddressBookEntry.h"
+#import "app/AddressBookLists.h"
+#import "app/AddressBookRebuild.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #import "app/emailContact.h"
 #import "send/Completion.h"
-#import "send/IndexedBook.h"
 #import "send/LocalizedText.h"
-
-/// Both lists, on their way to the main thread, with what completion needs of the first one.
-@interface AddressBookLists : NSObject {
- @public
-  NSMutableArray *entries;
-  NSMutableArray *addresses;
-  IndexedBook *index;
-}
-@end
-
-@implementation AddressBookLists
-
-- (id)init {
-  if ((self = [super init])) {
-    entries = [[NSMutableArray alloc] init];
-    addresses = [[NSMutableArray alloc] init];
-  }
-  return self;
-}
-
-- (void)dealloc {
-  [entries release];
-  [addresses release];
-  [index release];
-  [super dealloc];
-}
-
-@end
 
 namespace {
 
@@ -55,9 +28,7 @@ bool fill(AddressBookLists *lists, id records) {
                                                lastCommaFirstFormat)];
     [contact release];
   });
-  [lists->entries sortUsingSelector:@selector(localizedCaseInsensitiveCompare:)];
-  // Here, and not at the first key that is typed.
-  lists->index = [[IndexedBook alloc] initWithBook:lists->entries];
+  [lists sortAndIndex];
   return complete;
 }
 
@@ -83,17 +54,35 @@ bool askAgentFor(AddressBookLists *lists) {
   lists->index = exchangeIndex(lists->index);
 }
 
-- (void)publishAddressBooks:(AddressBookLists *)lists {
-  [self performSelectorOnMainThread:@selector(exchangeAddressBooks:)
-                         withObject:lists
-                      waitUntilDone:YES];
+- (void)beginRebuild:(AddressBookRebuild *)rebuild {
+  [self exchangeAddressBooks:[rebuild emptyLists]];
+}
+
+/// Leaves the rebuild as it is when something has been added since it looked: the index must know
+/// of that, and is made by the thread that loads.
+- (void)finishRebuild:(AddressBookRebuild *)rebuild {
+  // Of several rebuilds at a time the one that began last decides what the lists hold.
+  if (![rebuild hasPutInPlace:addressBookForShare]) {
+    [rebuild setIsOver:YES];
+  } else if (![rebuild noteAdditions]) {
+    [self exchangeAddressBooks:[rebuild lists]];
+    [rebuild setIsOver:YES];
+  }
+}
+
+- (void)onMainThread:(SEL)step with:(AddressBookRebuild *)rebuild {
+  [self performSelectorOnMainThread:step withObject:rebuild waitUntilDone:YES];
 }
 
 - (void)getAddressBookForShareFolder {
   @autoreleasepool {
-    [self publishAddressBooks:[[[AddressBookLists alloc] init] autorelease]];
-    AddressBookLists *const lists = [[[AddressBookLists alloc] init] autorelease];
-    if (askAgentFor(lists)) [self publishAddressBooks:lists];
+    AddressBookRebuild *const rebuild = [[[AddressBookRebuild alloc] init] autorelease];
+    [self onMainThread:@selector(beginRebuild:) with:rebuild];
+    if (!askAgentFor([rebuild lists])) return;
+    while (![rebuild isOver]) {
+      [rebuild takeUpAdditions];
+      [self onMainThread:@selector(finishRebuild:) with:rebuild];
+    }
   }
 }
 

@@ -143,10 +143,11 @@
 @interface ContextMenuAppAppDelegate (AddressBooks)
 
 /// Replaces both lists with empty ones, asks the agent for the employee address book, and puts the
-/// filled lists in their place. Blocks the calling thread until the agent has answered; when it
-/// cannot be reached the lists stay empty, and nobody is told. May run on any thread: the lists
-/// themselves are exchanged on the main thread only, so that no reader there ever sees one change
-/// or vanish under its hands.
+/// filled lists in their place, with what was added to the empty ones meanwhile. Blocks the calling
+/// thread until the agent has answered; when it cannot be reached the lists stay as they are then,
+/// and nobody is told. May run on any thread: the lists themselves are exchanged on the main thread
+/// only, so that no reader there ever sees one change. Of several at a time the one that began last
+/// fills the lists.
 - (void)getAddressBookForShareFolder;
 
 /// The daily timer's action: getAddressBookForShareFolder on a new background thread. Returns at

@@ -3,6 +3,7 @@
 #include <filesystem>
 
 #import "app/ContextMenuAppAppDelegate.h"
+#import "tests/faults/EndedThreads.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Pump.h"
 #include "tests/support/Strings.h"
@@ -22,6 +23,14 @@ struct AddressBooks : testing::Test {
 
   std::string entries() { return joined([delegate addressBookForShare]); }
   std::string addresses() { return joined([delegate employeeContacts]); }
+
+  /// Begins a refresh in the background and returns when the agent has been asked.
+  void beginSlowRefresh(const AgentProcess &agent, NSDictionary *reply) {
+    agent.setScript(@{kBook : @{@"delay" : @0.5, @"reply" : reply}});
+    [delegate updateAddressBook:nil];
+    EXPECT_TRUE(pumpUntil([&] { return [agent.calls() count] == 1; }));
+  }
+
   static std::string joined(NSArray *list) { return text([list componentsJoinedByString:@" | "]); }
 };
 
@@ -141,6 +150,55 @@ TEST_F(AddressBooks, TheListsAreEmptyFromTheStartOfARefreshUntilItsEnd) {
   [delegate updateAddressBook:nil];
   EXPECT_TRUE(pumpUntil([&] { return entries().empty() && addresses().empty(); }));
   EXPECT_TRUE(pumpUntil([&] { return entries() == "Bob<b@x>" && addresses() == "b@x"; }));
+}
+
+TEST_F(AddressBooks, WhatIsAddedDuringARefreshIsInItsPlaceAfterwards) {
+  AgentProcess agent;
+  beginSlowRefresh(agent, success(@[ contact(@"Zoe", @"z@x"), contact(@"Bob", @"b@x") ]));
+  [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
+  [[delegate employeeContacts] addObject:@"n@x"];
+  EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 3; }));
+  EXPECT_EQ(entries(), "Bob<b@x> | Max New<n@x> | Zoe<z@x>");
+  EXPECT_EQ(addresses(), "z@x | b@x | n@x");
+}
+
+TEST_F(AddressBooks, WhatIsAddedDuringARefreshAndListedByTheAgentIsThereOnce) {
+  AgentProcess agent;
+  beginSlowRefresh(agent, success(@[ contact(@"Max New", @"n@x"), contact(@"Bob", @"b@x") ]));
+  [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
+  [[delegate employeeContacts] addObject:@"n@x"];
+  EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 2; }));
+  EXPECT_EQ(entries(), "Bob<b@x> | MaxNew<n@x>");
+  EXPECT_EQ(addresses(), "n@x | b@x");
+}
+
+TEST_F(AddressBooks, WhatIsAddedDuringARefreshThatGetsNoReplyStays) {
+  AgentProcess agent;
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  beginSlowRefresh(agent, @{});
+  [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
+  [[delegate employeeContacts] addObject:@"n@x"];
+  EXPECT_TRUE(pumpUntil([&] { return threads->count > 0; }));
+  EXPECT_EQ(entries(), "Max New<n@x>");
+  EXPECT_EQ(addresses(), "n@x");
+}
+
+TEST_F(AddressBooks, OfTwoRebuildsAtATimeTheNewerOnesListsStay) {
+  AgentProcess agent;
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  agent.setScript(@{
+    kBook : @[
+      @{@"delay" : @0.5,
+        @"reply" : success(@[ contact(@"Old", @"o@x") ])},
+      @{@"reply" : success(@[ contact(@"New", @"n@x") ])}
+    ]
+  });
+  [delegate updateAddressBook:nil];
+  ASSERT_TRUE(pumpUntil([&] { return [agent.calls() count] == 1; }));
+  [delegate getAddressBookForShareFolder];
+  EXPECT_TRUE(pumpUntil([&] { return threads->count > 0; }));
+  EXPECT_EQ(entries(), "New<n@x>");
+  EXPECT_EQ(addresses(), "n@x");
 }
 
 TEST_F(AddressBooks, AReaderKeepsItsListWhileARefreshReplacesIt) {

@@ -92,6 +92,27 @@ TEST_F(CompletionInStep, AColleagueFoundByTheInviteTabIsOfferedFromThenOn) {
   EXPECT_EQ(completed(@"@x"), "Anna<anna@x> Dan<dan@x> Zoe<zoe@x>");
 }
 
+TEST_F(CompletionInStep, AColleagueFoundWhileTheBookIsRefreshedIsInTheNewBookAndItsIndex) {
+  agent.setScript(@{
+    kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])},
+    @"getUserInfo::" : @{
+      @"reply" : success(
+          @{@"accountemployee" : @1,
+            @"name" : @"Dian",
+            @"primaryemail" : @"dian@x"})
+    }
+  });
+  [delegate updateAddressBook:nil];
+  ASSERT_TRUE(pumpUntil([&] { return [agent.calls() count] == 2; }));
+  InviteTabController *const tab = [[[InviteTabController alloc] init] autorelease];
+  EXPECT_TRUE([tab isEmployee:@"dian@x"]);
+  EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 2; }));
+  EXPECT_EQ(completed(@"ian"), "Ian<ian@x> Dian<dian@x>");
+  EXPECT_TRUE([[delegate employeeContacts] containsObject:@"dian@x"]);
+  IndexedBook *const index = [exchangeIndex(nil) autorelease];
+  EXPECT_EQ([index count], 2u);
+}
+
 TEST_F(CompletionInStep, ABookSetThroughThePropertyIsOffered) {
   [delegate setAddressBookForShare:[NSMutableArray arrayWithObject:@"Fanny<fanny@x>"]];
   EXPECT_EQ(completed(@"an"), "Fanny<fanny@x>");
