@@ -1,21 +1,14 @@
 #pragma once
 
-#include <mutex>
-
 namespace agent {
 
-/// To be held by a background thread while it asks the agent; does nothing on the main thread.
+/// To be held by a background thread while it asks the agent. Does nothing on the main thread, and
+/// nothing at all where the platform needs no turns, as on the Mac: there the threads ask
+/// independently of each other, and no lock is taken.
 ///
-/// Two things go wrong in GNUstep where threads of a process talk to another process, and the reply
-/// that is lost by it is waited for in vain:
-/// - several background threads, from three or four on, ask at the same time. So each waits for its
-///   turn;
-/// - a thread ends, and its connection with it, while another one begins to ask. So the turn ends
-///   by closing the thread's connections, while the main thread stands still between two events;
-///   that takes no longer than closing a file.
-///
-/// An agent that hangs in one thread's question therefore holds up the threads behind it, which
-/// would only wait for the same agent.
+/// Where the platform needs them, only one background thread at a time asks. An agent that hangs in
+/// one thread's question holds up the threads behind it as long as a connection attempt of their
+/// own would last, and is unreachable for them then.
 ///
 /// Whatever the agent sent must have been read by the end of the turn.
 class BackgroundTurn {
@@ -25,8 +18,12 @@ class BackgroundTurn {
   BackgroundTurn(const BackgroundTurn &) = delete;
   BackgroundTurn &operator=(const BackgroundTurn &) = delete;
 
+  /// Whether the thread may ask. If not, the agent counts as unreachable.
+  bool mayAsk() const { return mayAsk_; }
+
  private:
-  std::unique_lock<std::mutex> lock_;
+  bool isNeeded_;
+  bool mayAsk_;
 };
 
 }  // namespace agent

@@ -32,9 +32,11 @@ bool fill(AddressBookLists *lists, id records) {
   return complete;
 }
 
-/// Fills the lists with what the agent answers. Blocks the calling thread meanwhile.
+/// Fills the lists with what the agent answers; answers false when it could not be asked, or when
+/// the connection broke before the last record. Blocks the calling thread meanwhile.
 bool askAgentFor(AddressBookLists *lists) {
   const agent::BackgroundTurn turn;
+  if (!turn.mayAsk()) return false;
   BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
   NSDictionary *const reply = [link getEmployeeAddressBook];
   return fill(lists, [reply objectForKey:agent::kValueKey]);

@@ -24,8 +24,9 @@
 /// The rows (SharedWith) of the listed people in the agent's order; empty until the agent is asked.
 @property (nonatomic, readonly) NSMutableArray *people;
 
-/// Whether the whole list came: NO when the agent or the service could not be reached, or when the
-/// connection broke before the last entry.
+/// Whether the whole list came: NO when the agent or the service could not be reached, when the
+/// connection broke before the last entry, or when another background thread was waiting for the
+/// agent all the time (BackgroundTurn.h).
 @property (nonatomic, readonly) BOOL isAnswered;
 
 /// Asks the agent and reads the answer. Blocks the calling thread until both are done.

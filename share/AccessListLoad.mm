@@ -27,6 +27,7 @@
 
 - (void)askAgent {
   const agent::BackgroundTurn turn;
+  if (!turn.mayAsk()) return;
   BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
   // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off

@@ -124,6 +124,22 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
   EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:0]), "anna@x.org");
 }
 
+TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork) {
+  NSString *const book = @"getEmployeeAddressBook";
+  agent.setScript(@{book : held(@[]), @"getAccess::" : later(0, people(3))});
+  [loadedDelegate() updateAddressBook:nil];
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(book) == 1; }));
+  open();
+  EXPECT_TRUE(handleEventsUntil(
+      [&] { return showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")); }));
+  EXPECT_TRUE([spinner() isHidden]);
+  EXPECT_EQ(calls(@"getAccess::"), 0u);
+  letAgentGoOn();
+  [tab setFilePath:@"folder-2"];
+  EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
+  EXPECT_EQ([[tab personList] count], 3u);
+}
+
 TEST_F(PermissionsTabLoads, ManyLoadsAtOnceAllReachTheAgentAndOneMoreShowsItsList) {
   constexpr NSUInteger kLoads = 12;
   answerList(people(2));
