@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <csignal>
+
 #import "send/Completion.h"
 #import "send/IndexedBook.h"
 #import "send/Recipients.h"
@@ -53,11 +55,12 @@ TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
 }
 
 TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntries) {
-  agent.setScript(
-      @{kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])}});
+  agent.answer(kBook, success(@[ contact(@"Ian", @"ian@x") ]));
   NSArray *const open = completions(@"an");
+  agent.process().signal(SIGSTOP);
   [delegate updateAddressBook:nil];
   EXPECT_TRUE(pumpUntil([] { return completed(@"an").empty(); }));
+  agent.process().signal(SIGCONT);
   EXPECT_TRUE(pumpUntil([] { return completed(@"an") == "Ian<ian@x>"; }));
   // The list that was open all the time.
   EXPECT_EQ(text([open componentsJoinedByString:@" "]), "Anna<anna@x> Dan<dan@x>");

@@ -1,0 +1,60 @@
+# Asks a program for its tests and writes what CTest is to be told of them; see TestSuites.cmake.
+execute_process(COMMAND ${program} --gtest_list_tests OUTPUT_VARIABLE listed TIMEOUT 60
+    COMMAND_ERROR_IS_FATAL ANY)
+
+set(written "")
+
+# The tests in "part" are one to CTest. More tests cost more: CTest begins with the dearest.
+macro(write_part name)
+  list(JOIN part ":" filter)
+  list(LENGTH part cost)
+  string(APPEND written
+      "add_test([==[${name}]==] [==[${program}]==] [==[--gtest_filter=${filter}]==])\n"
+      "set_tests_properties([==[${name}]==] PROPERTIES TIMEOUT ${timeout} COST ${cost})\n")
+endmacro()
+
+# The tests in "names", in parts of at most "size".
+macro(write_suite)
+  list(LENGTH names count)
+  set(at_most ${size})
+  if(alone AND suite MATCHES "^(.*/)?(${alone})$")
+    set(at_most 1)
+  endif()
+  set(part "")
+  set(number 0)
+  foreach(name IN LISTS names)
+    list(APPEND part ${suite}.${name})
+    list(LENGTH part length)
+    math(EXPR left "${count} - ${number} - ${length}")
+    if(length EQUAL at_most OR left EQUAL 0)
+      if(at_most EQUAL 1)
+        write_part(${part})
+      elseif(number EQUAL 0 AND left EQUAL 0)
+        write_part(${suite})
+      else()
+        math(EXPR first "${number} + 1")
+        math(EXPR last "${number} + ${length}")
+        write_part(${suite}.${first}-${last})
+      endif()
+      math(EXPR number "${number} + ${length}")
+      set(part "")
+    endif()
+  endforeach()
+  set(names "")
+endmacro()
+
+set(suite "")
+set(names "")
+string(REPLACE "\n" ";" lines "${listed}")
+foreach(line IN LISTS lines)
+  string(REGEX REPLACE " +#.*" "" line "${line}")  # the value of a parameter
+  if(line MATCHES "^  (.+)$")
+    list(APPEND names ${CMAKE_MATCH_1})
+  elseif(line MATCHES "^([A-Za-z0-9_/]+)\\.$")
+    set(next ${CMAKE_MATCH_1})
+    write_suite()
+    set(suite ${next})
+  endif()
+endforeach()
+write_suite()
+file(WRITE ${tests} "${written}")

@@ -1,0 +1,26 @@
+# Tells CTest of a program's tests by suites, because starting a program with its desktop takes longer
+# than most tests do.
+#
+# discover_test_suites(TARGET TIMEOUT [SIZE SIZE] [ALONE SUITE...]): after the program has been built
+# it is asked for its tests. Each suite becomes a test of CTest, in parts of at most SIZE tests (20);
+# with a SIZE of 1, and of the suites after ALONE, each test becomes one by itself. TIMEOUT: seconds
+# that one of these may take.
+set(list_test_suites ${CMAKE_CURRENT_LIST_DIR}/ListTestSuites.cmake)
+
+function(discover_test_suites target timeout)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "SIZE" "ALONE")
+  if(NOT arg_SIZE)
+    set(arg_SIZE 20)
+  endif()
+  list(JOIN arg_ALONE "|" alone)
+  set(tests ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)
+  add_custom_command(TARGET ${target} POST_BUILD BYPRODUCTS ${tests}
+      COMMAND ${CMAKE_COMMAND} -D program=$<TARGET_FILE:${target}> -D tests=${tests}
+          -D timeout=${timeout} -D size=${arg_SIZE} "-Dalone=${alone}"
+          -P ${list_test_suites} VERBATIM)
+  set(include ${CMAKE_CURRENT_BINARY_DIR}/${target}_include.cmake)
+  file(WRITE ${include}
+      "if(EXISTS \"${tests}\")\n  include(\"${tests}\")\n"
+      "else()\n  add_test(${target}_NOT_BUILT ${target}_NOT_BUILT)\nendif()\n")
+  set_property(DIRECTORY APPEND PROPERTY TEST_INCLUDE_FILES ${include})
+endfunction()
