@@ -17,6 +17,5 @@ void showBusy(NSProgressIndicator *indicator);
 
 /// Forgets the keys and clicks that came while such a call blocked. They were meant for the window
 /// as it was; a second Return would dismiss the alert that follows before anybody has read it. The
-/// functions that show alerts and success sheets call it; who shows neither after a blocking call
-/// calls it when the call has returned.
+/// functions that show alerts and success sheets call it first.
 void forgetInputWhileBusy();

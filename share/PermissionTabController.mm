@@ -1,6 +1,5 @@
 #import "share/PermissionTabController.h"
 
-#import "send/Controls.h"
 #import "send/LocalizedText.h"
 #import "send/ResultSheet.h"
 #import "share/AccessListLoad.h"
@@ -116,8 +115,6 @@
 - (void)listenNotification:(NSNotification *)notification {
   (void)notification;
   [self refershManagePermissionsView];
-  // The invitation's alert may be up already, and not be drawn yet.
-  forgetInputWhileBusy();
 }
 
 - (void)refershManagePermissionsView {

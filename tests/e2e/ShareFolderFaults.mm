@@ -55,6 +55,15 @@ struct ShareFolderFaults : WindowTest, ShareTab {
     return waitFor([&] { return callsOf(operation) == count; });
   }
 
+  /// Where the sheet is on the screen, when there is one.
+  ScreenArea areaOfSheet() const {
+    EXPECT_TRUE(waitForWindows(2));
+    for (const ScreenWindow &each : windowsOnScreen()) {
+      if (each.number != window.number) return each.area;
+    }
+    return {};
+  }
+
   /// The agent ends in the middle of a call, another one comes, and the alert is dismissed.
   void replaceAgentBehindAlert(NSDictionary *script) {
     endAgent();
@@ -95,6 +104,22 @@ TEST_F(ShareFolderFaults, AfterAListThatDidNotComeAnInvitationShowsIt) {
   ASSERT_TRUE(seesSuccess());
   goTo(kPeopleLabel);
   EXPECT_TRUE(seesRows(2));
+}
+
+TEST_F(ShareFolderFaults, AnAlertIsDrawnBeforeTheListIsLoadedAgain) {
+  agent->setScript(
+      @{kGetAccess : @[ answered(@[]), held(@[]) ],
+        kGrant : @{@"reply" : refusal(1, @"no")}});
+  ASSERT_TRUE(openShare({.tab = 1}));
+  ASSERT_TRUE(waitForCalls(kGetAccess, 1));
+  typeText("user0@example.org,");
+  click(kInviteButton);
+  ASSERT_TRUE(waitForCalls(kGetAccess, 2));
+  const ScreenArea alert = areaOfSheet();
+  const std::string drawn = settledPicture(alert);
+  EXPECT_NE(drawn, "");
+  letAgentGoOn();
+  EXPECT_EQ(settledPicture(alert), drawn);
 }
 
 TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverTheSecondOfThreeLeavesAllRecipients) {
