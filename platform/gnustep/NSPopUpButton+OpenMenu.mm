@@ -6,15 +6,34 @@ NSWindow *menuWindowOf(NSPopUpButton *popUp) {
   return [[[popUp menu] menuRepresentation] window];
 }
 
+/// The pop-up that has the window's keyboard, if its menu is open.
+NSPopUpButton *popUpWithOpenMenu(NSWindow *window) {
+  id const responder = [window firstResponder];
+  if (![responder isKindOfClass:[NSPopUpButton class]]) return nil;
+  return [menuWindowOf(responder) isVisible] ? responder : nil;
+}
+
 }  // namespace
 
 BOOL deliverToOpenMenu(NSEvent *event) {
-  if ([event type] != NSKeyDown || ([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
-  id const responder = [[event window] firstResponder];
-  if (![responder isKindOfClass:[NSPopUpButton class]]) return NO;
-  if (![menuWindowOf(responder) isVisible]) return NO;
-  [responder keyDown:event];
-  return YES;
+  switch ([event type]) {
+    case NSKeyDown: {
+      if (([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
+      NSPopUpButton *const popUp = popUpWithOpenMenu([event window]);
+      [popUp keyDown:event];
+      return popUp != nil;
+    }
+    case NSLeftMouseDown:
+    case NSRightMouseDown:
+    case NSOtherMouseDown: {
+      NSPopUpButton *const popUp = popUpWithOpenMenu([NSApp keyWindow]);
+      if (popUp == nil || [event window] == menuWindowOf(popUp)) return NO;
+      [[popUp cell] dismissPopUp];
+      return YES;
+    }
+    default:
+      return NO;
+  }
 }
 
 void closeMenuOf(NSPopUpButton *popUp) {

@@ -27,6 +27,14 @@ struct ScreenTab {
   /// The same for a choice that something comes of at once: does not wait until the menu has gone.
   void chooseAtOnce(const ScreenArea &popUp, int from, int to) const;
 
+  /// Where a pop-up's item is on the screen while its menu is open. from: the selected item's
+  /// position, which the menu opens over.
+  ScreenArea itemOf(const ScreenArea &popUp, int from, int item) const;
+
+  /// Whether the menu over a pop-up is open, and stays so: an item of it that is not under the
+  /// mouse is highlighted when the mouse comes there.
+  bool seesOpenMenu(const ScreenArea &item) const;
+
   /// Presses Return once and waits for what comes of it: the window with a sheet on it.
   bool pressReturnAndSeeSheet() const;
 

@@ -9,8 +9,8 @@
 namespace {
 
 /// Where the tab's content begins in its window, from the left and from the bottom.
-constexpr int kTabX = 23;
-constexpr int kTabY = 25;
+constexpr int kTabX = 22;
+constexpr int kTabY = 23;
 constexpr int kMenuItemHeight = 22;
 
 struct Place {
@@ -53,14 +53,26 @@ void ScreenTab::choose(const ScreenArea &popUp, int from, int to) const {
 
 void ScreenTab::chooseAtOnce(const ScreenArea &popUp, int from, int to) const {
   const ScreenArea closed = onScreen(popUp);
-  ScreenArea item = closed;
-  item.y += (to - from) * kMenuItemHeight;
+  const ScreenArea item = itemOf(popUp, from, to);
   moveTo(middleOf(closed).x, middleOf(closed).y);
   pressButton();
   EXPECT_TRUE(waitForWindows(2));  // the menu is one
   EXPECT_NE(settledPicture(item), "");
   changing(item, [&] { moveTo(middleOf(item).x, middleOf(item).y); });
   releaseButton();
+}
+
+ScreenArea ScreenTab::itemOf(const ScreenArea &popUp, int from, int item) const {
+  ScreenArea area = onScreen(popUp);
+  area.y += (item - from) * kMenuItemHeight;
+  return area;
+}
+
+bool ScreenTab::seesOpenMenu(const ScreenArea &item) const {
+  if (!waitForWindows(2)) return false;  // the menu is one
+  const std::string before = settledPicture(item);
+  moveTo(middleOf(item).x, middleOf(item).y);
+  return !before.empty() && waitFor([&] { return picture(item) != before; });
 }
 
 bool ScreenTab::pressReturnAndSeeSheet() const {

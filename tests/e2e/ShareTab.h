@@ -20,6 +20,9 @@ constexpr ScreenArea kIndicator = {20, 21, 16, 16};
 constexpr int kReadWrite = 0;
 constexpr int kReadOnly = 1;
 
+/// The frame of the pop-up in a row of the people's list, which is not scrolled.
+ScreenArea accessInRow(int row);
+
 /// The share window, used with real keys and clicks.
 struct ShareTab : ScreenTab {
   /// Goes to the other tab by a click on its label.

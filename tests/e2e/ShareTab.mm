@@ -9,13 +9,13 @@
 namespace {
 
 /// The upper edge of the list's content, and how high a row is.
-constexpr int kListTop = 339;
+constexpr int kListTop = 338;
 constexpr int kRowHeight = 36;
 /// Where the list's content begins, and how wide it is.
-constexpr int kListX = 21;
+constexpr int kListX = 22;
 constexpr int kListWidth = 512;
 /// A row is this much wider than in the interface file, and its controls stand at its right.
-constexpr int kWidened = 20;
+constexpr int kWidened = 18;
 
 /// The size of the sheet in the interface file. An alert is larger.
 constexpr int kSuccessWidth = 400;
@@ -27,10 +27,6 @@ ScreenArea inRow(int row, const ScreenArea &frame) {
 
 ScreenArea wholeRow(int row) {
   return inRow(row, {0, 0, kListWidth, kRowHeight});
-}
-
-ScreenArea accessIn(int row) {
-  return inRow(row, {171 + kWidened, 4, 205, 26});
 }
 
 ScreenArea removeIn(int row) {
@@ -45,6 +41,10 @@ bool successIsOnScreen() {
 }
 
 }  // namespace
+
+ScreenArea accessInRow(int row) {
+  return inRow(row, {171 + kWidened, 4, 205, 26});
+}
 
 void ShareTab::goTo(const ScreenArea &label) const {
   const ScreenArea content = onScreen({0, 0, 554, 377});
@@ -65,7 +65,7 @@ bool ShareTab::seesRows(int count) const {
 }
 
 void ShareTab::chooseAccess(int row, int from, int to) const {
-  chooseAtOnce(accessIn(row), from, to);
+  chooseAtOnce(accessInRow(row), from, to);
 }
 
 bool ShareTab::askToRemove(int row) const {

@@ -1,0 +1,206 @@
+// Clicks on pop-ups as a hand makes them: none of them changes anything by itself.
+
+#include <csignal>
+
+#include <ostream>
+
+#import "tests/e2e/SendTab.h"
+#import "tests/e2e/ShareTab.h"
+#import "tests/e2e/WindowTest.h"
+
+namespace {
+
+NSString *const kGetAccess = @"getAccess::";
+NSString *const kGrant = @"grantAccess:::::::::";
+
+/// The places of a reader and of a writer in the list of people.
+constexpr int kReaderRow = 0;
+constexpr int kWriterRow = 1;
+
+/// Longer than any click.
+const std::string kLongerThanAClickSeconds = "0.6";
+
+NSDictionary *person(NSString *name, BOOL mayWrite) {
+  NSNumber *const write = [NSNumber numberWithBool:mayWrite];
+  return @{
+    @"type" : @"user",
+    @"candownload" : @true,
+    @"canupload" : write,
+    @"candelete" : write,
+    @"userfname" : name,
+    @"userlname" : @"Last",
+    @"useremail" : [name stringByAppendingString:@"@example.org"]
+  };
+}
+
+/// A pop-up of one of the tabs, and two places in its menu.
+struct PopUp {
+  const char *name;
+  /// The window's operation, and which tab.
+  bool isShare;
+  int tab;
+  ScreenArea frame;
+  int selected;
+  int other;
+};
+
+/// Some rows of a pop-up's pixels, from its upper edge.
+struct Rows {
+  PopUp popUp;
+  int first;
+};
+
+/// All pop-ups are as high.
+constexpr int kRows = 26;
+/// As many as a test takes; each is clicked by itself.
+constexpr int kRowsOfATest = 7;
+
+void PrintTo(const Rows &rows, std::ostream *out) {
+  *out << rows.popUp.name << " from row " << rows.first;
+}
+
+std::string nameOf(const testing::TestParamInfo<Rows> &info) {
+  return std::string(info.param.popUp.name) + "FromRow" + std::to_string(info.param.first);
+}
+
+const ScreenArea kCopyDownloads = {169, 293, 160, 26};
+
+std::vector<PopUp> popUps() {
+  return {{"Reader", true, 0, accessInRow(kReaderRow), kReadOnly, kReadWrite},
+          {"Writer", true, 0, accessInRow(kWriterRow), kReadWrite, kReadOnly},
+          {"Invitation", true, 1, kInviteAccess, kReadOnly, kReadWrite},
+          {"SendDownloads", false, 0, kSendDownloads, 0, 2},
+          {"CopyDownloads", false, 1, kCopyDownloads, 0, 2}};
+}
+
+std::vector<Rows> allRows() {
+  std::vector<Rows> all;
+  for (const PopUp &popUp : popUps()) {
+    for (int row = 0; row < kRows; row += kRowsOfATest) all.push_back({popUp, row});
+  }
+  return all;
+}
+
+struct PopUpClicks : WindowTest, ShareTab {
+  bool openOn(const PopUp &popUp) {
+    agent->setScript(@{
+      kGetAccess : @{@"reply" : success(@[ person(@"reader", NO), person(@"writer", YES) ])},
+      kGrant : @{@"reply" : success(@1)}
+    });
+    const bool isOpen =
+        popUp.isShare ? open(ShareCall{.tab = popUp.tab}) : open(SendCall{.tab = popUp.tab});
+    if (!isOpen) return false;
+    window = onlyWindow(popUp.isShare ? "Share Folder" : SendCall().name);
+    return !window.number.empty() && (!popUp.isShare || popUp.tab != 0 || seesRows(2));
+  }
+
+  void clickRow(const PopUp &popUp, int row) const {
+    const ScreenArea button = onScreen(popUp.frame);
+    clickAt(button.x + button.width / 2, button.y + row);
+  }
+
+  ScreenArea otherItemOf(const PopUp &popUp) const {
+    return itemOf(popUp.frame, popUp.selected, popUp.other);
+  }
+
+  void clickOn(const ScreenArea &area) const {
+    clickAt(area.x + area.width / 2, area.y + area.height / 2);
+  }
+};
+
+struct PopUpRows : PopUpClicks, testing::WithParamInterface<Rows> {};
+
+}  // namespace
+
+TEST_P(PopUpRows, AClickOnAnyRowOfPixelsOpensTheMenuAndSendsNothing) {
+  const PopUp &popUp = GetParam().popUp;
+  ASSERT_TRUE(openOn(popUp));
+  const int end = std::min(GetParam().first + kRowsOfATest, kRows);
+  for (int row = GetParam().first; row < end; ++row) {
+    clickRow(popUp, row);
+    EXPECT_TRUE(seesOpenMenu(otherItemOf(popUp))) << row;
+    pressKeys({"Escape"});
+    EXPECT_TRUE(waitForWindows(1)) << row;
+  }
+  EXPECT_EQ(callsOf(kGrant), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Of, PopUpRows, testing::ValuesIn(allRows()), nameOf);
+
+TEST_F(PopUpClicks, AClickOnAnItemOfTheOpenMenuChoosesIt) {
+  const PopUp reader = popUps().front();
+  ASSERT_TRUE(openOn(reader));
+  clickRow(reader, 0);
+  ASSERT_TRUE(seesOpenMenu(otherItemOf(reader)));
+  EXPECT_EQ(callsOf(kGrant), 0u);
+  clickOn(otherItemOf(reader));
+  EXPECT_TRUE(seesSuccess());
+  ASSERT_EQ(callsOf(kGrant), 1u);
+  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:0]), "reader@example.org");
+}
+
+TEST_F(PopUpClicks, ADoubleClickOnTheEdgeOfAButtonSendsNothing) {
+  const PopUp reader = popUps().front();
+  ASSERT_TRUE(openOn(reader));
+  for (const int row : {0, 1, kRows / 2, kRows - 2, kRows - 1}) {
+    clickRow(reader, row);
+    ASSERT_TRUE(waitForWindows(2));
+    clickRow(reader, row);
+    EXPECT_TRUE(waitForWindows(1)) << row;
+  }
+  EXPECT_EQ(callsOf(kGrant), 0u);
+}
+
+TEST_F(PopUpClicks, AClickElsewhereClosesTheMenuAndDoesNothingElse) {
+  const PopUp downloads = popUps().back();
+  ASSERT_TRUE(openOn(downloads));
+  clickRow(downloads, 0);
+  ASSERT_TRUE(seesOpenMenu(otherItemOf(downloads)));
+  click(kSendButton);  // the other tab's is in the same place
+  EXPECT_TRUE(waitForWindows(1));
+  EXPECT_EQ(callsOf(kFileLink), 0u);
+  click(kSendButton);
+  EXPECT_TRUE(waitFor([&] { return callsOf(kFileLink) == 1; }));
+}
+
+TEST_F(PopUpClicks, APressThatIsHeldOnTheEdgeOfAButtonSendsNothing) {
+  const PopUp reader = popUps().front();
+  ASSERT_TRUE(openOn(reader));
+  const ScreenArea button = onScreen(reader.frame);
+  for (const int row : {0, 1, kRows - 2, kRows - 1}) {
+    outputOf({"/usr/bin/xdotool", "mousemove", std::to_string(button.x + 20),
+              std::to_string(button.y + row), "mousedown", "1", "sleep", kLongerThanAClickSeconds,
+              "mouseup", "1"});
+    EXPECT_TRUE(waitForWindows(1)) << row;
+  }
+  // What comes after it shows that the last one has been dealt with.
+  clickRow(reader, 0);
+  EXPECT_TRUE(seesOpenMenu(otherItemOf(reader)));
+  EXPECT_EQ(callsOf(kGrant), 0u);
+}
+
+TEST_F(PopUpClicks, AClickWhileTheApplicationIsStoppedIsAClickWhenItGoesOn) {
+  const PopUp reader = popUps().front();
+  ASSERT_TRUE(openOn(reader));
+  const ScreenArea button = onScreen(reader.frame);
+  moveTo(button.x + 20, button.y);
+  pressButton();
+  application.process().signal(SIGSTOP);
+  releaseButton();
+  outputOf({"/usr/bin/xdotool", "sleep", kLongerThanAClickSeconds});
+  application.process().signal(SIGCONT);
+  EXPECT_TRUE(seesOpenMenu(otherItemOf(reader)));
+  pressKeys({"Escape"});
+  EXPECT_TRUE(waitForWindows(1));
+  EXPECT_EQ(callsOf(kGrant), 0u);
+}
+
+TEST_F(PopUpClicks, ArrowsAndReturnChooseInAMenuThatAClickHasOpened) {
+  const PopUp reader = popUps().front();
+  ASSERT_TRUE(openOn(reader));
+  clickRow(reader, kRows / 2);
+  ASSERT_TRUE(waitForWindows(2));
+  pressKeys({"Up", "Return"});
+  EXPECT_TRUE(seesSuccess());
+  EXPECT_EQ(callsOf(kGrant), 1u);
+}
