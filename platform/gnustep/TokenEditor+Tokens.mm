@@ -150,9 +150,12 @@ NSString *const kListJoint = @", ";
 
 - (NSString *)plainTextOfRange:(NSRange)range {
   NSAttributedString *const text = [[self textStorage] attributedSubstringFromRange:range];
+  const std::u16string units = utf16Of([text string]);
+  // A list has tokens. Anything else is text, of which every character counts, white space as well.
+  if (tokens::tokensBefore(units, units.size()) == 0) return [text string];
   NSMutableArray *const parts = [NSMutableArray array];
-  for (const tokens::Element &element : tokens::elements(
-           utf16Of([text string]), tokenizingOf([[self cell] tokenizingCharacterSet]))) {
+  for (const tokens::Element &element :
+       tokens::elements(units, tokenizingOf([[self cell] tokenizingCharacterSet]))) {
     if (element.kind == tokens::Element::Kind::Token) {
       [parts addObject:[tokenAt(text, element.range.location) editingString]];
     } else if (element.kind == tokens::Element::Kind::Fragment) {

@@ -40,8 +40,8 @@
 /// What the user does to tokens, in TokenEditor+Tokens.mm.
 @interface TokenEditor (Tokens)
 
-/// The text to put on a pasteboard for a range: the tokens' editing strings and the typed text,
-/// joined by ", ".
+/// The text to put on a pasteboard for a range: its characters as they are, or, with tokens in it,
+/// the tokens' editing strings and the typed text, joined by ", ".
 - (NSString *)plainTextOfRange:(NSRange)range;
 
 /// Puts a text in: a list becomes tokens, anything else is typed text.

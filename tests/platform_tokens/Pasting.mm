@@ -43,6 +43,49 @@ TEST_F(Pasting, CopiedTokensAreAList) {
   EXPECT_EQ(typed(), "**x");
 }
 
+TEST_F(Pasting, CopiedTextIsExactlyWhatWasSelected) {
+  focus();
+  type(@"a@b.c,hello world ");
+  [editor() setSelectedRange:NSMakeRange(6, 7)];
+  [editor() copy:nil];
+  EXPECT_EQ(text(clipboard()), " world ");
+}
+
+TEST_F(Pasting, CutTextIsExactlyWhatWasSelectedAndGone) {
+  focus();
+  type(@"hello world");
+  [editor() setSelectedRange:NSMakeRange(5, 6)];
+  [editor() cut:nil];
+  EXPECT_EQ(text(clipboard()), " world");
+  EXPECT_EQ(typed(), "hello");
+}
+
+TEST_F(Pasting, WhiteSpaceAloneCanBeCopied) {
+  focus();
+  type(@"hello world");
+  [editor() setSelectedRange:NSMakeRange(5, 1)];
+  [editor() copy:nil];
+  EXPECT_EQ(text(clipboard()), " ");
+}
+
+TEST_F(Pasting, ASeparatorThatIsStillTextIsCopiedToo) {
+  focus();
+  type(@",x");
+  ASSERT_EQ(typed(), ",x");
+  [editor() selectAll:nil];
+  [editor() copy:nil];
+  EXPECT_EQ(text(clipboard()), ",x");
+}
+
+TEST_F(Pasting, CutTextIsTheSameWhenItIsPastedBack) {
+  focus();
+  type(@"hello world");
+  [editor() setSelectedRange:NSMakeRange(5, 6)];
+  [editor() cut:nil];
+  [editor() paste:nil];
+  EXPECT_EQ(typed(), "hello world");
+}
+
 TEST_F(Pasting, CutTokensAreAListAndGone) {
   focus();
   type(@"a@b.c,d@e.f,g@h.i,");
