@@ -2,7 +2,7 @@
 
 /// The send tab: mails a link to one file or folder. The window's interface file creates it. Main
 /// thread only.
-@interface SendFileController : NSObject <NSTokenFieldDelegate> {
+@interface SendFileController : NSObject <NSTokenFieldDelegate, NSTextViewDelegate> {
  @private
   IBOutlet NSTokenField *mailList;
   NSTextField *mailSubject;

@@ -10,6 +10,7 @@
 #import "send/FolderTest.h"
 #import "send/LocalizedText.h"
 #import "send/MailText.h"
+#import "send/MessageKeys.h"
 #import "send/Recipients.h"
 #import "send/ResultSheet.h"
 #import "send/SingleLine.h"
@@ -68,6 +69,7 @@ const KindTexts &textsFor(BOOL isFolder) {
   setTokenizingCharacters(mailList);
   [noOfDownloads selectItemAtIndex:0];
   [mailList setDelegate:self];
+  [mailContent setDelegate:self];
 }
 
 - (void)setLabelForTab:(NSString *)label {
@@ -109,6 +111,12 @@ const KindTexts &textsFor(BOOL isFolder) {
 
 - (BOOL)checkBoxState:(NSButton *)box {
   return isChecked(box);
+}
+
+#pragma mark - NSTextViewDelegate
+
+- (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
+  return doCommandInMessage(message, command, self, @selector(cancelSendMail:));
 }
 
 #pragma mark - Sending

@@ -2,7 +2,7 @@
 
 /// The invite tab: gives people access to the folder. The window's interface file creates it. Main
 /// thread only.
-@interface InviteTabController : NSObject <NSTokenFieldDelegate> {
+@interface InviteTabController : NSObject <NSTokenFieldDelegate, NSTextViewDelegate> {
  @private
   IBOutlet NSTokenField *mailList;
   IBOutlet NSTextView *mailContent;

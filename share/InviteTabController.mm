@@ -7,6 +7,7 @@
 #import "send/Controls.h"
 #import "send/LocalizedText.h"
 #import "send/MailText.h"
+#import "send/MessageKeys.h"
 #import "send/Recipients.h"
 #import "send/ResultSheet.h"
 #import "send/TextFormat.h"
@@ -60,6 +61,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
   setTokenizingCharacters(mailList);
   [accessType selectItemAtIndex:kDefaultAccessIndex];
   [mailList setDelegate:self];
+  [mailContent setDelegate:self];
 }
 
 #pragma mark - Actions
@@ -185,6 +187,13 @@ NSAlert *notColleaguesAlert(NSString *people) {
 
 - (BOOL)validateEmail:(NSString *)address {
   return isValidAddress(address);
+}
+
+#pragma mark - NSTextViewDelegate
+
+/// Escape does what the Cancel button does.
+- (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
+  return doCommandInMessage(message, command, ourMainWindow, @selector(performClose:));
 }
 
 @end

@@ -209,44 +209,10 @@ TEST_F(SendAndCopyWindow, TabGoesThroughAllControlsOfTheCopyTabAndAround) {
   }
 }
 
-TEST_F(SendAndCopyWindow, ReturnInTheMessageIsALineBreakAndDoesNotSend) {
-  SendAndCopyTabController *const controller = openSend(0);
-  NSWindow *const window = [controller window];
-  NSView *view = [[[controller sendAndCopyTab] tabViewItemAtIndex:0] view];
-  NSTextView *message = nil;
-  for (NSView *part in [view subviews]) {
-    if ([part isKindOfClass:[NSScrollView class]]) {
-      message = [static_cast<NSScrollView *>(part) documentView];
-    }
-  }
-  ASSERT_NE(message, nil);
-  [window makeFirstResponder:message];
-  postKeys(window, @"a\rb");
-  handlePostedEvents();
-  EXPECT_EQ(text([[message textStorage] string]), "a\nb");
-  EXPECT_EQ([window attachedSheet], nil);
-}
-
 TEST_F(SendAndCopyWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
   SendAndCopyTabController *const controller = openSend();
   HidingObserver *const observer = [[[HidingObserver alloc] init] autorelease];
   [controller close];
   EXPECT_TRUE(observer->hides);
   EXPECT_TRUE(observer->flag);
-}
-
-TEST_F(SendAndCopyWindow, EscapeInTheMessageLosesNothing) {
-  SendAndCopyTabController *const controller = openSend(0);
-  NSWindow *const window = [controller window];
-  NSTextView *message = nil;
-  for (NSView *part in [[[[controller sendAndCopyTab] tabViewItemAtIndex:0] view] subviews]) {
-    if ([part isKindOfClass:[NSScrollView class]]) {
-      message = [static_cast<NSScrollView *>(part) documentView];
-    }
-  }
-  [window makeFirstResponder:message];
-  postKeys(window, @"half a message\x1b");
-  handlePostedEvents();
-  EXPECT_TRUE([window isVisible]);
-  EXPECT_EQ(text([[message textStorage] string]), "half a message");
 }
