@@ -1,5 +1,6 @@
 #import <AppKit/AppKit.h>
 
+#import "platform/gnustep/NSTabView+KeyLoop.h"
 #include "platform/gnustep/OwnMethod.h"
 
 // The controls in a collection view's items belong to the loop of the Tab key on the Mac: in the
@@ -17,6 +18,13 @@ void addKeyViews(NSView *view, NSMutableArray *keyViews) {
     if (takesKeys) [keyViews addObject:subview];
     if (!takesKeys) addKeyViews(subview, keyViews);
   }
+}
+
+/// nil outside any tab view.
+NSTabView *tabViewAround(NSView *view) {
+  NSView *around = [view superview];
+  while (around != nil && ![around isKindOfClass:[NSTabView class]]) around = [around superview];
+  return static_cast<NSTabView *>(around);
 }
 
 }  // namespace
@@ -60,6 +68,7 @@ void addKeyViews(NSView *view, NSMutableArray *keyViews) {
     last = keyView;
   }
   [last setNextKeyView:[[self enclosingScrollView] nextKeyView]];
+  [tabViewAround(self) linkKeyViews];
 }
 
 @end

@@ -1,4 +1,4 @@
-#import <AppKit/AppKit.h>
+#import "platform/gnustep/NSTabView+KeyLoop.h"
 
 #include "platform/gnustep/OwnMethod.h"
 
@@ -47,7 +47,9 @@
   NSTabViewItem *const item = [self selectedTabViewItem];
   NSView *const last = [item lastKeyView];
   if (last == nil) return;
-  // The tab view's own method gives what it is told to the last control.
+  // By the method of all views, as the tab view's own gives what it is told to the last control.
+  // Anew each time: of several views that lead to the same one, Shift-Tab goes to the latest.
+  views(self, setter, nil);
   views(self, setter, [item initialFirstResponder]);
   [last setNextKeyView:self];
 }

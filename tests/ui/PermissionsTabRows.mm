@@ -123,7 +123,7 @@ TEST_F(PermissionsTabRows, TheTabKeyGoesThroughTheControlsOfAllRows) {
     postKeys([window window], @"\t");
     EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == control; }));
   }
-  postKeys([window window], @"\t");
+  postKeys([window window], @"\t\t");  // the row of tabs is in between
   EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == done; }));
 }
 
@@ -133,4 +133,31 @@ TEST_F(PermissionsTabRows, SpacePressesTheRemoveButtonThatHasTheKeyboard) {
   ASSERT_TRUE([[window window] makeFirstResponder:removeIn(1)]);
   postKeys([window window], @" ");
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+}
+
+TEST_F(PermissionsTabRows, TabGoesThroughTheRowsAndTheRowOfTabsAndShiftTabBack) {
+  answerList(people(2));
+  openLoaded();
+  rowView(0);
+  NSWindow *const shown = [window window];
+  const id start = [shown firstResponder];
+  std::vector<id> there;
+  do {
+    postKeys(shown, @"\t");
+    handlePostedEvents();
+    there.push_back([shown firstResponder]);
+  } while (there.back() != start && there.size() < 20);
+  std::vector<id> back;
+  do {
+    postKeys(shown, @"\x19");
+    handlePostedEvents();
+    back.push_back([shown firstResponder]);
+  } while (back.back() != start && back.size() < 20);
+  for (const id control : std::vector<id>{accessIn(0), removeIn(0), accessIn(1), removeIn(1)}) {
+    EXPECT_EQ(std::count(there.begin(), there.end(), control), 1);
+    EXPECT_EQ(std::count(back.begin(), back.end(), control), 1);
+  }
+  const auto isTabs = [](id each) { return [each isKindOfClass:[NSTabView class]]; };
+  EXPECT_EQ(std::count_if(there.begin(), there.end(), isTabs), 1);
+  EXPECT_EQ(std::count_if(back.begin(), back.end(), isTabs), 1);
 }
