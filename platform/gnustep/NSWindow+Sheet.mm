@@ -43,8 +43,11 @@ SheetBorder *borderIn(NSView *decoration) {
 }
 
 /// A window with a sheet passes the keyboard on to it, whoever gives it, and takes it to the front.
+/// Not to one that is off the screen: while a sheet is being ordered out the platform hands its
+/// keyboard to this window, and ordered in again in the middle of that the sheet would count as
+/// visible for ever.
 - (void)makeKeyWindow {
-  if (_attachedSheet != nil) {
+  if ([_attachedSheet isVisible]) {
     [_attachedSheet orderInAsSheet];
     [_attachedSheet makeKeyWindow];
     return;

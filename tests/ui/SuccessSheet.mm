@@ -1,3 +1,4 @@
+#import "tests/support/CountsAsRunning.h"
 #import "tests/ui/Windows.h"
 
 namespace {
@@ -32,6 +33,18 @@ TEST_F(SuccessSheet, LeavesTheShareWindowOpenWithTheSheetGone) {
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
   EXPECT_TRUE([window isVisible]);
   EXPECT_EQ(linesInLog("window closed"), 0);
+}
+
+TEST_F(SuccessSheet, IsNotVisibleAfterItsEndAndItsWindowHasTheKeyboard) {
+  const CountsAsRunning running;
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  NSWindow *const window = [tab ourMainWindow];
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  NSWindow *const sheet = [window attachedSheet];
+  ASSERT_TRUE([sheet isVisible]);
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_FALSE([sheet isVisible]);
+  EXPECT_TRUE([window isKeyWindow]);
 }
 
 TEST_F(SuccessSheet, IsTheSameInThePermissionsTab) {
