@@ -38,8 +38,6 @@
 
 - (void)showIdle {
   [spinGear setHidden:YES];
-  // One that is only hidden goes on turning.
-  [spinGear stopAnimation:nil];
 }
 
 @end
