@@ -1,5 +1,7 @@
 #import "platform/gnustep/NSPopUpButton+OpenMenu.h"
 
+#include "platform/gnustep/OwnMethod.h"
+
 namespace {
 
 NSWindow *menuWindowOf(NSPopUpButton *popUp) {
@@ -40,3 +42,44 @@ void closeMenuOf(NSPopUpButton *popUp) {
   // Not by what is visible: the menu of a window that is hidden with its application is still open.
   if ([menuWindowOf(popUp) parentWindow] != nil) [[popUp cell] dismissPopUp];
 }
+
+@interface NSPopUpButtonCell (OpenMenu)
+- (void)windowOfOpenMenuLeaves:(NSNotification *)notification;
+@end
+
+// The menu must not outlive its window on the screen: hidden with the application, it would come
+// back with it, and refer to a pop-up and a window that have ended.
+//
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSPopUpButtonCell (OpenMenu)
+
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  using Attach = void (*)(id, SEL, NSRect, NSView *);
+  static const auto own = ownMethod<Attach>([NSPopUpButtonCell class], _cmd);
+  own(self, _cmd, frame, view);
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center addObserver:self
+             selector:@selector(windowOfOpenMenuLeaves:)
+                 name:NSWindowWillCloseNotification
+               object:[view window]];
+  [center addObserver:self
+             selector:@selector(windowOfOpenMenuLeaves:)
+                 name:NSApplicationWillHideNotification
+               object:NSApp];
+}
+
+- (void)dismissPopUp {
+  static const auto own = ownMethod<void (*)(id, SEL)>([NSPopUpButtonCell class], _cmd);
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center removeObserver:self name:NSWindowWillCloseNotification object:nil];
+  [center removeObserver:self name:NSApplicationWillHideNotification object:nil];
+  own(self, _cmd);
+}
+
+- (void)windowOfOpenMenuLeaves:(NSNotification *)notification {
+  (void)notification;
+  [self dismissPopUp];
+}
+
+@end
