@@ -65,6 +65,18 @@
   return isChecked(box);
 }
 
+- (void)letGoOfWindow {
+  [spinGear stopAnimation:nil];
+  spinGear = nil;
+  isNotifyMe = nil;
+  isAskForMail = nil;
+  noOfDownloads = nil;
+  [self setCopyLinkTab:nil];
+  [self setOurMainWindow:nil];
+  [self setModalWindow:nil];
+  [self setModalWindowText:nil];
+}
+
 #pragma mark - Outcome
 
 - (void)show:(CopyOutcome)outcome {

@@ -119,6 +119,22 @@ const KindTexts &textsFor(BOOL isFolder) {
   return doCommandInMessage(message, command, self, @selector(cancelSendMail:));
 }
 
+- (void)letGoOfWindow {
+  [spinner stopAnimation:nil];
+  spinner = nil;
+  mailList = nil;
+  mailContent = nil;
+  isCopyMe = nil;
+  isNotifyMe = nil;
+  isAskForEmail = nil;
+  noOfDownloads = nil;
+  sendFileTab = nil;
+  [self setMailSubject:nil];
+  [self setOurMainWindow:nil];
+  [self setModalWindow:nil];
+  [self setModalWindowText:nil];
+}
+
 #pragma mark - Sending
 
 - (NSDictionary *)replyForRecipients:(NSString *)recipients

@@ -27,6 +27,7 @@ NSInteger tabToShow(NSTabView *tabs, std::int64_t wanted);
 void prepareWindow(NSWindowController *controller, NSTabView *tabs, std::int64_t defaultTab);
 
 /// The closing of a controller's window: logs, marks the application as idle and hides it, and cuts
-/// what would still reach the controller. What the platform has on its stack while a window closes
-/// is kept alive until it is done. The controller destroys itself next.
+/// what would still reach the controller or those of the tabs. What the platform has on its stack
+/// while a window closes is kept alive until it is done. The controller has its tab controllers let
+/// go of the window and destroys itself next.
 void windowIsClosing(NSWindowController *controller);

@@ -2,6 +2,7 @@
 
 #import "app/ContextMenuAppAppDelegate.h"
 #import "send/InterfaceTexts.h"
+#import "send/ViewConnections.h"
 
 namespace {
 
@@ -55,4 +56,5 @@ void windowIsClosing(NSWindowController *controller) {
   NSWindow *const window = [controller window];
   [[window retain] autorelease];
   [window setDelegate:nil];
+  disconnectViews(window);
 }

@@ -137,6 +137,20 @@ NSAlert *notColleaguesAlert(NSString *people) {
   [center postNotificationName:@"UserAddedToShareFolder" object:nil];
 }
 
+- (void)letGoOfWindow {
+  [spinGear stopAnimation:nil];
+  spinGear = nil;
+  mailList = nil;
+  mailContent = nil;
+  accessType = nil;
+  sendFile = nil;
+  iarrayController = nil;
+  inviteTab = nil;
+  [self setOurMainWindow:nil];
+  [self setModalWindow:nil];
+  [self setModalWindowText:nil];
+}
+
 #pragma mark - Colleagues
 
 - (BOOL)isEmployee:(NSString *)address {

@@ -57,8 +57,6 @@
 @property (assign) BOOL isFileId;
 
 /// The window with the tab, nil once it has been closed. Alerts and the success sheet go there.
-/// Setting nil lets go of everything else in the window as well: a load or an action that outlives
-/// the window then touches nothing.
 @property (retain) IBOutlet NSWindow *ourMainWindow;
 @property (assign) IBOutlet NSWindow *modalWindow;
 @property (assign) IBOutlet NSTextField *modalWindowText;
@@ -83,6 +81,11 @@
 /// Changes of of the list by the array controller.
 - (void)insertObject:(SharedWith *)person inPersonListAtIndex:(NSUInteger)index;
 - (void)removeObjectFromPersonListAtIndex:(NSUInteger)index;
+
+/// To be called when the window closes. Ends the busy indicator's animation and lets go of the
+/// window and of everything in it: a load or an action that outlives the window then touches
+/// nothing of it.
+- (void)letGoOfWindow;
 
 /// Shows the success sheet with the text for `key`.
 - (void)showSuccessModalWindow:(NSString *)key;

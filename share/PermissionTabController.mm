@@ -12,6 +12,7 @@
 @synthesize permissionType;
 @synthesize filePath;
 @synthesize isFileId;
+@synthesize ourMainWindow;
 @synthesize modalWindow;
 @synthesize modalWindowText;
 
@@ -47,23 +48,8 @@
 
 #pragma mark - The window
 
-- (NSWindow *)ourMainWindow {
-  @synchronized(self) {
-    return [[ourMainWindow retain] autorelease];
-  }
-}
-
-- (void)setOurMainWindow:(NSWindow *)window {
-  @synchronized(self) {
-    [ourMainWindow autorelease];
-    ourMainWindow = [window retain];
-  }
-  if (window == nil) [self letGoOfInterface];
-}
-
 /// The outlets hold no references, and what they stand for goes with the window.
-- (void)letGoOfInterface {
-  // Its timer would keep it, and keep turning it, for ever.
+- (void)letGoOfWindow {
   [spinGear stopAnimation:nil];
   spinGear = nil;
   nameofPerson = nil;
@@ -76,6 +62,7 @@
   notSharingText = nil;
   permissionTab = nil;
   [self setPermissionType:nil];
+  [self setOurMainWindow:nil];
   [self setModalWindow:nil];
   [self setModalWindowText:nil];
 }

@@ -83,7 +83,9 @@ BOOL keysAreWaiting() {
 - (void)askNow {
   [self cancelAsking];
   const NSRange fragment = [_editor fragmentRange];
-  if (fragment.length == 0 || [[_editor window] firstResponder] != _editor) {
+  NSWindow *const window = [_editor window];
+  // The window may have been closed, and its delegate have ended, since the text changed.
+  if (fragment.length == 0 || [window firstResponder] != _editor || ![window isVisible]) {
     [self close];
     return;
   }
