@@ -1,8 +1,9 @@
 // soak [--short]
 //
 // An hour of a heavy user's day in some minutes, against the whole application. After every tenth
-// of it prints what the application holds; ends with 1 when something has grown by more than its
-// bound since the warm-up, with 0 otherwise. When something does not come to be that should, says
+// of it prints what the application holds and does at rest; ends with 1 when something has grown by
+// more than its bound since the warm-up, or when the application does anything at rest, with 0
+// otherwise. When something does not come to be that should, says
 // what and ends by a signal.
 //
 // --short: three short rounds, to see that the soak itself is in order.
@@ -41,7 +42,7 @@ constexpr Length kHour = {.pace = {.copies = 30,
                           .rounds = 10};
 constexpr Length kShort = {.pace = {.copies = 3,
                                     .mails = 0,
-                                    .copiesFromTab = 0,
+                                    .copiesFromTab = 1,
                                     .invitations = 0,
                                     .looks = 1,
                                     .mistakes = 1,
@@ -63,13 +64,15 @@ void printRound(const std::string &name, const Usage &usage, int refreshes) {
   std::fflush(stdout);
 }
 
-/// Says what has grown by more than its bound; answers whether nothing has.
+/// Says what is beyond its bound; answers whether nothing is.
 bool isFlat(const Usage &before, const Usage &after) {
   bool flat = true;
   for (const Column &column : columns()) {
-    const double growth = column.value(after) - column.value(before);
-    if (growth <= column.bound) continue;
-    std::printf("grown: %s by %.0f, may be %.0f\n", column.title, growth, column.bound);
+    const bool isGrowth = column.bounded == Bounded::Growth;
+    const double bounded = column.value(after) - (isGrowth ? column.value(before) : 0);
+    if (bounded <= column.bound) continue;
+    std::printf(isGrowth ? "grown: %s by %.0f, may be %.0f\n" : "%s: %.0f, may be %.0f\n",
+                column.title, bounded, column.bound);
     flat = false;
   }
   if (flat) std::printf("flat\n");

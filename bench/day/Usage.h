@@ -15,20 +15,27 @@ struct Usage {
   int names = 0;    // registered in the whole session
   int windows = 0;  // of the window server, hidden ones included
   int threads = 0;
+  double wakeUps = 0;                // a second, of all threads together
+  double processorMilliseconds = 0;  // a second
 };
+
+/// What is bounded: how much more a figure is at the end than after the warm-up, or what it is
+/// then.
+enum class Bounded { Growth, Value };
 
 /// One figure of a Usage, as the table shows it.
 struct Column {
   const char *title;
   double (*value)(const Usage &);
-  /// By how much it may be more at the end than after the warm-up.
+  Bounded bounded;
   double bound;
 };
 
 /// All of them.
 const std::vector<Column> &columns();
 
-/// What the process holds when it is at rest: of each figure the least within two seconds, because
-/// a refresh that happens to run just now is not growth. Throws std::runtime_error when the process
-/// is gone. windowClass: the class of its windows at the window server.
+/// What the process holds and does when it is at rest: of each figure the least within four
+/// seconds, because a refresh that happens to run just now is not growth. What it does is that of
+/// the quietest second among these, which lies between two refreshes. Throws std::runtime_error
+/// when the process is gone. windowClass: the class of its windows at the window server.
 Usage usageAtRest(pid_t process, const std::string &windowClass);

@@ -3,21 +3,20 @@
 #import <Foundation/Foundation.h>
 
 #include <algorithm>
-#include <chrono>
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
-#include <thread>
 
 #include "bench/support/Memory.h"
 #include "tests/support/ChildProcess.h"
+#include "tests/support/ProcessActivity.h"
 
 namespace fs = std::filesystem;
 
 namespace {
 
-constexpr int kSamples = 20;
-constexpr std::chrono::milliseconds kBetweenSamples{100};
+/// Longer than from the end of a refresh to that of the next one, and a second.
+constexpr double kRestSeconds = 4;
 
 /// What a page cache, the allocator's arenas and 2.5 KiB a window (docs/performance.md) come to.
 constexpr double kMemoryBoundKiB = 1024;
@@ -87,23 +86,29 @@ Usage leastOf(const Usage &one, const Usage &other) {
 
 const std::vector<Column> &columns() {
   static const std::vector<Column> all = {
-      {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, kMemoryBoundKiB},
-      {"allocated KiB", [](const Usage &usage) { return usage.allocatedKiB; }, kMemoryBoundKiB},
-      {"descriptors", [](const Usage &usage) -> double { return usage.descriptors; }, 0},
-      {"sockets", [](const Usage &usage) -> double { return usage.sockets; }, 0},
-      {"ports", [](const Usage &usage) -> double { return usage.ports; }, 0},
-      {"names", [](const Usage &usage) -> double { return usage.names; }, 0},
-      {"windows", [](const Usage &usage) -> double { return usage.windows; }, 0},
-      {"threads", [](const Usage &usage) -> double { return usage.threads; }, 0}};
+      {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, Bounded::Growth,
+       kMemoryBoundKiB},
+      {"allocated KiB", [](const Usage &usage) { return usage.allocatedKiB; }, Bounded::Growth,
+       kMemoryBoundKiB},
+      {"descriptors", [](const Usage &usage) -> double { return usage.descriptors; },
+       Bounded::Growth, 0},
+      {"sockets", [](const Usage &usage) -> double { return usage.sockets; }, Bounded::Growth, 0},
+      {"ports", [](const Usage &usage) -> double { return usage.ports; }, Bounded::Growth, 0},
+      {"names", [](const Usage &usage) -> double { return usage.names; }, Bounded::Growth, 0},
+      {"windows", [](const Usage &usage) -> double { return usage.windows; }, Bounded::Growth, 0},
+      {"threads", [](const Usage &usage) -> double { return usage.threads; }, Bounded::Growth, 0},
+      {"wake-ups/s", [](const Usage &usage) { return usage.wakeUps; }, Bounded::Value, 0},
+      {"processor ms/s", [](const Usage &usage) { return usage.processorMilliseconds; },
+       Bounded::Value, 0}};
   return all;
 }
 
 Usage usageAtRest(pid_t process, const std::string &windowClass) {
   Usage usage = usageNow(process);
-  for (int sample = 1; sample < kSamples; ++sample) {
-    std::this_thread::sleep_for(kBetweenSamples);
-    usage = leastOf(usage, usageNow(process));
-  }
+  const SecondOfActivity quietest =
+      quietestSecond(process, kRestSeconds, [&] { usage = leastOf(usage, usageNow(process)); });
+  usage.wakeUps = static_cast<double>(quietest.wakeUps);
+  usage.processorMilliseconds = quietest.processorMilliseconds;
   usage.windows = windowsOf(windowClass);
   return usage;
 }

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <sys/types.h>
+
+#include <functional>
+#include <map>
+
+/// What a process has done since its start.
+class ProcessActivity {
+ public:
+  /// Throws std::runtime_error when the process is gone.
+  static ProcessActivity of(pid_t process);
+
+  /// How often its threads were woken since `earlier`, those that have ended in between left out:
+  /// each time that a thread goes to sleep again is a voluntary context switch.
+  long wakeUpsSince(const ProcessActivity &earlier) const;
+
+  /// The processor time that it used since `earlier`, to the 10 ms that the system counts in.
+  double processorMillisecondsSince(const ProcessActivity &earlier) const;
+
+ private:
+  std::map<int, long> switchesOfThreads_;
+  double processorMilliseconds_ = 0;
+};
+
+/// What a process did in a second.
+struct SecondOfActivity {
+  long wakeUps = 0;
+  double processorMilliseconds = 0;
+};
+
+/// Watches the process for this long and answers the second in which it was woken least. meanwhile:
+/// called ten times a second.
+SecondOfActivity quietestSecond(pid_t process, double seconds,
+                                const std::function<void()> &meanwhile);
+
+/// Watches the process until it has done nothing at all for a second, as waitFor does; answers
+/// whether that came to be.
+bool waitUntilIdle(pid_t process);
