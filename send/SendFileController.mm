@@ -113,12 +113,6 @@ const KindTexts &textsFor(BOOL isFolder) {
   return isChecked(box);
 }
 
-#pragma mark - NSTextViewDelegate
-
-- (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
-  return doCommandInMessage(message, command, self, @selector(cancelSendMail:));
-}
-
 - (void)letGoOfWindow {
   [spinner stopAnimation:nil];
   spinner = nil;
@@ -133,6 +127,12 @@ const KindTexts &textsFor(BOOL isFolder) {
   [self setOurMainWindow:nil];
   [self setModalWindow:nil];
   [self setModalWindowText:nil];
+}
+
+#pragma mark - NSTextViewDelegate
+
+- (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
+  return doCommandInMessage(message, command, self, @selector(cancelSendMail:));
 }
 
 #pragma mark - Sending
