@@ -1,8 +1,5 @@
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
-#import "plugin/ContextMenuPlugin.h"
-#import "plugin/ContextMenuProxy.h"
-#import "plugin/ServingPause.h"
 #import "send/Alerts.h"
 #import "send/CopyLinkController.h"
 #import "send/DirectCopy.h"
@@ -10,6 +7,7 @@
 #import "send/LocalizedText.h"
 #import "send/SendAndCopyTabController.h"
 #import "send/SendFileController.h"
+#import "send/ServingPause.h"
 #import "send/TabWindow.h"
 #import "send/TextFormat.h"
 #import "send/WindowTitle.h"
@@ -145,7 +143,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)CopyLink:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits([contextMenuPlugin service]);
+  const ServingPause pluginWaits;
   NSString *const selected = closeWindowsAndReadSelection(self);
   const BOOL isFolder = isFolderOnDisk(selected);
   if (![self isInSyncedFolder:selected]) {
@@ -174,7 +172,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFile:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits([contextMenuPlugin service]);
+  const ServingPause pluginWaits;
   NSString *const selected = closeWindowsAndReadSelection(self);
   if (![self isInSyncedFolder:selected]) {
     [self showError];
@@ -194,7 +192,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFolder:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits([contextMenuPlugin service]);
+  const ServingPause pluginWaits;
   [self sendSelectedFolder:closeWindowsAndReadSelection(self)];
   NSLog(@"Send Folder action..");
 }
@@ -219,7 +217,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)ShareFolder:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits([contextMenuPlugin service]);
+  const ServingPause pluginWaits;
   [self shareSelectedFolder:closeWindowsAndReadSelection(self)];
   NSLog(@"Share Folder action..");
 }

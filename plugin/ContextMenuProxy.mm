@@ -7,13 +7,13 @@
 
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
-#import "plugin/ServingPause.h"
 #import "send/Alerts.h"
 #import "send/CopyLinkController.h"
 #import "send/DirectCopy.h"
 #import "send/LocalizedText.h"
 #import "send/SendAndCopyTabController.h"
 #import "send/SendFileController.h"
+#import "send/ServingPause.h"
 #import "send/TabWindow.h"
 #import "send/WindowTitle.h"
 #import "share/BrisvaleTabController.h"
@@ -129,7 +129,7 @@ void activateWith(NSWindow *window) {
                              :(BOOL)tabPosition
                              :(BOOL)isFileId {
   // clang-format on
-  const ServingPause othersWait(self);
+  const ServingPause othersWait;
   closeOpenWindows();
   [applicationDelegate() conditionalFetchAddressBook];
   SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
@@ -163,7 +163,7 @@ void activateWith(NSWindow *window) {
   // clang-format on
   (void)unusedDisplayName;
   (void)unused;
-  const ServingPause othersWait(self);
+  const ServingPause othersWait;
   closeOpenWindows();
   [applicationDelegate() conditionalFetchAddressBook];
   BrisvaleTabController *const controller = [[BrisvaleTabController alloc] init];
@@ -182,7 +182,7 @@ void activateWith(NSWindow *window) {
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;
-  const ServingPause othersWait(self);
+  const ServingPause othersWait;
   closeOpenWindows();
   // An argument may be anything, also an object of the caller's process that claims to be a string.
   NSString *const serverId = agent::stringOrNil(item);

@@ -8,6 +8,7 @@
 #import "send/FolderTest.h"
 #import "send/LocalizedText.h"
 #import "send/ResultSheet.h"
+#import "send/ServingPause.h"
 #import "send/TextFormat.h"
 
 @implementation CopyLinkController
@@ -43,6 +44,7 @@
 
 - (IBAction)sendCopyLink:(id)sender {
   (void)sender;
+  const ServingPause pluginWaits;
   // A server id says nothing about the kind of the item: whoever opened the window knows.
   if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
   const BOOL notify = [self checkBoxState:isNotifyMe];

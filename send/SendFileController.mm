@@ -13,6 +13,7 @@
 #import "send/MessageKeys.h"
 #import "send/Recipients.h"
 #import "send/ResultSheet.h"
+#import "send/ServingPause.h"
 #import "send/SingleLine.h"
 #import "send/TextFormat.h"
 
@@ -81,6 +82,7 @@ const KindTexts &textsFor(BOOL isFolder) {
 
 - (IBAction)sendMail:(id)sender {
   (void)sender;
+  const ServingPause pluginWaits;
   NSString *const recipients = [mailList stringValue];
   NSString *const entered = [mailSubject stringValue];
   NSString *const message = [[mailContent textStorage] string];

@@ -10,6 +10,7 @@
 #import "send/MessageKeys.h"
 #import "send/Recipients.h"
 #import "send/ResultSheet.h"
+#import "send/ServingPause.h"
 #import "send/TextFormat.h"
 #import "share/AccessLevel.h"
 
@@ -68,6 +69,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
 
 - (IBAction)sendInvite:(id)sender {
   (void)sender;
+  const ServingPause pluginWaits;
   NSArray *const recipients = recipientsIn([mailList stringValue]);
   NSString *const message =
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));

@@ -4,6 +4,7 @@
 #import "agent/BVDataModelController.h"
 #import "send/Alerts.h"
 #import "send/LocalizedText.h"
+#import "send/ServingPause.h"
 #import "send/TextFormat.h"
 #import "share/AccessRules.h"
 #import "share/PermissionTabController+Showing.h"
@@ -74,6 +75,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 #pragma mark - Changing
 
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
+  const ServingPause pluginWaits;
   const NSUInteger row = [self rowOfControl:popUp];
   SharedWith *const person = [self personInRow:row];
   if (person == nil) return;
@@ -136,6 +138,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 - (void)handleResult:(NSAlert *)alert
           withResult:(std::int64_t)returnCode
           withSender:(std::int64_t)row {
+  const ServingPause pluginWaits;
   SharedWith *const asked = [personInQuestion autorelease];
   personInQuestion = nil;
   switch (answerOf(returnCode)) {
@@ -169,6 +172,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 }
 
 - (void)revokeAccessToUser:(NSNumber *)row {
+  const ServingPause pluginWaits;
   const NSUInteger index = static_cast<NSUInteger>([row integerValue]);
   SharedWith *const person = [self personInRow:index];
   if (person == nil) return;

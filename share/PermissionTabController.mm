@@ -2,6 +2,7 @@
 
 #import "send/LocalizedText.h"
 #import "send/ResultSheet.h"
+#import "send/ServingPause.h"
 #import "share/AccessListLoad.h"
 #import "share/BackgroundLoad.h"
 #import "share/PermissionTabController+Showing.h"
@@ -101,6 +102,8 @@
 
 - (void)listenNotification:(NSNotification *)notification {
   (void)notification;
+  // The list is loaded on this thread, which may still be inside the invitation.
+  const ServingPause pluginWaits;
   [self refershManagePermissionsView];
 }
 

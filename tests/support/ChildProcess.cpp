@@ -29,6 +29,9 @@ std::vector<std::string> environmentWith(const ChildProcess::Environment &additi
   return all;
 }
 
+/// Of a program whose end somebody else has been told of: an exit code that nobody expects.
+constexpr int kUnknownStatus = 255 << 8;
+
 std::vector<char *> pointers(std::vector<std::string> &strings) {
   std::vector<char *> result;
   for (auto &string : strings) result.push_back(string.data());
@@ -89,13 +92,20 @@ int ChildProcess::countInOutput(const std::string &text) const {
 }
 
 bool ChildProcess::hasEnded() {
-  if (status_ == -1 && waitpid(pid_, &status_, WNOHANG) != pid_) status_ = -1;
+  if (status_ != -1) return true;
+  int status = 0;
+  const pid_t ended = waitpid(pid_, &status, WNOHANG);
+  if (ended == pid_) status_ = status;
+  // The platform waits for all children of the process when one of its own has ended, and may have
+  // come first.
+  if (ended == -1 && errno == ECHILD) status_ = kUnknownStatus;
   return status_ != -1;
 }
 
 int ChildProcess::waitForEnd() {
   // A signal may come to this process meanwhile, of another child's end for one.
-  while (status_ == -1 && waitpid(pid_, &status_, 0) == -1 && errno == EINTR) {
+  while (status_ == -1 && waitpid(pid_, &status_, 0) == -1) {
+    if (errno == ECHILD) status_ = kUnknownStatus;
   }
   return WIFSIGNALED(status_) ? 128 + WTERMSIG(status_) : WEXITSTATUS(status_);
 }

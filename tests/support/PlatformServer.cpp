@@ -1,0 +1,73 @@
+#include "tests/support/PlatformServer.h"
+
+#include <signal.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "tests/support/ChildProcess.h"
+
+namespace {
+
+std::string contents(const std::filesystem::path &path) {
+  std::ifstream file(path);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Whether the process belongs to this session: where the session has no process table of its own,
+/// those of other sessions can be seen as well.
+bool isOfThisSession(const std::filesystem::path &process) {
+  const char *const folder = std::getenv("TEMP");
+  const std::string variable = std::string("TEMP=") + (folder != nullptr ? folder : "");
+  return ('\0' + contents(process / "environ")).find('\0' + variable + '\0') != std::string::npos;
+}
+
+pid_t running(const std::string &name) {
+  std::error_code vanished;
+  for (const auto &entry : std::filesystem::directory_iterator("/proc", vanished)) {
+    const std::string number = entry.path().filename();
+    if (number.find_first_not_of("0123456789") != std::string::npos) continue;
+    if (contents(entry.path() / "comm") != name + "\n" || !isOfThisSession(entry.path())) continue;
+    // The platform starts its servers through a process of the same name, which ends at once.
+    if (contents(entry.path() / "cmdline").find("--daemon") == std::string::npos) continue;
+    return std::atoi(number.c_str());
+  }
+  return 0;
+}
+
+/// The letter of the process's state, '-' when there is none.
+char stateOf(pid_t pid) {
+  const std::string status = contents("/proc/" + std::to_string(pid) + "/stat");
+  const auto end = status.rfind(") ");
+  return end == std::string::npos ? '-' : status[end + 2];
+}
+
+void send(int signal, pid_t pid) {
+  if (pid > 0) ::kill(pid, signal);
+}
+
+}  // namespace
+
+PlatformServer::PlatformServer(const std::string &name) {
+  waitFor([&] { return (pid_ = running(name)) != 0; });
+}
+
+PlatformServer::~PlatformServer() {
+  resume();
+}
+
+void PlatformServer::stop() const {
+  send(SIGSTOP, pid_);
+  waitFor([this] { return stateOf(pid_) == 'T'; });
+}
+
+void PlatformServer::resume() const {
+  send(SIGCONT, pid_);
+}
+
+void PlatformServer::kill() const {
+  send(SIGKILL, pid_);
+  waitFor([this] { return stateOf(pid_) == '-' || stateOf(pid_) == 'Z'; });
+}

@@ -1,0 +1,94 @@
+#import "tests/ui/CallDuringAction.h"
+
+#include <filesystem>
+#include <fstream>
+
+#import "plugin/ContextMenuPlugin.h"
+#include "tests/support/Events.h"
+
+namespace {
+
+/// A call that can be served is served in a fraction of these turns of the run loop.
+constexpr int kTurns = 100;
+constexpr NSTimeInterval kTurnSeconds = 0.01;
+
+/// The name can be taken once in a process.
+void registerEndpoint() {
+  static ContextMenuPlugin *const endpoint = [[ContextMenuPlugin alloc] init];
+  (void)endpoint;
+}
+
+std::string newHold() {
+  const std::string path = newTemporaryFolder() + "/hold";
+  std::ofstream(path).put('\n');
+  return path;
+}
+
+}  // namespace
+
+std::vector<std::string> callThatOpensAnotherWindow() {
+  registerEndpoint();
+  return {PLUGIN_CALL, "send", "id-9", "Another.txt", "0", "0", "1", "1"};
+}
+
+/// Runs the default mode once, the first time that the reply mode runs.
+@interface DefaultModeRunner : NSObject {
+ @public
+  const std::string *hold;
+  ChildProcess *client;
+  bool hasRun;
+  bool wasServed;
+}
+@end
+
+@implementation DefaultModeRunner
+
+- (void)run:(NSTimer *)timer {
+  [timer invalidate];
+  std::filesystem::remove(*hold);
+  for (int turn = 0; turn < kTurns && !client->hasEnded(); ++turn) {
+    @autoreleasepool {
+      NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:kTurnSeconds];
+      while ([soon timeIntervalSinceNow] > 0) {
+        [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:soon];
+      }
+    }
+  }
+  hasRun = true;
+  wasServed = client->hasEnded();
+}
+
+@end
+
+CallDuringAction::CallDuringAction()
+    : hold_(newHold()),
+      client_(callThatOpensAnotherWindow()),
+      runner_([[DefaultModeRunner alloc] init]) {
+  client_.waitForOutput("calling");
+  runner_->hold = &hold_;
+  runner_->client = &client_;
+  NSTimer *const timer = [NSTimer timerWithTimeInterval:0
+                                                 target:runner_
+                                               selector:@selector(run:)
+                                               userInfo:nil
+                                                repeats:NO];
+  [[NSRunLoop currentRunLoop] addTimer:timer forMode:NSConnectionReplyMode];
+}
+
+CallDuringAction::~CallDuringAction() {
+  [runner_ release];
+}
+
+NSDictionary *CallDuringAction::held(NSDictionary *entry) const {
+  NSMutableDictionary *const held = [[entry mutableCopy] autorelease];
+  [held setObject:[NSString stringWithUTF8String:hold_.c_str()] forKey:@"hold"];
+  return held;
+}
+
+bool CallDuringAction::hasWaited() {
+  return runner_->hasRun && !runner_->wasServed;
+}
+
+bool CallDuringAction::isServed() {
+  return handleEventsUntil([this] { return client_.hasEnded(); });
+}
