@@ -73,13 +73,10 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 }
 
 /// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
-/// pasteboard first waits for that: better nobody than the user. On a busy machine the platform now
-/// and then does not find the server that it has just started.
+/// pasteboard first waits for that: better nobody than the user. On a busy machine it may take
+/// longer than anybody waits for it.
 - (void)startPasteboardServer {
-  // Who waits for it runs the run loop, and this with it.
-  if ([NSPasteboard isConnectingToServer]) return;
-  if ([NSPasteboard generalPasteboard] != nil || ++_pasteboardAttempts == kPasteboardAttempts)
-    return;
+  if ([NSPasteboard connectToServer] || ++_pasteboardAttempts == kPasteboardAttempts) return;
   [self performSelector:@selector(startPasteboardServer)
              withObject:nil
              afterDelay:kNextPasteboardAttemptSeconds];

@@ -1,12 +1,15 @@
 #import <AppKit/AppKit.h>
 
-/// The pasteboard's server lives at least as long as this program once it is connected to it,
+/// The connection with the pasteboard's server. The server lives at least as long as this program,
 /// whoever started it: what was copied outlives the other programs that look at the clipboard.
+/// Starting it does not run the run loop's default mode, in which anything may be served.
 @interface NSPasteboard (Starting)
 
-/// Whether somebody further up the stack is connecting to the pasteboard's server. That may start
-/// the server and run the run loop until it is there; a second beginning inside would start another
-/// one and wait 5 seconds for it, in vain. Main thread.
-+ (BOOL)isConnectingToServer;
+/// Connects to the server, and starts it first where none runs, unless that has been done. Waits a
+/// few seconds at most. Whether there is a connection now. Main thread.
++ (BOOL)connectToServer;
+
+/// Whether there is a connection. A server that hangs keeps it, one that has ended does not.
++ (BOOL)isConnectedToServer;
 
 @end

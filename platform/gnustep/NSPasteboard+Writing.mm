@@ -1,10 +1,16 @@
 #import "platform/gnustep/NSPasteboard+Writing.h"
 
+#import "platform/gnustep/NSPasteboard+Answering.h"
+
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSPasteboard (Writing)
 
 - (NSInteger)clearContents {
+  if (![self hasServer]) {
+    [self clearWhenServerGoesOn];
+    return 0;
+  }
   return [self declareTypes:[NSArray array] owner:nil];
 }
 
@@ -13,7 +19,7 @@
   for (id object in objects) {
     if (![object isKindOfClass:[NSString class]]) return NO;
   }
-  [self declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil];
+  if ([self declareTypes:[NSArray arrayWithObject:NSStringPboardType] owner:nil] == 0) return NO;
   return [self setString:[objects objectAtIndex:0] forType:NSStringPboardType];
 }
 

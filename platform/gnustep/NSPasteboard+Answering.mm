@@ -1,0 +1,162 @@
+#import "platform/gnustep/NSPasteboard+Answering.h"
+
+#import <GNUstepGUI/GSPasteboardServer.h>
+
+#import "platform/gnustep/NSPasteboard+Starting.h"
+#import "platform/gnustep/OwnMethod.h"
+
+@interface NSPasteboard (PlatformPrivate)
++ (NSPasteboard *)_pasteboardWithTarget:(id)target name:(NSString *)name;
+- (id)_target;
+@end
+
+namespace {
+
+/// As little as possible: 0 stands for no end.
+constexpr NSTimeInterval kNoWaitSeconds = 0.001;
+
+NSUInteger unanswered = 0;
+bool isSilent = false;
+id generalOfServer = nil;  // retained: the server's object for the general pasteboard, last known
+
+/// The answer, or `none` when the server does not answer.
+template <class Answer, class Question>
+Answer answerOr(Answer none, Question question) {
+  @try {
+    Answer const answer = question();
+    isSilent = false;
+    return answer;
+  } @catch (NSException *exception) {
+    ++unanswered;
+    isSilent = true;
+    return none;
+  }
+}
+
+/// The same for a question that one pasteboard asks.
+template <class Answer, class Question>
+Answer answerOr(Answer none, NSPasteboard *pasteboard, Question question) {
+  return [pasteboard hasServer] ? answerOr(none, question) : none;
+}
+
+NSPasteboard *withoutServer(NSString *name) {
+  isSilent = true;
+  return [NSPasteboard _pasteboardWithTarget:nil name:name];
+}
+
+/// The platform hands out the server's array, of which every element is another question.
+NSArray *localCopy(NSArray *remote) {
+  if (remote == nil) return nil;
+  NSMutableArray *const copy = [NSMutableArray array];
+  const NSUInteger count = [remote count];
+  for (NSUInteger i = 0; i < count; ++i) [copy addObject:[remote objectAtIndex:i]];
+  return copy;
+}
+
+}  // namespace
+
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSPasteboard (Answering)
+
++ (NSUInteger)unansweredQuestions {
+  return unanswered;
+}
+
++ (BOOL)isServerSilent {
+  return isSilent;
+}
+
+- (BOOL)hasServer {
+  return [self _target] != nil;
+}
+
+#pragma mark - Getting one
+
++ (NSPasteboard *)pasteboardWithName:(NSString *)name {
+  static const auto own = ownMethod<NSPasteboard *(*)(id, SEL, NSString *)>(
+      object_getClass([NSPasteboard class]), _cmd);
+  const auto ask = [&] {
+    return answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd, name); });
+  };
+  const bool wasConnected = [NSPasteboard isConnectedToServer];
+  NSPasteboard *found = ask();
+  // It has ended, and the question was how that was noticed.
+  if (found == nil && wasConnected && ![NSPasteboard isConnectedToServer]) found = ask();
+  if (found == nil) {
+    ++unanswered;
+    return withoutServer(name);
+  }
+  if ([name isEqualToString:NSGeneralPboard] && [found _target] != generalOfServer) {
+    [generalOfServer release];
+    generalOfServer = [[found _target] retain];
+  }
+  return found;
+}
+
++ (NSPasteboard *)pasteboardWithUniqueName {
+  static const auto own =
+      ownMethod<NSPasteboard *(*)(id, SEL)>(object_getClass([NSPasteboard class]), _cmd);
+  NSPasteboard *const found = answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd); });
+  return found ?: withoutServer([[NSProcessInfo processInfo] globallyUniqueString]);
+}
+
+#pragma mark - Writing
+
+- (int)declareTypes:(NSArray *)types owner:(id)newOwner {
+  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
+  const auto ask = [&] {
+    return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+  };
+  if (const int count = ask()) return count;
+  // The server has told the former owner first, which may hang. Now there is none any more.
+  if (const int count = ask()) return count;
+  withoutServer([self name]);
+  return 0;
+}
+
+- (int)addTypes:(NSArray *)types owner:(id)newOwner {
+  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
+  return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+}
+
+- (BOOL)setData:(NSData *)data forType:(NSString *)type {
+  static const auto own =
+      ownMethod<BOOL (*)(id, SEL, NSData *, NSString *)>([NSPasteboard class], _cmd);
+  return answerOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+}
+
+- (void)clearWhenServerGoesOn {
+  NSConnection *const connection = [generalOfServer connectionForProxy];
+  if (![[self name] isEqualToString:NSGeneralPboard] || ![connection isValid]) return;
+  // Sent and not waited for. What is sent to a process that stands still is there when it goes on.
+  const NSTimeInterval former = [connection replyTimeout];
+  [connection setReplyTimeout:kNoWaitSeconds];
+  answerOr(
+      0, [&] { return [generalOfServer declareTypes:[NSArray array] owner:nil pasteboard:self]; });
+  [connection setReplyTimeout:former];
+}
+
+#pragma mark - Reading
+
+- (NSArray *)types {
+  static const auto own = ownMethod<NSArray *(*)(id, SEL)>([NSPasteboard class], _cmd);
+  return answerOr<NSArray *>(nil, self, [&] { return localCopy(own(self, _cmd)); });
+}
+
+- (NSString *)availableTypeFromArray:(NSArray *)types {
+  static const auto own = ownMethod<NSString *(*)(id, SEL, NSArray *)>([NSPasteboard class], _cmd);
+  return answerOr<NSString *>(nil, self, [&] { return own(self, _cmd, types); });
+}
+
+- (int)changeCount {
+  static const auto own = ownMethod<int (*)(id, SEL)>([NSPasteboard class], _cmd);
+  return answerOr(0, self, [&] { return own(self, _cmd); });
+}
+
+- (NSData *)dataForType:(NSString *)type {
+  static const auto own = ownMethod<NSData *(*)(id, SEL, NSString *)>([NSPasteboard class], _cmd);
+  return answerOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
+}
+
+@end
