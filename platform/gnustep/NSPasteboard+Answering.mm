@@ -1,7 +1,10 @@
 #import "platform/gnustep/NSPasteboard+Answering.h"
 
+#import <GNUstepGUI/GSDisplayServer.h>
 #import <GNUstepGUI/GSPasteboardServer.h>
+#include <X11/Xlib.h>
 
+#include "platform/gnustep/LargeSelection.h"
 #import "platform/gnustep/NSPasteboard+Starting.h"
 #import "platform/gnustep/OwnMethod.h"
 
@@ -14,6 +17,9 @@ namespace {
 
 /// As little as possible: 0 stands for no end.
 constexpr NSTimeInterval kNoWaitSeconds = 0.001;
+
+/// For the owner of a selection to answer, as long as for the server.
+constexpr double kOwnerSeconds = 2;
 
 NSUInteger unanswered = 0;
 bool isSilent = false;
@@ -42,6 +48,28 @@ Answer answerOr(Answer none, NSPasteboard *pasteboard, Question question) {
 NSPasteboard *withoutServer(NSString *name) {
   isSilent = true;
   return [NSPasteboard _pasteboardWithTarget:nil name:name];
+}
+
+/// The selection of the display that a pasteboard stands for, null for none.
+const char *selectionOf(NSString *name) {
+  if ([name isEqualToString:NSGeneralPboard]) return "CLIPBOARD";
+  if ([name isEqualToString:@"Selection"]) return "PRIMARY";
+  if ([name isEqualToString:@"Secondary"]) return "SECONDARY";
+  return nullptr;
+}
+
+/// The display that the server looks at; null for the environment's.
+const char *nameOfDisplay() {
+  auto *const display = static_cast<Display *>([GSCurrentServer() serverDevice]);
+  return display != nullptr ? DisplayString(display) : nullptr;
+}
+
+/// The text as the platform puts it on pasteboards; nil when it is none.
+NSData *serialized(const std::string &utf8) {
+  NSString *const text = [[[NSString alloc] initWithBytes:utf8.data()
+                                                   length:utf8.size()
+                                                 encoding:NSUTF8StringEncoding] autorelease];
+  return text == nil ? nil : [NSSerializer serializePropertyList:text];
 }
 
 /// The platform hands out the server's array, of which every element is another question.
@@ -156,6 +184,12 @@ NSArray *localCopy(NSArray *remote) {
 
 - (NSData *)dataForType:(NSString *)type {
   static const auto own = ownMethod<NSData *(*)(id, SEL, NSString *)>([NSPasteboard class], _cmd);
+  const char *const selection = selectionOf([self name]);
+  if (selection != nullptr && [type isEqualToString:NSStringPboardType] && [self hasServer]) {
+    const LargeSelection large = largeSelection(nameOfDisplay(), selection, kOwnerSeconds);
+    if (large.kind == LargeSelection::Kind::Text) return serialized(large.utf8);
+    if (large.kind == LargeSelection::Kind::Broken) return nil;
+  }
   return answerOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
 }
 
