@@ -4,6 +4,7 @@
 
 #import "tests/e2e/RunningApplication.h"
 #include "tests/support/AgentProcess.h"
+#include "tests/support/PlatformServer.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -50,6 +51,17 @@ TEST(Launch, AsksForTheAddressBookThenRegistersThenAsksForTheHomeFolder) {
 TEST(Launch, WithoutAnAgentItCompletesAndServesThePlugin) {
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+  EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
+}
+
+TEST(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
+  AgentProcess agent;
+  // Starts it, and keeps it.
+  [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"a" object:nil];
+  const PlatformServer server("gdnc");
+  server.stop();
+  RunningApplication application;
+  EXPECT_TRUE(application.waitUntilServing()) << application.process().output();
   EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
 }
 
