@@ -1,8 +1,12 @@
 #import "platform/gnustep/BackgroundApplication.h"
 
+#import <AppKit/AppKitExceptions.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
+#include <string>
+
 #import "platform/gnustep/ImageTypes.h"
+#include "platform/gnustep/LaunchConditions.h"
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/NSPasteboard+Starting.h"
 #import "platform/gnustep/NSPopUpButton+OpenMenu.h"
@@ -38,6 +42,8 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 @implementation BackgroundApplication
 
 + (BackgroundApplication *)sharedApplication {
+  const std::string program = [[[NSProcessInfo processInfo] processName] UTF8String];
+  if (NSApp == nil) platform::endUnlessLaunchable(program);
   id const permitted = [[[NSBundle mainBundle] infoDictionary] objectForKey:kPermittedMessages];
   // Before the platform first uses the defaults. The user's own settings still win.
   [[NSUserDefaults standardUserDefaults] registerDefaults:@{
@@ -51,7 +57,16 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
   if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
     [NSUserDefaults adoptLanguagesOfUser];
   }
-  return static_cast<BackgroundApplication *>([super sharedApplication]);
+  NSApplication *application = nil;
+  @try {
+    application = [super sharedApplication];
+  } @catch (NSException *exception) {
+    // Nobody could handle it: without a display there is no application.
+    if (![[exception name] isEqualToString:NSWindowServerCommunicationException]) @throw;
+    platform::endLaunch(program, platform::LaunchFailure::NoPlaceToRun, platform::displayProblem());
+  }
+  platform::endWithDisplay(program);
+  return static_cast<BackgroundApplication *>(application);
 }
 
 - (void)finishLaunching {
