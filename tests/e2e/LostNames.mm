@@ -1,0 +1,197 @@
+#include <gtest/gtest.h>
+
+#import <Foundation/Foundation.h>
+
+#include <filesystem>
+#include <fstream>
+
+#import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/WindowTest.h"
+#include "tests/support/Strings.h"
+
+// What cleans up in temporary folders takes away the files of names and sockets while their owners
+// live.
+
+namespace fs = std::filesystem;
+
+namespace {
+
+NSString *const kServiceName = @"ContextMenuPlugin";
+NSString *const kApplicationName = @"ContextMenuApp";
+const std::string kTaken = "The name \"ContextMenuPlugin\" was lost and is another program's now";
+
+fs::path fileOfName(NSString *name) {
+  NSString *const encoded =
+      [[name dataUsingEncoding:NSUTF8StringEncoding] base64EncodedStringWithOptions:0];
+  return fs::path([NSTemporaryDirectory() fileSystemRepresentation]) / "NSMessagePort" / "names" /
+         [encoded UTF8String];
+}
+
+fs::path portFolders() {
+  return fileOfName(kServiceName).parent_path().parent_path();
+}
+
+fs::path socketOfName(NSString *name) {
+  std::string path;
+  std::getline(std::ifstream(fileOfName(name)) >> std::ws, path);
+  return path;
+}
+
+/// At once, as nobody sees it who comes in between.
+void takeAway(const fs::path &folder) {
+  const std::string away = folder.string() + ".removed";
+  fs::rename(folder, away);
+  fs::remove_all(away);
+}
+
+/// Whether another process, which begins with an empty view of the names, reaches the application.
+bool isReached() {
+  ChildProcess client({CONTEXTMENU, "--timeout", "5", "status"});
+  return client.waitForEnd() == 0;
+}
+
+bool becomesReachable() {
+  return waitFor(isReached);
+}
+
+/// The application at rest, with an agent.
+struct LostNames : WindowTest {
+  long repairs(NSString *name) const {
+    return linesInLog("The name \"" + text(name) + "\" was lost and is registered again");
+  }
+  bool isRepaired(NSString *name) {
+    return waitFor([&] { return repairs(name) == 1; });
+  }
+};
+
+}  // namespace
+
+TEST_F(LostNames, TheServicesRemovedNameIsRegisteredAgain) {
+  ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_EQ(repairs(kServiceName), 1);
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, TheApplicationsOwnRemovedNameIsRegisteredAgain) {
+  ASSERT_TRUE(fs::remove(fileOfName(kApplicationName)));
+  EXPECT_TRUE(isRepaired(kApplicationName)) << output();
+  EXPECT_NE([NSConnection connectionWithRegisteredName:kApplicationName host:nil], nil);
+}
+
+TEST_F(LostNames, ANameThatWasEmptiedIsWrittenAgain) {
+  fs::resize_file(fileOfName(kServiceName), 0);
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, ANameThatWasMadeReadableForOthersIsTheUsersAloneAgain) {
+  fs::permissions(fileOfName(kServiceName), fs::perms(0644));
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_EQ(fs::status(fileOfName(kServiceName)).permissions(), fs::perms(0600));
+}
+
+TEST_F(LostNames, ARemovedSocketIsBoundAgain) {
+  ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, AClientThatWasConnectedBeforeTheSocketWasLostIsStillServed) {
+  id<ContextMenuService> const service = RunningApplication::service();
+  [service copyLinkToClipboard:@"id-1":NO:NO];
+  ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
+  ASSERT_TRUE(isRepaired(kServiceName)) << output();
+  EXPECT_NO_THROW([service copyLinkToClipboard:@"id-1":NO:NO]);
+}
+
+TEST_F(LostNames, TheFolderOfNamesIsMadeAgain) {
+  takeAway(portFolders() / "names");
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(isRepaired(kApplicationName));
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, TheFolderOfSocketsIsMadeAgain) {
+  takeAway(portFolders() / "ports");
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, OutliveSomebodyWhoRemovesTheirFoldersFileByFile) {
+  // Who finds new files in a folder that it has just emptied gives up, as rm does.
+  std::error_code notEmptyAgain;
+  fs::remove_all(portFolders(), notEmptyAgain);
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(isRepaired(kApplicationName));
+}
+
+TEST_F(LostNames, TheFoldersOfNamesAndPortsAreMadeAgain) {
+  takeAway(portFolders());
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(isRepaired(kApplicationName));
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, FoldersThatWereMovedAwayAndMadeAnewByAnotherProgramGetNamesAndSockets) {
+  const fs::path folders = portFolders();
+  fs::rename(folders, folders.string() + ".old");
+  for (const char *name : {"names", "ports"}) {
+    std::error_code madeAlready;
+    fs::create_directories(folders / name, madeAlready);
+    fs::permissions(folders / name, fs::perms(0700));
+  }
+  EXPECT_TRUE(becomesReachable()) << output();
+  EXPECT_TRUE(serves());
+}
+
+TEST_F(LostNames, AreRegisteredAgainWhileAnAlertWaitsForTheUser) {
+  agent->answer(kFileLink, refusal(1, @"no"));
+  ASSERT_TRUE(open(SendCall()));
+  ASSERT_NE(onlyWindow(SendCall().name).number, "");
+  pressKeys({"Return"});
+  ASSERT_TRUE(waitForWindows(2));
+  ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+  EXPECT_TRUE(isRepaired(kServiceName)) << output();
+}
+
+TEST_F(LostNames, AreRegisteredAgainEachTimeTheyAreLost) {
+  for (int i = 1; i <= 3; ++i) {
+    ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+    ASSERT_TRUE(waitFor([&] { return repairs(kServiceName) == i; })) << output();
+  }
+  EXPECT_TRUE(isReached());
+}
+
+TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatGivesItBack) {
+  application.process().signal(SIGSTOP);
+  ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+  NSConnection *const other = [[[NSConnection alloc] init] autorelease];
+  ASSERT_TRUE([other registerName:kServiceName]);
+  application.process().signal(SIGCONT);
+  EXPECT_TRUE(waitFor([&] { return linesInLog(kTaken) == 1; })) << output();
+  ASSERT_TRUE([other registerName:nil]);
+  EXPECT_TRUE(isRepaired(kServiceName)) << output();
+  EXPECT_TRUE(isReached());
+}
+
+TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatIsKilled) {
+  application.process().signal(SIGSTOP);
+  ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+  AgentProcess other({.identifier = "org.example.other", .name = text(kServiceName)});
+  application.process().signal(SIGCONT);
+  ASSERT_TRUE(waitFor([&] { return linesInLog(kTaken) == 1; })) << output();
+  other.process().signal(SIGKILL);
+  EXPECT_TRUE(isRepaired(kServiceName)) << output();
+  EXPECT_TRUE(isReached());
+}
+
+TEST_F(LostNames, AreGivenBackAtTheEnd) {
+  ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
+  ASSERT_TRUE(isRepaired(kServiceName)) << output();
+  const fs::path socket = socketOfName(kServiceName);
+  ASSERT_TRUE(fs::exists(socket));
+  outputOf({"/bin/kill", "-TERM", std::to_string(application.process().pid())});
+  application.process().waitForEnd();
+  EXPECT_EQ([[NSMessagePortNameServer sharedInstance] portForName:kServiceName onHost:nil], nil);
+}
