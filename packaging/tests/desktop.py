@@ -84,6 +84,7 @@ class DesktopTest(unittest.TestCase):
         before = dict(os.environ)
         self.addCleanup(lambda: (os.environ.clear(), os.environ.update(before)))
         os.environ.update(self._variables)
+        self.addCleanup(os.chdir, os.getcwd())
 
     def file(self, name, root=None):
         """Makes a file of the synced folder, or of another one."""

@@ -8,8 +8,9 @@ import pwd
 import subprocess
 import sys
 import unittest
+from pathlib import Path
 
-from desktop import ACTIONS, DesktopTest, NOT_REACHED, output
+from desktop import ACTIONS, DesktopTest, NOT_REACHED, ROOT, output, wait_until
 
 sys.path.insert(0, str(ACTIONS))
 
@@ -76,6 +77,22 @@ class Places(DesktopTest):
     def test_without_a_synced_folder_nothing_is_inside(self):
         self.synced.rmdir()
         self.assertIsNone(self.relative(self.synced / "a.txt"))
+
+
+    def test_no_path_is_no_item_even_in_a_folder_that_is_one(self):
+        os.chdir(self.folder("MyDocs"))
+        self.assertIsNone(self.relative(""))
+
+    def test_a_relative_path_is_one_from_the_current_folder(self):
+        os.chdir(self.file("MyDocs/a.txt").parent)
+        self.assertEqual(self.relative("a.txt"), "MyDocs/a.txt")
+        self.assertEqual(self.relative("."), "MyDocs")
+
+    def test_in_a_current_folder_that_has_been_removed_nothing_is_inside(self):
+        os.chdir(self.folder("MyDocs"))
+        os.rmdir(self.synced / "MyDocs")
+        self.assertIsNone(self.relative("."))
+        self.assertIsNone(self.relative("a.txt"))
 
 
 class Entries(DesktopTest):
@@ -163,12 +180,76 @@ class Choices(DesktopTest):
         self.assertEqual(code, 127)
         self.assertIn("'contextmenu'", message)
 
+    def test_no_path_is_told_of_and_is_not_the_current_folder(self):
+        self.start_application()
+        os.chdir(self.folder("MyDocs"))
+        code, message = self.told("copy-link", "")
+        self.assertEqual(code, choice.NOT_THERE)
+        self.assertIn("is not on Brisvale yet", message)
+
+    def test_what_has_vanished_is_told_of(self):
+        self.start_application()
+        os.chdir(self.folder("MyDocs"))
+        for path in ("a.txt", str(self.synced / "MyDocs" / "a.txt"), "gone/a.txt"):
+            code, message = self.told("copy-link", path)
+            self.assertEqual(code, choice.NOT_THERE, path)
+            self.assertIn("is not on Brisvale yet", message)
+
+    def test_a_current_folder_that_has_been_removed_is_told_of(self):
+        os.chdir(self.folder("MyDocs"))
+        os.rmdir(self.synced / "MyDocs")
+        code, message = self.told("copy-link", ".")
+        self.assertEqual(code, choice.OUTSIDE)
+        self.assertIn("is not on Brisvale yet", message)
+
+    def test_the_current_folder_is_an_item_by_its_name(self):
+        self.start_application()
+        os.chdir(self.folder("Team"))
+        self.assertEqual(self.told("copy-link", "."), (0, ""))
+        self.assert_clipboard_gets_link_of("getLinkForFolder")
+
+    def test_wrong_arguments_are_told_of_in_one_line(self):
+        file = self.file("a.txt")
+        for arguments, word in (
+                (("run", "copy-link", file, file), "run copy-link takes exactly one path, not 2"),
+                (("run", "copy-link"), "run copy-link takes exactly one path, not 0"),
+                (("offers", "share", file, file), "offers share takes exactly one path, not 2"),
+                (("run", "delete", file), 'run knows no "delete", only')):
+            done = subprocess.run([ACTIONS / "action", *arguments], text=True, check=False,
+                                  stderr=subprocess.PIPE, stdout=subprocess.PIPE)
+            self.assertEqual((done.returncode, done.stdout), (2, ""))
+            self.assertTrue(done.stderr.startswith(f"action: {word}"), done.stderr)
+            self.assertEqual(done.stderr.count("\n"), 1)
+
     def test_an_item_behind_a_link_is_known_to_the_service(self):
         self.start_application()
         self.file("MyDocs/-- ä.txt")
         (self.home / "link").symlink_to(self.synced)
         self.assertEqual(self.told("copy-link", self.home / "link" / "MyDocs" / "-- ä.txt"), (0, ""))
         self.assert_clipboard_gets_link_of("getLinkForFile")
+
+
+class Launcher(DesktopTest):
+
+    def launched(self):
+        """The exit code and what is said; the application itself is not installed here."""
+        done = subprocess.run([ROOT / "packaging" / "linux" / "brisvale-context-menu"], text=True,
+                              stderr=subprocess.PIPE, check=False)
+        return done.returncode, done.stderr
+
+    def test_beside_an_application_that_answers_it_does_nothing(self):
+        self.start_application()
+        self.assertEqual(self.launched(), (0, ""))
+
+    def test_beside_one_that_does_not_answer_it_says_so(self):
+        lock = Path(os.environ["XDG_RUNTIME_DIR"]) / "brisvale-context-menu.lock"
+        self.start("/usr/bin/flock", "--close", lock, "sleep", "600")
+        wait_until("the lock is held", lambda: subprocess.run(
+            ["flock", "--nonblock", lock, "true"], check=False).returncode == 1)
+        code, said = self.launched()
+        self.assertEqual(code, 3)
+        self.assertEqual(said, "brisvale-context-menu: it is running already and does not answer; "
+                               "it may be starting\n")
 
 
 if __name__ == "__main__":

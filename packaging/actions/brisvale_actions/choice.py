@@ -37,6 +37,11 @@ def perform(verb, path):
     """Asks the running application; tells the user when that is not possible. What goes wrong in
     the application itself, it tells itself. Returns the exit code of the client, or 127 when there
     is no client."""
+    if not path:
+        # What a file manager has for an item without a path, as in the trash. As a path it would be
+        # the current folder.
+        message.show(*map(text, _NOT_THERE_YET))
+        return NOT_THERE
     relative_path = place.relative(path, place.synced_folder())
     # Not every file manager can keep the entry from folders that it is not for.
     if verb == "share" and relative_path and not place.may_be_shared(relative_path):

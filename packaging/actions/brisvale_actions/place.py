@@ -20,10 +20,12 @@ def relative(path, root):
     leads inside, a link in it that leads elsewhere leads outside, and the case of letters counts
     where, and only where, the disk says so. The item itself is not followed: a link inside the
     synced folder is an item of it."""
-    path = os.path.abspath(path)
-    folder = os.path.realpath(os.path.dirname(path))
-    parts = [os.path.basename(path)]
+    if not path:
+        return None  # not the current folder, which "." is
     try:
+        path = os.path.abspath(path)
+        folder = os.path.realpath(os.path.dirname(path))
+        parts = [os.path.basename(path)]
         wanted = os.stat(root)
         while parts[0]:
             if os.path.samestat(os.stat(folder), wanted):
@@ -31,7 +33,7 @@ def relative(path, root):
             folder, name = os.path.split(folder)
             parts.insert(0, name)
     except (OSError, ValueError):
-        pass  # there is no synced folder, nothing at the path, or no path at all
+        pass  # there is no synced folder, no current folder, or nothing at the path
     return None
 
 
