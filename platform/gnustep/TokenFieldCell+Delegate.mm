@@ -1,3 +1,5 @@
+#include <unordered_map>
+
 #import "platform/gnustep/FieldToken.h"
 #import "platform/gnustep/NSTokenField+Tokens.h"
 #import "platform/gnustep/TokenFieldCell.h"
@@ -59,15 +61,19 @@
                                                                    shouldAddObjects:atIndex:)];
   if (delegate == nil) return tokens;
   NSMutableArray *const objects = [NSMutableArray arrayWithCapacity:[tokens count]];
-  for (FieldToken *token in tokens) [objects addObject:[token representedObject]];
+  std::unordered_map<id, FieldToken *> offered;
+  for (FieldToken *token in tokens) {
+    [objects addObject:[token representedObject]];
+    offered.emplace([token representedObject], token);
+  }
   NSMutableArray *const accepted = [NSMutableArray array];
   for (id object in [delegate tokenField:[self tokenField]
                         shouldAddObjects:objects
                                  atIndex:index]) {
     // An object that was offered keeps the text that it came from.
-    const NSUInteger offered = [objects indexOfObjectIdenticalTo:object];
-    [accepted addObject:offered == NSNotFound ? [self tokenForRepresentedObject:object]
-                                              : [tokens objectAtIndex:offered]];
+    const auto known = offered.find(object);
+    [accepted
+        addObject:known == offered.end() ? [self tokenForRepresentedObject:object] : known->second];
   }
   return accepted;
 }
@@ -88,9 +94,10 @@
   NSMutableAttributedString *const text = [[[NSMutableAttributedString alloc] init] autorelease];
   const unichar mark = NSAttachmentCharacter;
   NSString *const character = [NSString stringWithCharacters:&mark length:1];
+  NSMutableDictionary *const attributes = [[[self textAttributes] mutableCopy] autorelease];
   for (FieldToken *token in tokens) {
     [[token pill] setFont:[self font]];
-    NSMutableDictionary *const attributes = [[[self textAttributes] mutableCopy] autorelease];
+    // Copied by the text.
     [attributes setObject:token forKey:NSAttachmentAttributeName];
     [text appendAttributedString:[[[NSAttributedString alloc] initWithString:character
                                                                   attributes:attributes]

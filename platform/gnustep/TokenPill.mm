@@ -88,10 +88,16 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
   const std::u16string text =
       utf16Of([[token displayString] precomposedStringWithCanonicalMapping]);
   const CGFloat room = _maximumWidth - [self margins];
+  // Measuring is what takes the time when a long list is pasted, so the usual case is measured
+  // once.
+  _shownText = [stringOf(pill_text::inScreenOrder(text)) retain];
+  _shownWidth = [self widthOf:_shownText];
+  if (_shownWidth <= room) return _shownText;
   const std::u16string fitting =
       pill_text::truncatedInTheMiddle(text, [self, room](std::u16string_view shorter) {
         return [self widthOf:stringOf(pill_text::inScreenOrder(shorter))] <= room;
       });
+  [_shownText release];
   _shownText = [stringOf(pill_text::inScreenOrder(fitting)) retain];
   // Kept, because every change of the field's text lays out all its tokens.
   _shownWidth = [self widthOf:_shownText];

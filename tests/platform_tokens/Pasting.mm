@@ -25,6 +25,20 @@ TEST_F(Pasting, ASingleAddressIsTypedText) {
   EXPECT_EQ(typed(), "a@example.org");
 }
 
+TEST_F(Pasting, FiveThousandAddressesBecomeTokensInTheirOrder) {
+  NSMutableArray *const addresses = [NSMutableArray array];
+  for (int i = 0; i < 5000; ++i) {
+    [addresses addObject:[NSString stringWithFormat:@"person%d@example.org", i]];
+  }
+  setClipboard([addresses componentsJoinedByString:@"\n"]);
+  focus();
+  type(@"a@b.c,");
+  [editor() paste:nil];
+  EXPECT_EQ(tokenCount(), 5001u);
+  leave();
+  EXPECT_EQ(value(), "a@b.c," + text([addresses componentsJoinedByString:@","]));
+}
+
 TEST_F(Pasting, AListReplacesTheSelection) {
   setClipboard(@"x@y.z,");
   focus();
