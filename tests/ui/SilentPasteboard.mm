@@ -1,3 +1,5 @@
+#include <signal.h>
+
 #include "tests/support/PlatformServer.h"
 #import "tests/ui/Windows.h"
 
@@ -105,6 +107,16 @@ TEST_F(SilentPasteboard, AServerThatWasKilledIsReplacedByTheQuestionThatFindsItG
   CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
   server.kill();
   EXPECT_EQ(text([controller pasteToClipboard:success(@"https://x/y")]), "0");
+  EXPECT_EQ(linesInLog("copy success = 1"), 1);
+  EXPECT_EQ(text(clipboardText()), "https://x/y");
+}
+
+TEST_F(SilentPasteboard, AnOwnerOfTheClipboardThatHangsStopsNoCopy) {
+  const ChildProcess owner({CLIPBOARD_OWNER});
+  ASSERT_TRUE(owner.waitForOutput("owns"));
+  owner.signal(SIGSTOP);
+  openCopyTab();
+  pressCopy();
   EXPECT_EQ(linesInLog("copy success = 1"), 1);
   EXPECT_EQ(text(clipboardText()), "https://x/y");
 }
