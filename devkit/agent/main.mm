@@ -6,6 +6,7 @@
 #import "devkit/agent/EndingSignals.h"
 #import "devkit/agent/KRVAgentService.h"
 #include "devkit/base/Arguments.h"
+#include "platform/gnustep/TemporaryFolder.h"
 
 namespace {
 
@@ -17,6 +18,9 @@ int fail(ExitCode code, const std::string &reason) {
 }
 
 int run(const devkit::AgentOptions &options) {
+  const auto folder = platform::temporaryFolder();
+  if (!folder.problem.empty())
+    return fail(kFailed, folder.problem + "; no connection in it could be trusted");
   // Before anything slow: an agent that is ended while it fills its address book ends at once, one
   // that is ended later finishes the call that it is answering.
   std::string problem;

@@ -3,6 +3,7 @@
 #include <string>
 
 #include "devkit/base/LeakCheckPause.h"
+#include "platform/gnustep/TemporaryFolder.h"
 
 namespace devkit {
 namespace {
@@ -38,6 +39,11 @@ bool isRegistered(NSString *name) {
 
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
                                  const Patience &patience) {
+  // Without a folder for its connections the platform ends the program, and with one that another
+  // user has prepared it might lead to that user.
+  const auto folder = platform::temporaryFolder();
+  if (!folder.problem.empty())
+    return Failure{Exit::NotRunning, folder.problem + "; no connection in it could be trusted"};
   // The platform's own limit is endless. New connections take it over from the default one.
   NSConnection *defaults = nil;
   {

@@ -38,6 +38,7 @@ struct RegisteredName {
   platform::FileIdentity socket;
   State state = State::Intact;
   State loggedState = State::Intact;
+  bool wasLost = false;
 };
 
 bool hasSocket(const RegisteredName &registered) {
@@ -106,8 +107,10 @@ State repair(RegisteredName &registered) {
 
 /// Once for each change.
 void logState(RegisteredName &registered) {
-  if (registered.state == registered.loggedState) return;
+  const bool wasRepaired = registered.wasLost && registered.state == State::Intact;
+  if (registered.state == registered.loggedState && !wasRepaired) return;
   registered.loggedState = registered.state;
+  registered.wasLost = false;
   switch (registered.state) {
     case State::Intact:
       NSLog(@"The name \"%@\" was lost and is registered again", registered.name);
@@ -248,9 +251,8 @@ struct RegisteredNamesState {
   BOOL hasChanged = NO;
   for (RegisteredName &registered : _state->names) {
     if (isIntact(registered)) continue;
+    registered.wasLost = true;
     registered.state = repair(registered);
-    // Has to be said even when it could be repaired at once.
-    if (registered.loggedState == State::Intact) registered.loggedState = State::Lost;
     if (registered.state == State::Intact) hasChanged = YES;
   }
   return hasChanged;

@@ -4,14 +4,19 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <cstring>
+#include <thread>
 
 namespace platform {
 namespace {
 
 constexpr mode_t kOwnersOnly = 0700;
-constexpr mode_t kOpenToOthers = 077;
+constexpr mode_t kWritableByOthers = 022;
+/// The platform makes the folder first and takes the others' permissions away then.
+constexpr int kLooksWhileItIsMade = 50;
+constexpr auto kBetweenLooks = std::chrono::milliseconds(10);
 
 std::string baseFolder() {
   for (const char *variable : {"TEMP", "TMP"}) {
@@ -31,14 +36,18 @@ std::string problemOfOwnFolder(const std::string &path) {
   if (mkdir(path.c_str(), kOwnersOnly) != 0 && errno != EEXIST) {
     return folder + " cannot be made: " + std::strerror(errno);
   }
-  struct stat status = {};
-  // Not what a link leads to: its owner can let it lead elsewhere at any time.
-  if (lstat(path.c_str(), &status) != 0) return folder + " is gone again";
-  if (S_ISLNK(status.st_mode)) return folder + " is a symbolic link";
-  if (!S_ISDIR(status.st_mode)) return folder + " is not a folder";
-  if (status.st_uid != geteuid()) return folder + " belongs to another user";
-  if ((status.st_mode & kOpenToOthers) != 0) return folder + " is open to other users";
-  return "";
+  for (int i = 0; i < kLooksWhileItIsMade; ++i) {
+    struct stat status = {};
+    // Not what a link leads to: its owner can let it lead elsewhere at any time.
+    if (lstat(path.c_str(), &status) != 0) return folder + " is gone again";
+    if (S_ISLNK(status.st_mode)) return folder + " is a symbolic link";
+    if (!S_ISDIR(status.st_mode)) return folder + " is not a folder";
+    if (status.st_uid != geteuid()) return folder + " belongs to another user";
+    // One that others may only read has nothing of theirs in it; the platform closes it to them.
+    if ((status.st_mode & kWritableByOthers) == 0) return "";
+    std::this_thread::sleep_for(kBetweenLooks);
+  }
+  return folder + " is open to other users";
 }
 
 bool isFolder(const std::string &path) {

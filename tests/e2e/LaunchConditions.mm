@@ -24,7 +24,7 @@ struct LaunchConditions : testing::Test {
   void expectThatItEnds(const ChildProcess::Environment &environment, const std::string &reason) {
     ChildProcess application({RunningApplication::program()}, environment);
     EXPECT_EQ(application.waitForEnd(), kNoPlaceToRun);
-    EXPECT_EQ(application.output(), "ContextMenuApp: " + reason + "\n");
+    EXPECT_EQ(application.output(), "ContextMenuApp: " + reason);
   }
 };
 
@@ -58,21 +58,26 @@ struct UnsafeFolder : LaunchConditions {
 
   UnsafeFolder() { fs::permissions(base, fs::perms(01777)); }
 
+  ChildProcess::Environment environment() const { return {{"TEMP", base}, {"TMP", base}}; }
+
+  std::string refusal(const std::string &problem) const {
+    return "the temporary folder \"" + own.string() + "\" " + problem +
+           "; no connection in it could be trusted\n";
+  }
+
   void expectRefusal(const std::string &problem) {
-    expectThatItEnds({{"TEMP", base}, {"TMP", base}}, "the temporary folder \"" + own.string() +
-                                                          "\" " + problem +
-                                                          "; no connection in it could be trusted");
+    expectThatItEnds(environment(), refusal(problem));
   }
 };
 
 }  // namespace
 
 TEST_F(LaunchConditions, WithoutADisplayItEndsWithOneLine) {
-  expectThatItEnds({{"DISPLAY", ""}}, "there is no display; DISPLAY is not set");
+  expectThatItEnds({{"DISPLAY", ""}}, "there is no display; DISPLAY is not set\n");
 }
 
 TEST_F(LaunchConditions, WithAWrongDisplayItEndsWithOneLine) {
-  expectThatItEnds({{"DISPLAY", ":4711"}}, "the display \":4711\" cannot be opened");
+  expectThatItEnds({{"DISPLAY", ":4711"}}, "the display \":4711\" cannot be opened\n");
 }
 
 TEST_F(LaunchConditions, WithADisplayThatItMayNotUseItEndsWithOneLineOfItsOwn) {
@@ -107,7 +112,7 @@ TEST_F(LaunchConditions, WhenTheDisplayGoesAwayItEndsWithOneLine) {
 TEST_F(LaunchConditions, WithoutAFolderForTemporaryFilesItEndsWithOneLine) {
   expectThatItEnds({{"TEMP", "/nowhere"}, {"TMP", "/nowhere"}},
                    "there is no temporary folder \"/nowhere\"; no connection in it could be "
-                   "trusted");
+                   "trusted\n");
 }
 
 TEST_F(UnsafeFolder, OfAnotherUserIsRefused) {
@@ -136,4 +141,26 @@ TEST_F(UnsafeFolder, ThatIsALinkIsRefusedAndWhatItLeadsToIsLeftAlone) {
 TEST_F(UnsafeFolder, ThatIsAFileIsRefused) {
   std::ofstream(own) << "";
   expectRefusal("is not a folder");
+}
+
+TEST_F(UnsafeFolder, IsRefusedByThePluginsClientAsWell) {
+  fs::create_directory_symlink(newTemporaryFolder(), own);
+  ChildProcess client({CONTEXTMENU, "status"}, environment());
+  EXPECT_EQ(client.waitForEnd(), 6);
+  EXPECT_EQ(client.output(), "contextmenu: " + refusal("is a symbolic link"));
+}
+
+TEST_F(UnsafeFolder, OfAnotherUserIsRefusedByThePluginsClientAsWell) {
+  fs::create_directory(own);
+  ASSERT_EQ(chown(own.c_str(), 4711, 4711), 0) << "this test needs to run as root";
+  ChildProcess client({CONTEXTMENU, "status"}, environment());
+  EXPECT_EQ(client.waitForEnd(), 6);
+  EXPECT_EQ(client.output(), "contextmenu: " + refusal("belongs to another user"));
+}
+
+TEST_F(UnsafeFolder, IsRefusedByTheDevelopmentAgentAsWell) {
+  fs::create_directory_symlink(newTemporaryFolder(), own);
+  ChildProcess agent({DEVELOPMENT_AGENT}, environment());
+  EXPECT_EQ(agent.waitForEnd(), 1);
+  EXPECT_EQ(agent.output(), "VeldaneKRVAgent: " + refusal("is a symbolic link"));
 }

@@ -2,6 +2,8 @@
 
 #import <Foundation/Foundation.h>
 
+#include <unistd.h>
+
 #include <filesystem>
 #include <fstream>
 
@@ -45,13 +47,13 @@ void takeAway(const fs::path &folder) {
 }
 
 /// Whether another process, which begins with an empty view of the names, reaches the application.
-bool isReached() {
-  ChildProcess client({CONTEXTMENU, "--timeout", "5", "status"});
+bool isReached(const ChildProcess::Environment &environment = {}) {
+  ChildProcess client({CONTEXTMENU, "--timeout", "5", "status"}, environment);
   return client.waitForEnd() == 0;
 }
 
 bool becomesReachable() {
-  return waitFor(isReached);
+  return waitFor([] { return isReached(); });
 }
 
 /// The application at rest, with an agent.
@@ -61,6 +63,22 @@ struct LostNames : WindowTest {
   }
   bool isRepaired(NSString *name) {
     return waitFor([&] { return repairs(name) == 1; });
+  }
+};
+
+/// The application with its folder for connections in one where everybody may make something.
+/// Without an agent, which it has waited for when it serves.
+struct LostFolder : testing::Test {
+  const fs::path base = newTemporaryFolder();
+  const fs::path own = base / ("GNUstepSecure" + std::to_string(geteuid()));
+  const ChildProcess::Environment environment = {{"TEMP", base}, {"TMP", base}};
+  RunningApplication application{environment};
+
+  LostFolder() { fs::permissions(base, fs::perms(01777)); }
+  void SetUp() override { ASSERT_TRUE(isServed()) << application.process().output(); }
+
+  bool isServed() const {
+    return waitFor([&] { return isReached(environment); });
   }
 };
 
@@ -194,4 +212,23 @@ TEST_F(LostNames, AreGivenBackAtTheEnd) {
   outputOf({"/bin/kill", "-TERM", std::to_string(application.process().pid())});
   application.process().waitForEnd();
   EXPECT_EQ([[NSMessagePortNameServer sharedInstance] portForName:kServiceName onHost:nil], nil);
+}
+
+TEST_F(LostFolder, IsMadeAgainWithAllThatWasInIt) {
+  takeAway(own);
+  EXPECT_TRUE(isServed()) << application.process().output();
+}
+
+TEST_F(LostFolder, IsNotMadeAgainBehindALinkButAfterIt) {
+  const fs::path elsewhere = newTemporaryFolder();
+  application.process().signal(SIGSTOP);
+  takeAway(own);
+  fs::create_directory_symlink(elsewhere, own);
+  application.process().signal(SIGCONT);
+  EXPECT_TRUE(application.process().waitForOutput(
+      "is lost and cannot be registered again now: the temporary folder \"" + own.string() +
+      "\" is a symbolic link\n"));
+  EXPECT_TRUE(fs::is_empty(elsewhere));
+  fs::remove(own);
+  EXPECT_TRUE(isServed()) << application.process().output();
 }

@@ -1,0 +1,41 @@
+#include <algorithm>
+#include <filesystem>
+
+#import "agent/AgentIdentity.h"
+#import "tests/e2e/Screen.h"
+#import "tests/e2e/ServiceTest.h"
+#include "tests/support/CapturedLog.h"
+
+// The agent runs, but what cleans up in temporary folders has taken its name away.
+
+namespace fs = std::filesystem;
+
+namespace {
+
+struct LostAgentName : ServiceTest {
+  void SetUp() override {
+    ServiceTest::SetUp();
+    NSString *const encoded = [[agent::kConnectionName dataUsingEncoding:NSUTF8StringEncoding]
+        base64EncodedStringWithOptions:0];
+    ASSERT_TRUE(fs::remove(fs::path([NSTemporaryDirectory() fileSystemRepresentation]) /
+                           "NSMessagePort" / "names" / [encoded UTF8String]));
+  }
+
+  long linesInLog(const std::string &line) const {
+    const auto lines = application.log();
+    return std::count(lines.begin(), lines.end(), line);
+  }
+};
+
+}  // namespace
+
+TEST_F(LostAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
+  ChildProcess copy({CONTEXTMENU, "copy-link", kit.makeFile("second.txt")});
+  ASSERT_TRUE(waitForWindows(1)) << application.process().output();
+  ASSERT_TRUE(waitForKeyboard());
+  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  pressKeys({"Return"});
+  EXPECT_EQ(copy.waitForEnd(), 0) << copy.output();
+  EXPECT_TRUE(waitForWindows(0));
+  EXPECT_EQ(clipboardReadByXclip(), "");
+}
