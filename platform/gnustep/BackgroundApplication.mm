@@ -5,6 +5,7 @@
 
 #include <string>
 
+#import "platform/gnustep/EventArrival.h"
 #import "platform/gnustep/ImageTypes.h"
 #include "platform/gnustep/LaunchConditions.h"
 #import "platform/gnustep/MacKeys.h"
@@ -66,6 +67,7 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
     platform::endLaunch(program, platform::LaunchFailure::NoPlaceToRun, platform::displayProblem());
   }
   platform::endWithDisplay(program);
+  installEventArrival();
   return static_cast<BackgroundApplication *>(application);
 }
 
