@@ -12,7 +12,12 @@
 @interface BackgroundApplication : NSApplication {
  @private
   BOOL _isLaunching;
+  BOOL _isSendingEvent;
   int _pasteboardAttempts;
   SheetQueue *_sheetQueue;
 }
+
+/// Whether what happens now is done because of an event, of the keyboard, the mouse or the window
+/// server, and not because of another program's call or a timer. Main thread only.
+- (BOOL)isSendingEvent;
 @end

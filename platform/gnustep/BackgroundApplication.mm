@@ -7,6 +7,7 @@
 
 #import "platform/gnustep/EventArrival.h"
 #import "platform/gnustep/ImageTypes.h"
+#import "platform/gnustep/KeyboardFocus.h"
 #include "platform/gnustep/LaunchConditions.h"
 #import "platform/gnustep/MacKeys.h"
 #import "platform/gnustep/NSPasteboard+Starting.h"
@@ -38,6 +39,19 @@ constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 constexpr int kPasteboardAttempts = 5;
 constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 
+/// A flag that is set while this lives, also when an exception ends that.
+class SetMeanwhile {
+ public:
+  explicit SetMeanwhile(BOOL &flag) : flag_(flag), former_(flag) { flag = YES; }
+  ~SetMeanwhile() { flag_ = former_; }
+  SetMeanwhile(const SetMeanwhile &) = delete;
+  SetMeanwhile &operator=(const SetMeanwhile &) = delete;
+
+ private:
+  BOOL &flag_;
+  BOOL former_;
+};
+
 }  // namespace
 
 @implementation BackgroundApplication
@@ -68,6 +82,7 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
   }
   platform::endWithDisplay(program);
   installEventArrival();
+  installKeyboardFocus();
   return static_cast<BackgroundApplication *>(application);
 }
 
@@ -157,8 +172,13 @@ constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 }
 
 - (void)sendEvent:(NSEvent *)event {
+  const SetMeanwhile sending(_isSendingEvent);
   if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
   if (event != nil && !deliverToOpenMenu(event)) [super sendEvent:event];
+}
+
+- (BOOL)isSendingEvent {
+  return _isSendingEvent;
 }
 
 /// The platform's word from a window's dealloc: nothing here may retain it.
