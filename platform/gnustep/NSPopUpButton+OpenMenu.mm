@@ -69,12 +69,16 @@ void closeMenuOf(NSPopUpButton *popUp) {
                object:NSApp];
 }
 
+/// With the selected item highlighted again: the platform takes a highlighted item for the selected
+/// one the next time that it draws the button's title.
 - (void)dismissPopUp {
   static const auto own = ownMethod<void (*)(id, SEL)>([NSPopUpButtonCell class], _cmd);
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center removeObserver:self name:NSWindowWillCloseNotification object:nil];
   [center removeObserver:self name:NSApplicationWillHideNotification object:nil];
   own(self, _cmd);
+  const NSInteger selected = [self pullsDown] ? -1 : [self indexOfSelectedItem];
+  [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
 }
 
 - (void)windowOfOpenMenuLeaves:(NSNotification *)notification {

@@ -1,7 +1,6 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/MenuTracking.h"
-#include "platform/gnustep/OwnMethod.h"
 
 // On the Mac a click on a pop-up button opens its menu and leaves it open. The platform's own
 // tracking closes it at the first release, and chooses the item that happens to lie under the
@@ -36,15 +35,6 @@
   [self synchronizeTitleAndSelectedItem];
   [[self menu] performActionForItemAtIndex:chosen];
   return YES;
-}
-
-/// With the selected item highlighted again: the platform takes a highlighted item for the selected
-/// one the next time that it draws the button's title.
-- (void)dismissPopUp {
-  static const auto own = ownMethod<void (*)(id, SEL)>([NSPopUpButtonCell class], _cmd);
-  own(self, _cmd);
-  const NSInteger selected = [self pullsDown] ? -1 : [self indexOfSelectedItem];
-  [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
 }
 
 @end
