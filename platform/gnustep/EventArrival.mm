@@ -5,47 +5,65 @@
 #import <objc/runtime.h>
 
 #include <X11/Xlib.h>
+#include <sys/eventfd.h>
+
+#include <cstdint>
 
 namespace {
 
-bool isInstalled = false;
+/// Readable while events have been handled that the run loop has not counted as input.
+int handledEvents = -1;
 
-/// Has the server send something to this program, so that the connection becomes readable. The
-/// platform knows no such window and drops the message.
-void wake(Display *display) {
-  static const Window window = XCreateWindow(display, DefaultRootWindow(display), 0, 0, 1, 1, 0, 0,
-                                             InputOnly, nullptr, 0, nullptr);
-  XEvent message = {};
-  message.xclient.type = ClientMessage;
-  message.xclient.window = window;
-  message.xclient.message_type = XInternAtom(display, "WAKE", False);
-  message.xclient.format = 32;
-  XSendEvent(display, window, False, NoEventMask, &message);
-  XFlush(display);
-}
+using ShouldBlock = BOOL (*)(id, SEL, BOOL *);
+ShouldBlock platformShouldBlock = nullptr;
 
-/// Takes the place of the platform's answer to the run loop's question whether it has to wait. The
-/// platform reads what has arrived and answers that it has not. The run loop then has the events
-/// handled, which puts them into the application's queue, but does not count that as input: it
-/// waits for more before it returns to whoever wanted an event.
-///
-/// Here it always waits, for the connection to be readable, and is helped to that where events have
-/// been read already. One that arrives after this look at them makes it so by itself.
+/// Around the platform's answer to the run loop's question whether it has to wait. Asked for that,
+/// the platform looks whether events have arrived, by which it takes them from the connection. The
+/// run loop then has them handled, which puts them into the application's queue, but does not count
+/// that as input: it would wait for more before it returns to whoever wanted an event.
 BOOL runLoopShouldBlock(id self, SEL selector, BOOL *trigger) {
-  (void)selector;
-  auto *const display = static_cast<Display *>([self serverDevice]);
-  if (XPending(display) > 0) wake(display);
-  *trigger = YES;
-  return YES;
+  const BOOL shouldBlock = platformShouldBlock(self, selector, trigger);
+  if (!shouldBlock) eventfd_write(handledEvents, 1);
+  return shouldBlock;
 }
 
 }  // namespace
 
+/// What the run loop counts as input when events have been handled.
+@interface HandledEvents : NSObject <RunLoopEvents>
+@end
+
+@implementation HandledEvents
+
+- (void)receivedEvent:(void *)data
+                 type:(RunLoopEventType)type
+                extra:(void *)extra
+              forMode:(NSString *)mode {
+  (void)data;
+  (void)type;
+  (void)extra;
+  (void)mode;
+  eventfd_t count = 0;
+  eventfd_read(handledEvents, &count);
+}
+
+@end
+
 void installEventArrival() {
-  if (isInstalled) return;
   const Method method = class_getInstanceMethod(NSClassFromString(@"XGServer"),
                                                 NSSelectorFromString(@"runLoopShouldBlock:"));
-  if (method == nullptr) return;
-  isInstalled = true;
-  method_setImplementation(method, reinterpret_cast<IMP>(runLoopShouldBlock));
+  if (method == nullptr || platformShouldBlock != nullptr) return;
+  handledEvents = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  if (handledEvents < 0) return;
+  HandledEvents *const source = [[HandledEvents alloc] init];  // lives as long as the application
+  void *const descriptor = reinterpret_cast<void *>(static_cast<std::intptr_t>(handledEvents));
+  // Those in which the platform looks for events.
+  for (NSString *mode in @[
+         NSDefaultRunLoopMode, NSConnectionReplyMode, NSModalPanelRunLoopMode,
+         NSEventTrackingRunLoopMode
+       ]) {
+    [[NSRunLoop currentRunLoop] addEvent:descriptor type:ET_RDESC watcher:source forMode:mode];
+  }
+  platformShouldBlock = reinterpret_cast<ShouldBlock>(
+      method_setImplementation(method, reinterpret_cast<IMP>(runLoopShouldBlock)));
 }
