@@ -5,9 +5,12 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <charconv>
 #include <climits>
+#include <csignal>
 #include <cstring>
+#include <fstream>
 #include <memory>
 
 namespace platform {
@@ -46,6 +49,17 @@ std::optional<std::string> bundleOfExecutable(std::string_view path) {
 bool isStillRunning(const ApplicationProcessEntry &entry) {
   return bundleOfProcess(AT_FDCWD, "/proc/" + std::to_string(entry.pid) + "/exe") ==
          entry.bundlePath;
+}
+
+bool hasEnded(pid_t process) {
+  if (kill(process, 0) != 0 && errno == ESRCH) return true;
+  std::ifstream file("/proc/" + std::to_string(process) + "/stat");
+  std::string status;
+  std::getline(file, status);
+  // The state follows the program's name in brackets, which may itself hold any character.
+  const auto name = status.rfind(')');
+  return name != std::string::npos && status.size() > name + 2 &&
+         (status[name + 2] == 'Z' || status[name + 2] == 'X');
 }
 
 std::vector<ApplicationProcessEntry> runningApplicationProcesses() {

@@ -29,4 +29,8 @@ std::vector<ApplicationProcessEntry> runningApplicationProcesses();
 /// Whether the process of an entry still runs the application of the entry. One short question.
 bool isStillRunning(const ApplicationProcessEntry &entry);
 
+/// Whether a process has ended, also when its parent has not heard of it yet. Two short questions.
+/// Any thread.
+bool hasEnded(pid_t process);
+
 }  // namespace platform

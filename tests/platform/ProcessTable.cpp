@@ -57,6 +57,15 @@ TEST(ProcessTable, ARunningApplicationIsListedUntilItEnds) {
   EXPECT_FALSE(isListed(child.pid()));
 }
 
+TEST(ProcessTable, AProcessHasEndedWhenItsParentHasNotHeardOfItYet) {
+  ChildProcess child({"/bin/sleep", "1000"});
+  EXPECT_FALSE(platform::hasEnded(child.pid()));
+  child.signal(SIGKILL);
+  EXPECT_TRUE(waitFor([&] { return platform::hasEnded(child.pid()); }));
+  child.waitForEnd();
+  EXPECT_TRUE(platform::hasEnded(child.pid()));
+}
+
 TEST(ProcessTable, AnOrdinaryProgramIsNotListed) {
   ChildProcess child({"/bin/sleep", "1000"});
   EXPECT_FALSE(isListed(child.pid()));

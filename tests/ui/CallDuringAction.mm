@@ -19,7 +19,7 @@ void registerEndpoint() {
 }
 
 std::string newHold() {
-  const std::string path = newTemporaryFolder() + "/hold";
+  std::string path = newTemporaryFolder() + "/hold";
   std::ofstream(path).put('\n');
   return path;
 }
