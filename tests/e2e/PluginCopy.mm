@@ -6,6 +6,7 @@
 #import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/WireMessage.h"
 #include "tests/support/AgentProcess.h"
+#include "tests/support/PlatformServer.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -72,7 +73,7 @@ TEST_F(PluginCopy, TheLinkOutlivesTheOtherProgramsThatLookAtTheClipboard) {
 TEST_F(PluginCopy, WhenTheClipboardsServerWasKilledTheNextLinkHasAnotherOne) {
   agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
-  ASSERT_EQ(ChildProcess({"/usr/bin/pkill", "-KILL", "gpbs"}).waitForEnd(), 0);
+  PlatformServer("gpbs").kill();
   agent.answer(kFileOperation, success(@"https://brisvale.test/s/2"));
   copy(@"id-1");
   expectThatOthersFind("https://brisvale.test/s/2");

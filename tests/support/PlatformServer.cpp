@@ -44,6 +44,13 @@ char stateOf(pid_t pid) {
   return end == std::string::npos ? '-' : status[end + 2];
 }
 
+/// By any process of this session.
+bool namesAreLocked() {
+  const char *const folder = std::getenv("TEMP");
+  return folder != nullptr &&
+         std::filesystem::exists(std::filesystem::path(folder) / "NSMessagePort/names/lock");
+}
+
 void send(int signal, pid_t pid) {
   if (pid > 0) ::kill(pid, signal);
 }
@@ -68,6 +75,12 @@ void PlatformServer::resume() const {
 }
 
 void PlatformServer::kill() const {
+  waitFor([this] {
+    stop();
+    if (!namesAreLocked()) return true;
+    resume();
+    return false;
+  });
   send(SIGKILL, pid_);
   waitFor([this] { return stateOf(pid_) == '-' || stateOf(pid_) == 'Z'; });
 }

@@ -22,7 +22,8 @@ class PlatformServer {
   void stop() const;
   void resume() const;
 
-  /// Returns when it is gone.
+  /// Returns when it is gone. Not while it may have the lock of the names, which nobody could take
+  /// for the next 15 seconds then.
   void kill() const;
 
  private:
