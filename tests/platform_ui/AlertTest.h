@@ -4,6 +4,7 @@
 #include <string>
 
 #import "tests/platform_ui/SheetTest.h"
+#include "tests/support/RepeatingTimer.h"
 
 /// While one of these lives, the given steps are done one by one, each when a modal session's
 /// window is on the screen and the queue of events has been worked off. A session that goes on
@@ -11,23 +12,21 @@
 class ModalUser {
  public:
   explicit ModalUser(std::vector<std::function<void(NSWindow *)>> steps);
-  ~ModalUser();
   ModalUser(const ModalUser &) = delete;
   ModalUser &operator=(const ModalUser &) = delete;
 
   /// Whether it came to that.
   bool hadToAbort() const { return looksAfterLast_ > kLooksUntilAborted; }
 
-  /// Called by a timer.
-  void look();
-
  private:
   static constexpr int kLooksUntilAborted = 250;
+
+  void look();
 
   std::vector<std::function<void(NSWindow *)>> steps_;
   size_t next_ = 0;
   int looksAfterLast_ = 0;
-  NSTimer *timer_;
+  RepeatingTimer timer_;
 };
 
 /// An alert with a window to be the sheet of.

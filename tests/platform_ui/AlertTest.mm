@@ -2,24 +2,7 @@
 
 #include "tests/support/Strings.h"
 
-/// What a timer can message.
-@interface ModalUserTarget : NSObject {
- @public
-  ModalUser *user;
-}
-- (void)look:(NSTimer *)timer;
-@end
-
-@implementation ModalUserTarget
-- (void)look:(NSTimer *)timer {
-  (void)timer;
-  user->look();
-}
-@end
-
 namespace {
-
-constexpr NSTimeInterval kLookEverySeconds = 0.02;
 
 bool eventsArePending() {
   return [NSApp nextEventMatchingMask:NSAnyEventMask
@@ -36,20 +19,7 @@ void collect(NSView *view, Class viewClass, NSMutableArray *views) {
 }  // namespace
 
 ModalUser::ModalUser(std::vector<std::function<void(NSWindow *)>> steps)
-    : steps_(std::move(steps)) {
-  ModalUserTarget *const target = [[[ModalUserTarget alloc] init] autorelease];
-  target->user = this;
-  timer_ = [NSTimer timerWithTimeInterval:kLookEverySeconds
-                                   target:target
-                                 selector:@selector(look:)
-                                 userInfo:nil
-                                  repeats:YES];
-  [[NSRunLoop currentRunLoop] addTimer:timer_ forMode:NSModalPanelRunLoopMode];
-}
-
-ModalUser::~ModalUser() {
-  [timer_ invalidate];
-}
+    : steps_(std::move(steps)), timer_(NSModalPanelRunLoopMode, [this] { look(); }) {}
 
 void ModalUser::look() {
   NSWindow *const window = [NSApp modalWindow];

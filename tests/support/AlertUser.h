@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/RepeatingTimer.h"
+
 /// What a test's user saw of one application-modal alert.
 struct SeenAlert {
   std::vector<std::string> texts;
@@ -20,18 +22,17 @@ class AlertUser {
  public:
   /// whileOpen: runs while an alert is on the screen, before it is dismissed.
   explicit AlertUser(std::function<void()> whileOpen = [] {});
-  ~AlertUser();
   AlertUser(const AlertUser &) = delete;
   AlertUser &operator=(const AlertUser &) = delete;
 
   const std::vector<SeenAlert> &alerts() const { return alerts_; }
 
-  /// Looks at the screen once. Called by a timer.
+ private:
+  /// Looks at the screen once.
   void look();
 
- private:
   std::function<void()> whileOpen_;
   std::vector<SeenAlert> alerts_;
-  NSTimer *timer_;
   int session_ = 0;
+  RepeatingTimer timer_;
 };

@@ -6,21 +6,6 @@
 
 #include "tests/support/Strings.h"
 
-/// What a timer can message.
-@interface AlertUserTarget : NSObject {
- @public
-  AlertUser *user;
-}
-- (void)look:(NSTimer *)timer;
-@end
-
-@implementation AlertUserTarget
-- (void)look:(NSTimer *)timer {
-  (void)timer;
-  user->look();
-}
-@end
-
 namespace {
 
 /// How many modal sessions this process has begun: what tells two alerts in a row apart, which use
@@ -52,8 +37,6 @@ void countModalSessions() {
                   method_getTypeEncoding(method));
 }
 
-constexpr NSTimeInterval kLookEverySeconds = 0.02;
-
 void collect(NSView *view, std::vector<std::string> &texts, NSButton *&button) {
   if ([view isKindOfClass:[NSButton class]]) {
     if (button == nil && [[(NSButton *)view keyEquivalent] isEqualToString:@"\r"]) {
@@ -71,21 +54,10 @@ bool SeenAlert::shows(const std::string &wanted) const {
   return std::find(texts.begin(), texts.end(), wanted) != texts.end();
 }
 
-AlertUser::AlertUser(std::function<void()> whileOpen) : whileOpen_(std::move(whileOpen)) {
+AlertUser::AlertUser(std::function<void()> whileOpen)
+    : whileOpen_(std::move(whileOpen)), timer_(NSModalPanelRunLoopMode, [this] { look(); }) {
   countModalSessions();
   session_ = modalSessions;
-  AlertUserTarget *const target = [[[AlertUserTarget alloc] init] autorelease];
-  target->user = this;
-  timer_ = [NSTimer timerWithTimeInterval:kLookEverySeconds
-                                   target:target
-                                 selector:@selector(look:)
-                                 userInfo:nil
-                                  repeats:YES];
-  [[NSRunLoop currentRunLoop] addTimer:timer_ forMode:NSModalPanelRunLoopMode];
-}
-
-AlertUser::~AlertUser() {
-  [timer_ invalidate];
 }
 
 void AlertUser::look() {

@@ -4,6 +4,8 @@
 
 #include <functional>
 
+#include "tests/support/RepeatingTimer.h"
+
 /// While one of these lives, somebody presses keys in a window once, while the main thread waits
 /// for the reply of another process.
 class ImpatientUser {
@@ -17,13 +19,12 @@ class ImpatientUser {
 
   bool hasTyped() const { return hasTyped_; }
 
-  /// Called by a timer.
+ private:
   void look();
 
- private:
   NSWindow *window_;
   NSString *keys_;
   std::function<bool()> when_;
-  NSTimer *timer_;
   bool hasTyped_ = false;
+  RepeatingTimer timer_;  // last, so that it ends first
 };

@@ -1,0 +1,19 @@
+#pragma once
+
+#import <Foundation/Foundation.h>
+
+#include <functional>
+
+/// While one of these lives, a function is called again and again, as often as somebody would look
+/// at the screen, while the current run loop runs in one mode. Main thread.
+class RepeatingTimer {
+ public:
+  /// mode: for example NSModalPanelRunLoopMode.
+  RepeatingTimer(NSString *mode, std::function<void()> fire);
+  ~RepeatingTimer();
+  RepeatingTimer(const RepeatingTimer &) = delete;
+  RepeatingTimer &operator=(const RepeatingTimer &) = delete;
+
+ private:
+  NSTimer *timer_;  // owned by the run loop
+};
