@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""Runs clang-tidy with the checks of .clang-tidy over everything that the build compiles, the static
-analyzer's retain and release checks among them, and refuses suppressions without a reason.
+"""Runs clang-tidy with the checks of .clang-tidy over everything of the product that the build
+compiles, the static analyzer's retain and release checks among them, and refuses suppressions
+without a reason. With --all also over the tests and benchmarks.
 
-    static_analysis.py [ROOT [BUILD]]
+    static_analysis.py [--all] [ROOT [BUILD]]
 """
 
+import argparse
 import re
 import sys
 from pathlib import Path
@@ -12,12 +14,14 @@ from pathlib import Path
 from compilation import check_all, units
 from project import APPLICATION_FOLDERS, ROOT, SOURCES, Findings, read, tracked
 
-FOLDERS = (*APPLICATION_FOLDERS, "platform", "devkit", "packaging", "tests", "bench")
-CONFIGURATION = ".clang-tidy"
+PRODUCT = (*APPLICATION_FOLDERS, "platform", "devkit", "packaging")
 
 # Following every path through the test framework's macros takes longer than all the rest together.
 # What it would find in a test, running the test under the address sanitizer finds, too.
 NOT_ANALYZED = ("tests", "bench")
+
+FOLDERS = (*PRODUCT, *NOT_ANALYZED)
+CONFIGURATION = ".clang-tidy"
 
 SUPPRESSION = re.compile(r"\bNOLINT\w*")
 WITH_REASON = re.compile(r"\bNOLINT(NEXTLINE|BEGIN)?\([\w.*,\s-]+\): \S|\bNOLINTEND\(")
@@ -43,14 +47,24 @@ def suppressions(root):
     return findings
 
 
-def lint(root, build):
+def lint(root, build, folders=PRODUCT):
     return suppressions(root) + check_all(
-        build, "clang-tidy", units(root, build, FOLDERS, (".mm", ".cpp")),
+        build, "clang-tidy", units(root, build, folders, (".mm", ".cpp")),
         lambda unit: command(root, unit), extra_inputs=[root / CONFIGURATION])
 
 
+def parse():
+    parser = argparse.ArgumentParser(description=__doc__.split("\n\n", maxsplit=1)[0])
+    parser.add_argument("--all", action="store_true", help="the tests and benchmarks, too")
+    parser.add_argument("root", nargs="?", type=Path, default=ROOT)
+    parser.add_argument("build", nargs="?", type=Path)
+    return parser.parse_args()
+
+
 if __name__ == "__main__":
-    project = Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT
-    found = lint(project, Path(sys.argv[2]).resolve() if len(sys.argv) > 2 else project / "build")
+    options = parse()
+    project = options.root.resolve()
+    found = lint(project, (options.build or project / "build").resolve(),
+                 FOLDERS if options.all else PRODUCT)
     print(*found, sep="\n", end="\n" if found else "")
     sys.exit(1 if found else 0)

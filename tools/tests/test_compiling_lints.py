@@ -94,6 +94,14 @@ class StaticAnalysis(SampleBuild):
         self.write("app/rule.cpp", '#include "app/rule.h"\n')
         self.assert_finds(self.findings_in(""), "rule.h:2", "modernize-use-override")
 
+    def test_tests_are_looked_at_only_with_all_folders(self):
+        self.write("tests/rule.cpp", "struct Base { virtual void f(); };\n"
+                                     "struct Derived : Base { virtual void f(); };\n")
+        build = self.build()
+        self.assertEqual(static_analysis.lint(self.root, build), [])
+        self.assert_finds(static_analysis.lint(self.root, build, static_analysis.FOLDERS),
+                          "rule.cpp:2", "modernize-use-override")
+
     def test_a_suppression_needs_check_and_reason(self):
         self.write("ui/a.h", "int a; // NOLINT(some-check): the platform calls it\n")
         self.assertEqual(static_analysis.suppressions(self.root), [])
