@@ -55,7 +55,7 @@ void installEventArrival() {
   if (method == nullptr || platformShouldBlock != nullptr) return;
   handledEvents = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   if (handledEvents < 0) return;
-  HandledEvents *const source = [[HandledEvents alloc] init];  // lives as long as the application
+  static HandledEvents *const source = [[HandledEvents alloc] init];
   void *const descriptor = reinterpret_cast<void *>(static_cast<std::intptr_t>(handledEvents));
   // Those in which the platform looks for events.
   for (NSString *mode in @[
