@@ -2,9 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <atomic>
 #include <functional>
 #include <utility>
+#include <vector>
 
 #include "tests/support/Pump.h"
 
@@ -107,12 +109,17 @@ TEST_F(BackgroundTurns, TheTimeThatTheMainThreadTakesToEndATurnDoesNotCount) {
 
 TEST(BackgroundTurnsOfMany, AllThreadsHaveTheirTurns) {
   std::atomic<int> turns = 0;
+  std::vector<TurnThread *> threads;
   for (int i = 0; i < 12; ++i) {
-    startThread([&turns] {
+    threads.push_back(startThread([&turns] {
       if (![NSConnection beginTurnOfThreadWithin:kLong]) return;
       [NSConnection endTurnOfThread];
       ++turns;
-    });
+    }));
   }
-  EXPECT_TRUE(pumpUntil([&] { return turns == 12; }));
+  EXPECT_TRUE(pumpUntil([&] {
+    return std::all_of(threads.begin(), threads.end(),
+                       [](TurnThread *thread) { return thread->isOver.load(); });
+  }));
+  EXPECT_EQ(turns, 12);
 }
