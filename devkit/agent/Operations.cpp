@@ -27,7 +27,7 @@ Argument argument(const Text &text) {
 /// Enough of a path or an address to be recognised in a sentence.
 constexpr std::size_t kLongestQuotation = 200;
 
-std::string quoted(std::string_view text) {
+std::string inQuotes(std::string_view text) {
   const bool cut = text.size() > kLongestQuotation;
   return "“" + validUtf8(text.substr(0, kLongestQuotation)) + (cut ? "…”" : "”");
 }
@@ -38,7 +38,7 @@ LinkOptions optionsOf(const RequestedLink &requested) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), downloads);
   const bool whole = error == std::errc() && end == text.data() + text.size();
   if (!whole || (downloads < 1 && downloads != LinkOptions::kUnlimited))
-    throw Refused{Refusal::BadArgument, quoted(text) + " is not a number of downloads."};
+    throw Refused{Refusal::BadArgument, inQuotes(text) + " is not a number of downloads."};
   return {requested.notifyOnDownload, requested.requireEmail, downloads};
 }
 
@@ -122,7 +122,7 @@ Reply Operations::send(Kind kind, const ItemReference &item, const RequestedLink
                   auto recipients = parseRecipients(mailText(mail.recipients));
                   if (recipients.invalid)
                     throw Refused{Refusal::BadArgument,
-                                  quoted(*recipients.invalid) + " is not an e-mail address."};
+                                  inQuotes(*recipients.invalid) + " is not an e-mail address."};
                   auto letter = letterFrom(store_.account());
                   letter.recipients = std::move(recipients.addresses);
                   letter.copyToSender = mail.copyMe;
@@ -154,8 +154,9 @@ Reply Operations::grantAccess(const ItemReference &item, const RequestedGrant &g
 
                   auto letter = letterFrom(store_.account());
                   letter.recipients = {person.email};
-                  letter.subject = grant.isNewInvite ? quoted(folder.name()) + " is shared with you"
-                                                     : "Your access to " + quoted(folder.name());
+                  letter.subject = grant.isNewInvite
+                                       ? inQuotes(folder.name()) + " is shared with you"
+                                       : "Your access to " + inQuotes(folder.name());
                   letter.body = grant.isNewInvite ? percentDecoded(text) : validUtf8(text);
                   store_.sharing.grant(folder.id, {.email = person.email,
                                                    .firstName = person.firstName,
@@ -177,8 +178,8 @@ Reply Operations::revokeAccess(const Text &userEmail, const ItemReference &item)
                   const auto folder = resolveOwnFolder(item);
                   const auto email = userEmail.value_or("");
                   if (!store_.sharing.revoke(folder.id, email))
-                    throw Refused{Refusal::NotFound, quoted(email) + " has no access to " +
-                                                         quoted(folder.name()) + "."};
+                    throw Refused{Refusal::NotFound, inQuotes(email) + " has no access to " +
+                                                         inQuotes(folder.name()) + "."};
                 });
 }
 
@@ -208,7 +209,7 @@ Reply Operations::getUserInfo(const Text &userEmail, bool userInfoFlag) noexcept
       [&](Reply &reply) {
         const auto email = userEmail.value_or("");
         if (!isAddress(email))
-          throw Refused{Refusal::BadArgument, quoted(email) + " is not an e-mail address."};
+          throw Refused{Refusal::BadArgument, inQuotes(email) + " is not an e-mail address."};
         // A stranger is a valid answer too: somebody without an account here.
         const auto person = store_.contacts.find(email);
         auto record = contactRecord(person.value_or(Contact{.email = email}));
@@ -281,33 +282,34 @@ Item Operations::resolve(const ItemReference &reference) {
   if (found) return *found;
   throw Refused{Refusal::NotFound, reference.isFileId
                                        ? "The item is not, or no longer, in your Brisvale folder."
-                                       : quoted(*text) + " is not in your Brisvale folder."};
+                                       : inQuotes(*text) + " is not in your Brisvale folder."};
 }
 
 Item Operations::resolve(const ItemReference &reference, Kind kind) {
   auto found = resolve(reference);
   if (found.kind != kind)
-    throw Refused{Refusal::BadArgument, quoted(found.name()) + " is a " + folderOrFile(found.kind) +
-                                            ", not a " + folderOrFile(kind) + "."};
+    throw Refused{Refusal::BadArgument, inQuotes(found.name()) + " is a " +
+                                            folderOrFile(found.kind) + ", not a " +
+                                            folderOrFile(kind) + "."};
   return found;
 }
 
 Item Operations::resolveOwnFolder(const ItemReference &reference) {
   auto folder = resolve(reference, Kind::Folder);
   if (store_.sharing.belongsToSomebodyElse(folder.id, store_.account().email))
-    throw Refused{Refusal::NotAllowed, "Only its owner can share " + quoted(folder.name()) + "."};
+    throw Refused{Refusal::NotAllowed, "Only its owner can share " + inQuotes(folder.name()) + "."};
   return folder;
 }
 
 Contact Operations::colleague(const Text &email) {
   const auto address = email.value_or("");
   if (!isAddress(address))
-    throw Refused{Refusal::BadArgument, quoted(address) + " is not an e-mail address."};
+    throw Refused{Refusal::BadArgument, inQuotes(address) + " is not an e-mail address."};
   if (address == store_.account().email)
     throw Refused{Refusal::NotAllowed, "The folder is your own."};
   const auto person = store_.contacts.find(address);
   if (!person || !person->employee)
-    throw Refused{Refusal::NotFound, quoted(address) + " is not a colleague of yours."};
+    throw Refused{Refusal::NotFound, inQuotes(address) + " is not a colleague of yours."};
   return *person;
 }
 

@@ -1,6 +1,7 @@
 #import "tests/e2e/RunningApplication.h"
 
 #include "tests/support/CapturedLog.h"
+#include "tests/support/WindowServer.h"
 
 // Makes the protocol known at run time, as it must be to be set on a proxy.
 #pragma clang diagnostic push
@@ -60,7 +61,5 @@ void pressReturn() {
 }
 
 bool RunningApplication::isVisible() {
-  // By the class that the platform gives its windows: their process is not noted on them.
-  return !outputOf({"/usr/bin/xdotool", "search", "--onlyvisible", "--classname", "ContextMenuApp"})
-              .empty();
+  return !visibleWindowsOf("ContextMenuApp").empty();
 }

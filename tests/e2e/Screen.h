@@ -3,24 +3,14 @@
 #include <string>
 #include <vector>
 
-/// The application's windows as somebody in front of the private screen sees and uses them: what
-/// the window server knows of them, pictures, keys and clicks. All through other programs.
+#include "tests/support/WindowServer.h"
 
-/// In pixels of the screen, from its upper left corner.
-struct ScreenArea {
-  int x = 0;
-  int y = 0;
-  int width = 0;
-  int height = 0;
-};
+/// The application's windows as somebody in front of the private screen sees and uses them: what
+/// the window server knows of them, pictures, and keys and clicks through other programs.
 
 /// A window or sheet of the application. No window manager runs on the private screen, so a window
 /// is as large as its content.
-struct ScreenWindow {
-  std::string number;
-  std::string title;
-  ScreenArea area;
-};
+using ScreenWindow = ServerWindow;
 
 /// Those that can be seen, in no particular order.
 std::vector<ScreenWindow> windowsOnScreen();

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <functional>
-#include <map>
-#include <sstream>
 
 #import "tests/e2e/RunningApplication.h"
 
@@ -17,47 +15,11 @@ const std::string kClickSeconds = "0.08";
 /// Between two keys: 20 a second.
 const std::string kKeyDelayMilliseconds = "50";
 
-/// How many times a picture must be like the one before it for the drawing to be over. The
-/// application pauses between the parts of a window on a busy machine.
-constexpr int kAlikePictures = 2;
+/// How long a picture must have stayed the same for the drawing to be over. The application pauses
+/// between the parts of a window on a busy machine.
+constexpr double kSettledSeconds = 0.1;
 
 const std::string kPointingTool = "/usr/bin/xdotool";
-
-std::vector<std::string> linesOf(const std::string &output) {
-  std::vector<std::string> lines;
-  std::istringstream stream(output);
-  for (std::string line; std::getline(stream, line);) lines.push_back(line);
-  return lines;
-}
-
-std::vector<std::string> numbersOnScreen() {
-  while (true) {
-    // By the class that the platform gives its windows: their process is not noted on them.
-    ChildProcess search(
-        {kPointingTool, "search", "--onlyvisible", "--classname", "ContextMenuApp"});
-    const bool found = search.waitForEnd() == 0;
-    const std::string output = search.output();
-    // It gives up when any window, the window manager's for one, ends while it looks at it.
-    if (output.find("X Error") != std::string::npos) continue;
-    return found ? linesOf(output) : std::vector<std::string>();
-  }
-}
-
-/// From lines "NAME=VALUE".
-std::map<std::string, int> valuesIn(const std::string &output) {
-  std::map<std::string, int> values;
-  for (const std::string &line : linesOf(output)) {
-    const auto equals = line.find('=');
-    if (equals == std::string::npos) continue;
-    values[line.substr(0, equals)] = std::atoi(line.c_str() + equals + 1);
-  }
-  return values;
-}
-
-std::string cropOf(const ScreenArea &area) {
-  return std::to_string(area.width) + "x" + std::to_string(area.height) + "+" +
-         std::to_string(area.x) + "+" + std::to_string(area.y);
-}
 
 bool hasOneColour(const std::string &pixels) {
   constexpr std::size_t kBytesOfAPixel = 3;
@@ -70,28 +32,19 @@ bool hasOneColour(const std::string &pixels) {
 }  // namespace
 
 std::vector<ScreenWindow> windowsOnScreen() {
-  std::vector<ScreenWindow> windows;
-  for (const std::string &number : numbersOnScreen()) {
-    auto geometry = valuesIn(outputOf({kPointingTool, "getwindowgeometry", "--shell", number}));
-    if (geometry.empty()) continue;  // it has been closed meanwhile
-    const auto title = linesOf(outputOf({kPointingTool, "getwindowname", number}));
-    windows.push_back({number,
-                       title.empty() ? "" : title.front(),
-                       {geometry["X"], geometry["Y"], geometry["WIDTH"], geometry["HEIGHT"]}});
-  }
-  return windows;
+  return visibleWindowsOf("ContextMenuApp");
 }
 
 bool waitForWindows(std::size_t count) {
-  return waitFor([&] { return numbersOnScreen().size() == count; });
+  return waitFor([&] { return windowsOnScreen().size() == count; });
 }
 
 bool waitForKeyboard() {
   return waitFor([] {
-    const auto focus = linesOf(outputOf({kPointingTool, "getwindowfocus"}));
-    const auto numbers = numbersOnScreen();
-    return !focus.empty() &&
-           std::find(numbers.begin(), numbers.end(), focus.front()) != numbers.end();
+    const std::string focus = windowWithKeyboard();
+    const auto windows = windowsOnScreen();
+    return std::any_of(windows.begin(), windows.end(),
+                       [&](const ScreenWindow &window) { return window.number == focus; });
   });
 }
 
@@ -131,20 +84,21 @@ void releaseButton() {
 }
 
 std::string picture(const ScreenArea &area) {
-  const std::string pixels = outputOf({"/usr/bin/import", "-silent", "-window", "root", "-crop",
-                                       cropOf(area), "+repage", "-depth", "8", "rgb:-"});
+  const std::string pixels = pixelsIn(area);
   if (hasOneColour(pixels)) return "";
-  return cropOf(area) + ":" + std::to_string(std::hash<std::string>()(pixels));
+  return std::to_string(area.width) + "x" + std::to_string(area.height) + ":" +
+         std::to_string(std::hash<std::string>()(pixels));
 }
 
 std::string settledPicture(const ScreenArea &area) {
   std::string latest;
-  int alike = 0;
+  double since = 0;
   const bool settled = waitFor([&] {
     const std::string next = picture(area);
-    alike = !next.empty() && next == latest ? alike + 1 : 0;
+    const double now = detail::secondsNow();
+    if (next.empty() || next != latest) since = now;
     latest = next;
-    return alike == kAlikePictures;
+    return now - since >= kSettledSeconds;
   });
   return settled ? latest : "";
 }

@@ -1,6 +1,9 @@
 #include <gmock/gmock.h>
 
+#include <numeric>
+
 #import "tests/e2e/WindowTest.h"
+#include "tests/support/Thorough.h"
 
 // The clients here are this process: it says over the wire what no plug-in would say.
 
@@ -18,6 +21,17 @@ struct Flags {
   int tab = 0;
   int fileId = 1;
 };
+
+/// What a flag may be on the wire: of those with several bits set only some, unless every case is
+/// gone through.
+std::vector<int> bytes() {
+  std::vector<int> found = {0, 1, 2, 4, 8, 16, 32, 64, 128, 3, 127, 129, 254, 255};
+  if (isThorough()) {
+    found.resize(256);
+    std::iota(found.begin(), found.end(), 0);
+  }
+  return found;
+}
 
 /// The type of a flag in the client's declaration: the platform's own BOOL, or that of a client
 /// for which BOOL is a signed char.
@@ -175,8 +189,8 @@ TEST_F(WindowArguments, AnyByteButZeroIsAFlagThatIsSet) {
   EXPECT_NE(onlyWindow("name").number, "");
 }
 
-TEST_F(WindowArguments, EveryByteInEveryFlagOpensTheSendWindow) {
-  for (int byte = 0; byte < 256; ++byte) {
+TEST_F(WindowArguments, AnyByteInEveryFlagOpensTheSendWindow) {
+  for (const int byte : bytes()) {
     const Flags flags = {.first = byte, .folder = byte, .tab = byte, .fileId = byte};
     ASSERT_EQ(openSend(@"id", @"name", flags), "") << byte;
   }
@@ -184,8 +198,8 @@ TEST_F(WindowArguments, EveryByteInEveryFlagOpensTheSendWindow) {
   EXPECT_TRUE(serves());
 }
 
-TEST_F(WindowArguments, EveryByteInEveryFlagOpensTheShareWindow) {
-  for (int byte = 0; byte < 256; ++byte) {
+TEST_F(WindowArguments, AnyByteInEveryFlagOpensTheShareWindow) {
+  for (const int byte : bytes()) {
     ASSERT_EQ(openShare(@"id", nil, {.first = byte, .tab = byte, .fileId = byte}), "") << byte;
   }
   EXPECT_NE(onlyWindow("Share Folder").number, "");

@@ -153,17 +153,6 @@ TEST_P(Remove, TellsWhatCameOfItAndWorksAgain) {
   expectAfterAction(Outcome::Succeeds, @"permissionRevokedSuccessMessageTextFormatKey");
 }
 
-namespace {
-
-/// Whoever has no agent has no list of which a row could be used.
-std::vector<Fault> faultsAfterAList() {
-  std::vector<Fault> faults = allFaults();
-  std::erase_if(faults, [](const Fault &fault) { return fault.strike == Strike::Absent; });
-  return faults;
-}
-
-}  // namespace
-
-INSTANTIATE_TEST_SUITE_P(Row, List, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, Change, testing::ValuesIn(faultsAfterAList()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, Remove, testing::ValuesIn(faultsAfterAList()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, List, testing::ValuesIn(testedFaultsOf(Column::List)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Change, testing::ValuesIn(testedFaultsOf(Column::Change)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Remove, testing::ValuesIn(testedFaultsOf(Column::Remove)), nameOfRow);

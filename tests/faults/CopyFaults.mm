@@ -135,5 +135,7 @@ TEST_P(CopyTab, TellsWhatCameOfItAndWorksAgain) {
   expect(window, Outcome::Succeeds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, DirectCopy, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, CopyTab, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, DirectCopy, testing::ValuesIn(testedFaultsOf(Column::DirectCopy)),
+                         nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, CopyTab, testing::ValuesIn(testedFaultsOf(Column::CopyTab)),
+                         nameOfRow);

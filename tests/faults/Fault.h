@@ -8,6 +8,17 @@
 
 #include "tests/support/AgentProcess.h"
 
+/// What is wrong, in a word.
+enum class FaultKind {
+  Health,
+  OfTheProcess,
+  UnreadableReply,
+  Refusal,
+  UnusualError,
+  UnusualValue,
+  Enormous,
+};
+
 /// What befalls the agent's process, besides what it answers.
 enum class Strike {
   None,
@@ -33,6 +44,7 @@ enum class Outcome {
 /// of it.
 struct Fault {
   const char *name;
+  FaultKind kind;
   Strike strike;
   /// The script's entry for the operation in question. value: what the agent answers in health.
   NSDictionary *(*entry)(id value);
@@ -45,6 +57,9 @@ struct Fault {
 
 constexpr NSUInteger kHealthyContacts = 2;
 
+/// Whether one shows the same as the other: the same kind, with the same outcomes.
+bool isOfTheSameKind(const Fault &one, const Fault &other);
+
 void PrintTo(const Fault &fault, std::ostream *out);
 
 /// All rows.
@@ -53,6 +68,40 @@ const std::vector<Fault> &allFaults();
 /// Those that the agent's process suffers during a call or by its reply: they can befall any of
 /// several calls in a row.
 std::vector<Fault> faultsOfACall();
+
+/// All but that there never was an agent: nobody who has none has a list of which a row could be
+/// used.
+std::vector<Fault> faultsAfterAList();
+
+/// What the application does. Each is a column of the matrix.
+enum class Column {
+  DirectCopy,
+  CopyTab,
+  Send,
+  Invite,
+  InviteLater,
+  InviteQuestion,
+  InviteQuestionLater,
+  List,
+  Change,
+  Remove,
+  Refresh,
+  LaunchWithFault,
+  MenuCopyLink,
+  MenuSend,
+  MenuShare,
+};
+inline constexpr int kColumns = 15;
+
+/// The faults that can befall a column.
+std::vector<Fault> faultsOf(Column column);
+
+/// Those of which the column has a cell: of faults of the same kind one, in each column another
+/// one, unless every case is gone through.
+std::vector<Fault> testedFaultsOf(Column column);
+
+/// As testedFaultsOf, whatever the check: what is left of all faults.
+std::vector<Fault> oneOfEachKind(Column column);
 
 /// The agent that a fault befalls.
 class FaultyAgent {

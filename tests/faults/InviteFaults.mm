@@ -162,7 +162,10 @@ TEST_P(InviteQuestionLater, OfTheLastIsNoObstacleWithoutAnAnswerAndWorksAgain) {
   failAtQuestion(2);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, InviteQuestion, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, InviteQuestionLater, testing::ValuesIn(faultsOfACall()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, Invite, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, InviteLater, testing::ValuesIn(faultsOfACall()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, InviteQuestion,
+                         testing::ValuesIn(testedFaultsOf(Column::InviteQuestion)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, InviteQuestionLater,
+                         testing::ValuesIn(testedFaultsOf(Column::InviteQuestionLater)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Invite, testing::ValuesIn(testedFaultsOf(Column::Invite)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, InviteLater, testing::ValuesIn(testedFaultsOf(Column::InviteLater)),
+                         nameOfRow);

@@ -136,6 +136,9 @@ TEST_P(MenuShare, ShowsWhatCameOfItAndWorksAgain) {
   expect(Outcome::Succeeds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, MenuCopyLink, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, MenuSend, testing::ValuesIn(allFaults()), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, MenuShare, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, MenuCopyLink, testing::ValuesIn(testedFaultsOf(Column::MenuCopyLink)),
+                         nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, MenuSend, testing::ValuesIn(testedFaultsOf(Column::MenuSend)),
+                         nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, MenuShare, testing::ValuesIn(testedFaultsOf(Column::MenuShare)),
+                         nameOfRow);

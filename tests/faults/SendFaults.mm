@@ -91,4 +91,4 @@ TEST_P(Send, TellsWhatCameOfItAndKeepsWhatWasTypedAndWorksAgain) {
   EXPECT_GE(agent.callsOf(kSendFile), 1u);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, Send, testing::ValuesIn(allFaults()), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Send, testing::ValuesIn(testedFaultsOf(Column::Send)), nameOfRow);

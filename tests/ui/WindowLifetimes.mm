@@ -5,16 +5,20 @@
 
 #include <unistd.h>
 
+#include "tests/support/Thorough.h"
+
 namespace {
 
-constexpr int kOpenings = 200;
+/// By then everything that is made once has been made.
+const int kFirstOpenings = repetitions(25, 50);
+const int kOpenings = repetitions(50, 200);
 /// What the platform may keep for itself (caches, fragmentation), far below what one window takes
-/// when it is left behind 200 times.
+/// when it is left behind so many times.
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
 // A sanitizer keeps freed memory for a while; it looks for what is left behind by itself.
 constexpr long kFlatKilobytes = LONG_MAX / 2;
 #else
-constexpr long kFlatKilobytes = 4096;
+const long kFlatKilobytes = repetitions(2048, 4096);
 #endif
 
 struct WindowLifetimes : Windows {
@@ -27,11 +31,11 @@ struct WindowLifetimes : Windows {
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
   }
 
-  /// Does it 50 times to fill the platform's caches, then 200 times, and expects memory, windows
-  /// and ends of `cls` as they should be.
+  /// Does it some times to fill the platform's caches, then kOpenings times, and expects memory,
+  /// windows and ends of `cls` as they should be.
   template <class Once>
   void expectFlat(Class cls, Once once) {
-    for (int i = 0; i < 50; ++i) {
+    for (int i = 0; i < kFirstOpenings; ++i) {
       @autoreleasepool {
         once();
       }

@@ -21,15 +21,16 @@ CHECK = ["-fsyntax-only", "-ferror-limit=0",
          "-Wno-everything", "-Werror=objc-method-access", "-Werror=receiver-forward-class"]
 
 
-def command(root, unit):
+def command(root, unit, source):
     compiler, *flags = unit.flags()
     return [compiler, "-include", str(root / HEADER), *HIDE_NEWER, *flags, *CHECK,
-            str(root / unit.source)]
+            str(source)]
 
 
 def lint(root, build):
     return check_all(build, "api-floor", units(root, build, APPLICATION_FOLDERS, (".mm",)),
-                     lambda unit: command(root, unit), extra_inputs=[root / HEADER])
+                     lambda unit, source: command(root, unit, source),
+                     extra_inputs=[root / HEADER])
 
 
 if __name__ == "__main__":

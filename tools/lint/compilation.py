@@ -1,12 +1,16 @@
 """What the lints that compile share: the build's compile commands, and running many of them in
-parallel without repeating those whose inputs have not changed since they passed."""
+parallel, several sources at a time, without repeating those whose inputs have not changed since
+they passed."""
 
 import hashlib
+import itertools
 import json
 import os
 import re
 import shlex
 import subprocess
+import tempfile
+from collections import namedtuple
 from concurrent.futures import ThreadPoolExecutor
 from functools import lru_cache
 from pathlib import Path
@@ -27,7 +31,8 @@ class Unit:
     """One compiled source file of the project."""
 
     def __init__(self, root, entry):
-        self.source = Path(entry["directory"], entry["file"]).resolve().relative_to(root)
+        self.path = Path(entry["directory"], entry["file"]).resolve()
+        self.source = self.path.relative_to(root)
         self.directory = Path(entry["directory"])
         self.arguments = shlex.split(entry["command"])
         self.object = self.arguments[self.arguments.index("-o") + 1]
@@ -46,6 +51,9 @@ class Unit:
             elif argument not in ("-c", "-MD", "-MMD") and not self.is_source(argument):
                 kept.append(argument)
         return kept
+
+    def text(self):
+        return self.path.read_text(encoding="utf-8")
 
     def is_source(self, argument):
         return not argument.startswith("-") and argument.endswith(self.source.name)
@@ -102,10 +110,11 @@ class Cache:
 
     def has_passed(self, name):
         self.used.add(name)
-        return (self.folder / name).exists()
+        return name is not None and (self.folder / name).exists()
 
     def passed(self, name):
-        (self.folder / name).touch()
+        if name is not None:
+            (self.folder / name).touch()
 
     def forget_unused(self):
         for path in self.folder.iterdir():
@@ -113,33 +122,98 @@ class Cache:
                 path.unlink()
 
 
-def check_all(build, name, checked, command_for, extra_inputs=(), jobs=None):
-    """Runs command_for(unit) for every unit and returns what the failing ones printed.
+# Units that are compiled alike (kind), and the names that they define at file scope.
+Batch = namedtuple("Batch", "kind units names")
 
-    extra_inputs are files besides sources and headers that decide the outcome.
+# By this name the static analyzer knows a file whose included sources it is to follow, too.
+UNIFIED_SOURCE = "UnifiedSource"
+
+# What clang-tidy writes behind an error of the compiler.
+NOT_COMPILED = "[clang-diagnostic-error"
+
+# The name that a line at file scope declares or defines, roughly: the last one before its value,
+# parameters or body. The format does not indent what is in a namespace.
+FILE_SCOPE_NAME = re.compile(
+    r"^(?!namespace\b|using\b|template\b|extern\b|#import|#include|[A-Z_]+\()(?=[\w#])[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
+    re.MULTILINE)
+
+
+def batches(checked, size):
+    """The units in batches that one compilation can take, of at most this size: compiled alike, and
+    no name defined by two sources."""
+    found = []
+    for unit in checked:
+        kind = (unit.source.suffix, unit.flags())
+        names = set(FILE_SCOPE_NAME.findall(unit.text()))
+        for batch in found:
+            if len(batch.units) < size and batch.kind == kind and batch.names.isdisjoint(names):
+                batch.units.append(unit)
+                batch.names.update(names)
+                break
+        else:
+            found.append(Batch(kind, [unit], names))
+    return [batch.units for batch in found]
+
+
+def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
+    """Runs command_for(unit, source) for every unit and returns what the failing ones printed.
+
+    extra_inputs are files besides sources and headers that decide the outcome. With a batch_size the
+    source is one that includes up to so many units' sources, because reading the platform's headers
+    takes longer than checking a source. Of a batch that fails, each unit that may be the reason is
+    checked by itself.
     """
     depends_on = dependencies(build)
     cache = Cache(build / "lint-cache" / name)
 
-    def check(unit):
-        command = command_for(unit)
-        remembered = None
-        if unit.object in depends_on:
-            inputs = [*depends_on[unit.object], *map(str, extra_inputs)]
-            if all(map(os.path.exists, inputs)):
-                remembered = key(command, inputs)
-                if cache.has_passed(remembered):
-                    return None
-        result = subprocess.run(command, cwd=unit.directory, capture_output=True, text=True)
+    def remembered(unit):
+        if unit.object not in depends_on:
+            return None
+        inputs = [*depends_on[unit.object], *map(str, extra_inputs)]
+        if not all(map(os.path.exists, inputs)):
+            return None
+        return key(command_for(unit, unit.path), inputs)
+
+    def run(unit, source):
+        return subprocess.run(command_for(unit, source), cwd=unit.directory, capture_output=True,
+                              text=True)
+
+    def check_alone(unit):
+        result = run(unit, unit.path)
         if result.returncode == 0:
-            if remembered:
-                cache.passed(remembered)
+            cache.passed(keys[unit])
             return None
         said = f"{result.stdout}\n{result.stderr}".splitlines()
         return "\n".join(line for line in said if line and not COUNT.match(line))
 
-    findings = Findings()
-    with ThreadPoolExecutor(jobs or os.cpu_count()) as pool:
-        findings += filter(None, pool.map(check, checked))
+    def run_together(batch):
+        with tempfile.NamedTemporaryFile("w", prefix=UNIFIED_SOURCE,
+                                         suffix=batch[0].source.suffix) as together:
+            # The includes themselves would be found fault with.
+            together.writelines(f'#include "{unit.path}"  // NOLINT\n' for unit in batch)
+            together.flush()
+            return run(batch[0], together.name)
+
+    def suspects(batch):
+        """Those that may not pass by themselves; the others are done with."""
+        result = run_together(batch)
+        if result.returncode == 0:
+            return []
+        said = result.stdout + result.stderr
+        named = [unit for unit in batch if f"{unit.path}:" in said]
+        # Where the compilation broke off or a header is at fault, each may be.
+        return batch if not named or NOT_COMPILED in said else named
+
+    def check_batch(batch):
+        to_check = suspects(batch) if len(batch) > 1 else batch
+        for unit in batch:
+            if unit not in to_check:
+                cache.passed(keys[unit])
+        return [*filter(None, map(check_alone, to_check))]
+
+    with ThreadPoolExecutor(os.cpu_count()) as pool:
+        keys = {unit: remembered(unit) for unit in checked}
+        to_check = [unit for unit in checked if not cache.has_passed(keys[unit])]
+        findings = Findings(itertools.chain(*pool.map(check_batch, batches(to_check, batch_size))))
     cache.forget_unused()
     return findings

@@ -94,6 +94,20 @@ class StaticAnalysis(SampleBuild):
         self.write("app/rule.cpp", '#include "app/rule.h"\n')
         self.assert_finds(self.findings_in(""), "rule.h:2", "modernize-use-override")
 
+    def test_a_leak_is_found_among_sources_that_are_looked_at_together(self):
+        for name in ("First", "Second"):
+            self.write(f"app/{name}.mm", CLASS.replace("Sample", name).format(body="[self hash];"))
+        self.assert_finds(self.findings_in("id a = [[NSObject alloc] init]; [a hash];"),
+                          "Sample.mm:7", "osx.cocoa.RetainCount")
+
+    def test_sources_that_do_not_go_together_pass(self):
+        self.write("app/one.cpp", "#include <string>\nint f() { return 1; }\n"
+                                  "static std::string quoted(std::string a) { return a; }\n"
+                                  "std::string g() { return quoted(\"a\") + \"b\"; }\n")
+        self.write("app/other.cpp", "#include <iomanip>\nstatic int f(int a) { return a; }\n"
+                                    "int h() { return f(1); }\n")
+        self.assertEqual(self.findings_in(""), [])
+
     def test_tests_are_looked_at_only_with_all_folders(self):
         self.write("tests/rule.cpp", "struct Base { virtual void f(); };\n"
                                      "struct Derived : Base { virtual void f(); };\n")
@@ -122,6 +136,18 @@ class Flags(unittest.TestCase):
         self.assertEqual(unit.flags(), ["clang++", "-I/project", "-include", "/project/Prefix.h"])
 
 
+class Batches(SampleBuild):
+    def test_only_sources_without_a_name_in_common_are_together(self):
+        self.write("app/a.cpp", "namespace {\nconstexpr int kGap = 1;\n}\n")
+        self.write("app/b.cpp", "namespace {\nconst double kGap{2};\n}\n")
+        self.write("app/c.cpp", "int c() {\n  int kGap = 3;\n  return kGap;\n}\n")
+        self.write("app/d.mm", "int d() { return 4; }\n")
+        units = compilation.units(self.root, self.build(), ("app",), (".cpp", ".mm"))
+        self.assertEqual([[unit.source.stem for unit in batch]
+                          for batch in compilation.batches(units, 8)], [["a", "c"], ["b"], ["d"]])
+        self.assertEqual([len(batch) for batch in compilation.batches(units, 1)], [1, 1, 1, 1])
+
+
 class Cache(SampleBuild):
     """With a command in the place of the compiler that only says that it ran."""
 
@@ -136,7 +162,7 @@ class Cache(SampleBuild):
         units = compilation.units(self.root, build, ("app",), (".cpp",))
         compilation.content_hash.cache_clear()
         with mock.patch.object(compilation.subprocess, "run", wraps=compilation.subprocess.run) as run:
-            compilation.check_all(build, "sample", units, lambda unit: list(command), extra)
+            compilation.check_all(build, "sample", units, lambda unit, source: list(command), extra)
         return sum(call.args[0] == list(command) for call in run.call_args_list)
 
     def test_what_passed_is_not_repeated(self):

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+/// What the window server of the private screen knows, asked over a connection of this process's
+/// own: tests wait for windows, and starting a program for each look would take most of their time.
+/// Not through the platform, which is what is tested. On the main thread. Throws std::runtime_error
+/// when the server cannot be reached.
+
+/// In pixels of the screen, from its upper left corner.
+struct ScreenArea {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+};
+
+/// A window that can be seen.
+struct ServerWindow {
+  /// As other programs write it.
+  std::string number;
+  /// In UTF-8.
+  std::string title;
+  ScreenArea area;
+};
+
+/// Those that can be seen, of the program with this name (the first part of WM_CLASS, which the
+/// platform gives its windows; their process is not noted on them), in no particular order.
+std::vector<ServerWindow> visibleWindowsOf(const std::string &program);
+
+/// The number of the window with the keyboard, or of the one around it that a program has opened;
+/// "" when there is none.
+std::string windowWithKeyboard();
+
+/// The colours in a part of the screen, three bytes a pixel, row by row; "" when a part of the area
+/// is not on the screen.
+std::string pixelsIn(const ScreenArea &area);
