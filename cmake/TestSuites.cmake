@@ -2,8 +2,9 @@
 # than most tests do.
 #
 # discover_test_suites(TARGET TIMEOUT [SIZE SIZE] [ALONE SUITE...]): after the program has been built
-# it is asked for its tests. Each suite becomes a test of CTest, in parts of at most SIZE tests (20);
-# with a SIZE of 1, and of the suites after ALONE, each test becomes one by itself. TIMEOUT: seconds
+# it is asked for its tests. Suites become a test of CTest together as far as these are at most SIZE
+# tests (20), longer ones by themselves in parts of so many; with a SIZE of 1, and of the suites after
+# ALONE, each test becomes one by itself. TIMEOUT: seconds
 # that one of these may take.
 set(list_test_suites ${CMAKE_CURRENT_LIST_DIR}/ListTestSuites.cmake)
 

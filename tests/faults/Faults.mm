@@ -158,8 +158,8 @@ const std::vector<Fault> kFaults = {
      [](id) -> NSDictionary * { return @{@"contacts" : @100000}; }, SucceedsWithoutLink, Succeeds,
      Nobody, 100000},
     {"MessageIsAnEnormousText", Enormous, Strike::None,
-     [](id) -> NSDictionary * { return @{@"messageLength" : @20000000}; }, Refused, Refused, Nobody,
-     0},
+     [](id) -> NSDictionary * { return @{@"messageLength" : isThorough() ? @20000000 : @2000000}; },
+     Refused, Refused, Nobody, 0},
 };
 
 }  // namespace

@@ -17,11 +17,11 @@ namespace {
 constexpr int kOpenings = 40;
 constexpr double kMostGrowthKibibytes = 1e9;
 #else
-const int kOpenings = repetitions(60, 200);
+const int kOpenings = repetitions(45, 200);
 constexpr double kMostGrowthKibibytes = 1024;
 #endif
 /// By then everything that is made once has been made.
-const int kFirstOpenings = repetitions(20, 40);
+const int kFirstOpenings = repetitions(15, 40);
 
 // A load that outlives its window ends on its own thread.
 std::atomic<int> endedControllers = 0;

@@ -10,8 +10,8 @@
 namespace {
 
 /// By then everything that is made once has been made.
-const int kFirstOpenings = repetitions(25, 50);
-const int kOpenings = repetitions(50, 200);
+const int kFirstOpenings = repetitions(15, 50);
+const int kOpenings = repetitions(30, 200);
 /// What the platform may keep for itself (caches, fragmentation), far below what one window takes
 /// when it is left behind so many times.
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)

@@ -59,6 +59,9 @@ WindowsWithoutAgent::WindowsWithoutAgent() {
 
 WindowsWithoutAgent::~WindowsWithoutAgent() {
   closeWindows();
+  // The next test finds the application as it is after its launch, without an address book.
+  [delegate setAddressBookForShare:nil];
+  [delegate setEmployeeContacts:nil];
   [proxy release];
 }
 
