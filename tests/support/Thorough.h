@@ -4,7 +4,8 @@
 
 /// Whether the tests go through every case, as `./check --all` has them do by the environment
 /// variable CHECK_THOROUGHLY. Otherwise a test that repeats the same with many values of the same
-/// kind (faults, bytes, windows) takes some of each kind, because a check that takes long is not run.
+/// kind (faults, bytes, windows) takes some of each kind, because a check that takes long is not
+/// run.
 inline bool isThorough() {
   return std::getenv("CHECK_THOROUGHLY") != nullptr;
 }

@@ -2,6 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include "tests/support/PictureOfFailure.h"
 #include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
 #include "tests/support/ProgramEnd.h"
@@ -10,6 +11,8 @@ int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::Private);
   testing::InitGoogleTest(&argc, argv);
   giveEachTestAPool();
+  // Owned by the list.
+  testing::UnitTest::GetInstance()->listeners().Append(new PictureOfFailure);
   int result = 0;
   @autoreleasepool {
     if (!testing::GTEST_FLAG(list_tests)) {

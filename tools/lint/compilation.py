@@ -128,6 +128,9 @@ Batch = namedtuple("Batch", "kind units names")
 # By this name the static analyzer knows a file whose included sources it is to follow, too.
 UNIFIED_SOURCE = "UnifiedSource"
 
+# The file in which clang-tidy found something.
+PLACE_OF_FINDING = re.compile(r"^(.*):\d+:\d+: (?:error|warning): ", re.MULTILINE)
+
 # What clang-tidy writes behind an error of the compiler.
 NOT_COMPILED = "[clang-diagnostic-error"
 
@@ -200,9 +203,12 @@ def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
         if result.returncode == 0:
             return []
         said = result.stdout + result.stderr
-        named = [unit for unit in batch if f"{unit.path}:" in said]
+        at_fault = set(PLACE_OF_FINDING.findall(said))
+        paths = {str(unit.path) for unit in batch}
         # Where the compilation broke off or a header is at fault, each may be.
-        return batch if not named or NOT_COMPILED in said else named
+        if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
+            return batch
+        return [unit for unit in batch if str(unit.path) in at_fault]
 
     def check_batch(batch):
         to_check = suspects(batch) if len(batch) > 1 else batch

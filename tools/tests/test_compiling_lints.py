@@ -23,82 +23,70 @@ CLASS = """#import <AppKit/AppKit.h>
 
 
 class ApiFloor(SampleBuild):
-    def setUp(self):
-        super().setUp()
+    """All samples are looked at together, because reading the platform's headers takes longest."""
+
+    NEWER = {
+        "NewerMethod": ('[@"abc" containsString:@"a"];', "containsString:"),
+        "NewerClass": ("[[[NSUUID alloc] init] release];", "NSUUID"),
+        "Extension": ('[@" a" stringByTrimmingLeadSpaces];', "stringByTrimmingLeadSpaces"),
+        "Macro": ("id a = nil; RELEASE(a);", "RELEASE"),
+    }
+    OLD_ENOUGH = """[[NSPasteboard generalPasteboard] setString:@"a" forType:NSStringPboardType];
+      for (NSString *name in [NSArray arrayWithObject:@"a"]) [name lowercaseString];
+      [[[[NSAlert alloc] init] autorelease] runModal];"""
+
+    def test_what_is_newer_than_10_6_is_found_and_nothing_else(self):
         self.write(api_floor.HEADER, (TOOLS / "lint/api_floor.h").read_text())
-
-    def findings_in(self, body, before=""):
-        self.write("app/Sample.mm", before + CLASS.format(body=body))
-        return api_floor.lint(self.root, self.build())
-
-    def test_what_10_6_has_passes(self):
-        body = """[[NSPasteboard generalPasteboard] setString:@"a" forType:NSStringPboardType];
-          for (NSString *name in [NSArray arrayWithObject:@"a"]) [name lowercaseString];
-          [[[[NSAlert alloc] init] autorelease] runModal];"""
-        self.assertEqual(self.findings_in(body), [])
-
-    def test_c_plus_plus_headers_still_compile(self):
-        self.write("app/Other.mm", "#import <AppKit/AppKit.h>\n#include <string>\n#include <vector>\n"
-                                   "template <class T> T twice(T t) { return t + t; }\n")
-        self.assertEqual(self.findings_in(""), [])
-
-    def test_a_newer_method_is_found(self):
-        self.assert_finds(self.findings_in('[@"abc" containsString:@"a"];'), "containsString:")
-
-    def test_a_newer_class_is_found(self):
-        self.assert_finds(self.findings_in("[[[NSUUID alloc] init] release];"), "NSUUID")
-
-    def test_an_extension_is_found(self):
-        self.assert_finds(self.findings_in('[@" a" stringByTrimmingLeadSpaces];'),
-                          "stringByTrimmingLeadSpaces")
-
-    def test_a_macro_of_the_platform_is_found(self):
-        self.assert_finds(self.findings_in("id a = nil; RELEASE(a);"), "RELEASE")
-
-    def test_what_a_header_of_ours_declares_stays_visible(self):
+        for name, (body, _) in self.NEWER.items():
+            self.write(f"app/{name}.mm", CLASS.format(body=body))
+        self.write("app/OldEnough.mm", CLASS.format(body=self.OLD_ENOUGH))
+        self.write("app/CPlusPlus.mm", "#import <AppKit/AppKit.h>\n#include <string>\n"
+                                       "#include <vector>\n"
+                                       "template <class T> T twice(T t) { return t + t; }\n")
         self.write("app/Gap.h", "#import <Foundation/Foundation.h>\n@interface NSString (Gap)\n"
                                 "- (BOOL)containsString:(NSString *)part;\n@end\n")
-        body = '[@"abc" containsString:@"a"];'
-        self.assertEqual(self.findings_in(body, before='#import "app/Gap.h"\n'), [])
+        self.write("app/Gap.mm", '#import "app/Gap.h"\n' +
+                   CLASS.format(body='[@"abc" containsString:@"a"];'))
+        findings = api_floor.lint(self.root, self.build())
+        for name, (_, found) in self.NEWER.items():
+            with self.subTest(name):
+                self.assert_finds([text for text in findings if f"{name}.mm" in text], found)
+        self.assertEqual(len(findings), len(self.NEWER), findings)
 
 
 class StaticAnalysis(SampleBuild):
+    """The samples are looked at together, as the sources of the project are."""
+
+    FAULTS = {
+        "Leaked.mm": (CLASS.format(body="id a = [[NSObject alloc] init]; [a hash];"),
+                      ("Leaked.mm:7", "RetainCount")),
+        "ReleasedTooOften.mm": (CLASS.format(body="id a = [NSMutableArray array]; [a release];")
+                                .replace("Sample", "ReleasedTooOften"),
+                                ("ReleasedTooOften.mm:7", "not owned", "RetainCount")),
+        "rule.cpp": ("#include <string>\nint f(std::string a) {\n"
+                     "  std::string b = std::move(a);\n"
+                     "  return b.size() > a.size() ? 1 : 0;\n}\n",
+                     ("rule.cpp:4", "bugprone-use-after-move")),
+        "header.cpp": ('#include "app/header.h"\n', ("header.h:2", "modernize-use-override")),
+    }
+    RULE_OF_OVERRIDES = ("struct Base { virtual void f(); };\n"
+                         "struct Derived : Base { virtual void f(); };\n")
+
     def setUp(self):
         super().setUp()
         self.write(".clang-tidy", (TOOLS.parent / ".clang-tidy").read_text())
 
-    def findings_in(self, body):
-        self.write("app/Sample.mm", CLASS.format(body=body))
-        return static_analysis.lint(self.root, self.build())
-
-    def test_clean_code_passes(self):
-        self.assertEqual(self.findings_in("[[[[NSObject alloc] init] autorelease] hash];"), [])
-
-    def test_a_leaked_object_is_found(self):
-        self.assert_finds(self.findings_in("id a = [[NSObject alloc] init]; [a hash];"),
-                          "Sample.mm:7", "osx.cocoa.RetainCount")
-
-    def test_an_object_released_too_often_is_found(self):
-        self.assert_finds(self.findings_in("id a = [NSMutableArray array]; [a release];"),
-                          "osx.cocoa.RetainCount")
-
-    def test_a_rule_of_c_plus_plus_is_found(self):
-        self.write("app/rule.cpp", "#include <string>\nint f(std::string a) {\n"
-                                   "  std::string b = std::move(a);\n"
-                                   "  return b.size() > a.size() ? 1 : 0;\n}\n")
-        self.assert_finds(self.findings_in(""), "rule.cpp:4", "bugprone-use-after-move")
-
-    def test_a_header_of_ours_is_looked_at(self):
-        self.write("app/rule.h", "struct Base { virtual void f(); };\n"
-                                 "struct Derived : Base { virtual void f(); };\n")
-        self.write("app/rule.cpp", '#include "app/rule.h"\n')
-        self.assert_finds(self.findings_in(""), "rule.h:2", "modernize-use-override")
-
-    def test_a_leak_is_found_among_sources_that_are_looked_at_together(self):
-        for name in ("First", "Second"):
-            self.write(f"app/{name}.mm", CLASS.replace("Sample", name).format(body="[self hash];"))
-        self.assert_finds(self.findings_in("id a = [[NSObject alloc] init]; [a hash];"),
-                          "Sample.mm:7", "osx.cocoa.RetainCount")
+    def test_each_fault_is_found_and_nothing_else(self):
+        self.write("app/header.h", self.RULE_OF_OVERRIDES)
+        for name, (text, _) in self.FAULTS.items():
+            self.write(f"app/{name}", text)
+        body = "[[[[NSObject alloc] init] autorelease] hash];"
+        self.write("app/Clean.mm", CLASS.replace("Sample", "Clean").format(body=body))
+        findings = static_analysis.lint(self.root, self.build())
+        for name, (_, parts) in self.FAULTS.items():
+            with self.subTest(name):
+                self.assert_finds([text for text in findings if all(p in text for p in parts)], *parts)
+        self.assertEqual(len(findings), len(self.FAULTS), findings)
 
     def test_sources_that_do_not_go_together_pass(self):
         self.write("app/one.cpp", "#include <string>\nint f() { return 1; }\n"
@@ -106,11 +94,10 @@ class StaticAnalysis(SampleBuild):
                                   "std::string g() { return quoted(\"a\") + \"b\"; }\n")
         self.write("app/other.cpp", "#include <iomanip>\nstatic int f(int a) { return a; }\n"
                                     "int h() { return f(1); }\n")
-        self.assertEqual(self.findings_in(""), [])
+        self.assertEqual(static_analysis.lint(self.root, self.build()), [])
 
     def test_tests_are_looked_at_only_with_all_folders(self):
-        self.write("tests/rule.cpp", "struct Base { virtual void f(); };\n"
-                                     "struct Derived : Base { virtual void f(); };\n")
+        self.write("tests/rule.cpp", self.RULE_OF_OVERRIDES)
         build = self.build()
         self.assertEqual(static_analysis.lint(self.root, build), [])
         self.assert_finds(static_analysis.lint(self.root, build, static_analysis.FOLDERS),
