@@ -20,6 +20,10 @@ void PrintTo(const Language &language, std::ostream *out) {
   *out << language.environment;
 }
 
+/// Of the recipients' first line, where the field is empty until there is a text.
+constexpr ScreenArea kBehindCaretOfRecipients = {kSendRecipients.x + 60, kSendRecipients.y + 20,
+                                                 200, 20};
+
 struct SendMail : ServiceTest, testing::WithParamInterface<Language> {
   SendMail() : ServiceTest(GetParam().environment) {}
 
@@ -86,6 +90,8 @@ TEST_P(SendMail, PastedTextsInAnyScriptArriveWhole) {
   ASSERT_TRUE(openOn(kit.makeFile("MyDocs/plan.txt")));
   ASSERT_TRUE(copyInAnotherProgram("ann@example.org; bo@example.org\ncy@example.org"));
   pressKeys({"ctrl+v"});
+  // The application reads what is on the clipboard when it comes to the key.
+  ASSERT_TRUE(waitFor([&] { return !picture(onScreen(kBehindCaretOfRecipients)).empty(); }));
   click(kSendMessage);
   ASSERT_TRUE(copyInAnotherProgram("Grüße, 写真 مرحبا \U0001F5C2"));
   pressKeys({"ctrl+v"});

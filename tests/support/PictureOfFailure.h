@@ -13,20 +13,26 @@
 /// folder of that test below the one that the environment variable FAILED_TESTS names
 /// (tools/run-tests sets it); without that, nothing.
 class PictureOfFailure : public testing::EmptyTestEventListener {
-  void OnTestStart(const testing::TestInfo & /*info*/) override { isTaken_ = false; }
+  void OnTestStart(const testing::TestInfo &test) override {
+    name_ = std::string(test.test_suite_name()) + "." + test.name();
+    std::replace(name_.begin(), name_.end(), '/', '-');
+    isTaken_ = false;
+  }
+
+  void OnTestEnd(const testing::TestInfo & /*test*/) override { name_.clear(); }
 
   void OnTestPartResult(const testing::TestPartResult &result) override {
     const char *const folders = std::getenv("FAILED_TESTS");
-    const testing::TestInfo *const test = testing::UnitTest::GetInstance()->current_test_info();
-    if (!result.failed() || isTaken_ || folders == nullptr || test == nullptr) return;
+    if (!result.failed() || isTaken_ || folders == nullptr || name_.empty()) return;
     isTaken_ = true;
-    std::string name = std::string(test->test_suite_name()) + "." + test->name();
-    std::replace(name.begin(), name.end(), '/', '-');
-    const std::filesystem::path folder = std::filesystem::path(folders) / name;
+    const std::filesystem::path folder = std::filesystem::path(folders) / name_;
     std::filesystem::create_directories(folder);
     ChildProcess({"/usr/bin/import", "-silent", "-window", "root", folder / "screen.png"})
         .waitForEnd();
   }
 
+  /// Of the test that runs. The framework is not asked for it: it holds its lock while it tells of
+  /// a failure.
+  std::string name_;
   bool isTaken_ = false;
 };

@@ -16,6 +16,8 @@ class OtherProgram {
   explicit OtherProgram(const std::string &text) : program_(command(text)) {
     // The first that it prints is that it waits for those who ask.
     EXPECT_TRUE(program_.waitForOutput("Waiting for"));
+    // The pasteboard's server hears of it some time after that.
+    EXPECT_TRUE(waitFor([&] { return changes() != changesBefore_; }));
   }
 
   void stop() const { program_.signal(SIGSTOP); }
@@ -27,6 +29,9 @@ class OtherProgram {
     return {"/usr/bin/xclip", "-verbose", "-selection", "clipboard", "-in", file};
   }
 
+  static NSInteger changes() { return [[NSPasteboard generalPasteboard] changeCount]; }
+
+  NSInteger changesBefore_ = changes();
   ChildProcess program_;
 };
 
