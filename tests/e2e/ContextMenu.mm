@@ -42,6 +42,12 @@ struct ContextMenuOnScreen : testing::Test {
   void SetUp() override {
     ASSERT_TRUE(agent.waitForOutput("registered as")) << agent.output();
     ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+    ASSERT_TRUE(waitFor([] {
+      @autoreleasepool {
+        return [NSConnection rootProxyForConnectionWithRegisteredName:@"GWorkspace"
+                                                                 host:nil] != nil;
+      }
+    })) << fileManager.output();
   }
 
   /// Selects an item in the file manager; answers whether it came to be selected.
