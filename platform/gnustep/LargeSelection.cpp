@@ -6,7 +6,9 @@
 
 #include <algorithm>
 #include <chrono>
+#include <deque>
 #include <memory>
+#include <mutex>
 
 namespace {
 
@@ -20,6 +22,30 @@ constexpr long kPartUnits = 16L * 1024 * 1024;
 struct DisplayCloser {
   void operator()(Display *display) const { XCloseDisplay(display); }
 };
+
+using Connection = std::unique_ptr<Display, DisplayCloser>;
+
+bool hasAnswer(Display *display) {
+  while (XPending(display) > 0) {
+    XEvent event;
+    XNextEvent(display, &event);
+    if (event.type == SelectionNotify) return true;
+  }
+  return false;
+}
+
+/// Keeps the window of a question that was given up until its answer has come, or eight later ones
+/// were given up. An owner that answers later would write to a window that has gone, which ends
+/// many programs: GNUstep's pasteboard server, and with it what is on the clipboard.
+void keepForLateAnswer(Connection connection) {
+  constexpr std::size_t kMost = 8;
+  static std::mutex mutex;
+  static std::deque<Connection> kept;
+  const std::scoped_lock lock(mutex);
+  std::erase_if(kept, [](const Connection &each) { return hasAnswer(each.get()); });
+  kept.push_back(std::move(connection));
+  if (kept.size() > kMost) kept.pop_front();
+}
 
 struct Property {
   Atom type = None;
@@ -139,6 +165,9 @@ class Question {
 }  // namespace
 
 LargeSelection largeSelection(const char *display, const char *selection, double seconds) {
-  const std::unique_ptr<Display, DisplayCloser> opened(XOpenDisplay(display));
-  return opened == nullptr ? LargeSelection() : Question(opened.get(), selection, seconds).ask();
+  Connection opened(XOpenDisplay(display));
+  if (opened == nullptr) return {};
+  LargeSelection answer = Question(opened.get(), selection, seconds).ask();
+  if (answer.kind == Kind::Broken) keepForLateAnswer(std::move(opened));
+  return answer;
 }

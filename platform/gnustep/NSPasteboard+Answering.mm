@@ -21,6 +21,9 @@ constexpr NSTimeInterval kNoWaitSeconds = 0.001;
 /// For the owner of a selection to answer, as long as for the server.
 constexpr double kOwnerSeconds = 2;
 
+/// What the server takes in of a large text on a busy machine, beside the time of any answer.
+constexpr double kBytesASecond = 500'000;
+
 NSUInteger unanswered = 0;
 bool isSilent = false;
 id generalOfServer = nil;  // retained: the server's object for the general pasteboard, last known
@@ -151,7 +154,12 @@ NSArray *localCopy(NSArray *remote) {
 - (BOOL)setData:(NSData *)data forType:(NSString *)type {
   static const auto own =
       ownMethod<BOOL (*)(id, SEL, NSData *, NSString *)>([NSPasteboard class], _cmd);
-  return answerOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+  NSConnection *const connection = [[self _target] connectionForProxy];
+  const NSTimeInterval former = [connection replyTimeout];
+  [connection setReplyTimeout:former + static_cast<double>([data length]) / kBytesASecond];
+  const BOOL isTaken = answerOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+  [connection setReplyTimeout:former];
+  return isTaken;
 }
 
 - (void)clearWhenServerGoesOn {

@@ -2,6 +2,7 @@
 
 #include <fstream>
 
+#include "platform/gnustep/LargeSelection.h"
 #import "tests/ui/Windows.h"
 
 // Texts that other programs hand over in parts, which the pasteboard's server cannot receive.
@@ -21,6 +22,7 @@ class OtherProgram {
   }
 
   void stop() const { program_.signal(SIGSTOP); }
+  void resume() const { program_.signal(SIGCONT); }
 
  private:
   static std::vector<std::string> command(const std::string &text) {
@@ -85,6 +87,16 @@ TEST_P(LargeClipboard, ACopiedTextReachesOtherProgramsWhole) {
   ChildProcess reader({"/usr/bin/xclip", "-selection", "clipboard", "-out"});
   EXPECT_EQ(reader.waitForEnd(), 0);
   EXPECT_TRUE(reader.output() == whole) << reader.output().size();
+}
+
+TEST(SlowClipboardOwner, KeepsWhatItHasWhenItsAnswerComesTooLate) {
+  ASSERT_TRUE(fillClipboard());
+  const OtherProgram other("text");
+  other.stop();
+  EXPECT_EQ(largeSelection(nullptr, "CLIPBOARD", 0.2).kind, LargeSelection::Kind::Broken);
+  other.resume();
+  // It answers in the order in which it was asked.
+  EXPECT_TRUE(waitFor([] { return [clipboardText() isEqualToString:@"text"]; }));
 }
 
 TEST(HangingClipboardOwner, IsNothingToPasteAndStopsNoCopy) {
