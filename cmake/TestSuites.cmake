@@ -19,6 +19,7 @@ function(discover_test_suites target timeout)
       COMMAND ${CMAKE_COMMAND} -D program=$<TARGET_FILE:${target}> -D tests=${tests}
           -D timeout=${timeout} -D size=${arg_SIZE} "-Dalone=${alone}"
           -P ${list_test_suites} VERBATIM)
+  set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${list_test_suites})
   set(include ${CMAKE_CURRENT_BINARY_DIR}/${target}_include.cmake)
   file(WRITE ${include}
       "if(EXISTS \"${tests}\")\n  include(\"${tests}\")\n"
