@@ -8,8 +8,8 @@
 /// The permissions tab: who has access to the folder, one row each. The window's interface file
 /// creates it. Main thread, except where a method says otherwise.
 ///
-/// Stays registered for "UserAddedToShareFolder" to its end and beyond, which is the notification
-/// centre's business.
+/// Registered for "UserAddedToShareFolder" from its initialisation until letGoOfWindow, and not to
+/// its end, which a load may put off to any time.
 @interface PermissionTabController : NSObject <NSComboBoxDelegate> {
  @private
   NSMutableArray *personList;
@@ -82,9 +82,9 @@
 - (void)insertObject:(SharedWith *)person inPersonListAtIndex:(NSUInteger)index;
 - (void)removeObjectFromPersonListAtIndex:(NSUInteger)index;
 
-/// To be called when the window closes. Ends the busy indicator's animation and lets go of the
-/// window and of everything in it: a load or an action that outlives the window then touches
-/// nothing of it.
+/// To be called when the window closes, or before a tab without one is released. Hears of no
+/// invitation any more, ends the busy indicator's animation and lets go of the window and of
+/// everything in it: a load or an action that outlives the window then touches nothing of it.
 - (void)letGoOfWindow;
 
 /// Shows the success sheet with the text for `key`.

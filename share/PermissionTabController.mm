@@ -35,8 +35,7 @@
   observesFilePath = YES;
 }
 
-/// On the main thread, also when a load has outlived the window; the outlets are nil by then. Stays
-/// registered for the notification, on purpose: see the header.
+/// On the main thread, also when a load has outlived the window; the outlets are nil by then.
 - (void)dealloc {
   if (observesFilePath) [self removeObserver:self forKeyPath:@"filePath"];
   [permissionType release];
@@ -51,6 +50,9 @@
 
 /// The outlets hold no references, and what they stand for goes with the window.
 - (void)letGoOfWindow {
+  [[NSNotificationCenter defaultCenter] removeObserver:self
+                                                  name:@"UserAddedToShareFolder"
+                                                object:nil];
   [spinGear stopAnimation:nil];
   spinGear = nil;
   nameofPerson = nil;

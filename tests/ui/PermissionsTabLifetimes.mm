@@ -136,6 +136,24 @@ TEST_F(PermissionsTabLifetimes, ManyWindowsClosedWhileLoadingLeaveMemoryFlat) {
   EXPECT_LT(residentKibibytes() - before, kMostGrowthKibibytes);
 }
 
+TEST_F(PermissionsTabLifetimes, AnInvitationWhileALoadOutlivesItsWindowReachesNobody) {
+  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.5, @"reply" : success(people(5))}});
+  const int controllers = endedControllers;
+  openWindow();
+  event([&] {
+    [tab setFilePath:@"folder-1"];
+    EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+  });
+  close();
+  ASSERT_EQ(endedControllers, controllers);
+  event([] {
+    [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
+                                                        object:nil];
+  });
+  EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
+  EXPECT_EQ(calls(@"getAccess::"), 1);
+}
+
 TEST_F(PermissionsTabLifetimes, ANotificationAfterTheEndReachesNobody) {
   openWindow();
   event([&] {
@@ -181,5 +199,6 @@ TEST_F(PermissionsTabLifetimes, AListLivesOnInATabWithoutAnInterface) {
   EXPECT_EQ([[bare personList] count], 3u);
   event([&] { [bare refershManagePermissionsView]; });
   EXPECT_EQ([[bare personList] count], 3u);
+  [bare letGoOfWindow];
   [bare release];
 }

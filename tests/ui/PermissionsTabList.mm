@@ -206,5 +206,6 @@ TEST_F(PermissionsTabList, TheListIsStoredAsItIsAndChangedInPlace) {
   EXPECT_EQ([rows objectAtIndex:0], row);
   [other removeObjectFromPersonListAtIndex:0];
   EXPECT_EQ([rows count], 0u);
+  [other letGoOfWindow];
   [other release];
 }
