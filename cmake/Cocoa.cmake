@@ -1,6 +1,9 @@
-# The real frameworks. 10.6 is the oldest system that the application runs on.
-add_library(platform_cocoa INTERFACE)
-add_library(platform::cocoa ALIAS platform_cocoa)
-target_compile_options(platform_cocoa INTERFACE -fno-objc-arc)
-target_link_libraries(platform_cocoa INTERFACE project::options
-    "-framework AppKit" "-framework Foundation")
+# The real frameworks. 10.6 is the oldest system that the application runs on. Link to platform::cocoa,
+# or, where nothing is drawn, to platform::foundation.
+foreach(part foundation cocoa)
+  add_library(platform_${part} INTERFACE)
+  add_library(platform::${part} ALIAS platform_${part})
+endforeach()
+target_compile_options(platform_foundation INTERFACE -fno-objc-arc)
+target_link_libraries(platform_foundation INTERFACE project::options "-framework Foundation")
+target_link_libraries(platform_cocoa INTERFACE platform::foundation "-framework AppKit")

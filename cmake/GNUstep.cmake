@@ -1,5 +1,6 @@
 # GNUstep from the distribution, asked for its own flags. Link to platform::gnustep for the bare
-# platform, to platform::cocoa for the platform with the gaps filled (platform/gnustep/).
+# platform, to platform::cocoa for the platform with the gaps filled (platform/gnustep/), and to
+# platform::gnustep_base and platform::foundation for the same without AppKit.
 if(NOT CMAKE_OBJCXX_COMPILER_ID MATCHES "Clang")
   message(FATAL_ERROR "Objective-C++ needs clang here (use a preset of CMakePresets.json)")
 endif()
@@ -14,7 +15,8 @@ endfunction()
 
 gnustep_flags(--objc-flags gnustep_compile)
 gnustep_flags(--gui-libs gnustep_link)
-if(NOT gnustep_link)
+gnustep_flags(--base-libs gnustep_base_link)
+if(NOT gnustep_link OR NOT gnustep_base_link)
   # It answers nothing, and calls that a success, where the "make" program is missing.
   message(FATAL_ERROR "${GNUSTEP_CONFIG} knows no libraries; is \"make\" installed?")
 endif()
@@ -23,7 +25,9 @@ endif()
 # warnings stop at our own files.
 list(FILTER gnustep_compile INCLUDE REGEX "^(-D|-f|-pthread)")
 list(FILTER gnustep_compile EXCLUDE REGEX "^-D(GSWARN|GSDIAGNOSE)")
-list(FILTER gnustep_link EXCLUDE REGEX "^-L.*/GNUstep/Library/Libraries$")
+foreach(link gnustep_link gnustep_base_link)
+  list(FILTER ${link} EXCLUDE REGEX "^-L.*/GNUstep/Library/Libraries$")
+endforeach()
 
 # clang does not look for GCC's Objective-C runtime by itself.
 execute_process(COMMAND gcc -print-search-dirs OUTPUT_VARIABLE gcc_dirs COMMAND_ERROR_IS_FATAL ANY)
@@ -35,12 +39,16 @@ execute_process(COMMAND ${GNUSTEP_CONFIG} --variable=GNUSTEP_SYSTEM_HEADERS
 set(gnustep_compile -fobjc-runtime=gcc ${gnustep_compile}
     -isystem ${gnustep_headers} -idirafter ${gcc_dir}/include)
 set(gnustep_link -L${gcc_dir} ${gnustep_link})
+set(gnustep_base_link -L${gcc_dir} ${gnustep_base_link})
 
-add_library(platform_gnustep INTERFACE)
-add_library(platform::gnustep ALIAS platform_gnustep)
 list(JOIN gnustep_compile " " flags)
-target_compile_options(platform_gnustep INTERFACE "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:${flags}>")
+foreach(part gnustep gnustep_base)
+  add_library(platform_${part} INTERFACE)
+  add_library(platform::${part} ALIAS platform_${part})
+  target_compile_options(platform_${part} INTERFACE "$<$<COMPILE_LANGUAGE:OBJCXX>:SHELL:${flags}>")
+endforeach()
 target_link_libraries(platform_gnustep INTERFACE project::options ${gnustep_link})
+target_link_libraries(platform_gnustep_base INTERFACE project::options ${gnustep_base_link})
 
 # CMake does not know how this language's linker is told where libraries lie at run time, and would
 # leave it out without a word.

@@ -1,8 +1,6 @@
-/// Included in front of every Objective-C++ file on this platform: declarations that its own
-/// headers lack.
+/// Included, after FoundationPrefix.h, in front of every Objective-C++ file that may use AppKit:
+/// declarations that the platform's own headers of AppKit lack.
 #ifdef __OBJC__
-#import "platform/gnustep/CFURL.h"
-#import "platform/gnustep/NSAppleScript+FileManager.h"
 #import "platform/gnustep/NSComboBoxDelegate.h"
 #import "platform/gnustep/NSObject+Accessibility.h"
 #import "platform/gnustep/NSPasteboard+Writing.h"

@@ -1,4 +1,4 @@
-#import <AppKit/AppKit.h>
+#import <Foundation/Foundation.h>
 
 /// The names under which this process serves, and their repair. On the Mac a name lives in the
 /// kernel's bootstrap server until its port ends. Here it is a file in a temporary folder, and its

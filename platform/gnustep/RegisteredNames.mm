@@ -127,9 +127,11 @@ void logState(RegisteredName &registered) {
   }
 }
 
+/// The last two are AppKit's, by their values: its constants would make every program load it.
 NSArray *modes() {
   return @[
-    NSDefaultRunLoopMode, NSConnectionReplyMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode
+    NSDefaultRunLoopMode, NSConnectionReplyMode, @"NSModalPanelRunLoopMode",
+    @"NSEventTrackingRunLoopMode"
   ];
 }
 

@@ -8,6 +8,7 @@
 #include <fstream>
 
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/Strings.h"
 
@@ -116,7 +117,7 @@ TEST_F(LostNames, ARemovedSocketIsBoundAgain) {
 }
 
 TEST_F(LostNames, AClientThatWasConnectedBeforeTheSocketWasLostIsStillServed) {
-  id<ContextMenuService> const service = RunningApplication::service();
+  id<ContextMenuService> const service = vendedService();
   [service copyLinkToClipboard:@"id-1":NO:NO];
   ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
   ASSERT_TRUE(isRepaired(kServiceName)) << output();

@@ -4,6 +4,7 @@
 #include <thread>
 
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WireMessage.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/PlatformServer.h"
@@ -22,7 +23,7 @@ struct PluginCopy : testing::Test {
   static void copy(NSString *item, bool withProtocol = true) {
     // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
-    [RunningApplication::service(withProtocol) copyLinkToClipboard:item:NO:NO];
+    [vendedService(withProtocol) copyLinkToClipboard:item:NO:NO];
     // clang-format on
   }
 
@@ -193,7 +194,7 @@ TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
 
 TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
   agent.answer(kFileOperation, success(@"https://x/y"));
-  id const stranger = RunningApplication::service(false);
+  id const stranger = vendedService(false);
   const std::string refused = text(NSInvalidArgumentException);
   EXPECT_EQ(sendOverWire(stranger, @selector(valueForKey:), "@@:@", @"flag"), refused);
   EXPECT_EQ(sendOverWire(stranger, @selector(dealloc), "v@:"), refused);
@@ -209,7 +210,7 @@ TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
 
 TEST_F(PluginCopy, AStrangerCannotReleaseTheSignatureThatItIsHanded) {
   agent.answer(kFileOperation, success(@"https://x/y"));
-  id const stranger = RunningApplication::service(false);
+  id const stranger = vendedService(false);
   NSInvocation *const question = [NSInvocation
       invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:"@@::"]];
   SEL asked = @selector(copyLinkToClipboard:::);

@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#import "plugin/ContextMenuService.h"
 #include "tests/support/ChildProcess.h"
 
 /// The application itself, as a process of its own, on the private session's screen.
@@ -22,10 +21,6 @@ class RunningApplication {
 
   /// Waits until the application answers under its name, as waitFor does; answers whether it does.
   bool waitUntilServing();
-
-  /// Its vended object, as a plug-in gets it, with the protocol of the plug-in set on it or not;
-  /// nil when it cannot be reached. Autoreleased.
-  static id<ContextMenuService> service(bool withProtocol = true);
 
   /// Its log lines so far.
   std::vector<std::string> log() const;

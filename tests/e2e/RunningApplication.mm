@@ -1,17 +1,8 @@
 #import "tests/e2e/RunningApplication.h"
 
+#import "tests/e2e/VendedService.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/WindowServer.h"
-
-// Makes the protocol known at run time, as it must be to be set on a proxy.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wprotocol"
-#pragma clang diagnostic ignored "-Wincomplete-implementation"
-@interface ContextMenuServiceAdopter : NSObject <ContextMenuService>
-@end
-@implementation ContextMenuServiceAdopter
-@end
-#pragma clang diagnostic pop
 
 RunningApplication::RunningApplication(const ChildProcess::Environment &environment)
     : RunningApplication(program(), environment) {}
@@ -30,17 +21,10 @@ bool RunningApplication::waitUntilServing() {
   return waitFor([&] {
            if (process_.hasEnded()) return true;
            @autoreleasepool {
-             return service() != nil;
+             return vendedService() != nil;
            }
          }) &&
          !process_.hasEnded();
-}
-
-id<ContextMenuService> RunningApplication::service(bool withProtocol) {
-  id const proxy = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuPlugin"
-                                                                     host:nil];
-  if (withProtocol) [proxy setProtocolForProxy:@protocol(ContextMenuService)];
-  return proxy;
 }
 
 std::vector<std::string> RunningApplication::log() const {

@@ -5,6 +5,7 @@
 #include <filesystem>
 
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/AgentProcess.h"
 
@@ -66,7 +67,7 @@ TEST_F(SecondStart, AfterTheFirstWasKilledServes) {
 
 TEST_F(SecondStart, AfterTheFirstWasKilledButNotThePasteboardServerThatItStartedServes) {
   agent.answer(kFileLink, success(@"https://example.org/1"));
-  [first.service() copyLinkToClipboard:@"id-1":NO:NO];
+  [vendedService() copyLinkToClipboard:@"id-1":NO:NO];
   ASSERT_NE(clipboardReadByXclip(), "");
   first.process().signal(SIGKILL);
   first.process().waitForEnd();

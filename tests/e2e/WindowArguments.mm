@@ -2,6 +2,7 @@
 
 #include <numeric>
 
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/Thorough.h"
 
@@ -44,7 +45,7 @@ std::string send(SEL selector, NSString *item, NSString *name, const std::vector
   const std::string types = "v@:@@" + std::string(flags.size(), static_cast<char>(type));
   NSInvocation *const call = [NSInvocation
       invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:types.c_str()]];
-  id const service = RunningApplication::service(false);
+  id const service = vendedService(false);
   if (service == nil) return "no service";
   [call setTarget:service];
   [call setSelector:selector];

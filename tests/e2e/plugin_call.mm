@@ -16,7 +16,7 @@
 
 #include <unistd.h>
 
-#import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 
 namespace {
 
@@ -76,7 +76,7 @@ int run(Arguments arguments) {
   if (leaves) arguments.erase(arguments.begin());
   if (arguments.empty()) return 2;
   @autoreleasepool {
-    id const service = RunningApplication::service();
+    id const service = vendedService();
     if (service == nil) return 1;
     return (leaves ? callAndLeave(service, arguments) : call(service, arguments)) ? 0 : 2;
   }

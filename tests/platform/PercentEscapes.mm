@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#import <AppKit/AppKit.h>
+#import <Foundation/Foundation.h>
 
 #include "tests/support/Strings.h"
 
