@@ -179,6 +179,12 @@ class WithDisplay(unittest.TestCase):
     def test_the_display_has_the_promised_size(self):
         self.assertRegex(shell("xdpyinfo").stdout, r"dimensions:\s+1280x800 pixels")
 
+    def test_the_display_has_what_programs_draw_with_and_loads_no_renderer_for_3d(self):
+        extensions = re.findall(r"^ {4}(\S+)$", shell("xdpyinfo").stdout, re.MULTILINE)
+        for needed in ("RANDR", "RENDER", "SHAPE", "XTEST", "XKEYBOARD"):
+            self.assertIn(needed, extensions)
+        self.assertNotIn("GLX", extensions)
+
     def test_the_screen_is_managed_only_when_asked_for(self):
         script = "xprop -root _NET_SUPPORTING_WM_CHECK"
         self.assertNotIn("window id #", shell(script).stdout)
