@@ -4,11 +4,13 @@ execute_process(COMMAND ${program} --gtest_list_tests OUTPUT_VARIABLE listed TIM
 
 set(written "")
 
+string(REPLACE "|" "]==] [==[" command "[==[${command}]==]")
+
 # The tests in "part" are one to CTest, which begins with the dearest.
 macro(write_part name cost)
   list(JOIN part ":" filter)
   string(APPEND written
-      "add_test([==[${name}]==] [==[${program}]==] [==[--gtest_filter=${filter}]==])\n"
+      "add_test([==[${name}]==] ${command} [==[--gtest_filter=${filter}]==])\n"
       "set_tests_properties([==[${name}]==] PROPERTIES TIMEOUT ${timeout} COST ${cost})\n")
 endmacro()
 

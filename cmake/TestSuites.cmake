@@ -8,16 +8,32 @@
 # that one of these may take.
 set(list_test_suites ${CMAKE_CURRENT_LIST_DIR}/ListTestSuites.cmake)
 
+# test_command(RESULT TARGET): the command that runs the tests of a program, in its private session:
+# otherwise it would load all its libraries only to start itself over in one
+# (tests/support/PrivateSession.h).
+function(test_command result target)
+  set(command $<TARGET_FILE:${target}>)
+  get_target_property(sources ${target} SOURCES)
+  if(sources MATCHES "/main_without_screen[.]mm")
+    list(PREPEND command ${PROJECT_SOURCE_DIR}/tools/private-desktop --no-display)
+  elseif(sources MATCHES "/main_with_screen[.]mm")
+    list(PREPEND command ${PROJECT_SOURCE_DIR}/tools/private-desktop)
+  endif()
+  set(${result} ${command} PARENT_SCOPE)
+endfunction()
+
 function(discover_test_suites target timeout)
   cmake_parse_arguments(PARSE_ARGV 2 arg "" "SIZE" "ALONE")
   if(NOT arg_SIZE)
     set(arg_SIZE 20)
   endif()
   list(JOIN arg_ALONE "|" alone)
+  test_command(command ${target})
+  list(JOIN command "|" command)
   set(tests ${CMAKE_CURRENT_BINARY_DIR}/${target}_suites.cmake)
   add_custom_command(TARGET ${target} POST_BUILD BYPRODUCTS ${tests}
       COMMAND ${CMAKE_COMMAND} -D program=$<TARGET_FILE:${target}> -D tests=${tests}
-          -D timeout=${timeout} -D size=${arg_SIZE} "-Dalone=${alone}"
+          -D timeout=${timeout} -D size=${arg_SIZE} "-Dalone=${alone}" "-Dcommand=${command}"
           -P ${list_test_suites} VERBATIM)
   set_property(TARGET ${target} APPEND PROPERTY LINK_DEPENDS ${list_test_suites})
   set(include ${CMAKE_CURRENT_BINARY_DIR}/${target}_include.cmake)

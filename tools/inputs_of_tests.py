@@ -41,11 +41,11 @@ class Inputs:
         properties = {item["name"]: item["value"] for item in test.get("properties", [])}
         command = test.get("command", [])
         parts = [repr(command), repr(properties.get("ENVIRONMENT")), self.settings, self.packages]
-        program = Path(command[0]) if command else None
+        files = tuple(path for path in map(Path, command) if self.is_own(path) and path.is_file())
         if "REQUIRED_FILES" in properties:
             parts += self.digests(tuple(map(Path, properties["REQUIRED_FILES"])))
-        elif program and self.is_own(program) and self.is_program(program):
-            parts += self.digests((program,))
+        elif any(map(self.is_program, files)):
+            parts += self.digests(files)
         else:
             parts += self.whole_project()
         return digest("\n".join(parts).encode("utf-8", "surrogateescape"))

@@ -36,9 +36,9 @@ class Build(unittest.TestCase):
             f"CMAKE_HOME_DIRECTORY:INTERNAL={self.source}\n")
         self.failed = self.build / "failed"
 
-    def add_test(self, name, program, **properties):
+    def add_test(self, name, *command, **properties):
         with open(self.build / "CTestTestfile.cmake", "a", encoding="utf-8") as file:
-            file.write(f"add_test({name} {program})\n")
+            file.write(f"add_test({name} {' '.join(map(str, command))})\n")
             for key, value in properties.items():
                 file.write(f'set_tests_properties({name} PROPERTIES {key} "{value}")\n')
 
@@ -77,6 +77,13 @@ class FailedTests(Build):
         self.assertNotEqual(again.returncode, 0)
         self.assertIn("no such package", again.stdout)
         self.assertNotIn("suite", again.stdout)
+
+    def test_the_command_keeps_what_a_program_is_started_with(self):
+        suite = self.build / "suite"
+        self.add_test("in_session", "/usr/bin/env", suite, "--gtest_filter=Of/*:Windows.*")
+        self.run_tests("-R", "in_session")
+        self.assertIn(f"/usr/bin/env {suite} --gtest_filter=Windows.Crash\n",
+                      (self.failed / "Windows.Crash" / "command").read_text())
 
     def test_the_folders_are_told(self):
         self.assertIn(f"failed: {self.failed / 'script'} (command, log)", self.run_tests().stdout)
@@ -147,6 +154,20 @@ class PassedTests(Build):
         self.ran()
         self.compile("one", "// Ends.\nint main(void) { return 0; }")
         self.assertEqual(self.ran(), [])
+
+    def test_it_is_when_a_tool_that_starts_its_program_has_changed(self):
+        tool = self.source / "desktop"
+        tool.write_text("#!/bin/sh\nexec \"$@\"\n")
+        tool.chmod(0o755)
+        self.compile("one", "int main(void) { return 0; }")
+        self.add_test("one", tool, self.build / "one", "--all")
+        self.assertEqual(self.ran(), ["one"])
+        (self.source / "note").write_text("")
+        self.assertEqual(self.ran(), [])
+        tool.write_text("#!/bin/sh\nexec \"$1\"\n")
+        self.assertEqual(self.ran(), ["one"])
+        self.compile("one", "int main(void) { return 1 - 1; } int more;")
+        self.assertEqual(self.ran(), ["one"])
 
     def test_it_is_when_a_program_that_its_program_starts_has_changed(self):
         self.compile("agent", "int main(void) { return 0; }")
