@@ -4,6 +4,12 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/WindowServer.h"
 
+namespace {
+
+const std::string kRegisteredLine = "Context Menu Plugin Connection successfully created.";
+
+}  // namespace
+
 RunningApplication::RunningApplication(const ChildProcess::Environment &environment)
     : RunningApplication(program(), environment) {}
 
@@ -16,10 +22,12 @@ std::string RunningApplication::program() {
 }
 
 bool RunningApplication::waitUntilServing() {
-  // The name is registered before the launch is over; only the log's silence or an answer tells
-  // that the application serves, so ask.
+  // The name is registered before the launch is over; only an answer tells that the application
+  // serves, so ask. Not before the name is registered, which may take as long as the application
+  // waits for an agent: a look-up costs far more than a look at the log.
   return waitFor([&] {
            if (process_.hasEnded()) return true;
+           if (process_.countInOutput(kRegisteredLine) == 0) return false;
            @autoreleasepool {
              return vendedService() != nil;
            }

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 #include <stdexcept>
+#include <system_error>
 
 namespace {
 
@@ -16,7 +17,10 @@ std::string makeBundle(const std::string &folder, const std::string &identifier)
   const fs::path bundle = fs::path(folder) / "Agent.app";
   fs::create_directories(bundle / "Resources");
   const fs::path program = bundle / "Agent";
-  fs::copy_file(SCRIPTED_AGENT, program);
+  // Not copied where that can be helped: it is large, and hundreds are started.
+  std::error_code error;
+  fs::create_hard_link(SCRIPTED_AGENT, program, error);
+  if (error) fs::copy_file(SCRIPTED_AGENT, program);
   std::ofstream(bundle / "Resources" / "Info-gnustep.plist")
       << "{ NSExecutable = Agent; CFBundleIdentifier = \"" << identifier << "\"; }\n";
   return program;

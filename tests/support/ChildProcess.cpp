@@ -6,6 +6,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <chrono>
@@ -119,6 +120,12 @@ void pausePolling() {
 double secondsNow() {
   using namespace std::chrono;
   return duration<double>(steady_clock::now().time_since_epoch()).count();
+}
+
+double secondsUntilNextLook(double start) {
+  constexpr double kLeast = 0.01;
+  constexpr double kMost = 0.1;
+  return std::clamp((secondsNow() - start) / 50, kLeast, kMost);
 }
 
 }  // namespace detail

@@ -54,6 +54,11 @@ bool waitFor(Condition condition);
 namespace detail {
 void pausePolling();
 double secondsNow();
+
+/// How long whoever waits since `start` (secondsNow) may leave the condition alone while nothing
+/// happens: longer, the longer it has taken already, because a run loop that is asked a hundred
+/// times a second is work too.
+double secondsUntilNextLook(double start);
 }  // namespace detail
 
 /// How long a test waits for a condition; longer in a build that a sanitizer slows down.

@@ -9,11 +9,14 @@
 /// to hold.
 template <class Condition>
 bool handleEventsUntil(Condition condition) {
+  const double start = detail::secondsNow();
   return waitFor([&]() -> bool {
     if (condition()) return true;
     @autoreleasepool {
+      NSDate *const soon =
+          [NSDate dateWithTimeIntervalSinceNow:detail::secondsUntilNextLook(start)];
       NSEvent *const event = [NSApp nextEventMatchingMask:NSAnyEventMask
-                                                untilDate:[NSDate dateWithTimeIntervalSinceNow:0.01]
+                                                untilDate:soon
                                                    inMode:NSDefaultRunLoopMode
                                                   dequeue:YES];
       if (event != nil) [NSApp sendEvent:event];

@@ -8,10 +8,12 @@
 /// kPatienceSeconds; answers whether it came to hold.
 template <class Condition>
 bool pumpUntil(Condition condition) {
+  const double start = detail::secondsNow();
   return waitFor([&] {
     if (condition()) return true;
     @autoreleasepool {
-      NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:0.01];
+      NSDate *const soon =
+          [NSDate dateWithTimeIntervalSinceNow:detail::secondsUntilNextLook(start)];
       [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:soon];
     }
     return false;
