@@ -117,7 +117,7 @@ TEST_P(List, ShowsWhatCameOfItAndWorksAgain) {
   [tab setFilePath:@"folder-1"];
   ASSERT_TRUE(waitUntilLoaded());
   agent.strikeAfterwards();
-  expect(fault().list);
+  expect(outcome());
   agent.recover(kList, people(kPeople));
   [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
   expect(Outcome::Succeeds);
@@ -128,7 +128,7 @@ TEST_P(Change, TellsWhatCameOfItAndWorksAgain) {
   agent.strike(kGrant, @"granted");
   choose(row, @"accessPermissionReadWriteKey");
   agent.strikeAfterwards();
-  expectAfterAction(fault().action, @"permissionsUpdatedSuccessTextKey");
+  expectAfterAction(outcome(), @"permissionsUpdatedSuccessTextKey");
   // Changed first, and never put back.
   EXPECT_EQ([person(row) accessPermission], 1);
   agent.recover(kGrant, @"granted");
@@ -143,8 +143,8 @@ TEST_P(Remove, TellsWhatCameOfItAndWorksAgain) {
   remove();
   agent.strikeAfterwards();
   waitForOutcome();
-  expectAfterAction(fault().action, @"permissionRevokedSuccessMessageTextFormatKey");
-  const bool isGone = fault().action == Outcome::Succeeds;
+  expectAfterAction(outcome(), @"permissionRevokedSuccessMessageTextFormatKey");
+  const bool isGone = outcome() == Outcome::Succeeds;
   EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(isGone ? kPeople - 1 : kPeople));
   agent.recover(kRevoke, @1);
   openAgain();
@@ -153,6 +153,6 @@ TEST_P(Remove, TellsWhatCameOfItAndWorksAgain) {
   expectAfterAction(Outcome::Succeeds, @"permissionRevokedSuccessMessageTextFormatKey");
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, List, testing::ValuesIn(testedFaultsOf(Column::List)), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, Change, testing::ValuesIn(testedFaultsOf(Column::Change)), nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, Remove, testing::ValuesIn(testedFaultsOf(Column::Remove)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, List, testing::ValuesIn(testedCellsOf(Column::List)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Change, testing::ValuesIn(testedCellsOf(Column::Change)), nameOfRow);
+INSTANTIATE_TEST_SUITE_P(Row, Remove, testing::ValuesIn(testedCellsOf(Column::Remove)), nameOfRow);

@@ -76,7 +76,7 @@ TEST_P(LaunchWithFault, SaysNothingAndTheApplicationServes) {
   EXPECT_TRUE(copies());
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, Refresh, testing::ValuesIn(testedFaultsOf(Column::Refresh)),
+INSTANTIATE_TEST_SUITE_P(Row, Refresh, testing::ValuesIn(testedCellsOf(Column::Refresh)),
                          nameOfRow);
 INSTANTIATE_TEST_SUITE_P(Row, LaunchWithFault,
-                         testing::ValuesIn(testedFaultsOf(Column::LaunchWithFault)), nameOfRow);
+                         testing::ValuesIn(testedCellsOf(Column::LaunchWithFault)), nameOfRow);

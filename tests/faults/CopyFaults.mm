@@ -116,7 +116,7 @@ TEST_P(DirectCopy, TellsWhatCameOfItAndWorksAgain) {
   agent.strike(kFileLink, kLink);
   copy();
   agent.strikeAfterwards();
-  expect(fault().link);
+  expect(outcome());
   agent.recover(kFileLink, kLink);
   copy();
   EXPECT_EQ(clipboard(), text(kLink));
@@ -128,14 +128,14 @@ TEST_P(CopyTab, TellsWhatCameOfItAndWorksAgain) {
   agent.strike(kFileLink, kLink);
   copy(window);
   agent.strikeAfterwards();
-  expect(window, fault().link);
+  expect(window, outcome());
   agent.recover(kFileLink, kLink);
   window = open();
   copy(window);
   expect(window, Outcome::Succeeds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, DirectCopy, testing::ValuesIn(testedFaultsOf(Column::DirectCopy)),
+INSTANTIATE_TEST_SUITE_P(Row, DirectCopy, testing::ValuesIn(testedCellsOf(Column::DirectCopy)),
                          nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, CopyTab, testing::ValuesIn(testedFaultsOf(Column::CopyTab)),
+INSTANTIATE_TEST_SUITE_P(Row, CopyTab, testing::ValuesIn(testedCellsOf(Column::CopyTab)),
                          nameOfRow);

@@ -13,11 +13,14 @@
 /// A column of the matrix: something that the application does, with each fault. Also says what is
 /// logged between mark() and logged().
 template <class Fixture>
-struct FaultTest : Fixture, testing::WithParamInterface<Fault> {
+struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
   FaultyAgent agent;
   CapturedLog lines;
 
-  const Fault &fault() const { return this->GetParam(); }
+  const Fault &fault() const { return this->GetParam().fault; }
+
+  /// What is to come of it.
+  Outcome outcome() const { return outcomeIn(this->GetParam().column, fault()); }
 
   void begin(NSDictionary *healthyScript = [NSDictionary dictionary]) {
     agent.begin(fault(), healthyScript);
@@ -49,6 +52,6 @@ inline std::string shown(NSString *key) {
 }
 
 /// The name of a cell.
-inline std::string nameOfRow(const testing::TestParamInfo<Fault> &info) {
-  return info.param.name;
+inline std::string nameOfRow(const testing::TestParamInfo<Cell> &info) {
+  return info.param.fault.name;
 }

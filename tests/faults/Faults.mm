@@ -1,8 +1,4 @@
 // The rows of the matrix.
-#include <algorithm>
-#include <iterator>
-#include <tuple>
-
 #import "tests/faults/Fault.h"
 #include "tests/support/Thorough.h"
 
@@ -156,78 +152,15 @@ const std::vector<Fault> kFaults = {
     // Enormous
     {"ValueIsAnEnormousArray", Enormous, Strike::None,
      [](id) -> NSDictionary * { return @{@"contacts" : @100000}; }, SucceedsWithoutLink, Succeeds,
-     Nobody, 100000},
+     Nobody, 100000, [](id) -> NSDictionary * { return @{@"contacts" : @5000}; }, Column::Refresh},
     {"MessageIsAnEnormousText", Enormous, Strike::None,
      [](id) -> NSDictionary * { return @{@"messageLength" : isThorough() ? @20000000 : @2000000}; },
-     Refused, Refused, Nobody, 0},
+     Refused, Refused, Nobody, 0,
+     [](id) -> NSDictionary * { return @{@"messageLength" : @100000}; }, Column::Remove},
 };
 
 }  // namespace
 
-void PrintTo(const Fault &fault, std::ostream *out) {
-  *out << fault.name;
-}
-
 const std::vector<Fault> &allFaults() {
   return kFaults;
-}
-
-namespace {
-
-template <class Condition>
-std::vector<Fault> faultsThat(Condition condition) {
-  std::vector<Fault> faults;
-  std::copy_if(kFaults.begin(), kFaults.end(), std::back_inserter(faults), condition);
-  return faults;
-}
-
-}  // namespace
-
-std::vector<Fault> faultsOfACall() {
-  return faultsThat([](const Fault &fault) {
-    return fault.strike == Strike::None || fault.strike == Strike::DiesDuring;
-  });
-}
-
-std::vector<Fault> faultsAfterAList() {
-  return faultsThat([](const Fault &fault) { return fault.strike != Strike::Absent; });
-}
-
-bool isOfTheSameKind(const Fault &one, const Fault &other) {
-  const auto shows = [](const Fault &fault) {
-    return std::tie(fault.kind, fault.strike, fault.link, fault.action, fault.list, fault.contacts);
-  };
-  return shows(one) == shows(other);
-}
-
-std::vector<Fault> faultsOf(Column column) {
-  switch (column) {
-    case Column::InviteLater:
-    case Column::InviteQuestionLater:
-      return faultsOfACall();
-    case Column::Change:
-    case Column::Remove:
-      return faultsAfterAList();
-    default:
-      return allFaults();
-  }
-}
-
-std::vector<Fault> oneOfEachKind(Column column) {
-  std::vector<Fault> left = faultsOf(column);
-  std::vector<Fault> chosen;
-  while (!left.empty()) {
-    const Fault first = left.front();
-    const auto others = std::stable_partition(left.begin(), left.end(), [&](const Fault &fault) {
-      return isOfTheSameKind(fault, first);
-    });
-    const auto count = static_cast<int>(others - left.begin());
-    chosen.push_back(left[static_cast<int>(column) % count]);
-    left.erase(left.begin(), others);
-  }
-  return chosen;
-}
-
-std::vector<Fault> testedFaultsOf(Column column) {
-  return isThorough() ? faultsOf(column) : oneOfEachKind(column);
 }

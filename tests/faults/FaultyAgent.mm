@@ -1,3 +1,5 @@
+#include <gtest/gtest.h>
+
 #include <csignal>
 
 #import "tests/faults/Fault.h"
@@ -18,13 +20,34 @@ NSDictionary *healthyEntry(id value) {
   return [NSDictionary dictionaryWithObject:success(value) forKey:@"reply"];
 }
 
+/// The agent that the last test has left in health, if any.
+std::unique_ptr<AgentProcess> &leftInHealth() {
+  static std::unique_ptr<AgentProcess> process;
+  return process;
+}
+
 }  // namespace
+
+FaultyAgent::~FaultyAgent() {
+  const bool isHealthy = hasRecovered_ || (fault_ != nullptr && fault_->strike == Strike::None);
+  if (isHealthy && !testing::Test::HasFailure()) leftInHealth() = std::move(process_);
+}
+
+void FaultyAgent::startAnother(const AgentProcess::Options &options) {
+  process_ = std::make_unique<AgentProcess>(options);
+  formerCalls_ = 0;
+}
 
 void FaultyAgent::begin(const Fault &fault, NSDictionary *healthyScript) {
   fault_ = &fault;
   healthyScript_ = healthyScript;
-  if (fault.strike == Strike::Absent) return;
-  process_ = std::make_unique<AgentProcess>();
+  process_ = std::move(leftInHealth());
+  if (fault.strike == Strike::Absent) {
+    process_.reset();
+    return;
+  }
+  if (process_ == nullptr) startAnother();
+  formerCalls_ = [process_->operations() count];
   process_->setScript(healthyScript);
 }
 
@@ -46,12 +69,11 @@ void FaultyAgent::strike(NSString *operation, id value, NSUInteger earlierCalls)
       return;
     case Strike::Restarted:
       process_.reset();
-      process_ = std::make_unique<AgentProcess>();
+      startAnother();
       break;
     case Strike::StartsLate:
       process_.reset();
-      process_ = std::make_unique<AgentProcess>(
-          AgentProcess::Options{.registerAfterSeconds = kLateSeconds});
+      startAnother({.registerAfterSeconds = kLateSeconds});
       break;
     case Strike::StoppedAndContinued:
       process_->setScript(script);
@@ -72,13 +94,16 @@ void FaultyAgent::strikeAfterwards() {
 void FaultyAgent::recover(NSString *operation, id value) {
   if (waker_ != nullptr) waker_->waitForEnd();
   if (fault_->strike == Strike::DiesDuring) process_.reset();
-  if (process_ == nullptr) process_ = std::make_unique<AgentProcess>();
+  if (process_ == nullptr) startAnother();
+  hasRecovered_ = true;
   process_->setScript(scriptWith(healthyScript_, operation, healthyEntry(value)));
 }
 
 NSUInteger FaultyAgent::callsOf(NSString *operation) const {
   if (process_ == nullptr) return 0;
-  NSCountedSet *const all =
-      [[[NSCountedSet alloc] initWithArray:process_->operations()] autorelease];
-  return [all countForObject:operation];
+  NSArray *const all = process_->operations();
+  const NSRange since = NSMakeRange(formerCalls_, [all count] - formerCalls_);
+  NSCountedSet *const counted =
+      [[[NSCountedSet alloc] initWithArray:[all subarrayWithRange:since]] autorelease];
+  return [counted countForObject:operation];
 }

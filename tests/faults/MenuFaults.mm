@@ -103,7 +103,7 @@ TEST_P(MenuCopyLink, TellsWhatCameOfItAndWorksAgain) {
   agent.strike(kFileLink, kLink);
   copy();
   agent.strikeAfterwards();
-  expect(fault().link);
+  expect(outcome());
   agent.recover(kFileLink, kLink);
   copy();
   EXPECT_EQ(text(clipboardText()), text(kLink));
@@ -130,15 +130,15 @@ TEST_P(MenuShare, ShowsWhatCameOfItAndWorksAgain) {
   agent.strike(kList, onePerson());
   share();
   agent.strikeAfterwards();
-  expect(fault().list);
+  expect(outcome());
   agent.recover(kList, onePerson());
   share();
   expect(Outcome::Succeeds);
 }
 
-INSTANTIATE_TEST_SUITE_P(Row, MenuCopyLink, testing::ValuesIn(testedFaultsOf(Column::MenuCopyLink)),
+INSTANTIATE_TEST_SUITE_P(Row, MenuCopyLink, testing::ValuesIn(testedCellsOf(Column::MenuCopyLink)),
                          nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, MenuSend, testing::ValuesIn(testedFaultsOf(Column::MenuSend)),
+INSTANTIATE_TEST_SUITE_P(Row, MenuSend, testing::ValuesIn(testedCellsOf(Column::MenuSend)),
                          nameOfRow);
-INSTANTIATE_TEST_SUITE_P(Row, MenuShare, testing::ValuesIn(testedFaultsOf(Column::MenuShare)),
+INSTANTIATE_TEST_SUITE_P(Row, MenuShare, testing::ValuesIn(testedCellsOf(Column::MenuShare)),
                          nameOfRow);
