@@ -1,5 +1,6 @@
 #import "platform/gnustep/RegisteredNames.h"
 
+#include <fcntl.h>
 #include <poll.h>
 
 #include <memory>
@@ -55,6 +56,14 @@ std::string temporaryFolderOf(const platform::PortFiles &files) {
   std::string folder = files.socket;
   for (int i = 0; i < 3; ++i) folder.resize(folder.rfind('/'));
   return folder;
+}
+
+/// The platform accepts when the run loop has seen that somebody has connected. Whoever that was may
+/// have been accepted here in between (acceptWaiting), and a socket that blocks would then hold up
+/// the process until the next one connects.
+void acceptWithoutBlocking(NSMessagePort *port) {
+  const int listener = [port _listener];
+  fcntl(listener, F_SETFL, fcntl(listener, F_GETFL) | O_NONBLOCK);
 }
 
 /// Accepts who has connected to the socket and would be lost with it.
@@ -166,6 +175,7 @@ struct RegisteredNamesState {
 - (void)addName:(NSString *)name ofPort:(NSPort *)port {
   [self removeName:name ofPort:nil];
   NSMessagePort *const listening = static_cast<NSMessagePort *>(port);
+  acceptWithoutBlocking(listening);
   const platform::PortFiles files = {
       [[NSMessagePortNameServer _pathForName:name] fileSystemRepresentation],
       reinterpret_cast<const char *>([listening _name])};
