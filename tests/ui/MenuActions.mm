@@ -1,6 +1,8 @@
 #import "tests/ui/MenuActions.h"
 
 #include <algorithm>
+#include <filesystem>
+#include <iterator>
 
 const char *const kOutsideLine = "filepath cannot be matched";
 const char *const kNoIdLine = "error getting fileId";
@@ -23,6 +25,14 @@ NSString *makeFileAt(NSString *path) {
   [[NSFileManager defaultManager] createFileAtPath:path contents:[NSData data] attributes:nil];
   return path;
 }
+
+std::ptrdiff_t threadsOfProcess() {
+  const std::filesystem::directory_iterator tasks("/proc/self/task");
+  return std::distance(begin(tasks), end(tasks));
+}
+
+/// Before the first test of the process: one, and those of a sanitizer.
+const std::ptrdiff_t threadsAtRest = threadsOfProcess();
 
 }  // namespace
 
@@ -116,4 +126,7 @@ void MenuActionsWithoutAgent::expectItem(SendAndCopyTabController *controller,
 MenuActions::~MenuActions() {
   // While there is an agent.
   closeWindows();
+  // A load of a window that has been closed goes on. It would ask the next test's agent, whose name
+  // is the same.
+  EXPECT_TRUE(handleEventsUntil([] { return threadsOfProcess() == threadsAtRest; }));
 }

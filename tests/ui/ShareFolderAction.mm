@@ -42,7 +42,8 @@ TEST_F(ShareFolderAction, OpensTheShareWindowForTheFolder) {
 
 TEST_F(ShareFolderAction, TheAccessListIsAskedForByServerId) {
   shareFolder();
-  EXPECT_TRUE(handleEventsUntil([&] { return [agent.operations() count] == 1; }));
+  EXPECT_TRUE(handleEventsUntil([&] { return [agent.operations() count] == 1; }))
+      << text([agent.operations() description]);
   EXPECT_EQ(text([agent.operations() lastObject]), "getAccess::");
   EXPECT_TRUE(([lastArguments() isEqual:@[ @"id-folder", @1 ]]));
 }
