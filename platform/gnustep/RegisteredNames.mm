@@ -58,9 +58,9 @@ std::string temporaryFolderOf(const platform::PortFiles &files) {
   return folder;
 }
 
-/// The platform accepts when the run loop has seen that somebody has connected. Whoever that was may
-/// have been accepted here in between (acceptWaiting), and a socket that blocks would then hold up
-/// the process until the next one connects.
+/// The platform accepts when the run loop has seen that somebody has connected. Whoever that was
+/// may have been accepted here in between (acceptWaiting), and a socket that blocks would then hold
+/// up the process until the next one connects.
 void acceptWithoutBlocking(NSMessagePort *port) {
   const int listener = [port _listener];
   fcntl(listener, F_SETFL, fcntl(listener, F_GETFL) | O_NONBLOCK);
