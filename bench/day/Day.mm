@@ -10,7 +10,6 @@ namespace {
 
 /// Frames of the other tabs' controls, see ScreenTab.
 constexpr ScreenArea kCopyButton = {414, 13, 126, 32};
-constexpr ScreenArea kInviteButton = {430, 13, 110, 32};
 constexpr ScreenArea kDoneButton = {430, 13, 110, 32};
 
 constexpr int kSendTab = 0;
@@ -47,19 +46,25 @@ void repeat(int count, Work work) {
 
 }  // namespace
 
-Day::Day(const std::string &shortDays)
+Day::Day(const Libraries &libraries)
     : file_(kit_.makeFile("MyDocs/Quarterly figures.csv")),
       folder_(kit_.makeFolder(devkit::kSampleSharedFolder)),
       agent_(std::make_unique<DevelopmentAgent>()),
-      application_(
-          {{"LANGUAGE", "en"}, {"LD_PRELOAD", shortDays}, {"DAY_SECONDS", kRefreshSeconds}}) {
+      counters_(newTemporaryFolder()),
+      application_({{"LANGUAGE", "en"},
+                    {"LD_PRELOAD", libraries.countingAllocator + ":" + libraries.shortDays},
+                    {CountedMemory::kFolderVariable, counters_},
+                    {"DAY_SECONDS", kRefreshSeconds}}) {
   must(application_.waitUntilServing(), "the application serves");
+  memory_ = std::make_unique<CountedMemory>(counters_, application());
   copyLink();
+  fileId_ = itemLastAskedFor();
 }
 
 void Day::spend(const Pace &pace) {
   @autoreleasepool {
     repeat(pace.copies, [&] { copyLink(); });
+    copyLinksQuickly(pace.quickCopies);
     repeat(pace.mails, [&] { mail(); });
     repeat(pace.copiesFromTab, [&] { copyFromTab(); });
     repeat(pace.invitations, [&] { invite(); });
@@ -71,11 +76,26 @@ void Day::spend(const Pace &pace) {
 }
 
 int Day::refreshes() const {
+  return asked("getEmployeeAddressBook");
+}
+
+/// How many times the agent has been asked for this.
+int Day::asked(const std::string &operation) const {
   const std::string log = kit_.data("operations.jsonl");
   int count = 0;
-  const std::string refresh = "\"operation\": \"getEmployeeAddressBook\"";
-  for (auto at = log.find(refresh); at != log.npos; at = log.find(refresh, at + 1)) ++count;
+  const std::string line = "\"operation\": \"" + operation + "\"";
+  for (auto at = log.find(line); at != log.npos; at = log.find(line, at + 1)) ++count;
   return count;
+}
+
+/// Its server id, as the client has found it for the agent.
+std::string Day::itemLastAskedFor() const {
+  const std::string log = kit_.data("operations.jsonl");
+  const std::string key = "\"pathOrId\": \"";
+  const auto at = log.rfind(key);
+  must(at != log.npos, "the agent is asked for an item");
+  const auto begin = at + key.size();
+  return log.substr(begin, log.find('"', begin) - begin);
 }
 
 void Day::must(bool condition, const std::string &what) const {
@@ -95,6 +115,21 @@ void Day::clientMust(const std::vector<std::string> &arguments) const {
 
 void Day::copyLink() const {
   clientMust({"copy-link", file_});
+}
+
+void Day::copyLinksQuickly(int count) const {
+  const std::string operation = "getLinkForFile";
+  const int before = asked(operation);
+  NSString *const item = [NSString stringWithUTF8String:fileId_.c_str()];
+  repeat(count, [&] {
+    @autoreleasepool {
+      // The formatter takes the first anonymous argument for a part of the name.
+      // clang-format off
+      [RunningApplication::service() copyLinkToClipboard:item:NO:NO];
+      // clang-format on
+    }
+  });
+  must(asked(operation) == before + count, "each link has been asked for");
 }
 
 void Day::openWindow(const std::vector<std::string> &arguments) {
@@ -145,6 +180,7 @@ void Day::invite() {
 
 void Day::lookAtPeople() {
   openShareWindow(kPeopleTab);
+  must(tab_.seesAnyRow(), "the people are listed");
   tab_.click(kDoneButton);
   must(waitForWindows(0), "Done closes the window");
 }

@@ -25,31 +25,44 @@ constexpr int kColumnWidth = 15;
 
 /// How long a soak is.
 struct Length {
-  Pace pace;
+  Pace warmUp;
   int warmUpRounds;
+  Pace pace;
   int rounds;
 };
 
-constexpr Length kHour = {.pace = {.copies = 30,
-                                   .mails = 1,
-                                   .copiesFromTab = 1,
-                                   .invitations = 1,
-                                   .looks = 4,
-                                   .mistakes = 1,
-                                   .unfinished = 2,
-                                   .agentRestarts = 1},
-                          .warmUpRounds = 3,
-                          .rounds = 10};
-constexpr Length kShort = {.pace = {.copies = 3,
-                                    .mails = 0,
-                                    .copiesFromTab = 1,
-                                    .invitations = 0,
-                                    .looks = 1,
-                                    .mistakes = 1,
-                                    .unfinished = 1,
-                                    .agentRestarts = 1},
-                           .warmUpRounds = 1,
-                           .rounds = 2};
+constexpr Pace kTenth = {.copies = 30,
+                         .quickCopies = 300,
+                         .mails = 1,
+                         .copiesFromTab = 1,
+                         .invitations = 1,
+                         .looks = 4,
+                         .mistakes = 1,
+                         .unfinished = 2,
+                         .agentRestarts = 1};
+constexpr Pace kShortRound = {.copies = 3,
+                              .quickCopies = 300,
+                              .copiesFromTab = 1,
+                              .looks = 1,
+                              .mistakes = 1,
+                              .unfinished = 1,
+                              .agentRestarts = 1};
+
+/// Everything once that a short round may come to on a machine that is slow enough: who is slow to
+/// go on sees the completions, for one. What is used for the first time later would be growth.
+constexpr Pace kEverything = {.copies = 3,
+                              .quickCopies = 300,
+                              .mails = 1,
+                              .copiesFromTab = 1,
+                              .invitations = 1,
+                              .looks = 1,
+                              .mistakes = 1,
+                              .unfinished = 1,
+                              .agentRestarts = 1};
+
+constexpr Length kHour = {.warmUp = kTenth, .warmUpRounds = 3, .pace = kTenth, .rounds = 10};
+constexpr Length kShort = {
+    .warmUp = kEverything, .warmUpRounds = 1, .pace = kShortRound, .rounds = 2};
 
 void printTitles() {
   std::printf("%-*s", kNameWidth, "round");
@@ -68,6 +81,7 @@ void printRound(const std::string &name, const Usage &usage, int refreshes) {
 bool isFlat(const Usage &before, const Usage &after) {
   bool flat = true;
   for (const Column &column : columns()) {
+    if (column.bounded == Bounded::Not) continue;
     const bool isGrowth = column.bounded == Bounded::Growth;
     const double bounded = column.value(after) - (isGrowth ? column.value(before) : 0);
     if (bounded <= column.bound) continue;
@@ -81,16 +95,16 @@ bool isFlat(const Usage &before, const Usage &after) {
 
 /// Answers whether all stayed flat.
 bool soak(const Length &length) {
-  Day day(SHORT_DAYS);
+  Day day({.shortDays = SHORT_DAYS, .countingAllocator = COUNTING_ALLOCATOR});
   const auto measured = [&](const std::string &name) {
-    const Usage usage = usageAtRest(day.application(), "ContextMenuApp");
+    const Usage usage = usageAtRest(day.application(), day.memory(), "ContextMenuApp");
     printRound(name, usage, day.refreshes());
     return usage;
   };
   printTitles();
   Usage before = measured("start");
   for (int round = 0; round < length.warmUpRounds; ++round) {
-    day.spend(length.pace);
+    day.spend(length.warmUp);
     before = measured("warm-up");
   }
   Usage after = before;

@@ -5,10 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "bench/day/CountedMemory.h"
+
 /// What a process holds at a moment.
 struct Usage {
   double residentKiB = 0;   // all pages in memory, shared libraries included
   double allocatedKiB = 0;  // pages of no file
+  double inUseKiB = 0;      // of these, what has not been given back to the allocator
   int descriptors = 0;
   int sockets = 0;  // among the descriptors: connections to other processes, and ports
   int ports = 0;    // the addresses under which it can be reached
@@ -19,16 +22,16 @@ struct Usage {
   double processorMilliseconds = 0;  // a second
 };
 
-/// What is bounded: how much more a figure is at the end than after the warm-up, or what it is
-/// then.
-enum class Bounded { Growth, Value };
+/// What is bounded: how much more a figure is at the end than after the warm-up, what it is then,
+/// or nothing.
+enum class Bounded { Growth, Value, Not };
 
 /// One figure of a Usage, as the table shows it.
 struct Column {
   const char *title;
   double (*value)(const Usage &);
   Bounded bounded;
-  double bound;
+  double bound = 0;
 };
 
 /// All of them.
@@ -38,4 +41,4 @@ const std::vector<Column> &columns();
 /// seconds, because a refresh that happens to run just now is not growth. What it does is that of
 /// the quietest second among these, which lies between two refreshes. Throws std::runtime_error
 /// when the process is gone. windowClass: the class of its windows at the window server.
-Usage usageAtRest(pid_t process, const std::string &windowClass);
+Usage usageAtRest(pid_t process, const CountedMemory &memory, const std::string &windowClass);

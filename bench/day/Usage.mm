@@ -18,8 +18,13 @@ namespace {
 /// Longer than from the end of a refresh to that of the next one, and a second.
 constexpr double kRestSeconds = 4;
 
-/// What a page cache, the allocator's arenas and 2.5 KiB a window (docs/performance.md) come to.
-constexpr double kMemoryBoundKiB = 1024;
+constexpr double kBytesOfKiB = 1024;
+
+/// What the allocator's arenas come to.
+constexpr double kAllocatedBoundKiB = 1024;
+
+/// What 1.5 KiB a window and the events between two measurements (docs/performance.md) come to.
+constexpr double kInUseBoundKiB = 384;
 
 template <class Matches>
 int countIn(const fs::path &folder, Matches matches) {
@@ -53,13 +58,14 @@ int windowsOf(const std::string &windowClass) {
   return search.countInOutput("\n");
 }
 
-Usage usageNow(pid_t process) {
+Usage usageNow(pid_t process, const CountedMemory &counted) {
   const fs::path folder = fs::path("/proc") / std::to_string(process);
   const MemoryUse memory = memoryOf(process);
   const std::string ownPort = std::to_string(process) + ".";
   Usage usage;
   usage.residentKiB = memory.resident;
   usage.allocatedKiB = memory.anonymous;
+  usage.inUseKiB = static_cast<double>(counted.bytesInUse()) / kBytesOfKiB;
   usage.descriptors = countIn(folder / "fd", isAnything);
   usage.sockets = countIn(folder / "fd", isSocket);
   usage.ports = countIn(portFolder() / "ports", [&](const fs::directory_entry &entry) {
@@ -74,6 +80,7 @@ Usage leastOf(const Usage &one, const Usage &other) {
   Usage least;
   least.residentKiB = std::min(one.residentKiB, other.residentKiB);
   least.allocatedKiB = std::min(one.allocatedKiB, other.allocatedKiB);
+  least.inUseKiB = std::min(one.inUseKiB, other.inUseKiB);
   least.descriptors = std::min(one.descriptors, other.descriptors);
   least.sockets = std::min(one.sockets, other.sockets);
   least.ports = std::min(one.ports, other.ports);
@@ -86,10 +93,12 @@ Usage leastOf(const Usage &one, const Usage &other) {
 
 const std::vector<Column> &columns() {
   static const std::vector<Column> all = {
-      {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, Bounded::Growth,
-       kMemoryBoundKiB},
+      // Not bounded: how much of a font's or library's file is in memory is the system's decision.
+      {"resident KiB", [](const Usage &usage) { return usage.residentKiB; }, Bounded::Not},
       {"allocated KiB", [](const Usage &usage) { return usage.allocatedKiB; }, Bounded::Growth,
-       kMemoryBoundKiB},
+       kAllocatedBoundKiB},
+      {"in use KiB", [](const Usage &usage) { return usage.inUseKiB; }, Bounded::Growth,
+       kInUseBoundKiB},
       {"descriptors", [](const Usage &usage) -> double { return usage.descriptors; },
        Bounded::Growth, 0},
       {"sockets", [](const Usage &usage) -> double { return usage.sockets; }, Bounded::Growth, 0},
@@ -103,10 +112,10 @@ const std::vector<Column> &columns() {
   return all;
 }
 
-Usage usageAtRest(pid_t process, const std::string &windowClass) {
-  Usage usage = usageNow(process);
-  const SecondOfActivity quietest =
-      quietestSecond(process, kRestSeconds, [&] { usage = leastOf(usage, usageNow(process)); });
+Usage usageAtRest(pid_t process, const CountedMemory &memory, const std::string &windowClass) {
+  Usage usage = usageNow(process, memory);
+  const SecondOfActivity quietest = quietestSecond(
+      process, kRestSeconds, [&] { usage = leastOf(usage, usageNow(process, memory)); });
   usage.wakeUps = static_cast<double>(quietest.wakeUps);
   usage.processorMilliseconds = quietest.processorMilliseconds;
   usage.windows = windowsOf(windowClass);

@@ -31,6 +31,9 @@ struct ShareTab : ScreenTab {
   /// Waits until the list has this many rows, at most five; answers whether it comes to have them.
   bool seesRows(int count) const;
 
+  /// Waits until the list has a row at least; answers whether it comes to have one.
+  bool seesAnyRow() const;
+
   /// Chooses the other level from the pop-up of a row; does not wait for what comes of it. from,
   /// to: kReadWrite or kReadOnly.
   void chooseAccess(int row, int from, int to) const;

@@ -64,6 +64,10 @@ bool ShareTab::seesRows(int count) const {
   });
 }
 
+bool ShareTab::seesAnyRow() const {
+  return waitFor([&] { return !picture(onScreen(wholeRow(0))).empty(); });
+}
+
 void ShareTab::chooseAccess(int row, int from, int to) const {
   chooseAtOnce(accessInRow(row), from, to);
 }
