@@ -139,7 +139,7 @@ TEST_F(LostNames, AClientThatWasConnectedBeforeTheSocketWasLostIsStillServed) {
 }
 
 TEST_F(LostNames, AProgramThatConnectsAsTheSocketIsLostHoldsNobodyUp) {
-  id const service = RunningApplication::service();
+  id<ContextMenuService> const service = vendedService();
   // Which of the two the application hears of first is another one in each turn of its run loop.
   for (int i = 1; i <= 12; ++i) {
     application.process().signal(SIGSTOP);
