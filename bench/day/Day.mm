@@ -5,6 +5,7 @@
 
 #include "devkit/store/SampleAccount.h"
 #import "tests/e2e/SendTab.h"
+#import "tests/e2e/VendedService.h"
 
 namespace {
 
@@ -125,7 +126,7 @@ void Day::copyLinksQuickly(int count) const {
     @autoreleasepool {
       // The formatter takes the first anonymous argument for a part of the name.
       // clang-format off
-      [RunningApplication::service() copyLinkToClipboard:item:NO:NO];
+      [vendedService() copyLinkToClipboard:item:NO:NO];
       // clang-format on
     }
   });
