@@ -2,14 +2,11 @@
 
 #import <Foundation/Foundation.h>
 
-#include <sys/types.h>
-#include <time.h>
-
 /// What the scripted agent does at one call: one entry of the script file.
 ///
 /// The script is a JSON object from operation names ("getLinkForFile:::::") to an entry or a list
-/// of entries; of a list each call takes the next, and the last one stays. A script that replaces
-/// another begins with the first. Keys of an entry, all optional:
+/// of entries; of a list each call takes the next, and the last one stays. A script with another
+/// "number" than the one before begins its lists anew. Keys of an entry, all optional:
 /// - "delay": seconds to wait first, in which the agent serves nobody else, as one that hangs;
 /// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
 /// - "die": "before" the operation answers (the process kills itself), "whenRead": it answers and
@@ -25,11 +22,8 @@
 @interface Script : NSObject {
  @private
   NSString *_path;
-  /// The script that the calls are counted for: another is another file, or of another time where
-  /// the file system gives it the number of one that is gone.
-  ino_t _file;
-  struct timespec _written;
   NSMutableDictionary *_callCounts;
+  int _number;
 }
 
 - (id)initWithPath:(NSString *)path;

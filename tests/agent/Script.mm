@@ -2,7 +2,6 @@
 
 #include <csignal>
 
-#include <sys/stat.h>
 #include <unistd.h>
 
 /// A reply that ends its process when it is read: the agent dies between answering and being asked
@@ -148,25 +147,13 @@ id actOut(NSDictionary *entry) {
   [super dealloc];
 }
 
-/// Counts anew when the script has been replaced.
-- (void)lookForAnotherFile {
-  struct stat status = {};
-  if (stat([_path fileSystemRepresentation], &status) != 0) return;
-  const auto &written = status.st_mtim;
-  if (status.st_ino == _file && written.tv_sec == _written.tv_sec &&
-      written.tv_nsec == _written.tv_nsec) {
-    return;
-  }
-  _file = status.st_ino;
-  _written = written;
-  [_callCounts removeAllObjects];
-}
-
 - (NSDictionary *)nextEntryForOperation:(NSString *)operation {
-  [self lookForAnotherFile];
   NSData *const data = [NSData dataWithContentsOfFile:_path];
   NSDictionary *const script =
       data == nil ? nil : [NSJSONSerialization JSONObjectWithData:data options:0 error:nullptr];
+  const int number = [[script objectForKey:@"number"] intValue];
+  if (number != _number) [_callCounts removeAllObjects];
+  _number = number;
   id entry = [script objectForKey:operation];
   if ([entry isKindOfClass:[NSArray class]]) {
     const NSUInteger made = [[_callCounts objectForKey:operation] unsignedIntegerValue];

@@ -46,6 +46,12 @@ Kit::~Kit() {
   std::filesystem::remove_all(folder_, ignored);
 }
 
+void Kit::empty() const {
+  std::filesystem::remove_all(dataFolder_);
+  std::filesystem::remove_all(syncedFolder_);
+  std::filesystem::create_directory(syncedFolder_);
+}
+
 std::string Kit::path(const std::string &relativePath) const {
   return syncedFolder_ + "/" + relativePath;
 }

@@ -22,6 +22,9 @@ class Kit {
   std::string makeFile(const std::string &relativePath) const;
   std::string makeFolder(const std::string &relativePath) const;
 
+  /// Removes all that is in both folders. Nobody may be using them.
+  void empty() const;
+
   /// The content of a file in the data folder; empty when there is none.
   std::string data(const std::string &name) const;
 

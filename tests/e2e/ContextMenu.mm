@@ -6,6 +6,7 @@
 #include <csignal>
 
 #include "tests/devkit/Kit.h"
+#include "tests/e2e/OwnProcesses.h"
 #import "tests/e2e/RunningApplication.h"
 #include "tests/e2e/Screen.h"
 #include "tests/support/Strings.h"
@@ -30,7 +31,7 @@ std::string likeTheUsersFolder() {
   return "elsewhere/Users/" + text(NSUserName()) + "/Brisvale";
 }
 
-struct ContextMenuOnScreen : testing::Test {
+struct ContextMenuOnScreen : OwnProcesses {
   Kit kit;
   std::string folder = kit.makeFolder(likeTheUsersFolder());
   std::string file = kit.makeFile(likeTheUsersFolder() + "/MyDocs/Quarterly figures.csv");

@@ -5,6 +5,8 @@
 
 /// The copy-link tab, used with real keys and clicks.
 struct CopyLinkTab : WindowTest, ScreenTab {
+  using WindowTest::WindowTest;
+
   /// Opens the window on the tab, by a client of its own; answers whether it can be seen and has
   /// the keyboard.
   bool openTab(const SendCall &call = {});

@@ -12,9 +12,8 @@
 #include <unistd.h>
 
 #import "app/ContextMenuAppAppDelegate.h"
-#import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
-#include "tests/support/AgentProcess.h"
 #include "tests/support/Stranger.h"
 #include "tests/support/Strings.h"
 
@@ -25,16 +24,15 @@ const std::string kName = "ContextMenuPlugin";
 /// worst. Not a matter of speed: far beyond what it takes on a busy machine.
 constexpr double kServedWithinSeconds = 20;
 
-struct HostilePeers : testing::Test {
-  AgentProcess agent;
+struct HostilePeers : WindowTest {
   // The platform gives up a connection that a stranger's bytes end with its lock still taken (see
   // tools/sanitizers/tsan.supp); the thread sanitizer can remember no more than 64 such locks.
-  RunningApplication application{{{"TSAN_OPTIONS", "detect_deadlocks=0"}}};
+  HostilePeers()
+      : WindowTest(RunningApplication::program(), {{"TSAN_OPTIONS", "detect_deadlocks=0"}}) {}
 
   void SetUp() override {
-    agent.answer(@"getLinkForFile:::::", success(@"https://x/y"));
-    ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
-    ASSERT_TRUE(serves());
+    WindowTest::SetUp();
+    agent->answer(kFileLink, success(@"https://x/y"));
   }
 
   /// Whether an honest client gets its link in time.
@@ -48,7 +46,7 @@ struct HostilePeers : testing::Test {
     EXPECT_TRUE(serves());
     EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
     // Nobody asked the agent for anything but honest links.
-    for (NSString *operation in agent.operations()) {
+    for (NSString *operation in agent->operations()) {
       EXPECT_TRUE([operation hasPrefix:@"get"]) << text(operation);
     }
   }

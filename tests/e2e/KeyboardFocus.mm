@@ -12,6 +12,9 @@ constexpr int kTimesOfSuccess = 3;
 /// A desktop with a window manager and no other program's window, which would get the keyboard
 /// whenever a window of the application is closed.
 struct KeyboardFocus : WindowManager, CopyLinkTab {
+  // The application looks for a window manager when it is launched.
+  KeyboardFocus() : CopyLinkTab(RunningApplication::program(), {}, Application::OfItsOwn) {}
+
   /// Opens a window while the window manager stands still, so that it comes to know of the window
   /// when the application has asked for the keyboard already, and waits for the keyboard.
   bool openAheadOfWindowManager() {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "tests/e2e/OwnProcesses.h"
 #import "tests/e2e/RunningApplication.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/PlatformServer.h"
@@ -33,9 +34,14 @@ const std::vector<std::string> kLinesOfAGoodLaunch = {
     "Context Menu Application Launched for first time",
     "Context Menu Plugin Connection successfully created."};
 
+struct Launch : OwnProcesses {};
+
+/// Which waits for one first, and so takes long.
+struct LaunchWithoutAgent : OwnProcesses {};
+
 }  // namespace
 
-TEST(Launch, AsksForTheAddressBookThenRegistersThenAsksForTheHomeFolder) {
+TEST_F(Launch, AsksForTheAddressBookThenRegistersThenAsksForTheHomeFolder) {
   AgentProcess agent;
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
@@ -48,13 +54,13 @@ TEST(Launch, AsksForTheAddressBookThenRegistersThenAsksForTheHomeFolder) {
   EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
 }
 
-TEST(Launch, WithoutAnAgentItCompletesAndServesThePlugin) {
+TEST_F(LaunchWithoutAgent, CompletesAndServesThePlugin) {
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
   EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
 }
 
-TEST(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
+TEST_F(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
   AgentProcess agent;
   // Starts it, and keeps it.
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"a" object:nil];
@@ -65,20 +71,20 @@ TEST(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
   EXPECT_EQ(linesOfLaunch(application), kLinesOfAGoodLaunch);
 }
 
-TEST(Launch, ShowsNoAlertWithoutAnAgent) {
+TEST_F(LaunchWithoutAgent, ShowsNoAlert) {
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing());
   EXPECT_FALSE(RunningApplication::isVisible());
 }
 
-TEST(Launch, ASyncEngineThatCannotBeginIsIgnored) {
+TEST_F(Launch, ASyncEngineThatCannotBeginIsIgnored) {
   AgentProcess agent;
   RunningApplication application({{"LD_PRELOAD", FAILING_ENGINE}});
   EXPECT_TRUE(application.waitUntilServing()) << application.process().output();
   EXPECT_EQ(countOf(application.log(), kLinesOfAGoodLaunch[0]), 1);
 }
 
-TEST(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
+TEST_F(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
   AgentProcess agent;
   RunningApplication good({{"LD_PRELOAD", TALKING_ENGINE}});
   ASSERT_TRUE(good.waitUntilServing());
@@ -92,7 +98,7 @@ TEST(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
   EXPECT_EQ(bad.process().countInOutput("engine: BvUninitialize"), 0);
 }
 
-TEST(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheApplication) {
+TEST_F(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheApplication) {
   AgentProcess agent;
   const AgentProcess other({.identifier = "org.example.other", .name = "ContextMenuPlugin"});
   RunningApplication application;
@@ -103,7 +109,7 @@ TEST(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheApplication) {
   EXPECT_FALSE(application.process().hasEnded());
 }
 
-TEST(Launch, AnAgentThatStartsWhileTheApplicationWaitsIsFound) {
+TEST_F(Launch, AnAgentThatStartsWhileTheApplicationWaitsIsFound) {
   RunningApplication application;
   ASSERT_TRUE(application.process().waitForOutput("Launched for first time"));
   AgentProcess agent;
@@ -111,7 +117,7 @@ TEST(Launch, AnAgentThatStartsWhileTheApplicationWaitsIsFound) {
   EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 2; }));
 }
 
-TEST(Launch, LoadsNoLibrariesForPicturesThatNobodyHas) {
+TEST_F(Launch, LoadsNoLibrariesForPicturesThatNobodyHas) {
   AgentProcess agent;
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing());

@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/e2e/OwnProcesses.h"
 #import "tests/e2e/RunningApplication.h"
 #include "tests/support/AgentProcess.h"
 
@@ -20,7 +21,7 @@ namespace {
 constexpr int kNoPlaceToRun = 1;
 
 /// The application, started in an environment in which it must end by itself.
-struct LaunchConditions : testing::Test {
+struct LaunchConditions : OwnProcesses {
   void expectThatItEnds(const ChildProcess::Environment &environment, const std::string &reason) {
     ChildProcess application({RunningApplication::program()}, environment);
     EXPECT_EQ(application.waitForEnd(), kNoPlaceToRun);

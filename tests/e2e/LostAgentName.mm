@@ -21,6 +21,9 @@ struct LostAgentName : ServiceTest {
                            "NSMessagePort" / "names" / [encoded UTF8String]));
   }
 
+  // The agent does not take its name back.
+  void TearDown() override { SharedSystem::end(); }
+
   long linesInLog(const std::string &line) const {
     const auto lines = application.log();
     return std::count(lines.begin(), lines.end(), line);

@@ -7,8 +7,9 @@
 #include <filesystem>
 #include <fstream>
 
-#import "tests/e2e/RunningApplication.h"
+#include "tests/e2e/OwnProcesses.h"
 #import "tests/e2e/VendedService.h"
+#import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/Stranger.h"
 #include "tests/support/Strings.h"
@@ -70,6 +71,8 @@ bool answers(id service) {
 
 /// The application at rest, with an agent.
 struct LostNames : WindowTest {
+  LostNames() : WindowTest(RunningApplication::program(), {}, Application::OfItsOwn) {}
+
   long repairs(NSString *name) const {
     return linesInLog("The name \"" + text(name) + "\" was lost and is registered again");
   }
@@ -79,15 +82,19 @@ struct LostNames : WindowTest {
 };
 
 /// The application with its folder for connections in one where everybody may make something.
-/// Without an agent, which it has waited for when it serves.
-struct LostFolder : testing::Test {
+struct LostFolder : OwnProcesses {
   const fs::path base = newTemporaryFolder();
   const fs::path own = base / ("GNUstepSecure" + std::to_string(geteuid()));
   const ChildProcess::Environment environment = {{"TEMP", base}, {"TMP", base}};
-  RunningApplication application{environment};
+  std::unique_ptr<AgentProcess> agent;
+  std::unique_ptr<RunningApplication> application;
 
-  LostFolder() { fs::permissions(base, fs::perms(01777)); }
-  void SetUp() override { ASSERT_TRUE(isServed()) << application.process().output(); }
+  LostFolder() {
+    fs::permissions(base, fs::perms(01777));
+    agent = std::make_unique<AgentProcess>(AgentProcess::Options{.environment = environment});
+    application = std::make_unique<RunningApplication>(environment);
+  }
+  void SetUp() override { ASSERT_TRUE(isServed()) << application->process().output(); }
 
   bool isServed() const {
     return waitFor([&] { return isReached(environment); });
@@ -245,19 +252,19 @@ TEST_F(LostNames, AreGivenBackAtTheEnd) {
 
 TEST_F(LostFolder, IsMadeAgainWithAllThatWasInIt) {
   takeAway(own);
-  EXPECT_TRUE(isServed()) << application.process().output();
+  EXPECT_TRUE(isServed()) << application->process().output();
 }
 
 TEST_F(LostFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   const fs::path elsewhere = newTemporaryFolder();
-  application.process().signal(SIGSTOP);
+  application->process().signal(SIGSTOP);
   takeAway(own);
   fs::create_directory_symlink(elsewhere, own);
-  application.process().signal(SIGCONT);
-  EXPECT_TRUE(application.process().waitForOutput(
+  application->process().signal(SIGCONT);
+  EXPECT_TRUE(application->process().waitForOutput(
       "is lost and cannot be registered again now: the temporary folder \"" + own.string() +
       "\" is a symbolic link\n"));
   EXPECT_TRUE(fs::is_empty(elsewhere));
   fs::remove(own);
-  EXPECT_TRUE(isServed()) << application.process().output();
+  EXPECT_TRUE(isServed()) << application->process().output();
 }

@@ -1,12 +1,6 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <thread>
-
-#import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/VendedService.h"
+#import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
-#include "tests/support/AgentProcess.h"
 #include "tests/support/PlatformServer.h"
 #include "tests/support/Strings.h"
 
@@ -14,12 +8,7 @@ namespace {
 
 NSString *const kFileOperation = @"getLinkForFile:::::";
 
-struct PluginCopy : testing::Test {
-  AgentProcess agent;
-  RunningApplication application;
-
-  void SetUp() override { ASSERT_TRUE(application.waitUntilServing()); }
-
+struct PluginCopy : WindowTest {
   static void copy(NSString *item, bool withProtocol = true) {
     // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
@@ -42,22 +31,13 @@ struct PluginCopy : testing::Test {
 
   static bool isVisible() { return RunningApplication::isVisible(); }
 
-  long linesInLog(const std::string &line) {
-    const auto lines = application.log();
-    return std::count(lines.begin(), lines.end(), line);
-  }
-
-  NSUInteger linksAskedFor() {
-    NSUInteger count = 0;
-    for (NSString *name in agent.operations()) count += [name isEqualToString:kFileOperation];
-    return count;
-  }
+  NSUInteger linksAskedFor() const { return callsOf(kFileOperation); }
 };
 
 }  // namespace
 
 TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
-  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
+  agent->answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
   EXPECT_EQ(clipboardReadByXclip(), "https://brisvale.test/s/1");
   EXPECT_EQ(linesInLog("copy success = 1"), 1);
@@ -66,16 +46,16 @@ TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
 }
 
 TEST_F(PluginCopy, TheLinkOutlivesTheOtherProgramsThatLookAtTheClipboard) {
-  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
+  agent->answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
   expectThatOthersFind("https://brisvale.test/s/1");
 }
 
 TEST_F(PluginCopy, WhenTheClipboardsServerWasKilledTheNextLinkHasAnotherOne) {
-  agent.answer(kFileOperation, success(@"https://brisvale.test/s/1"));
+  agent->answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
   PlatformServer("gpbs").kill();
-  agent.answer(kFileOperation, success(@"https://brisvale.test/s/2"));
+  agent->answer(kFileOperation, success(@"https://brisvale.test/s/2"));
   copy(@"id-1");
   expectThatOthersFind("https://brisvale.test/s/2");
 }
@@ -83,28 +63,27 @@ TEST_F(PluginCopy, WhenTheClipboardsServerWasKilledTheNextLinkHasAnotherOne) {
 TEST_F(PluginCopy, LinksInAnyScriptAreReadBackByAnotherProgram) {
   for (NSString *link in
        @[ @"https://例え.jp/漢字/é", @"https://x/😀", @"https://x/رابط", @"two\nlines" ]) {
-    agent.answer(kFileOperation, success(link));
+    agent->answer(kFileOperation, success(link));
     copy(@"id-1");
     EXPECT_EQ(clipboardReadByXclip(), text(link));
   }
 }
 
 TEST_F(PluginCopy, AClientThatSetsNoProtocolIsServedToo) {
-  agent.answer(kFileOperation, success(@"https://x/plain"));
+  agent->answer(kFileOperation, success(@"https://x/plain"));
   copy(@"id-1", false);
   EXPECT_EQ(clipboardReadByXclip(), "https://x/plain");
 }
 
 TEST_F(PluginCopy, IdsInAnyScriptReachTheAgentAsTheyAre) {
-  agent.answer(kFileOperation, success(@"https://x/y"));
+  agent->answer(kFileOperation, success(@"https://x/y"));
   NSString *const odd = @"id 漢😀\n%@%n\"\\";
   copy(odd);
-  NSDictionary *const call = [agent.calls() lastObject];
-  EXPECT_EQ(text([[call objectForKey:@"arguments"] objectAtIndex:0]), text(odd));
+  EXPECT_EQ(text([argumentsOf(kFileOperation) objectAtIndex:0]), text(odd));
 }
 
 TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
-  agent.answer(kFileOperation, refusal(1, @"quota"));
+  agent->answer(kFileOperation, refusal(1, @"quota"));
   ChildProcess call = copyElsewhere();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   EXPECT_EQ(linesInLog("Unable to copy link at this time"), 1);
@@ -120,7 +99,7 @@ TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
 }
 
 TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) {
-  agent.setScript(@{kFileOperation : @{@"delay" : @0.3, @"die" : @"before"}});
+  agent->setScript(@{kFileOperation : @{@"delay" : @0.3, @"die" : @"before"}});
   ChildProcess call = copyElsewhere();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
@@ -128,14 +107,14 @@ TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) 
     pressReturn();
     return call.hasEnded();
   }));
-  AgentProcess successor;
-  successor.answer(kFileOperation, success(@"https://x/again"));
+  startAgent();
+  agent->answer(kFileOperation, success(@"https://x/again"));
   copy(@"id-1");
   EXPECT_EQ(clipboardReadByXclip(), "https://x/again");
 }
 
 TEST_F(PluginCopy, ASecondCallWaitsWhileTheAgentIsAskedForTheFirst) {
-  agent.setScript(@{
+  agent->setScript(@{
     kFileOperation : @[
       @{@"delay" : @1,
         @"reply" : success(@"https://x/first")},
@@ -154,7 +133,7 @@ TEST_F(PluginCopy, ASecondCallWaitsWhileTheAgentIsAskedForTheFirst) {
 }
 
 TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
-  agent.setScript(@{kFileOperation : @[ @{@"nil" : @1}, @{@"reply" : success(@"https://x/2")} ]});
+  agent->setScript(@{kFileOperation : @[ @{@"nil" : @1}, @{@"reply" : success(@"https://x/2")} ]});
   ChildProcess first = copyElsewhere();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   ChildProcess second = copyElsewhere();
@@ -176,7 +155,7 @@ TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
 }
 
 TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
-  agent.setScript(@{
+  agent->setScript(@{
     kFileOperation : @[
       @{@"delay" : @0.5,
         @"reply" : success(@"https://x/1")},
@@ -193,7 +172,7 @@ TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
 }
 
 TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
-  agent.answer(kFileOperation, success(@"https://x/y"));
+  agent->answer(kFileOperation, success(@"https://x/y"));
   id const stranger = vendedService(false);
   const std::string refused = text(NSInvalidArgumentException);
   EXPECT_EQ(sendOverWire(stranger, @selector(valueForKey:), "@@:@", @"flag"), refused);
@@ -209,7 +188,7 @@ TEST_F(PluginCopy, AStrangerCanSendNothingButTheOperations) {
 }
 
 TEST_F(PluginCopy, AStrangerCannotReleaseTheSignatureThatItIsHanded) {
-  agent.answer(kFileOperation, success(@"https://x/y"));
+  agent->answer(kFileOperation, success(@"https://x/y"));
   id const stranger = vendedService(false);
   NSInvocation *const question = [NSInvocation
       invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:"@@::"]];

@@ -4,8 +4,9 @@
 
 #include <filesystem>
 
-#import "tests/e2e/RunningApplication.h"
+#include "tests/e2e/OwnProcesses.h"
 #import "tests/e2e/VendedService.h"
+#import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/AgentProcess.h"
 
@@ -21,7 +22,7 @@ std::string wordFor(const RunningApplication &first) {
          ", which goes on\n";
 }
 
-struct SecondStart : testing::Test {
+struct SecondStart : OwnProcesses {
   AgentProcess agent;
   RunningApplication first;
 

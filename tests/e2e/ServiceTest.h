@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -9,20 +10,36 @@
 #include "tests/devkit/Kit.h"
 #import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/ScreenTab.h"
+#include "tests/e2e/SharedSystem.h"
+
+struct ServiceSystem : SharedSystem {
+  const Kit kit;
+  std::unique_ptr<DevelopmentAgent> agent = std::make_unique<DevelopmentAgent>();
+  RunningApplication application;
+  /// Of the application, when it does nothing.
+  std::size_t threadsAtRest = 0;
+
+  explicit ServiceSystem(const std::string &language) : application({{"LANGUAGE", language}}) {}
+};
 
 /// The whole system as a person has it: the application, the plug-in's client, and behind them the
 /// development kit's agent and engine with their store, outbox and log of operations, all as
 /// processes of their own on the private screen.
+///
+/// A test begins with an empty synced folder, a new account and an agent that was just started; the
+/// application, of which none of them leaves anything, goes on from test to test.
 struct ServiceTest : testing::Test, ScreenTab {
-  const Kit kit;
-  DevelopmentAgent agent;
-  RunningApplication application;
+  ServiceSystem &system;
+  const Kit &kit = system.kit;
+  RunningApplication &application = system.application;
 
   /// language: as the user's environment says it.
   explicit ServiceTest(const std::string &language = "en");
 
   /// Waits until the application serves and is at rest.
   void SetUp() override;
+  /// Closes the windows; the application must serve, have no window and nothing else to do.
+  void TearDown() override;
 
   /// Runs the plug-in's client with these arguments to its end; answers whether it succeeded.
   static bool client(const std::vector<std::string> &arguments);
@@ -41,6 +58,9 @@ struct ServiceTest : testing::Test, ScreenTab {
   /// none.
   std::vector<std::string> operations(const std::string &name) const;
   std::string lastOperation(const std::string &name) const;
+
+ private:
+  void leaveToNextTest();
 };
 
 /// Whether the text has this part; tells both when it has not.

@@ -5,15 +5,40 @@
 #include <sstream>
 
 #import "tests/e2e/WindowTest.h"
+#include "tests/support/ProcessActivity.h"
 
-ServiceTest::ServiceTest(const std::string &language) : application({{"LANGUAGE", language}}) {}
+ServiceTest::ServiceTest(const std::string &language)
+    : system(SharedSystem::runningFor<ServiceSystem>("development kit, " + language, language)) {}
 
 void ServiceTest::SetUp() {
+  if (system.threadsAtRest != 0) {
+    system.agent.reset();
+    kit.empty();
+    system.agent = std::make_unique<DevelopmentAgent>();
+    return;
+  }
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
   // The last part of the launch is the start of the pasteboard's server. A window that is opened
   // meanwhile is drawn when that is over.
   ASSERT_TRUE(client({"copy-link", kit.makeFile("first.txt")})) << application.process().output();
   ASSERT_TRUE(waitFor([] { return !clipboardReadByXclip().empty(); }));
+  system.threadsAtRest = threadsOf(application.process().pid());
+}
+
+void ServiceTest::TearDown() {
+  if (!HasFailure()) leaveToNextTest();
+  // Who left something that is not as expected must not spoil the next test as well.
+  if (HasFailure()) SharedSystem::end();
+}
+
+void ServiceTest::leaveToNextTest() {
+  ASSERT_FALSE(application.process().hasEnded()) << application.process().output();
+  EXPECT_TRUE(client({"copy-link", kit.makeFile("at-rest.txt")}));
+  EXPECT_TRUE(waitForWindows(0)) << application.process().output();
+  // What is still loaded in the background would ask the next test's agent.
+  EXPECT_TRUE(waitFor([&] {
+    return threadsOf(application.process().pid()) <= system.threadsAtRest;
+  })) << application.process().output();
 }
 
 bool ServiceTest::client(const std::vector<std::string> &arguments) {
@@ -43,8 +68,8 @@ std::vector<std::string> ServiceTest::mails() const {
 }
 
 std::string ServiceTest::onlyMail() const {
-  if (!waitFor([&] { return !mails().empty(); })) return "";
-  const auto all = mails();
+  std::vector<std::string> all;
+  if (!waitFor([&] { return !(all = mails()).empty(); })) return "";
   return all.size() == 1 ? all.front() : "";
 }
 

@@ -8,6 +8,7 @@
 
 #import "tests/e2e/RunningApplication.h"
 #include "tests/e2e/Screen.h"
+#include "tests/e2e/SharedSystem.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Strings.h"
 
@@ -59,17 +60,36 @@ ScreenWindow onlyWindow(const std::string &title);
 ScreenArea buttonsOf(const ScreenWindow &window);
 ScreenArea indicatorOf(const ScreenWindow &window);
 
-/// The application with its agent, both as processes of their own, on the private screen. What the
-/// questions below are about begins when the application is at rest after its launch.
-struct WindowTest : testing::Test {
+/// The application with its scripted agent, at rest after its launch.
+struct ScriptedSystem : SharedSystem {
   std::unique_ptr<AgentProcess> agent = agentWithContacts();
   RunningApplication application;
+  /// Of the application, when it does nothing.
+  std::size_t threadsAtRest = 0;
+
+  ScriptedSystem(const std::string &program, const ChildProcess::Environment &environment)
+      : application(program, environment) {}
+};
+
+/// Whether a test takes over the application from the tests before it and leaves it to the next.
+enum class Application { Shared, OfItsOwn };
+
+/// The application with its agent, both as processes of their own, on the private screen. What the
+/// questions below are about begins when the application is at rest, after its launch or after the
+/// test before. Nothing is left to the next test: after each the windows are closed, and the
+/// application must serve, have no window and nothing else to do.
+struct WindowTest : testing::Test {
+  ScriptedSystem &system;
+  std::unique_ptr<AgentProcess> &agent = system.agent;
+  RunningApplication &application = system.application;
 
   /// program: the application's executable, for a copy of it elsewhere. environment: additions to
   /// this process's own.
   explicit WindowTest(const std::string &program = RunningApplication::program(),
-                      const ChildProcess::Environment &environment = {});
+                      const ChildProcess::Environment &environment = {},
+                      Application kind = Application::Shared);
   void SetUp() override;
+  void TearDown() override;
 
   /// Kills the agent, and starts another one, which has not been called yet.
   void endAgent();
@@ -90,7 +110,9 @@ struct WindowTest : testing::Test {
 
  private:
   NSArray *calls() const;
+  void leaveToNextTest();
 
-  std::size_t outputOfLaunch_ = 0;
-  NSUInteger callsOfLaunch_ = 0;
+  const Application kind_;
+  std::size_t outputBefore_ = 0;
+  std::size_t recordBefore_ = 0;
 };

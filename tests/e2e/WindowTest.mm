@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#import "tests/e2e/VendedService.h"
 #include "tests/support/CapturedLog.h"
+#include "tests/support/ProcessActivity.h"
 
 NSString *const kFileLink = @"getLinkForFile:::::";
 NSString *const kFolderLink = @"getLinkForFolder:::::";
@@ -13,6 +15,32 @@ namespace {
 constexpr int kButtonRowHeight = 75;
 constexpr int kFirstButtonX = 250;
 constexpr int kIndicatorWidth = 80;
+
+ScriptedSystem &runningSystem(const std::string &program,
+                              const ChildProcess::Environment &environment, Application kind) {
+  if (kind == Application::OfItsOwn) SharedSystem::end();
+  std::string purpose = "scripted agent, " + program;
+  for (const auto &[name, value] : environment) purpose += ", " + name + "=" + value;
+  return SharedSystem::runningFor<ScriptedSystem>(purpose, program, environment);
+}
+
+/// Has a link copied by a client in this process; answers "", or why that has not come to its end.
+std::string copyLink(NSString *item) {
+  @autoreleasepool {
+    @try {
+      id<ContextMenuService> const service = vendedService();
+      if (service == nil) return "no service";
+      [[static_cast<id>(service) connectionForProxy] setReplyTimeout:kPatienceSeconds];
+      // The formatter takes the first anonymous argument for a part of the name.
+      // clang-format off
+      [service copyLinkToClipboard:item:NO:NO];
+      // clang-format on
+      return "";
+    } @catch (NSException *exception) {
+      return text([exception name]) + ": " + text([exception reason]);
+    }
+  }
+}
 
 }  // namespace
 
@@ -60,16 +88,42 @@ ScreenArea indicatorOf(const ScreenWindow &window) {
   return {all.x, all.y + all.height - kButtonRowHeight, kIndicatorWidth, kButtonRowHeight};
 }
 
-WindowTest::WindowTest(const std::string &program, const ChildProcess::Environment &environment)
-    : application(program, environment) {}
+WindowTest::WindowTest(const std::string &program, const ChildProcess::Environment &environment,
+                       Application kind)
+    : system(runningSystem(program, environment, kind)), kind_(kind) {}
 
 void WindowTest::SetUp() {
-  ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
-  // The last part of the launch is the start of the pasteboard's server. A window that is opened
-  // meanwhile is drawn when that is over.
-  ASSERT_TRUE(serves()) << application.process().output();
-  outputOfLaunch_ = application.process().output().size();
-  callsOfLaunch_ = [agent->calls() count];
+  if (system.threadsAtRest == 0) {
+    ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
+    // The last part of the launch is the start of the pasteboard's server. A window that is opened
+    // meanwhile is drawn when that is over.
+    ASSERT_TRUE(serves()) << application.process().output();
+    system.threadsAtRest = threadsOf(application.process().pid());
+  }
+  agent->setScript(@{});
+  outputBefore_ = application.process().output().size();
+  recordBefore_ = agent->record();
+}
+
+void WindowTest::TearDown() {
+  if (!HasFailure() && kind_ == Application::Shared) leaveToNextTest();
+  // Who left something that is not as expected must not spoil the next test as well.
+  if (HasFailure() || kind_ == Application::OfItsOwn) SharedSystem::end();
+}
+
+void WindowTest::leaveToNextTest() {
+  ASSERT_FALSE(application.process().hasEnded()) << application.process().output();
+  if (agent == nullptr) startAgent();
+  ASSERT_FALSE(agent->process().hasEnded());
+  const std::string link = "https://x/at-rest";
+  agent->answer(kFileLink, success([NSString stringWithUTF8String:link.c_str()]));
+  EXPECT_EQ(copyLink(@"id-at-rest"), "");
+  EXPECT_EQ(clipboardReadByXclip(), link);
+  EXPECT_TRUE(waitForWindows(0)) << output();
+  // What is still loaded in the background would ask the next test's agent.
+  EXPECT_TRUE(waitFor([&] {
+    return threadsOf(application.process().pid()) <= system.threadsAtRest;
+  })) << output();
 }
 
 void WindowTest::endAgent() {
@@ -78,11 +132,11 @@ void WindowTest::endAgent() {
 
 void WindowTest::startAgent() {
   agent = agentWithContacts();
-  callsOfLaunch_ = 0;
+  recordBefore_ = 0;
 }
 
 std::string WindowTest::output() const {
-  return application.process().output().substr(outputOfLaunch_);
+  return application.process().output().substr(outputBefore_);
 }
 
 long WindowTest::linesInLog(const std::string &line) const {
@@ -91,8 +145,7 @@ long WindowTest::linesInLog(const std::string &line) const {
 }
 
 NSArray *WindowTest::calls() const {
-  NSArray *const all = agent->calls();
-  return [all subarrayWithRange:NSMakeRange(callsOfLaunch_, [all count] - callsOfLaunch_)];
+  return agent->callsSince(recordBefore_);
 }
 
 NSArray *WindowTest::argumentsOf(NSString *operation) const {

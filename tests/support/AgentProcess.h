@@ -18,6 +18,8 @@ class AgentProcess {
     std::string name = "KRVSyncAgent";
     /// How long after its start it registers the name.
     double registerAfterSeconds = 0;
+    /// Additions to this process's own.
+    ChildProcess::Environment environment;
   };
 
   AgentProcess() : AgentProcess(Options()) {}
@@ -26,7 +28,8 @@ class AgentProcess {
   /// all.
   explicit AgentProcess(const Options &options);
 
-  /// What the agent does at the calls to come (tests/agent/Script.h).
+  /// What the agent does at the calls to come (tests/agent/Script.h); a list begins with its first
+  /// entry, whatever was called before.
   void setScript(NSDictionary *script) const;
 
   /// What it answers to one operation; forgets all other operations' script.
@@ -34,6 +37,12 @@ class AgentProcess {
 
   /// The calls so far, oldest first: dictionaries as tests/agent/ScriptedAgent.h has them.
   NSArray *calls() const;
+
+  /// How much has been recorded of the calls so far, for callsSince.
+  std::size_t record() const;
+
+  /// The calls after what `record` answered earlier.
+  NSArray *callsSince(std::size_t record) const;
 
   /// The arguments of the last call.
   NSArray *lastArguments() const;

@@ -30,9 +30,11 @@ std::string makeBundle(const std::string &folder, const std::string &identifier)
 
 AgentProcess::AgentProcess(const Options &options) : folder_(newTemporaryFolder()) {
   setScript([NSDictionary dictionary]);
-  process_ = std::make_unique<ChildProcess>(std::vector<std::string>{
-      makeBundle(folder_, options.identifier), folder_ + "/script", folder_ + "/record",
-      options.name, std::to_string(options.registerAfterSeconds)});
+  process_ = std::make_unique<ChildProcess>(
+      std::vector<std::string>{makeBundle(folder_, options.identifier), folder_ + "/script",
+                               folder_ + "/record", options.name,
+                               std::to_string(options.registerAfterSeconds)},
+      options.environment);
   const bool isReachable = options.name != "-" && options.registerAfterSeconds == 0;
   if (!process_->waitForOutput(isReachable ? "registered" : "running")) {
     throw std::runtime_error("the scripted agent did not start: " + process_->output());
@@ -40,7 +42,10 @@ AgentProcess::AgentProcess(const Options &options) : folder_(newTemporaryFolder(
 }
 
 void AgentProcess::setScript(NSDictionary *script) const {
-  NSData *const data = [NSJSONSerialization dataWithJSONObject:script options:0 error:nullptr];
+  static int number = 0;
+  NSMutableDictionary *const numbered = [NSMutableDictionary dictionaryWithDictionary:script];
+  [numbered setObject:[NSNumber numberWithInt:++number] forKey:@"number"];
+  NSData *const data = [NSJSONSerialization dataWithJSONObject:numbered options:0 error:nullptr];
   [data writeToFile:nsString(folder_ + "/script") atomically:YES];
 }
 
@@ -49,11 +54,21 @@ void AgentProcess::answer(NSString *operation, id reply) const {
 }
 
 NSArray *AgentProcess::calls() const {
-  NSString *const record = [NSString stringWithContentsOfFile:nsString(folder_ + "/record")
-                                                     encoding:NSUTF8StringEncoding
-                                                        error:nullptr];
+  return callsSince(0);
+}
+
+std::size_t AgentProcess::record() const {
+  return std::filesystem::file_size(folder_ + "/record");
+}
+
+NSArray *AgentProcess::callsSince(std::size_t record) const {
+  NSFileHandle *const file =
+      [NSFileHandle fileHandleForReadingAtPath:nsString(folder_ + "/record")];
+  [file seekToFileOffset:record];
+  NSString *const text = [[[NSString alloc] initWithData:[file readDataToEndOfFile]
+                                                encoding:NSUTF8StringEncoding] autorelease];
   NSMutableArray *const lines =
-      [[[record componentsSeparatedByString:@"\n"] mutableCopy] autorelease];
+      [[[text componentsSeparatedByString:@"\n"] mutableCopy] autorelease];
   // What follows the last line break is a line that is just being written.
   [lines removeLastObject];
   NSMutableArray *const calls = [NSMutableArray array];

@@ -114,7 +114,16 @@ int ChildProcess::waitForEnd() {
 namespace detail {
 
 void pausePolling() {
-  std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  pausePollingAfter(0);
+}
+
+void pausePollingAfter(double secondsWaited) {
+  constexpr double kShortestSeconds = 0.005;
+  constexpr double kLongestSeconds = 0.05;
+  /// By how much later than it could a long wait may end.
+  constexpr double kShareOfWait = 0.05;
+  const double pause = std::clamp(secondsWaited * kShareOfWait, kShortestSeconds, kLongestSeconds);
+  std::this_thread::sleep_for(std::chrono::duration<double>(pause));
 }
 
 double secondsNow() {

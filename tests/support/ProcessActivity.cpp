@@ -6,6 +6,7 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -100,6 +101,12 @@ long ProcessActivity::wakeUpsSince(const ProcessActivity &earlier) const {
 
 double ProcessActivity::processorMillisecondsSince(const ProcessActivity &earlier) const {
   return processorMilliseconds_ - earlier.processorMilliseconds_;
+}
+
+std::size_t threadsOf(pid_t process) {
+  std::error_code gone;
+  const fs::directory_iterator threads(fs::path("/proc") / std::to_string(process) / "task", gone);
+  return gone ? 0 : static_cast<std::size_t>(std::distance(fs::begin(threads), fs::end(threads)));
 }
 
 SecondOfActivity quietestSecond(pid_t process, double seconds,

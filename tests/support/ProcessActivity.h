@@ -2,6 +2,7 @@
 
 #include <sys/types.h>
 
+#include <cstddef>
 #include <functional>
 #include <map>
 
@@ -22,6 +23,9 @@ class ProcessActivity {
   std::map<int, long> switchesOfThreads_;
   double processorMilliseconds_ = 0;
 };
+
+/// How many threads the process has; 0 when it is gone.
+std::size_t threadsOf(pid_t process);
 
 /// What a process did in a second.
 struct SecondOfActivity {

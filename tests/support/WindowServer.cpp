@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 
+#include <cstdint>
 #include <cstdlib>
 #include <memory>
 #include <optional>
@@ -51,10 +52,21 @@ class Server {
     return tree ? tree->parent : XCB_NONE;
   }
 
-  bool isVisible(xcb_window_t window) const {
-    const Reply<xcb_get_window_attributes_reply_t> attributes(xcb_get_window_attributes_reply(
-        connection_, xcb_get_window_attributes(connection_, window), nullptr));
-    return attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
+  /// Those of the windows that can be seen, all asked for in one go.
+  std::vector<xcb_window_t> visible(const std::vector<xcb_window_t> &windows) const {
+    std::vector<xcb_get_window_attributes_cookie_t> asked;
+    for (const xcb_window_t window : windows) {
+      asked.push_back(xcb_get_window_attributes(connection_, window));
+    }
+    std::vector<xcb_window_t> found;
+    for (std::size_t i = 0; i < windows.size(); ++i) {
+      const Reply<xcb_get_window_attributes_reply_t> attributes(
+          xcb_get_window_attributes_reply(connection_, asked[i], nullptr));
+      if (attributes && attributes->map_state == XCB_MAP_STATE_VIEWABLE) {
+        found.push_back(windows[i]);
+      }
+    }
+    return found;
   }
 
   /// The first part of WM_CLASS.
@@ -128,8 +140,8 @@ const Server &server() {
 
 void addVisibleWindows(xcb_window_t parent, const std::string &program,
                        std::vector<ServerWindow> &windows) {
-  for (const xcb_window_t window : server().children(parent)) {
-    if (!server().isVisible(window)) continue;  // nor is anything in it
+  // What is in a window that cannot be seen cannot be seen either.
+  for (const xcb_window_t window : server().visible(server().children(parent))) {
     if (server().program(window) == program) {
       if (const auto area = server().area(window)) {
         windows.push_back({std::to_string(window), server().title(window), *area});
@@ -158,12 +170,11 @@ std::string windowWithKeyboard() {
 }
 
 std::string pixelsIn(const ScreenArea &area) {
-  constexpr std::size_t kBytesOfAPixel = 4;
-  const std::string image = server().image(area);
-  std::string pixels;
-  pixels.reserve(image.size());
-  for (std::size_t at = 0; at + kBytesOfAPixel <= image.size(); at += kBytesOfAPixel) {
-    pixels += {image[at + 2], image[at + 1], image[at]};
-  }
+  constexpr std::uint32_t kColours = 0x00FFFFFF;
+  std::string pixels = server().image(area);
+  // In words: this is compiled without optimisation, and done often.
+  auto *const words = reinterpret_cast<std::uint32_t *>(pixels.data());
+  const std::size_t count = pixels.size() / sizeof *words;
+  for (std::size_t i = 0; i < count; ++i) words[i] &= kColours;
   return pixels;
 }

@@ -33,6 +33,6 @@ std::vector<ServerWindow> visibleWindowsOf(const std::string &program);
 /// "" when there is none.
 std::string windowWithKeyboard();
 
-/// The colours in a part of the screen, three bytes a pixel, row by row; "" when a part of the area
-/// is not on the screen.
+/// The colours in a part of the screen, four bytes a pixel (blue, green, red, nothing), row by row;
+/// "" when a part of the area is not on the screen.
 std::string pixelsIn(const ScreenArea &area);
