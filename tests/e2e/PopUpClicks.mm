@@ -174,6 +174,8 @@ TEST_F(PopUpClicks, APressThatIsHeldOnTheEdgeOfAButtonSendsNothing) {
   clickRow(reader, 0);
   EXPECT_TRUE(seesOpenMenu(otherItemOf(reader)));
   EXPECT_EQ(callsOf(kGrant), 0u);
+  pressKeys({"Escape"});
+  EXPECT_TRUE(waitForWindows(1));
 }
 
 TEST_F(PopUpClicks, AClickWhileTheApplicationIsStoppedIsAClickWhenItGoesOn) {

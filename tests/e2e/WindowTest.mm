@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#import "tests/e2e/VendedService.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/ProcessActivity.h"
 
@@ -22,24 +21,6 @@ ScriptedSystem &runningSystem(const std::string &program,
   std::string purpose = "scripted agent, " + program;
   for (const auto &[name, value] : environment) purpose += ", " + name + "=" + value;
   return SharedSystem::runningFor<ScriptedSystem>(purpose, program, environment);
-}
-
-/// Has a link copied by a client in this process; answers "", or why that has not come to its end.
-std::string copyLink(NSString *item) {
-  @autoreleasepool {
-    @try {
-      id<ContextMenuService> const service = vendedService();
-      if (service == nil) return "no service";
-      [[static_cast<id>(service) connectionForProxy] setReplyTimeout:kPatienceSeconds];
-      // The formatter takes the first anonymous argument for a part of the name.
-      // clang-format off
-      [service copyLinkToClipboard:item:NO:NO];
-      // clang-format on
-      return "";
-    } @catch (NSException *exception) {
-      return text([exception name]) + ": " + text([exception reason]);
-    }
-  }
 }
 
 }  // namespace
@@ -100,7 +81,7 @@ void WindowTest::SetUp() {
     ASSERT_TRUE(serves()) << application.process().output();
     system.threadsAtRest = threadsOf(application.process().pid());
   }
-  agent->setScript(@{});
+  agent->answer(kFileLink, success(@"https://x/serves"));
   outputBefore_ = application.process().output().size();
   recordBefore_ = agent->record();
 }
@@ -117,7 +98,10 @@ void WindowTest::leaveToNextTest() {
   ASSERT_FALSE(agent->process().hasEnded());
   const std::string link = "https://x/at-rest";
   agent->answer(kFileLink, success([NSString stringWithUTF8String:link.c_str()]));
-  EXPECT_EQ(copyLink(@"id-at-rest"), "");
+  ChildProcess copy({PLUGIN_CALL, "id-at-rest"});
+  // Not for ever: where a menu has been left open, nobody is served.
+  ASSERT_TRUE(waitFor([&] { return copy.hasEnded(); })) << output();
+  EXPECT_EQ(copy.waitForEnd(), 0) << copy.output();
   EXPECT_EQ(clipboardReadByXclip(), link);
   EXPECT_TRUE(waitForWindows(0)) << output();
   // What is still loaded in the background would ask the next test's agent.
