@@ -34,7 +34,7 @@ struct ServiceTest : testing::Test, ScreenTab {
   RunningApplication &application = system.application;
 
   /// language: as the user's environment says it.
-  explicit ServiceTest(const std::string &language = "en");
+  explicit ServiceTest(const std::string &language = "en", Application kind = Application::Shared);
 
   /// Waits until the application serves and is at rest.
   void SetUp() override;
@@ -61,6 +61,8 @@ struct ServiceTest : testing::Test, ScreenTab {
 
  private:
   void leaveToNextTest();
+
+  const Application kind_;
 };
 
 /// Whether the text has this part; tells both when it has not.

@@ -7,8 +7,17 @@
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/ProcessActivity.h"
 
-ServiceTest::ServiceTest(const std::string &language)
-    : system(SharedSystem::runningFor<ServiceSystem>("development kit, " + language, language)) {}
+namespace {
+
+ServiceSystem &runningSystem(const std::string &language, Application kind) {
+  if (kind == Application::OfItsOwn) SharedSystem::end();
+  return SharedSystem::runningFor<ServiceSystem>("development kit, " + language, language);
+}
+
+}  // namespace
+
+ServiceTest::ServiceTest(const std::string &language, Application kind)
+    : system(runningSystem(language, kind)), kind_(kind) {}
 
 void ServiceTest::SetUp() {
   if (system.threadsAtRest != 0) {
@@ -26,13 +35,15 @@ void ServiceTest::SetUp() {
 }
 
 void ServiceTest::TearDown() {
-  if (!HasFailure()) leaveToNextTest();
+  if (!HasFailure() && kind_ == Application::Shared) leaveToNextTest();
   // Who left something that is not as expected must not spoil the next test as well.
-  if (HasFailure()) SharedSystem::end();
+  if (HasFailure() || kind_ == Application::OfItsOwn) SharedSystem::end();
 }
 
 void ServiceTest::leaveToNextTest() {
   ASSERT_FALSE(application.process().hasEnded()) << application.process().output();
+  // The application remembers a colleague whom it has looked up.
+  EXPECT_EQ(lastOperation("getUserInfo"), "");
   EXPECT_TRUE(client({"copy-link", kit.makeFile("at-rest.txt")}));
   EXPECT_TRUE(waitForWindows(0)) << application.process().output();
   // What is still loaded in the background would ask the next test's agent.

@@ -36,8 +36,9 @@ struct Share : ServiceTest {
   /// Where the frames of the share window are known. Its window is that of ServiceTest.
   ShareTab tab;
 
+  // Whom it has looked up for one test the application would know in the next.
   explicit Share(const Language &language = {"en", "Share Folder"})
-      : ServiceTest(language.environment), title(language.title) {}
+      : ServiceTest(language.environment, Application::OfItsOwn), title(language.title) {}
 
   bool openOn(const std::string &folder, const std::string &position = "0") {
     const bool isOpen = openWindow({"share", folder, "--tab", position}, title);

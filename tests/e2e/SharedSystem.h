@@ -4,6 +4,9 @@
 #include <string>
 #include <utility>
 
+/// Whether a test takes over the application from the tests before it and leaves it to the next.
+enum class Application { Shared, OfItsOwn };
+
 /// The application with the processes that it works with, kept running from one test of this
 /// program to the next, because starting them takes longer than most tests do. Of all kinds
 /// together one runs at a time: the application and both agents register the same names.

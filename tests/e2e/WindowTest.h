@@ -71,9 +71,6 @@ struct ScriptedSystem : SharedSystem {
       : application(program, environment) {}
 };
 
-/// Whether a test takes over the application from the tests before it and leaves it to the next.
-enum class Application { Shared, OfItsOwn };
-
 /// The application with its agent, both as processes of their own, on the private screen. What the
 /// questions below are about begins when the application is at rest, after its launch or after the
 /// test before. Nothing is left to the next test: after each the windows are closed, and the
