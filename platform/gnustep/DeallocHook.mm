@@ -64,11 +64,17 @@ void hookedDealloc(id object, SEL dealloc) {
   endObject(object, dealloc, cls);
 }
 
+/// By its name, because a class that is loaded before this file asks for a hook: @selector has no
+/// meaning in a file that the runtime has not loaded yet, whose place in the link decides about that.
+SEL deallocSelector() {
+  return sel_registerName("dealloc");
+}
+
 bool hasOwnDealloc(Class cls) {
   unsigned count = 0;
   Method *const methods = class_copyMethodList(cls, &count);
   const bool has = std::any_of(methods, methods + count, [](Method method) {
-    return sel_isEqual(method_getName(method), @selector(dealloc));
+    return sel_isEqual(method_getName(method), deallocSelector());
   });
   std::free(methods);
   return has;
@@ -96,7 +102,7 @@ void addDeallocHook(Class given, EndOfObject atEnd) {
     if (std::find(present.begin(), present.end(), atEnd) == present.end()) present.push_back(atEnd);
     return;
   }
-  const SEL dealloc = @selector(dealloc);
+  const SEL dealloc = deallocSelector();
   Method const inherited = class_getInstanceMethod(cls, dealloc);
   const IMP original = method_getImplementation(inherited);
   classes[cls] = {reinterpret_cast<Dealloc>(original), {atEnd}};
