@@ -65,7 +65,8 @@ void hookedDealloc(id object, SEL dealloc) {
 }
 
 /// By its name, because a class that is loaded before this file asks for a hook: @selector has no
-/// meaning in a file that the runtime has not loaded yet, whose place in the link decides about that.
+/// meaning in a file that the runtime has not loaded yet, whose place in the link decides about
+/// that.
 SEL deallocSelector() {
   return sel_registerName("dealloc");
 }

@@ -8,8 +8,8 @@
 #include <fstream>
 
 #include "tests/e2e/OwnProcesses.h"
-#import "tests/e2e/VendedService.h"
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/Stranger.h"
 #include "tests/support/Strings.h"

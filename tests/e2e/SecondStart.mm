@@ -5,8 +5,8 @@
 #include <filesystem>
 
 #include "tests/e2e/OwnProcesses.h"
-#import "tests/e2e/VendedService.h"
 #import "tests/e2e/RunningApplication.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #include "tests/support/AgentProcess.h"
 
