@@ -11,8 +11,9 @@ set(written "")
 string(REPLACE "|" "]==] [==[" command "[==[${command}]==]")
 
 # The tests in "part" are one to CTest, which begins with the dearest.
-macro(write_part name cost)
+macro(write_part name weight_of_part)
   list(JOIN part ":" filter)
+  math(EXPR cost "${weight_of_part} * ${seconds}")
   string(APPEND written
       "add_test([==[${prefix}${name}]==] ${command} [==[--gtest_filter=${filter}]==])\n"
       "set_tests_properties([==[${prefix}${name}]==] PROPERTIES TIMEOUT ${timeout} COST ${cost})\n")

@@ -1,8 +1,11 @@
 #import "tests/ui/MenuActions.h"
 
+#include <unistd.h>
+
 #include <algorithm>
-#include <filesystem>
-#include <iterator>
+#include <thread>
+
+#include "tests/support/ProcessActivity.h"
 
 const char *const kOutsideLine = "filepath cannot be matched";
 const char *const kNoIdLine = "error getting fileId";
@@ -26,13 +29,12 @@ NSString *makeFileAt(NSString *path) {
   return path;
 }
 
-std::ptrdiff_t threadsOfProcess() {
-  const std::filesystem::directory_iterator tasks("/proc/self/task");
-  return std::distance(begin(tasks), end(tasks));
-}
-
-/// Before the first test of the process: one, and those of a sanitizer.
-const std::ptrdiff_t threadsAtRest = threadsOfProcess();
+/// Before the first test of the process: one, and that of a sanitizer, which comes with the first
+/// thread.
+const std::size_t threadsAtRest = [] {
+  std::thread([] {}).join();
+  return threadsOf(getpid());
+}();
 
 }  // namespace
 
@@ -128,5 +130,5 @@ MenuActions::~MenuActions() {
   closeWindows();
   // A load of a window that has been closed goes on. It would ask the next test's agent, whose name
   // is the same.
-  EXPECT_TRUE(handleEventsUntil([] { return threadsOfProcess() == threadsAtRest; }));
+  EXPECT_TRUE(handleEventsUntil([] { return threadsOf(getpid()) == threadsAtRest; }));
 }

@@ -36,7 +36,7 @@ class TestSuites(unittest.TestCase):
 
     def listed(self, thorough="FALSE", environment=None, **values):
         """The filter and the cost of each test of CTest, by its name."""
-        values = {"size": 20, "alone": "", "prefix": "", "timeout": 60, **values}
+        values = {"size": 20, "alone": "", "prefix": "", "seconds": 1, "timeout": 60, **values}
         defines = [part for key, value in values.items() for part in ("-D", f"{key}={value}")]
         tests = self.folder / "tests.cmake"
         subprocess.run(["cmake", "-D", f"program={self.folder}/program", "-D", f"tests={tests}",
@@ -65,6 +65,9 @@ class TestSuites(unittest.TestCase):
         listed = self.listed(alone="Long", size=60)
         self.assertEqual(listed["Row/Long.Works/Second"], ("Row/Long.Works/Second", 60))
         self.assertEqual(listed["Short+Last"], ("Short.*:Last.*", 3))
+
+    def test_a_part_costs_what_its_tests_take(self):
+        self.assertEqual(self.listed(size=60, seconds=5)["Short+Row/Long+Last"][1], 255)
 
     def test_names_begin_with_the_prefix(self):
         self.assertEqual(list(self.listed(size=60, prefix="faults.")), ["faults.Short+Row/Long+Last"])
