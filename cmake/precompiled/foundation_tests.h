@@ -5,6 +5,8 @@
 #import <Foundation/Foundation.h>
 #endif
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <optional>
 #include <string>

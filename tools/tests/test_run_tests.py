@@ -255,6 +255,15 @@ class PassedTests(Build):
         self.assertEqual(self.ran("-R", "two"), ["two"])
         self.assertEqual(self.ran(), ["one"])
 
+    def test_of_those_that_were_asked_for_only_the_changed_ones_are(self):
+        for name in ("one", "two", "three"):
+            self.add_compiled(name)
+        self.ran()
+        self.compile("one", "int main(void) { return 1 - 1; } int more;")
+        self.compile("three", "int main(void) { return 1 - 1; } int more;")
+        self.assertEqual(self.ran("-R", "two|three", "-j2"), ["three"])
+        self.assertEqual(self.ran(), ["one"])
+
 
 if __name__ == "__main__":
     unittest.main()
