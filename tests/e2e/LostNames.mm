@@ -257,10 +257,15 @@ TEST_F(LostFolder, IsMadeAgainWithAllThatWasInIt) {
 
 TEST_F(LostFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   const fs::path elsewhere = newTemporaryFolder();
-  application->process().signal(SIGSTOP);
+  // Both make the folder again that they miss.
+  for (const ChildProcess *process : {&application->process(), &agent->process()}) {
+    process->signal(SIGSTOP);
+  }
   takeAway(own);
   fs::create_directory_symlink(elsewhere, own);
-  application->process().signal(SIGCONT);
+  for (const ChildProcess *process : {&application->process(), &agent->process()}) {
+    process->signal(SIGCONT);
+  }
   EXPECT_TRUE(application->process().waitForOutput(
       "is lost and cannot be registered again now: the temporary folder \"" + own.string() +
       "\" is a symbolic link\n"));
