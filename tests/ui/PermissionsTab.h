@@ -90,11 +90,16 @@ struct PermissionsWindow : testing::Test {
 /// The same and an agent.
 struct PermissionsTab : PermissionsWindow {
   AgentProcess agent;
+  /// While it exists, the agent hangs in the call that is scripted with held.
+  const std::string hold = newTemporaryFolder() + "/hold";
 
   ~PermissionsTab() override;
 
   /// What the agent answers to questions for the access list, and to nothing else.
   void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
+  /// An answer to the question for the access list that comes after letAgentGoOn.
+  NSDictionary *held(NSArray *entries) const;
+  void letAgentGoOn() const;
   /// What the agent answers to the operation besides the list.
   void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
 

@@ -2,6 +2,9 @@
 
 #import <objc/runtime.h>
 
+#include <filesystem>
+#include <fstream>
+
 #import "send/LocalizedText.h"
 #import "tests/support/Events.h"
 
@@ -87,6 +90,15 @@ void PermissionsWindow::finish() {
   [pool_ drain];
   pool_ = nil;
   close();
+}
+
+NSDictionary *PermissionsTab::held(NSArray *entries) const {
+  std::ofstream(hold) << "";
+  return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
+}
+
+void PermissionsTab::letAgentGoOn() const {
+  std::filesystem::remove(hold);
 }
 
 void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary *reply) const {

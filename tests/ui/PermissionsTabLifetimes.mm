@@ -51,6 +51,17 @@ struct PermissionsTabLifetimes : PermissionsTab {
     addDeallocHook([SharedWith class], [](id) { ++endedRows; });
   }
 
+  /// A window that is closed while its list is fetched, which goes on until letAgentGoOn.
+  void closeWhileItsListIsFetched() {
+    agent.setScript(@{@"getAccess::" : held(people(5))});
+    openWindow();
+    event([&] {
+      [tab setFilePath:@"folder-1"];
+      EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
+    });
+    close();
+  }
+
   /// One event of the test's user, with a pool of its own as each event has.
   template <class Step>
   void event(Step step) const {
@@ -81,14 +92,9 @@ TEST_F(PermissionsTabLifetimes, AClosedWindowLeavesNothingBehind) {
 }
 
 TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingBehind) {
-  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.3, @"reply" : success(people(5))}});
   const int controllers = endedControllers;
-  openWindow();
-  event([&] {
-    [tab setFilePath:@"folder-1"];
-    EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
-  });
-  close();
+  closeWhileItsListIsFetched();
+  letAgentGoOn();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
 }
 
@@ -137,19 +143,14 @@ TEST_F(PermissionsTabLifetimes, ManyWindowsClosedWhileLoadingLeaveMemoryFlat) {
 }
 
 TEST_F(PermissionsTabLifetimes, AnInvitationWhileALoadOutlivesItsWindowReachesNobody) {
-  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.5, @"reply" : success(people(5))}});
   const int controllers = endedControllers;
-  openWindow();
-  event([&] {
-    [tab setFilePath:@"folder-1"];
-    EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
-  });
-  close();
+  closeWhileItsListIsFetched();
   ASSERT_EQ(endedControllers, controllers);
   event([] {
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
   });
+  letAgentGoOn();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ(calls(@"getAccess::"), 1);
 }

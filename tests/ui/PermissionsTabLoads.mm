@@ -1,6 +1,3 @@
-#include <filesystem>
-#include <fstream>
-
 #import "send/LocalizedText.h"
 #include "tests/ui/PermissionsTab.h"
 
@@ -11,15 +8,6 @@ NSDictionary *later(double seconds, NSArray *entries) {
 }
 
 struct PermissionsTabLoads : PermissionsTab {
-  /// While it exists, the agent hangs in the call that is scripted with held.
-  const std::string hold = newTemporaryFolder() + "/hold";
-
-  NSDictionary *held(NSArray *entries) const {
-    std::ofstream(hold) << "";
-    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
-  }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
-
   /// Waits until so many loads of the tab have begun, and the agent has been asked by the first.
   bool waitUntilBegun(NSUInteger loads) const {
     return handleEventsUntil([&] {
