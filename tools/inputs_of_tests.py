@@ -1,6 +1,8 @@
 """What a test of CTest depends on: its program and the files of the project that this uses.
 
 What passed need not be run again as long as none of these has changed, and nothing of the system.
+They are found by their absolute paths in the program, so a test names each file or folder that it
+uses as a whole (CMake's $<TARGET_FILE:...>, or a path below the sources) and puts no path together.
 """
 
 import functools

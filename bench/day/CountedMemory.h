@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <string>
 
-/// The bytes that a program has allocated and not given back, as the library counted_memory counts
-/// them from within it.
+/// The bytes that a program has allocated and not given back, as the library counting_allocator
+/// counts them from within it.
 ///
 /// Pages of memory depend on more than on what a program keeps: those of its libraries are in
 /// memory as far as the system has had time to read them, and of freed memory the allocator keeps

@@ -79,8 +79,9 @@ std::vector<std::string> ServiceTest::mails() const {
 }
 
 std::string ServiceTest::onlyMail() const {
-  std::vector<std::string> all;
-  if (!waitFor([&] { return !(all = mails()).empty(); })) return "";
+  if (!waitFor([&] { return !mails().empty(); })) return "";
+  // Read once more, for another one right behind it.
+  const auto all = mails();
   return all.size() == 1 ? all.front() : "";
 }
 
