@@ -39,6 +39,13 @@ if(sanitizer_flags)
   target_compile_definitions(project_options INTERFACE SANITIZER_SUPPRESSIONS="${sanitizers}")
 endif()
 
+if(COVERAGE)
+  # The counters lie in the file itself, so that a process that is killed leaves them there.
+  target_compile_options(project_options INTERFACE -fprofile-instr-generate -fcoverage-mapping
+      "SHELL:-mllvm -runtime-counter-relocation")
+  target_link_options(project_options INTERFACE -fprofile-instr-generate)
+endif()
+
 # test_timeout(RESULT SECONDS): the timeout of a test that takes so long without a sanitizer.
 function(test_timeout result seconds)
   math(EXPR timeout "${seconds} * ${SANITIZER_SLOWDOWN}")
