@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #import "agent/AgentCall.h"
-#import "agent/Pieces.h"
+#import "text/Pieces.h"
 #import "agent/ResultDictionary.h"
 
 /// What this file sends to arrays and records of another process (see ResultDictionary.mm).

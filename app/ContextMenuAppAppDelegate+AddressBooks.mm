@@ -4,13 +4,13 @@
 #import "agent/BackgroundTurn.h"
 #import "agent/ContactRecords.h"
 #import "agent/ResultDictionary.h"
-#import "app/AddressBookEntry.h"
-#import "app/AddressBookLists.h"
-#import "app/AddressBookRebuild.h"
+#import "addressbook/AddressBookEntry.h"
+#import "addressbook/AddressBookLists.h"
+#import "addressbook/AddressBookRebuild.h"
 #import "app/ContextMenuAppAppDelegate.h"
-#import "app/emailContact.h"
-#import "send/Completion.h"
-#import "send/LocalizedText.h"
+#import "addressbook/emailContact.h"
+#import "addressbook/Completion.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

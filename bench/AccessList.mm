@@ -6,10 +6,10 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
-#import "share/AccessRules.h"
-#import "share/BrisvaleTabController.h"
-#import "share/PermissionTabController.h"
-#import "share/SharedWith.h"
+#import "windows/share/AccessRules.h"
+#import "windows/share/BrisvaleTabController.h"
+#import "windows/share/PermissionTabController.h"
+#import "windows/share/SharedWith.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <malloc.h>
 
 #import "agent/KRVProxy.h"
-#import "app/AddressBookEntry.h"
+#import "addressbook/AddressBookEntry.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #include "bench/support/Memory.h"
 #include "bench/support/Results.h"

@@ -8,8 +8,8 @@
 
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
-#import "send/Completion.h"
-#import "send/IndexedBook.h"
+#import "addressbook/Completion.h"
+#import "addressbook/IndexedBook.h"
 
 namespace {
 

@@ -6,8 +6,8 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
-#import "share/BrisvaleTabController.h"
-#import "share/InviteTabController.h"
+#import "windows/share/BrisvaleTabController.h"
+#import "windows/share/InviteTabController.h"
 
 namespace {
 

@@ -11,7 +11,7 @@
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 #import "plugin/ContextMenuProxy.h"
-#import "send/Recipients.h"
+#import "windows/Recipients.h"
 #include "tests/support/CapturedLog.h"
 
 namespace {

@@ -16,8 +16,8 @@
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 #import "plugin/ContextMenuProxy.h"
-#import "send/SendAndCopyTabController.h"
-#import "send/SendFileController.h"
+#import "windows/send/SendAndCopyTabController.h"
+#import "windows/send/SendFileController.h"
 #include "tests/support/CapturedLog.h"
 
 namespace {

@@ -1,6 +1,6 @@
 // What a user gets whose agent fails while the people with access are fetched, while one's access
 // is changed, and while one's is taken away.
-#import "send/TextFormat.h"
+#import "text/TextFormat.h"
 #import "tests/faults/FaultTest.h"
 #include "tests/ui/PermissionsTab.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#import "send/LocalizedText.h"
+#import "text/LocalizedText.h"
 #import "tests/faults/Fault.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"

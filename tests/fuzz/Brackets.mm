@@ -1,5 +1,5 @@
-#include "agent/UTF16.h"
-#include "send/Recipients.h"
+#include "text/UTF16.h"
+#include "windows/Recipients.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

@@ -1,8 +1,8 @@
 #include <algorithm>
 
-#include "agent/UTF16.h"
-#include "app/AddressBookEntry.h"
-#include "send/Recipients.h"
+#include "text/UTF16.h"
+#include "addressbook/AddressBookEntry.h"
+#include "windows/Recipients.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

@@ -1,8 +1,8 @@
-#include "send/MailText.h"
+#include "text/MailText.h"
 
 #include <string>
 
-#include "agent/UTF16.h"
+#include "text/UTF16.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

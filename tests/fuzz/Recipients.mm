@@ -1,8 +1,8 @@
-#include "send/Recipients.h"
+#include "windows/Recipients.h"
 
 #include <algorithm>
 
-#include "agent/UTF16.h"
+#include "text/UTF16.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

@@ -1,5 +1,5 @@
-#include "agent/UTF16.h"
-#include "send/TextFormat.h"
+#include "text/UTF16.h"
+#include "text/TextFormat.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

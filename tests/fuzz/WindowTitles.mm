@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "agent/UTF16.h"
-#include "send/WindowTitle.h"
+#include "text/UTF16.h"
+#include "text/WindowTitle.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

@@ -3,10 +3,10 @@
 #include <filesystem>
 #include <fstream>
 
-#import "send/Completion.h"
-#import "send/IndexedBook.h"
-#import "send/Recipients.h"
-#import "share/InviteTabController.h"
+#import "addressbook/Completion.h"
+#import "addressbook/IndexedBook.h"
+#import "windows/Recipients.h"
+#import "windows/share/InviteTabController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Pump.h"
 #include "tests/support/Strings.h"

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #import "agent/ResultDictionary.h"
-#import "send/CopyLinkController.h"
+#import "windows/send/CopyLinkController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"

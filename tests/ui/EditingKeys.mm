@@ -1,4 +1,4 @@
-#include "ui/EditingKeys.h"
+#include "windows/EditingKeys.h"
 
 #include <gtest/gtest.h>
 

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#import "share/BrisvaleTabController.h"
-#import "share/PermissionTabController.h"
-#import "share/SharedWith.h"
+#import "windows/share/BrisvaleTabController.h"
+#import "windows/share/PermissionTabController.h"
+#import "windows/share/SharedWith.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Events.h"
 #include "tests/support/Strings.h"

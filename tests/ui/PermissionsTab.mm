@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <fstream>
 
-#import "send/LocalizedText.h"
+#import "text/LocalizedText.h"
 #import "tests/support/Events.h"
 
 namespace {

@@ -4,8 +4,8 @@
 #include <fstream>
 
 #import "platform/gnustep/DeallocHook.h"
-#import "send/LocalizedText.h"
-#import "share/PersonItem.h"
+#import "text/LocalizedText.h"
+#import "windows/share/PersonItem.h"
 #include "tests/support/Thorough.h"
 #include "tests/ui/PermissionsTab.h"
 

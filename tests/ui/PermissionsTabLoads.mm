@@ -1,4 +1,4 @@
-#import "send/LocalizedText.h"
+#import "text/LocalizedText.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {

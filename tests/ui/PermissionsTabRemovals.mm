@@ -1,4 +1,4 @@
-#import "send/LocalizedText.h"
+#import "text/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/support/ImpatientUser.h"

@@ -1,4 +1,4 @@
-#import "send/LocalizedText.h"
+#import "text/LocalizedText.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
 

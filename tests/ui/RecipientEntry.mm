@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#import "send/SendFileController.h"
-#import "share/InviteTabController.h"
+#import "windows/send/SendFileController.h"
+#import "windows/share/InviteTabController.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 

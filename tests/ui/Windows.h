@@ -8,12 +8,12 @@
 #import <AppKit/AppKit.h>
 
 #import "plugin/ContextMenuProxy.h"
-#import "send/CopyLinkController.h"
-#import "send/SendAndCopyTabController.h"
-#import "send/SendFileController.h"
-#import "share/BrisvaleTabController.h"
-#import "share/InviteTabController.h"
-#import "share/PermissionTabController.h"
+#import "windows/send/CopyLinkController.h"
+#import "windows/send/SendAndCopyTabController.h"
+#import "windows/send/SendFileController.h"
+#import "windows/share/BrisvaleTabController.h"
+#import "windows/share/InviteTabController.h"
+#import "windows/share/PermissionTabController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Events.h"

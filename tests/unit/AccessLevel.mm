@@ -1,4 +1,4 @@
-#import "share/AccessLevel.h"
+#import "windows/share/AccessLevel.h"
 
 #include <gtest/gtest.h>
 

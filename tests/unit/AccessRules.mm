@@ -1,8 +1,8 @@
-#import "share/AccessRules.h"
+#import "windows/share/AccessRules.h"
 
 #include <gtest/gtest.h>
 
-#import "share/SharedWith.h"
+#import "windows/share/SharedWith.h"
 #include "tests/support/Strings.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#import "app/AddressBookEntry.h"
+#import "addressbook/AddressBookEntry.h"
 
 #include <gtest/gtest.h>
 

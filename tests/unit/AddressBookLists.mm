@@ -1,8 +1,8 @@
-#import "app/AddressBookLists.h"
+#import "addressbook/AddressBookLists.h"
 
 #include <gtest/gtest.h>
 
-#import "send/IndexedBook.h"
+#import "addressbook/IndexedBook.h"
 #include "tests/support/Strings.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-#import "agent/UTF16.h"
+#import "text/UTF16.h"
 
 namespace {
 

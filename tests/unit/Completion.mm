@@ -1,9 +1,9 @@
-#import "send/Completion.h"
+#import "addressbook/Completion.h"
 
 #include <gtest/gtest.h>
 
-#import "send/IndexedBook.h"
-#import "send/PlatformCaseFolding.h"
+#import "addressbook/IndexedBook.h"
+#import "addressbook/PlatformCaseFolding.h"
 #include "tests/support/Strings.h"
 #include "tests/support/Thorough.h"
 #include "tests/unit/Books.h"

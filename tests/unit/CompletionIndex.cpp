@@ -1,4 +1,4 @@
-#include "send/CompletionIndex.h"
+#include "addressbook/CompletionIndex.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "send/CopyOutcome.h"
+#import "windows/send/CopyOutcome.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "app/EntryFormat.h"
+#import "addressbook/EntryFormat.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "send/MailText.h"
+#import "text/MailText.h"
 
 #include <gtest/gtest.h>
 

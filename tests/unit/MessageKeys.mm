@@ -1,4 +1,4 @@
-#import "send/MessageKeys.h"
+#import "windows/MessageKeys.h"
 
 #include <gtest/gtest.h>
 

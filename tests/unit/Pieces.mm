@@ -1,4 +1,4 @@
-#import "agent/Pieces.h"
+#import "text/Pieces.h"
 
 #include <gtest/gtest.h>
 

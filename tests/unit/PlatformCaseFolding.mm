@@ -1,4 +1,4 @@
-#import "send/PlatformCaseFolding.h"
+#import "addressbook/PlatformCaseFolding.h"
 
 #include <gtest/gtest.h>
 

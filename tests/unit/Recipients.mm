@@ -1,4 +1,4 @@
-#import "send/Recipients.h"
+#import "windows/Recipients.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "send/SingleLine.h"
+#import "text/SingleLine.h"
 
 #include <gtest/gtest.h>
 

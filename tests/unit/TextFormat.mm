@@ -1,4 +1,4 @@
-#import "send/TextFormat.h"
+#import "text/TextFormat.h"
 
 #include <gtest/gtest.h>
 

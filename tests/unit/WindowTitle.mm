@@ -1,4 +1,4 @@
-#import "send/WindowTitle.h"
+#import "text/WindowTitle.h"
 
 #include <gtest/gtest.h>
 

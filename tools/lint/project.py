@@ -8,7 +8,7 @@ from pathlib import Path
 
 ROOT = Path(__file__).resolve().parents[2]
 
-APPLICATION_FOLDERS = ("app", "agent", "plugin", "send", "share", "ui")
+APPLICATION_FOLDERS = ("text", "agent", "addressbook", "windows", "plugin", "app")
 SOURCES = (".h", ".mm", ".cpp", ".hpp", ".c", ".m")
 
 

@@ -1,0 +1,33 @@
+#import "windows/Controls.h"
+
+#import "text/LocalizedText.h"
+
+BOOL isChecked(NSButton *box) {
+  return [box state] == NSOnState;
+}
+
+NSString *chosenDownloads(NSPopUpButton *numbers) {
+  NSString *const title = [numbers titleOfSelectedItem];
+  return [title isEqualToString:localizedText(@"unlimitedTitleKey")] ? @"-1" : title;
+}
+
+void showBusy(NSProgressIndicator *indicator) {
+  [indicator setHidden:NO];
+  [indicator startAnimation:nil];
+  [indicator display];
+  [[indicator window] flushWindow];
+}
+
+void forgetInputWhileBusy() {
+  const NSUInteger input = NSKeyDownMask | NSKeyUpMask | NSLeftMouseDownMask | NSLeftMouseUpMask |
+                           NSRightMouseDownMask | NSRightMouseUpMask;
+  NSEvent *forgotten = nil;
+  do {
+    // One by one, because an empty queue is filled from what the window server still holds. In a
+    // mode in which nothing else happens.
+    forgotten = [NSApp nextEventMatchingMask:input
+                                   untilDate:[NSDate distantPast]
+                                      inMode:NSEventTrackingRunLoopMode
+                                     dequeue:YES];
+  } while (forgotten != nil);
+}

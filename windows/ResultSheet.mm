@@ -1,0 +1,35 @@
+#import "windows/ResultSheet.h"
+
+#import "windows/Controls.h"
+#import "text/LocalizedText.h"
+
+namespace {
+
+/// Long enough to read one line, short enough not to be waited for.
+constexpr NSTimeInterval kSuccessSeconds = 3.0;
+
+}  // namespace
+
+void showSuccess(const ResultSheet &sheet, id controller, NSString *key) {
+  // First, so that the time which showing takes is not added to the three seconds.
+  [NSTimer scheduledTimerWithTimeInterval:kSuccessSeconds
+                                   target:controller
+                                 selector:@selector(killModalWindow:)
+                                 userInfo:sheet.panel
+                                  repeats:NO];
+  forgetInputWhileBusy();
+  [sheet.text setStringValue:localizedText(key)];
+  [NSApp beginSheet:sheet.panel
+      modalForWindow:sheet.window
+       modalDelegate:controller
+      didEndSelector:nullptr
+         contextInfo:nullptr];
+  [sheet.window makeKeyAndOrderFront:controller];
+  [NSApp activateIgnoringOtherApps:YES];
+}
+
+void endSuccess(NSTimer *timer) {
+  NSWindow *const panel = [timer userInfo];
+  [panel orderOut:nil];
+  [NSApp endSheet:panel];
+}

@@ -1,0 +1,11 @@
+#import "windows/send/FolderTest.h"
+
+BOOL isFolderOnDisk(NSString *path) {
+  BOOL isDirectory = NO;
+  if (path == nil || ![[NSFileManager defaultManager] fileExistsAtPath:path
+                                                           isDirectory:&isDirectory]) {
+    return NO;
+  }
+  if (isDirectory) NSLog(@"is folder");
+  return isDirectory;
+}

@@ -1,0 +1,215 @@
+#import "windows/share/InviteTabController.h"
+
+#import "agent/AgentCall.h"
+#import "agent/BVDataModelController.h"
+#import "app/ContextMenuAppAppDelegate.h"
+#import "windows/Alerts.h"
+#import "windows/Controls.h"
+#import "text/LocalizedText.h"
+#import "text/MailText.h"
+#import "windows/MessageKeys.h"
+#import "windows/Recipients.h"
+#import "windows/ResultSheet.h"
+#import "windows/ServingPause.h"
+#import "text/TextFormat.h"
+#import "windows/share/AccessLevel.h"
+
+namespace {
+
+/// The service keeps this many UTF-16 units of a message.
+constexpr NSUInteger kMessageUnits = 800;
+
+/// Read only: giving too little access is put right more easily than giving too much.
+constexpr NSInteger kDefaultAccessIndex = 1;
+
+ContextMenuAppAppDelegate *applicationDelegate() {
+  return static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
+}
+
+/// The alert that names people who cannot be invited. Also for those whom the service refused.
+NSAlert *notColleaguesAlert(NSString *people) {
+  return alertWithTexts(
+      localizedText(@"invalidEmployeeErrorMessageTextKey"),
+      formatted(localizedText(@"invalidEmployeeErrorInformativeTextFormatKey"), people));
+}
+
+}  // namespace
+
+@implementation InviteTabController
+
+@synthesize filePath;
+@synthesize isFileId;
+@synthesize isFolder;
+@synthesize ourMainWindow;
+@synthesize modalWindow;
+@synthesize modalWindowText;
+
+- (id)init {
+  if ((self = [super init])) {
+    isFileId = NO;
+    isFolder = NO;
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [filePath release];
+  [ourMainWindow release];
+  [super dealloc];
+}
+
+- (void)awakeFromNib {
+  setTokenizingCharacters(mailList);
+  [accessType selectItemAtIndex:kDefaultAccessIndex];
+  [mailList setDelegate:self];
+  [mailContent setDelegate:self];
+}
+
+#pragma mark - Actions
+
+- (IBAction)sendInvite:(id)sender {
+  (void)sender;
+  const ServingPause pluginWaits;
+  NSArray *const recipients = recipientsIn([mailList stringValue]);
+  NSString *const message =
+      percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
+  // All of them before anybody is given anything.
+  if (NSAlert *const objection = [self objectionTo:recipients]) {
+    showAsSheet(objection, ourMainWindow, self);
+    return;
+  }
+  showBusy(spinGear);
+  [self grantAccessTo:recipients message:message];
+  [spinGear setHidden:YES];
+}
+
+/// The alert for the first recipient who cannot be invited, nil when all can.
+- (NSAlert *)objectionTo:(NSArray *)recipients {
+  for (NSString *recipient in recipients) {
+    if (!isValidAddress(recipient)) return invalidRecipientAlert(recipient);
+    if (![self isEmployee:recipient]) {
+      NSAlert *const alert = notColleaguesAlert(recipient);
+      [alert addButtonWithTitle:localizedText(@"alertOkButtonTitleKey")];
+      return alert;
+    }
+  }
+  return nil;
+}
+
+- (void)grantAccessTo:(NSArray *)recipients message:(NSString *)message {
+  const AccessLevel level = levelWithTitle([accessType titleOfSelectedItem]);
+  const BOOL mayWrite = level == AccessLevel::ReadWrite;
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  NSMutableArray *const refused = [NSMutableArray array];
+  for (NSString *recipient in recipients) {
+    NSString *const path = [self filePath];
+    const BOOL isId = [self isFileId];
+    // The formatter takes the first anonymous argument for a part of the name.
+    // clang-format off
+    NSDictionary *const reply =
+        [link grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
+    // clang-format on
+    switch (agent::kindOfActionReply(reply)) {
+      case agent::ReplyKind::Unreachable:
+        NSLog(@"Getting null data from rest API(machine offline or server down)");
+        showAsSheet(cannotConnectAlert(), ourMainWindow, self);
+        return;
+      case agent::ReplyKind::Refused:
+        [refused addObject:recipient];
+        break;
+      case agent::ReplyKind::Succeeded:
+        break;
+    }
+  }
+  [self showGrantsRefusedTo:refused];
+}
+
+- (void)showGrantsRefusedTo:(NSArray *)refused {
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  if ([refused count] == 0) {
+    [center postNotificationName:@"UserAddedToShareFolder" object:nil];
+    [spinGear setHidden:YES];
+    [self showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+    [mailList setStringValue:@""];
+  } else {
+    showAsSheet(notColleaguesAlert([refused componentsJoinedByString:@", "]), ourMainWindow, self);
+    [spinGear setHidden:YES];
+  }
+  // Once more after a complete success, on purpose: the list is read again when the sheet shows.
+  [center postNotificationName:@"UserAddedToShareFolder" object:nil];
+}
+
+- (void)letGoOfWindow {
+  [spinGear stopAnimation:nil];
+  spinGear = nil;
+  mailList = nil;
+  mailContent = nil;
+  accessType = nil;
+  sendFile = nil;
+  iarrayController = nil;
+  inviteTab = nil;
+  [self setOurMainWindow:nil];
+  [self setModalWindow:nil];
+  [self setModalWindowText:nil];
+}
+
+#pragma mark - Colleagues
+
+- (BOOL)isEmployee:(NSString *)address {
+  ContextMenuAppAppDelegate *const delegate = applicationDelegate();
+  if ([[delegate employeeContacts] containsObject:address]) return YES;
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  NSDictionary *const reply = [link getUserInfo:address:NO];
+  if ([reply count] == 0) return YES;
+  NSDictionary *const user = agent::nilIfBroken(
+      [&]() -> id { return agent::entriesOf([reply objectForKey:agent::kValueKey]); });
+  // The connection broke over the reading: the agent cannot be reached here either.
+  if (user == nil) return YES;
+  if (!agent::flagIn(user, @"accountemployee")) return NO;
+  [[delegate addressBookForShare]
+      addObject:[NSString stringWithFormat:@"%@<%@>", agent::stringIn(user, @"name") ?: @"",
+                                           agent::stringIn(user, @"primaryemail") ?: @""]];
+  [[delegate employeeContacts] addObject:address];
+  return YES;
+}
+
+#pragma mark - Success sheet
+
+- (void)showSuccessModalWindow:(NSString *)key {
+  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
+}
+
+- (void)killModalWindow:(NSTimer *)timer {
+  endSuccess(timer);
+}
+
+#pragma mark - NSTokenFieldDelegate
+
+- (NSArray *)tokenField:(NSTokenField *)field
+    completionsForSubstring:(NSString *)substring
+               indexOfToken:(NSInteger)tokenIndex
+        indexOfSelectedItem:(NSInteger *)selectedIndex {
+  (void)field;
+  (void)tokenIndex;
+  // No completion is selected beforehand: what is typed is never replaced unasked.
+  if (selectedIndex != nullptr) *selectedIndex = -1;
+  return completions(substring);
+}
+
+- (id)tokenField:(NSTokenField *)field representedObjectForEditingString:(NSString *)editingString {
+  (void)field;
+  return addressOfEntry(editingString);
+}
+
+- (BOOL)validateEmail:(NSString *)address {
+  return isValidAddress(address);
+}
+
+#pragma mark - NSTextViewDelegate
+
+/// Escape does what the Cancel button does.
+- (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
+  return doCommandInMessage(message, command, ourMainWindow, @selector(performClose:));
+}
+
+@end

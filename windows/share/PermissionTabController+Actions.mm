@@ -1,0 +1,197 @@
+#import "windows/share/PermissionTabController.h"
+
+#import "agent/AgentCall.h"
+#import "agent/BVDataModelController.h"
+#import "windows/Alerts.h"
+#import "text/LocalizedText.h"
+#import "windows/ServingPause.h"
+#import "text/TextFormat.h"
+#import "windows/share/AccessRules.h"
+#import "windows/share/PermissionTabController+Showing.h"
+#import "windows/share/PersonRowView.h"
+#import "windows/share/SharedWith.h"
+
+namespace {
+
+/// The platform's Escape key, which answers a question with its harmless button.
+NSString *const kEscape = @"\033";
+
+enum class Answer { Yes, No, Other, None };
+
+Answer answerOf(std::int64_t returnCode) {
+  switch (returnCode) {
+    case NSAlertFirstButtonReturn:
+      return Answer::Yes;
+    case NSAlertSecondButtonReturn:
+      return Answer::No;
+    case -1:
+      return Answer::Other;
+    default:
+      return Answer::None;
+  }
+}
+
+NSAlert *question() {
+  NSAlert *const alert = alertWithTexts(localizedText(@"unshareMessageTextKey"), nil);
+  [alert addButtonWithTitle:localizedText(@"yesButtonTitleKey")];
+  NSButton *const no = [alert addButtonWithTitle:localizedText(@"noButtonTitleKey")];
+  [no setKeyEquivalent:kEscape];
+  [alert setAlertStyle:NSWarningAlertStyle];
+  return alert;
+}
+
+/// Where the one with this address is among the people; NSNotFound for nobody and for nil.
+NSUInteger rowOf(NSString *address, NSArray *people) {
+  for (NSUInteger row = 0; row < [people count]; ++row) {
+    if ([[[people objectAtIndex:row] useremail] isEqual:address]) return row;
+  }
+  return NSNotFound;
+}
+
+}  // namespace
+
+@implementation PermissionTabController (Actions)
+
+#pragma mark - Rows
+
+/// The index of a control's row among all rows, NSNotFound when the row is in the list no more.
+- (NSUInteger)rowOfControl:(NSView *)control {
+  NSView *const itemView = [control superview];
+  if (![itemView isKindOfClass:[PersonRowView class]]) {
+    return [[collectionViewForAllEntries subviews] indexOfObjectIdenticalTo:itemView];
+  }
+  // By the person and not by the view's place: a list of a thousand people has only the views that
+  // are in sight.
+  SharedWith *const person = [static_cast<PersonRowView *>(itemView) person];
+  return [[arrayController arrangedObjects] indexOfObjectIdenticalTo:person];
+}
+
+/// The person in a row; nil when there is no such row.
+- (SharedWith *)personInRow:(NSUInteger)row {
+  NSArray *const rows = [arrayController arrangedObjects];
+  return row < [rows count] ? [[[rows objectAtIndex:row] retain] autorelease] : nil;
+}
+
+#pragma mark - Changing
+
+- (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
+  const ServingPause pluginWaits;
+  const NSUInteger row = [self rowOfControl:popUp];
+  SharedWith *const person = [self personInRow:row];
+  if (person == nil) return;
+  [arrayController setSelectionIndex:row];
+  NSString *const chosen = [popUp titleOfSelectedItem];
+  SharedWith *const selected = [[arrayController selectedObjects] objectAtIndex:0];
+  if ([chosen isEqualToString:[selected permission]]) return;
+  const AccessLevel level = levelWithTitle(chosen);
+  // Before the agent is asked, and never taken back, on purpose: a refusal is told by an alert.
+  setLevel(person, level);
+  [self showAtWork];
+  if ([self didSucceed:[self grant:level to:person]]) {
+    [self showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
+  }
+  [self showIdle];
+}
+
+- (NSDictionary *)grant:(AccessLevel)level to:(SharedWith *)person {
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  const BOOL mayWrite = level == AccessLevel::ReadWrite;
+  NSString *const message = localizedText(@"permissionNotifyMessageKey");
+  NSString *const path = [self filePath];
+  const BOOL isId = [self isFileId];
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
+  return [link grantAccess:[person useremail]:path:YES:mayWrite:mayWrite:YES:isId:NO:message];
+  // clang-format on
+}
+
+/// Whether a change or a removal was done. If not, the user has been told.
+- (BOOL)didSucceed:(NSDictionary *)reply {
+  switch (agent::kindOfActionReply(reply)) {
+    case agent::ReplyKind::Succeeded:
+      return YES;
+    case agent::ReplyKind::Refused: {
+      NSString *const format = localizedText(@"cannotRevokePermissionTextFormatKey");
+      NSString *const reason = agent::errorMessage(reply) ?: @"";
+      showAsSheet(alertWithTexts(formatted(format, reason), nil), ourMainWindow, self);
+      return NO;
+    }
+    case agent::ReplyKind::Unreachable:
+      NSLog(@"Getting null data from rest API(machine offline or server down)");
+      showAsSheet(cannotConnectAlert(), ourMainWindow, self);
+      return NO;
+  }
+}
+
+#pragma mark - Removing
+
+- (IBAction)removeEntryClicked:(NSButton *)button {
+  const NSUInteger row = [self rowOfControl:button];
+  SharedWith *const person = [self personInRow:row];
+  if (person == nil || ourMainWindow == nil) return;
+  [personInQuestion autorelease];
+  personInQuestion = [person retain];
+  askAsSheet(question(), ourMainWindow, self, @selector(handleResult:withResult:withSender:),
+             reinterpret_cast<void *>(row));
+}
+
+- (void)handleResult:(NSAlert *)alert
+          withResult:(std::int64_t)returnCode
+          withSender:(std::int64_t)row {
+  const ServingPause pluginWaits;
+  SharedWith *const asked = [personInQuestion autorelease];
+  personInQuestion = nil;
+  switch (answerOf(returnCode)) {
+    case Answer::Yes:
+      [[alert window] close];
+      [self revokeAccessTo:asked inRow:row];
+      if ([personList count] == 0) {
+        [self showInsteadOfList:localizedText(@"notSharingTextMessageKey")];
+      }
+      return;
+    case Answer::No:
+      NSLog(@"result: Cancel");
+      return;
+    case Answer::Other:
+      NSLog(@"result: Default Case");
+      return;
+    case Answer::None:
+      return;
+  }
+}
+
+/// asked: about whom the user was asked, nil for whoever is in the row. Another list may have come
+/// while the question was up, and its rows are not the rows of the question.
+- (void)revokeAccessTo:(SharedWith *)asked inRow:(std::int64_t)row {
+  NSUInteger current = static_cast<NSUInteger>(row);
+  if (asked != nil && [self personInRow:current] != asked) {
+    current = rowOf([asked useremail], [arrayController arrangedObjects]);
+    if (current == NSNotFound) return;
+  }
+  [self revokeAccessToUser:[NSNumber numberWithInt:static_cast<int>(current)]];
+}
+
+- (void)revokeAccessToUser:(NSNumber *)row {
+  const ServingPause pluginWaits;
+  const NSUInteger index = static_cast<NSUInteger>([row integerValue]);
+  SharedWith *const person = [self personInRow:index];
+  if (person == nil) return;
+  [self showAtWork];
+  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  NSString *const path = [self filePath];
+  // The formatter takes the first anonymous argument for a part of the name.
+  // clang-format off
+  NSDictionary *const reply = [link revokeAccess:[person useremail]:path:[self isFileId]];
+  // clang-format on
+  if ([self didSucceed:reply]) {
+    [arrayController removeObjectAtArrangedObjectIndex:index];
+    [self showSuccessModalWindow:@"permissionRevokedSuccessMessageTextFormatKey"];
+  }
+  [self showIdle];
+  // The one text that is not localized, on purpose: after a question another one follows at once.
+  if ([personList count] == 0) {
+    [self showInsteadOfList:@"You are not currently sharing this folder with anyone."];
+  }
+}
+
+@end

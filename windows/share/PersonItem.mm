@@ -1,0 +1,43 @@
+#import "windows/share/PersonItem.h"
+
+#import "windows/share/AccessLevel.h"
+#import "windows/share/PermissionTabController.h"
+#import "windows/share/PersonRowView.h"
+#import "windows/share/SharedWith.h"
+
+namespace {
+
+/// The title of the level that the person is known to have.
+NSString *titleOfLevelOf(SharedWith *person) {
+  return titleOf([person accessPermission] == 1 ? AccessLevel::ReadWrite : AccessLevel::ReadOnly);
+}
+
+}  // namespace
+
+@implementation PersonItem
+
+- (void)setRepresentedObject:(id)person {
+  [super setRepresentedObject:person];
+  [static_cast<PersonRowView *>([self view]) setPerson:person];
+}
+
+- (PermissionTabController *)controller {
+  return static_cast<PermissionTabController *>([[self collectionView] delegate]);
+}
+
+- (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
+  SharedWith *const person = [self representedObject];
+  NSString *const chosen = [[[popUp titleOfSelectedItem] copy] autorelease];
+  // The pop-up's binding may have written the choice into the row before it sends its action. What
+  // to do about a choice is the controller's business, who compares it with what was there: so the
+  // row gets its former title back, and the pop-up, which follows it, the choice.
+  [person setPermission:titleOfLevelOf(person)];
+  [popUp selectItemWithTitle:chosen];
+  [[self controller] popUpButtonSelectionDidChange:popUp];
+}
+
+- (IBAction)removeEntryClicked:(NSButton *)button {
+  [[self controller] removeEntryClicked:button];
+}
+
+@end
