@@ -1,4 +1,4 @@
-#include "text/MailText.h"
+#include "text/TextConversion.h"
 
 #include <string>
 

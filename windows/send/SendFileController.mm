@@ -9,7 +9,7 @@
 #import "windows/Controls.h"
 #import "windows/send/FolderTest.h"
 #import "text/LocalizedText.h"
-#import "text/MailText.h"
+#import "text/TextConversion.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/ResultSheet.h"

@@ -6,7 +6,7 @@
 #import "windows/Alerts.h"
 #import "windows/Controls.h"
 #import "text/LocalizedText.h"
-#import "text/MailText.h"
+#import "text/TextConversion.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/ResultSheet.h"

@@ -1,4 +1,4 @@
-#import "text/MailText.h"
+#import "text/TextConversion.h"
 
 #import "text/UTF16.h"
 
