@@ -24,4 +24,35 @@ using RecordVisitor = std::function<void(const std::vector<id> &values)>;
 /// of the array. Blocks the calling thread; to be called on the thread that got the reply.
 bool visitRecords(id records, const std::vector<NSString *> &keys, const RecordVisitor &visit);
 
+/// Gets the "name" and the "primaryemail" of each contact, nil where the record has none, or has
+/// something else than a string there, or is no dictionary at all. The strings are local and live
+/// until the call returns; retain what is to be kept.
+using ContactVisitor = std::function<void(NSString *name, NSString *address)>;
+
+/// Visits the contacts of an address book. records: the "value" of a getEmployeeAddressBook reply;
+/// read as visitRecords reads, with the same answer.
+bool visitContactRecords(id records, const ContactVisitor &visit);
+
+/// One entry of a folder's access list. A string is nil where the entry has none, or has something
+/// else than a string there; a flag is what stands there read as a boolean, NO for nothing.
+struct AccessEntry {
+  NSString *type = nil;  // what kind of grantee; "user" is a person
+  BOOL canDownload = NO;
+  BOOL canUpload = NO;
+  BOOL canDelete = NO;
+  BOOL isOwner = NO;
+  NSString *firstName = nil;
+  NSString *lastName = nil;
+  NSString *address = nil;
+};
+
+/// Gets each entry. The strings are local and live until the call returns; retain what is to be
+/// kept.
+using AccessVisitor = std::function<void(const AccessEntry &entry)>;
+
+/// Visits the entries of an access list; an entry that is no dictionary is visited as one without
+/// any value. entries: the "value" of a getAccess:: reply; read as visitRecords reads, with the
+/// same answer.
+bool visitAccessEntries(id entries, const AccessVisitor &visit);
+
 }  // namespace agent

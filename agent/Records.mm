@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #import "agent/AgentCall.h"
-#import "text/Pieces.h"
 #import "agent/ResultDictionary.h"
+#import "text/UTF16.h"
 
 /// What this file sends to arrays and records of another process (see ResultDictionary.mm).
 @protocol RemoteArray
@@ -43,8 +43,8 @@ id withProtocol(id object) {
 /// The elements' text forms, brought over as one.
 NSArray *joinedAndSplit(id array) {
   static NSString *const separator = [[NSString alloc] initWithCharacters:&kSeparator length:1];
-  return piecesOf(stringOrNil([withProtocol(array) componentsJoinedByString:separator]),
-                  kSeparator);
+  return utf16::splitString(stringOrNil([withProtocol(array) componentsJoinedByString:separator]),
+                            kSeparator);
 }
 
 /// Whether every element is a string. One message: each element is sent one that strings answer and
@@ -204,6 +204,29 @@ bool visitRecords(id records, const std::vector<NSString *> &keys, const RecordV
            }
            return @"all visited";
          }) != nil;
+}
+
+bool visitContactRecords(id records, const ContactVisitor &visit) {
+  static const std::vector<NSString *> keys = {@"name", @"primaryemail"};
+  return visitRecords(records, keys, [&](const std::vector<id> &values) {
+    visit(stringOrNil(values[0]), stringOrNil(values[1]));
+  });
+}
+
+bool visitAccessEntries(id entries, const AccessVisitor &visit) {
+  static const std::vector<NSString *> keys = {@"type",      @"candownload", @"canupload",
+                                               @"candelete", @"isowner",     @"userfname",
+                                               @"userlname", @"useremail"};
+  return visitRecords(entries, keys, [&](const std::vector<id> &values) {
+    visit({.type = stringOrNil(values[0]),
+           .canDownload = flagOf(values[1]),
+           .canUpload = flagOf(values[2]),
+           .canDelete = flagOf(values[3]),
+           .isOwner = flagOf(values[4]),
+           .firstName = stringOrNil(values[5]),
+           .lastName = stringOrNil(values[6]),
+           .address = stringOrNil(values[7])});
+  });
 }
 
 }  // namespace agent

@@ -1,15 +1,15 @@
 #include <utility>
 
-#import "agent/BVDataModelController.h"
-#import "agent/BackgroundTurn.h"
-#import "agent/ContactRecords.h"
-#import "agent/ResultDictionary.h"
 #import "addressbook/AddressBookEntry.h"
 #import "addressbook/AddressBookLists.h"
 #import "addressbook/AddressBookRebuild.h"
-#import "app/ContextMenuAppAppDelegate.h"
-#import "addressbook/emailContact.h"
 #import "addressbook/Completion.h"
+#import "addressbook/emailContact.h"
+#import "agent/BVDataModelController.h"
+#import "agent/BackgroundTurn.h"
+#import "agent/Records.h"
+#import "agent/ResultDictionary.h"
+#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 
 namespace {

@@ -3,7 +3,7 @@
 #import "agent/AgentCall.h"
 #import "agent/BVDataModelController.h"
 #import "plugin/ContextMenuPlugin.h"
-#import "text/InterfaceTexts.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
-#import "windows/share/AccessRules.h"
+#import "windows/share/AccessLevel.h"
 #import "windows/share/BrisvaleTabController.h"
 #import "windows/share/PermissionTabController.h"
 #import "windows/share/SharedWith.h"

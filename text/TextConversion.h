@@ -2,7 +2,19 @@
 
 #import <Foundation/Foundation.h>
 
-/// How subjects and messages travel to the agent. Autoreleased results; any thread.
+/// What becomes of texts on their way to a title, to the log or to the agent. Autoreleased results;
+/// any thread.
+
+/// A text from elsewhere in one line, as titles and log lines are: line breaks and other control
+/// characters become spaces, and so do the characters that change the direction of what follows,
+/// with which "gpj.exe" can be made to look like "exe.jpg". Joiners stay: emoji and several scripts
+/// need them. nil for nil.
+NSString *singleLine(NSString *text);
+
+/// `name` as the title of a window: in one line, with U+FFFD for half a surrogate pair; a name
+/// longer than a file system allows (255 characters) is cut between whole characters and ends with
+/// an ellipsis. nil for nil and for a name of which nothing is left.
+NSString *windowTitle(NSString *name);
 
 /// The first `units` UTF-16 units of the text, all of a shorter one. When the cut falls inside a
 /// surrogate pair the whole pair is left out: half a character could not be escaped.

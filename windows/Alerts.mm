@@ -1,8 +1,7 @@
 #import "windows/Alerts.h"
 
-#import "windows/Controls.h"
 #import "text/LocalizedText.h"
-#import "text/TextFormat.h"
+#import "windows/Controls.h"
 
 namespace {
 

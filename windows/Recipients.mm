@@ -1,10 +1,9 @@
 #import "windows/Recipients.h"
 
-#import "app/ContextMenuAppAppDelegate.h"
-#import "windows/Alerts.h"
 #import "addressbook/Completion.h"
+#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
-#import "text/TextFormat.h"
+#import "windows/Alerts.h"
 
 namespace {
 

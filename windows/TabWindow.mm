@@ -1,7 +1,7 @@
 #import "windows/TabWindow.h"
 
 #import "app/ContextMenuAppAppDelegate.h"
-#import "text/InterfaceTexts.h"
+#import "text/LocalizedText.h"
 #import "windows/ViewConnections.h"
 
 namespace {

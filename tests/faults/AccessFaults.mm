@@ -1,8 +1,8 @@
 // What a user gets whose agent fails while the people with access are fetched, while one's access
 // is changed, and while one's is taken away.
-#import "text/TextFormat.h"
 #import "tests/faults/FaultTest.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
 // What a user gets whose agent fails while a link is copied: at once, and in the window's tab.
-#import "text/TextFormat.h"
 #import "tests/faults/FaultTest.h"
 #include "tests/support/AlertUser.h"
 #include "tests/ui/Windows.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

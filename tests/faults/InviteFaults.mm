@@ -2,11 +2,11 @@
 // invited: when access is given, and before that, when the agent is asked who they are.
 #include <set>
 
-#import "windows/Recipients.h"
-#import "text/TextFormat.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/faults/FaultTest.h"
 #include "tests/ui/Windows.h"
+#import "text/LocalizedText.h"
+#import "windows/Recipients.h"
 
 namespace {
 

@@ -1,7 +1,7 @@
 // What a user gets whose agent fails while a link is mailed.
-#import "text/TextFormat.h"
 #import "tests/faults/FaultTest.h"
 #include "tests/ui/Windows.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -1,8 +1,7 @@
-#include "text/Pieces.h"
+#include "text/UTF16.h"
 
 #include <algorithm>
 
-#include "text/UTF16.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 
@@ -14,7 +13,7 @@ void fuzz::Pieces(std::string_view input) {
   // No separator is half a pair.
   if (utf16::isHighSurrogate(separator) || utf16::isLowSurrogate(separator)) return;
   const std::u16string text = utf16::unitsOf(wellFormedStringFrom(input)).substr(1);
-  NSArray *const pieces = agent::piecesOf([string substringFromIndex:1], separator);
+  NSArray *const pieces = utf16::splitString([string substringFromIndex:1], separator);
 
   promise([pieces count] ==
               1 + static_cast<NSUInteger>(std::count(text.begin(), text.end(), separator)),

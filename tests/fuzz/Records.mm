@@ -1,7 +1,6 @@
 #include <vector>
 
-#import "agent/AccessEntries.h"
-#import "agent/ContactRecords.h"
+#import "agent/Records.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

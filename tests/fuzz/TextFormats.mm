@@ -1,7 +1,7 @@
-#include "text/UTF16.h"
-#include "text/TextFormat.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
+#include "text/LocalizedText.h"
+#include "text/UTF16.h"
 
 namespace {
 

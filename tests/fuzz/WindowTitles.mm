@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "text/UTF16.h"
-#include "text/WindowTitle.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
+#include "text/TextConversion.h"
+#include "text/UTF16.h"
 
 namespace {
 

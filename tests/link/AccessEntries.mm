@@ -1,4 +1,4 @@
-#import "agent/AccessEntries.h"
+#import "agent/Records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "agent/ContactRecords.h"
+#import "agent/Records.h"
 
 #include <gtest/gtest.h>
 

@@ -1,9 +1,9 @@
-#import "windows/share/AccessRules.h"
+#import "windows/share/AccessLevel.h"
 
 #include <gtest/gtest.h>
 
-#import "windows/share/SharedWith.h"
 #include "tests/support/Strings.h"
+#import "windows/share/SharedWith.h"
 
 namespace {
 

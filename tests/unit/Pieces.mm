@@ -1,4 +1,4 @@
-#import "text/Pieces.h"
+#import "text/UTF16.h"
 
 #include <gtest/gtest.h>
 
@@ -6,21 +6,21 @@
 
 TEST(Pieces, AreThoseThatThePlatformAnswers) {
   for (NSString *whole in @[ @"", @",", @"a", @"a,b", @",a,,b,", @"漢,😀,é", @",,," ]) {
-    EXPECT_TRUE([agent::piecesOf(whole, ',') isEqual:[whole componentsSeparatedByString:@","]])
+    EXPECT_TRUE([utf16::splitString(whole, ',') isEqual:[whole componentsSeparatedByString:@","]])
         << text(whole);
   }
 }
 
 TEST(Pieces, OfNothingAreNothing) {
-  EXPECT_EQ(agent::piecesOf(nil, ','), nil);
+  EXPECT_EQ(utf16::splitString(nil, ','), nil);
 }
 
 TEST(Pieces, AreSeparatedWhateverFollowsTheSeparator) {
   NSArray *const expected = @[ @"a", @"\u0301b" ];
-  EXPECT_TRUE([agent::piecesOf(@"a,\u0301b", ',') isEqual:expected]);
+  EXPECT_TRUE([utf16::splitString(@"a,\u0301b", ',') isEqual:expected]);
 }
 
 TEST(Pieces, HalfAPairLosesItselfAndNotTheRest) {
   NSString *const whole = withHalfPair(@"a,b");
-  EXPECT_EQ(text([agent::piecesOf(whole, ',') componentsJoinedByString:@"|"]), "a|b\uFFFD");
+  EXPECT_EQ(text([utf16::splitString(whole, ',') componentsJoinedByString:@"|"]), "a|b\uFFFD");
 }

@@ -1,4 +1,4 @@
-#import "text/SingleLine.h"
+#import "text/TextConversion.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "text/TextFormat.h"
+#import "text/LocalizedText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#import "text/WindowTitle.h"
+#import "text/TextConversion.h"
 
 #include <gtest/gtest.h>
 

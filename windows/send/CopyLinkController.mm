@@ -2,14 +2,13 @@
 
 #import "agent/BVDataModelController.h"
 #import "agent/ResultDictionary.h"
+#import "text/LocalizedText.h"
 #import "windows/Alerts.h"
 #import "windows/Controls.h"
-#import "windows/send/CopyOutcome.h"
-#import "windows/send/FolderTest.h"
-#import "text/LocalizedText.h"
 #import "windows/ResultSheet.h"
 #import "windows/ServingPause.h"
-#import "text/TextFormat.h"
+#import "windows/send/CopyOutcome.h"
+#import "windows/send/FolderTest.h"
 
 @implementation CopyLinkController
 

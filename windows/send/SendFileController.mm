@@ -5,17 +5,15 @@
 #import "agent/BVDataModelController.h"
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
-#import "windows/Alerts.h"
-#import "windows/Controls.h"
-#import "windows/send/FolderTest.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
+#import "windows/Alerts.h"
+#import "windows/Controls.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/ResultSheet.h"
 #import "windows/ServingPause.h"
-#import "text/SingleLine.h"
-#import "text/TextFormat.h"
+#import "windows/send/FolderTest.h"
 
 namespace {
 

@@ -1,6 +1,10 @@
 #pragma once
 
-#import <Foundation/Foundation.h>
+#import "agent/Records.h"
+
+#include <optional>
+
+@class SharedWith;
 
 /// What a person may do with a shared folder. Nobody can be given less than reading.
 enum class AccessLevel { ReadOnly, ReadWrite };
@@ -14,3 +18,15 @@ AccessLevel levelWithTitle(NSString *title);
 /// What the list calls a person: the first name, a blank and the last name, each capitalized, or
 /// the address when the first name is empty or nil. Autoreleased; any thread.
 NSString *displayName(NSString *firstName, NSString *lastName, NSString *address);
+
+/// Which entries of an access list the permissions tab shows, and how. Any thread.
+
+/// What the person may do, nothing for an entry that is not listed: a grantee that is no person,
+/// the owner, and anybody who may not download. Somebody who may write in part counts as a reader.
+std::optional<AccessLevel> listedLevel(const agent::AccessEntry &entry);
+
+/// The row for an entry, nil when it is not listed. Autoreleased.
+SharedWith *rowFor(const agent::AccessEntry &entry);
+
+/// Gives a row a level: its title and its number.
+void setLevel(SharedWith *row, AccessLevel level);

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+@class PermissionTabController;
+
 /// One load of a folder's access list: what it asks for and what came of it. Made and shown by the
 /// permissions tab on the main thread; asked on the thread of the load, which is the only one to
 /// touch it meanwhile.
@@ -31,5 +33,19 @@
 
 /// Asks the agent and reads the answer. Blocks the calling thread until both are done.
 - (void)askAgent;
+
+@end
+
+/// A load of a permissions tab on a thread of its own.
+///
+/// It, and not its thread, holds the tab, and lets it go on the main thread: a tab that ended on
+/// the thread of its load could end while the main thread is telling it of an invitation.
+@interface BackgroundLoad : NSObject {
+ @private
+  PermissionTabController *_tab;
+}
+
+/// Starts refershManagePermissionsView of the tab on a new thread and returns at once. Main thread.
++ (void)startForTab:(PermissionTabController *)tab;
 
 @end

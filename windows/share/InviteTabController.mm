@@ -3,15 +3,14 @@
 #import "agent/AgentCall.h"
 #import "agent/BVDataModelController.h"
 #import "app/ContextMenuAppAppDelegate.h"
-#import "windows/Alerts.h"
-#import "windows/Controls.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
+#import "windows/Alerts.h"
+#import "windows/Controls.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/ResultSheet.h"
 #import "windows/ServingPause.h"
-#import "text/TextFormat.h"
 #import "windows/share/AccessLevel.h"
 
 namespace {

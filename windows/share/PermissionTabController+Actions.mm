@@ -2,13 +2,12 @@
 
 #import "agent/AgentCall.h"
 #import "agent/BVDataModelController.h"
-#import "windows/Alerts.h"
 #import "text/LocalizedText.h"
+#import "windows/Alerts.h"
 #import "windows/ServingPause.h"
-#import "text/TextFormat.h"
-#import "windows/share/AccessRules.h"
+#import "windows/share/AccessLevel.h"
 #import "windows/share/PermissionTabController+Showing.h"
-#import "windows/share/PersonRowView.h"
+#import "windows/share/PersonItem.h"
 #import "windows/share/SharedWith.h"
 
 namespace {

@@ -4,7 +4,6 @@
 #import "windows/ResultSheet.h"
 #import "windows/ServingPause.h"
 #import "windows/share/AccessListLoad.h"
-#import "windows/share/BackgroundLoad.h"
 #import "windows/share/PermissionTabController+Showing.h"
 #import "windows/share/SharedWith.h"
 

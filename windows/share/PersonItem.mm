@@ -2,7 +2,6 @@
 
 #import "windows/share/AccessLevel.h"
 #import "windows/share/PermissionTabController.h"
-#import "windows/share/PersonRowView.h"
 #import "windows/share/SharedWith.h"
 
 namespace {
@@ -38,6 +37,26 @@ NSString *titleOfLevelOf(SharedWith *person) {
 
 - (IBAction)removeEntryClicked:(NSButton *)button {
   [[self controller] removeEntryClicked:button];
+}
+
+@end
+
+@implementation PersonRowView
+
+@synthesize person;
+
+- (void)dealloc {
+  [person release];
+  [super dealloc];
+}
+
+- (void)setPerson:(SharedWith *)newPerson {
+  if (newPerson == person) return;
+  [person release];
+  person = [newPerson retain];
+  for (NSView *control in [self subviews]) {
+    if ([control isKindOfClass:[NSTextField class]]) [control setToolTip:[person useremail]];
+  }
 }
 
 @end

@@ -1,6 +1,14 @@
-#import "windows/CustomTokenFieldSubClass.h"
+#import "windows/EditingFields.h"
 
 #include "windows/EditingKeys.h"
+
+@implementation CustomTextFieldSubclass
+
+- (BOOL)performKeyEquivalent:(NSEvent *)event {
+  return performEditingKey(self, event);
+}
+
+@end
 
 @implementation CustomTokenFieldSubClass
 
