@@ -25,6 +25,6 @@
 /// the end, entries to their place. What the agent lists by now is left out: an address that is
 /// there, and an entry whose address is there or that is there itself. Needs no index, and makes a
 /// new one when it has taken up an entry.
-- (void)takeUpEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses;
+- (void)mergeEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses;
 
 @end

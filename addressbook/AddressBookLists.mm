@@ -26,7 +26,7 @@
   index = [[IndexedBook alloc] initWithBook:entries];
 }
 
-- (void)takeUpEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses {
+- (void)mergeEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses {
   const NSUInteger before = [entries count];
   // Entries first: an addition's own address is not yet in the list then.
   for (NSString *entry in addedEntries) {

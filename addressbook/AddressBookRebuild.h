@@ -34,11 +34,11 @@
 /// rebuild has begun, and its lists are to stay.
 - (BOOL)hasPutInPlace:(NSArray *)entries;
 
-/// Main thread: notes what has been added since the last call, for takeUpAdditions; answers whether
+/// Main thread: notes what has been added since the last call, for mergeAdditions; answers whether
 /// there was anything.
 - (BOOL)noteAdditions;
 
 /// On the loading thread: adds to lists what noteAdditions has noted. Does nothing the first time.
-- (void)takeUpAdditions;
+- (void)mergeAdditions;
 
 @end

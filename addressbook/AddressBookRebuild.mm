@@ -52,8 +52,8 @@ NSArray *addedTo(NSArray *list, NSUInteger seen) {
   return [addedEntries count] + [addedAddresses count] > 0;
 }
 
-- (void)takeUpAdditions {
-  [lists takeUpEntries:addedEntries addresses:addedAddresses];
+- (void)mergeAdditions {
+  [lists mergeEntries:addedEntries addresses:addedAddresses];
 }
 
 @end

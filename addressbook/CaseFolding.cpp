@@ -19,6 +19,6 @@ CaseFolding::CaseFolding() : first_(kFirstPrintable) {
 
 CaseFolding::CaseFolding(std::u16string folded) : first_(0), folded_(std::move(folded)) {}
 
-bool CaseFolding::decidesAll() const {
+bool CaseFolding::coversAll() const {
   return folded_.size() == kUnits;
 }

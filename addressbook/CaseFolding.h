@@ -7,7 +7,7 @@
 /// by one. Immutable; any thread.
 class CaseFolding {
  public:
-  /// Printable ASCII, where every platform agrees. All other units are undecided: a platform may
+  /// Printable ASCII, where every platform agrees. All other units are uncovered: a platform may
   /// take two of them for one letter, or one for two.
   CaseFolding();
 
@@ -16,12 +16,12 @@ class CaseFolding {
   explicit CaseFolding(std::u16string folded);
 
   /// Whether this knows all there is to know about the unit.
-  bool decides(char16_t unit) const {
+  bool covers(char16_t unit) const {
     return unit >= first_ && static_cast<std::size_t>(unit - first_) < folded_.size();
   }
-  bool decidesAll() const;
+  bool coversAll() const;
 
-  /// What stands for a unit that is decided; two units are the same letter when it is equal.
+  /// What stands for a unit that is covered; two units are the same letter when it is equal.
   char16_t operator()(char16_t unit) const {
     return folded_[static_cast<std::size_t>(unit - first_)];
   }

@@ -15,7 +15,7 @@ IndexedBook *exchangeIndex(IndexedBook *index) {
 }
 
 NSArray *completionsIn(NSArray *book, NSString *substring) {
-  if (![currentIndex followBook:book]) {
+  if (![currentIndex updateFromBook:book]) {
     [exchangeIndex([[IndexedBook alloc] initWithBook:book]) release];
   }
   return [currentIndex completionsForSubstring:substring];

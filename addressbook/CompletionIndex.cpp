@@ -27,9 +27,9 @@ std::u16string CompletionIndex::folded(std::u16string_view text) const {
   return result;
 }
 
-bool CompletionIndex::decides(std::u16string_view text) const {
+bool CompletionIndex::covers(std::u16string_view text) const {
   return std::all_of(text.begin(), text.end(),
-                     [this](char16_t unit) { return folding_.decides(unit); });
+                     [this](char16_t unit) { return folding_.covers(unit); });
 }
 
 void CompletionIndex::reserve(std::size_t entries, std::size_t units) {
@@ -38,7 +38,7 @@ void CompletionIndex::reserve(std::size_t entries, std::size_t units) {
 
 void CompletionIndex::add(std::u16string_view entry) {
   const std::uint32_t number = size_++;
-  if (!decides(entry)) {
+  if (!covers(entry)) {
     odd_.push_back(number);
     return;
   }
@@ -52,7 +52,7 @@ void CompletionIndex::add(std::u16string_view entry) {
 
 CompletionIndex::Matches CompletionIndex::matches(std::u16string_view substring) const {
   Matches matches{EntrySet(size_), EntrySet(size_), {}};
-  if (!decides(substring) || (substring.empty() && !folding_.decidesAll())) {
+  if (!covers(substring) || (substring.empty() && !folding_.coversAll())) {
     matches.undecided = upTo(size_);
   } else if (substring.empty()) {
     for (std::uint32_t number = 0; number < size_; ++number) matches.beginning.insert(number);

@@ -44,7 +44,7 @@ class CompletionIndex {
   std::size_t bytes() const;
 
  private:
-  bool decides(std::u16string_view text) const;
+  bool covers(std::u16string_view text) const;
   std::u16string folded(std::u16string_view text) const;
 
   const CaseFolding &folding_;

@@ -22,7 +22,7 @@ struct IndexedEntries;
 /// Takes up what was added to the end of the book and answers YES; answers NO, and does nothing,
 /// when the book is not this one with strings added. (Compares the references, which for 100,000
 /// entries takes 0.1 ms: nobody need tell when the book changes.)
-- (BOOL)followBook:(NSArray *)book;
+- (BOOL)updateFromBook:(NSArray *)book;
 
 - (NSUInteger)count;
 - (NSString *)entryAtIndex:(NSUInteger)index;

@@ -152,7 +152,7 @@ std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   return isSame;
 }
 
-- (BOOL)followBook:(NSArray *)book {
+- (BOOL)updateFromBook:(NSArray *)book {
   if (![self isBeginningOf:book]) return NO;
   [self addFrom:book];
   return YES;

@@ -3,8 +3,8 @@
 #import <AppKit/AppKit.h>
 #include <unistd.h>
 
-#import "agent/AgentCall.h"
 #import "agent/AgentIdentity.h"
+#import "agent/AgentRequest.h"
 #import "agent/ConnectionAttempt.h"
 
 namespace {
@@ -22,7 +22,7 @@ id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
   // adopts itself are not found: so this one, and not KRVProxy.
   [proxy setProtocolForProxy:@protocol(KRVOperations)];
   // A new connection came up with what was left of the attempt as its patience.
-  agent::setPatience(proxy, agent::kConnectionDeadlineSeconds);
+  agent::setConnectionTimeouts(proxy, agent::kConnectionDeadlineSeconds);
   return proxy;
 }
 
@@ -31,7 +31,7 @@ template <class Operation>
 NSDictionary *forward(BVDataModelController *controller, Operation operation) {
   if (![controller checkIfConnectionExists]) return nil;
   id<KRVProxy> const proxy = [controller krvAgentProxy];
-  return agent::replyOf(proxy, [&] { return operation(proxy); });
+  return agent::sendRequest(proxy, [&] { return operation(proxy); });
 }
 
 }  // namespace
@@ -189,8 +189,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 
 - (id)getActiveAccount {
   if (![self checkIfConnectionExists]) return nil;
-  return agent::nilIfBroken([&]() -> id {
-    const agent::UnboundedReply patience([self krvAgentProxy]);
+  return agent::nilOnException([&]() -> id {
+    const agent::UnboundedReply noTimeout([self krvAgentProxy]);
     return [[self krvAgentProxy] getActiveAccount];
   });
 }

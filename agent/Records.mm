@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#import "agent/AgentCall.h"
+#import "agent/AgentRequest.h"
 #import "agent/ResultDictionary.h"
 #import "text/UTF16.h"
 
@@ -92,7 +92,7 @@ class Column {
 
   /// Raises when a record has no values for keys, or when the connection breaks. (Not done by the
   /// constructor: a container that makes an element cannot pass a platform exception on.)
-  void bringOver() {
+  void fetch() {
     id const values = withProtocol([records_ valueForKey:key_]);
     texts_ = joinedAndSplit(values);
     if (!areAllStrings(values)) classes_ = joinedAndSplit([values valueForKey:@"classForCoder"]);
@@ -128,9 +128,9 @@ class Column {
 };
 
 /// One reading of an array: what is asked of each record, and who gets it.
-class Reading {
+class RecordReader {
  public:
-  Reading(const std::vector<NSString *> &keys, const RecordVisitor &visit)
+  RecordReader(const std::vector<NSString *> &keys, const RecordVisitor &visit)
       : keys_(keys), visit_(visit), values_(keys.size()) {}
 
   /// Visits the records in `range`. A part that cannot be read as a whole is halved, so that one
@@ -164,7 +164,7 @@ class Reading {
     std::vector<Column> columns;
     for (NSString *const key : keys_) columns.emplace_back(records, key);
     @try {
-      for (Column &column : columns) column.bringOver();
+      for (Column &column : columns) column.fetch();
     } @catch (NSException *) {
       // A record that is no dictionary has no values for keys. A connection that broke raises too;
       // the smaller parts will find it broken again.
@@ -193,14 +193,14 @@ class Reading {
 }  // namespace
 
 bool visitRecords(id records, const std::vector<NSString *> &keys, const RecordVisitor &visit) {
-  Reading reading(keys, visit);
-  return nilIfBroken([&]() -> id {
-           const UnboundedReply patience([records isProxy] ? records : nil);
+  RecordReader reader(keys, visit);
+  return nilOnException([&]() -> id {
+           const UnboundedReply noTimeout([records isProxy] ? records : nil);
            if (![withProtocol(records) isKindOfClass:[NSArray class]]) return @"no array";
            const NSUInteger count = [records count];
            for (NSUInteger start = 0; start < count; start += kRecordsAtATime) {
              const NSUInteger length = std::min(kRecordsAtATime, count - start);
-             reading.visitRange(records, NSMakeRange(start, length));
+             reader.visitRange(records, NSMakeRange(start, length));
            }
            return @"all visited";
          }) != nil;

@@ -15,13 +15,13 @@ inline NSString *const kErrorMessageKey = @"errorMessage";  // string: the servi
 /// and for anything that is not a dictionary. A result dictionary is copied with its three keys and
 /// nothing else; any other dictionary with all its entries. Strings and numbers are local in the
 /// copy; arrays and dictionaries below "value" stay where they are (Records.h reads those).
-/// Raises what the platform raises when the connection breaks: call it through AgentCall.h.
+/// Raises what the platform raises when the connection breaks: call it through AgentRequest.h.
 /// Autoreleased.
-NSDictionary *broughtOver(id reply);
+NSDictionary *localCopyOfReply(id reply);
 
 /// All entries of a dictionary that may live in another process, as a local dictionary; empty for
-/// nil and for anything that is not a dictionary. Raises as broughtOver does. Autoreleased.
-NSDictionary *entriesOf(id dictionary);
+/// nil and for anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
+NSDictionary *localCopyOfDictionary(id dictionary);
 
 /// What a reply amounts to.
 enum class ReplyKind {

@@ -49,7 +49,7 @@ NSString *stringOrNil(id object) {
   return isLocal(object, [NSString class]) ? object : nil;
 }
 
-NSDictionary *broughtOver(id reply) {
+NSDictionary *localCopyOfReply(id reply) {
   id const remote = asDictionary(reply);
   if (remote == nil) return nil;
   NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:3];
@@ -61,7 +61,7 @@ NSDictionary *broughtOver(id reply) {
   return [copy count] > 0 || [remote count] == 0 ? copy : allEntries(remote);
 }
 
-NSDictionary *entriesOf(id dictionary) {
+NSDictionary *localCopyOfDictionary(id dictionary) {
   id const remote = asDictionary(dictionary);
   // Asked of a proxy, too, so that an exception is only ever a broken connection.
   const bool isDictionary = [remote isKindOfClass:[NSDictionary class]];

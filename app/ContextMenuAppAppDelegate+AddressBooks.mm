@@ -6,7 +6,7 @@
 #import "addressbook/Completion.h"
 #import "addressbook/emailContact.h"
 #import "agent/BVDataModelController.h"
-#import "agent/BackgroundTurn.h"
+#import "agent/BackgroundRequestLock.h"
 #import "agent/Records.h"
 #import "agent/ResultDictionary.h"
 #import "app/ContextMenuAppAppDelegate.h"
@@ -35,10 +35,10 @@ bool fill(AddressBookLists *lists, id records) {
 /// Fills the lists with what the agent answers; answers false when it could not be asked, or when
 /// the connection broke before the last record. Blocks the calling thread meanwhile.
 bool askAgentFor(AddressBookLists *lists) {
-  const agent::BackgroundTurn turn;
-  if (!turn.mayAsk()) return false;
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-  NSDictionary *const reply = [link getEmployeeAddressBook];
+  const agent::BackgroundRequestLock lock;
+  if (!lock.isHeld()) return false;
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
+  NSDictionary *const reply = [agent getEmployeeAddressBook];
   return fill(lists, [reply objectForKey:agent::kValueKey]);
 }
 
@@ -82,7 +82,7 @@ bool askAgentFor(AddressBookLists *lists) {
     [self onMainThread:@selector(beginRebuild:) with:rebuild];
     if (!askAgentFor([rebuild lists])) return;
     while (![rebuild isOver]) {
-      [rebuild takeUpAdditions];
+      [rebuild mergeAdditions];
       [self onMainThread:@selector(finishRebuild:) with:rebuild];
     }
   }

@@ -3,7 +3,7 @@
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
-#import "windows/ServingPause.h"
+#import "windows/RequestSuspension.h"
 #import "windows/TabWindow.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/DirectCopy.h"
@@ -142,7 +142,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)CopyLink:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   NSString *const selected = closeWindowsAndReadSelection(self);
   const BOOL isFolder = isFolderOnDisk(selected);
   if (![self isInSyncedFolder:selected]) {
@@ -171,7 +171,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFile:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   NSString *const selected = closeWindowsAndReadSelection(self);
   if (![self isInSyncedFolder:selected]) {
     [self showError];
@@ -191,7 +191,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFolder:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   [self sendSelectedFolder:closeWindowsAndReadSelection(self)];
   NSLog(@"Send Folder action..");
 }
@@ -216,7 +216,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)ShareFolder:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   [self shareSelectedFolder:closeWindowsAndReadSelection(self)];
   NSLog(@"Share Folder action..");
 }

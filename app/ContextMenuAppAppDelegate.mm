@@ -1,6 +1,6 @@
 #import "app/ContextMenuAppAppDelegate.h"
 
-#import "agent/AgentCall.h"
+#import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "plugin/ContextMenuPlugin.h"
 #import "text/LocalizedText.h"
@@ -17,10 +17,10 @@ NSString *syncedFolderOf(NSString *loginName) {
 /// Straight to the proxy, without the gate: the answer must not depend on whether the agent is
 /// already among the running applications while it is being started at login.
 NSDictionary *homeFolderInfoFromAgent() {
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-  id<KRVProxy> const proxy = [link krvAgentProxy];
-  return agent::replyOf(
-      proxy, [&] { return [proxy getHomeDirectoryInfo]; }, agent::entriesOf);
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
+  id<KRVProxy> const proxy = [agent krvAgentProxy];
+  return agent::sendRequest(
+      proxy, [&] { return [proxy getHomeDirectoryInfo]; }, agent::localCopyOfDictionary);
 }
 
 }  // namespace

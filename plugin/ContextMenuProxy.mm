@@ -10,7 +10,7 @@
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
-#import "windows/ServingPause.h"
+#import "windows/RequestSuspension.h"
 #import "windows/TabWindow.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/DirectCopy.h"
@@ -129,7 +129,7 @@ void activateWith(NSWindow *window) {
                              :(BOOL)tabPosition
                              :(BOOL)isFileId {
   // clang-format on
-  const ServingPause othersWait;
+  const RequestSuspension suspension;
   closeOpenWindows();
   [applicationDelegate() conditionalFetchAddressBook];
   SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
@@ -163,7 +163,7 @@ void activateWith(NSWindow *window) {
   // clang-format on
   (void)unusedDisplayName;
   (void)unused;
-  const ServingPause othersWait;
+  const RequestSuspension suspension;
   closeOpenWindows();
   [applicationDelegate() conditionalFetchAddressBook];
   BrisvaleTabController *const controller = [[BrisvaleTabController alloc] init];
@@ -182,7 +182,7 @@ void activateWith(NSWindow *window) {
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;
-  const ServingPause othersWait;
+  const RequestSuspension suspension;
   closeOpenWindows();
   // An argument may be anything, also an object of the caller's process that claims to be a string.
   NSString *const serverId = agent::stringOrNil(item);

@@ -4,7 +4,7 @@
 readonly agent_program=build/devkit/VeldaneKRVAgent.app/VeldaneKRVAgent
 readonly application_program=build/ContextMenuApp.app/ContextMenuApp
 readonly contextmenu=build/devkit/contextmenu
-readonly hand=build/devkit/hand
+readonly desktop_driver=build/devkit/desktop_driver
 # For a program to come up on a busy machine.
 readonly start_seconds=60
 

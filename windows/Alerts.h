@@ -10,7 +10,7 @@ NSAlert *alertWithTexts(NSString *message, NSString *informative);
 NSAlert *cannotConnectAlert();
 
 // Each of these first forgets the keys and clicks that have come until then, see
-// forgetInputWhileBusy: nobody has read the alert yet.
+// discardPendingInput: nobody has read the alert yet.
 
 /// Shows the alert as a sheet on the window and returns at once; the window stays open when it
 /// ends. delegate: the controller whose action is reported. A window of nil (it has been closed)

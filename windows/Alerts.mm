@@ -35,7 +35,7 @@ void showAsSheet(NSAlert *alert, NSWindow *window, id delegate) {
 
 void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void *context) {
   if (window == nil) return;
-  forgetInputWhileBusy();
+  discardPendingInput();
   [alert beginSheetModalForWindow:window
                     modalDelegate:delegate
                    didEndSelector:didEnd
@@ -43,7 +43,7 @@ void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void 
 }
 
 void runModally(NSAlert *alert) {
-  forgetInputWhileBusy();
+  discardPendingInput();
   [NSApp activateIgnoringOtherApps:YES];
   [alert runModal];
 }

@@ -18,4 +18,4 @@ void showBusy(NSProgressIndicator *indicator);
 /// Forgets the keys and clicks that came while such a call blocked. They were meant for the window
 /// as it was; a second Return would dismiss the alert that follows before anybody has read it. The
 /// functions that show alerts and success sheets call it first.
-void forgetInputWhileBusy();
+void discardPendingInput();

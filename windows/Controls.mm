@@ -18,7 +18,7 @@ void showBusy(NSProgressIndicator *indicator) {
   [[indicator window] flushWindow];
 }
 
-void forgetInputWhileBusy() {
+void discardPendingInput() {
   const NSUInteger input = NSKeyDownMask | NSKeyUpMask | NSLeftMouseDownMask | NSLeftMouseUpMask |
                            NSRightMouseDownMask | NSRightMouseUpMask;
   NSEvent *forgotten = nil;

@@ -12,7 +12,7 @@ struct ResultSheet {
 
 /// Shows the text for `key` and brings the window and the application to the front: the application
 /// lives behind the others, and its window with the good news would stay there. The keys and clicks
-/// that have come until then are forgotten, see forgetInputWhileBusy. The three seconds run from
+/// that have come until then are forgotten, see discardPendingInput. The three seconds run from
 /// this call, after which `controller` gets killModalWindow: with the timer. `controller` is kept
 /// alive until then.
 void showSuccess(const ResultSheet &sheet, id controller, NSString *key);

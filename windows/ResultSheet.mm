@@ -1,7 +1,7 @@
 #import "windows/ResultSheet.h"
 
-#import "windows/Controls.h"
 #import "text/LocalizedText.h"
+#import "windows/Controls.h"
 
 namespace {
 
@@ -17,7 +17,7 @@ void showSuccess(const ResultSheet &sheet, id controller, NSString *key) {
                                  selector:@selector(killModalWindow:)
                                  userInfo:sheet.panel
                                   repeats:NO];
-  forgetInputWhileBusy();
+  discardPendingInput();
   [sheet.text setStringValue:localizedText(key)];
   [NSApp beginSheet:sheet.panel
       modalForWindow:sheet.window

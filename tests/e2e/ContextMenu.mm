@@ -53,9 +53,9 @@ struct ContextMenuOnScreen : OwnProcesses {
 
   /// Selects an item in the file manager; answers whether it came to be selected.
   static bool select(const std::string &path) {
-    ChildProcess hand({HAND, "select", path});
-    const bool isSelected = hand.waitForEnd() == 0;
-    EXPECT_TRUE(isSelected) << hand.output();
+    ChildProcess selection({DESKTOP_DRIVER, "select", path});
+    const bool isSelected = selection.waitForEnd() == 0;
+    EXPECT_TRUE(isSelected) << selection.output();
     return isSelected;
   }
 
@@ -76,7 +76,7 @@ struct ContextMenuOnScreen : OwnProcesses {
   /// answers whether the menu has gone when the one who asked for it has been answered.
   static bool popUpAndClick(int x, int y) {
     moveTo(kPointerX, kPointerY);
-    ChildProcess caller({HAND, "menu"});
+    ChildProcess caller({DESKTOP_DRIVER, "menu"});
     if (!waitFor([] { return isMenuOnScreen(); })) return false;
     settledPicture({kPointerX, kPointerY, kAnchorSide, 4 * kMenuItemHeight});
     // To the item first, and then the click: the menu looks where the pointer is from time to time.

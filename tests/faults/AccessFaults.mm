@@ -112,11 +112,11 @@ struct Remove : Change {
 TEST_P(List, ShowsWhatCameOfItAndWorksAgain) {
   begin();
   openWindow();
-  agent.strike(kList, people(kPeople));
+  agent.injectFault(kList, people(kPeople));
   mark();
   [tab setFilePath:@"folder-1"];
   ASSERT_TRUE(waitUntilLoaded());
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(outcome());
   agent.recover(kList, people(kPeople));
   [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
@@ -125,9 +125,9 @@ TEST_P(List, ShowsWhatCameOfItAndWorksAgain) {
 
 TEST_P(Change, TellsWhatCameOfItAndWorksAgain) {
   openHealthy();
-  agent.strike(kGrant, @"granted");
+  agent.injectFault(kGrant, @"granted");
   choose(row, @"accessPermissionReadWriteKey");
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expectAfterAction(outcome(), @"permissionsUpdatedSuccessTextKey");
   // Changed first, and never put back.
   EXPECT_EQ([person(row) accessPermission], 1);
@@ -139,9 +139,9 @@ TEST_P(Change, TellsWhatCameOfItAndWorksAgain) {
 
 TEST_P(Remove, TellsWhatCameOfItAndWorksAgain) {
   openHealthy();
-  agent.strike(kRevoke, @1);
+  agent.injectFault(kRevoke, @1);
   remove();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   waitForOutcome();
   expectAfterAction(outcome(), @"permissionRevokedSuccessMessageTextFormatKey");
   const bool isGone = outcome() == Outcome::Succeeds;

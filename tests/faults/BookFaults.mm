@@ -54,9 +54,9 @@ struct LaunchWithFault : FaultTest<testing::Test> {
 
 TEST_P(Refresh, LeavesTheBookThatThereIsAndTheNextOneIsWhole) {
   begin();
-  agent.strike(kBook, contacts());
+  agent.injectFault(kBook, contacts());
   refresh();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(fault().contacts);
   agent.recover(kBook, contacts());
   refresh();
@@ -65,10 +65,10 @@ TEST_P(Refresh, LeavesTheBookThatThereIsAndTheNextOneIsWhole) {
 
 TEST_P(LaunchWithFault, SaysNothingAndTheApplicationServes) {
   begin();
-  agent.strike(kBook, contacts());
+  agent.injectFault(kBook, contacts());
   RunningApplication application;
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   EXPECT_EQ(linesOf(application), (Lines{"Context Menu Application Launched for first time",
                                          "Context Menu Plugin Connection successfully created."}));
   EXPECT_FALSE(RunningApplication::isVisible());

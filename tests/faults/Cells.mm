@@ -21,12 +21,13 @@ std::vector<Fault> faultsThat(Condition condition) {
 
 std::vector<Fault> faultsOfACall() {
   return faultsThat([](const Fault &fault) {
-    return fault.strike == Strike::None || fault.strike == Strike::DiesDuring;
+    return fault.processFault == ProcessFault::None ||
+           fault.processFault == ProcessFault::DiesDuring;
   });
 }
 
 std::vector<Fault> faultsAfterAList() {
-  return faultsThat([](const Fault &fault) { return fault.strike != Strike::Absent; });
+  return faultsThat([](const Fault &fault) { return fault.processFault != ProcessFault::Absent; });
 }
 
 Outcome outcomeIn(Column column, const Fault &fault) {
@@ -55,7 +56,7 @@ Outcome outcomeIn(Column column, const Fault &fault) {
 }
 
 bool isOfTheSameKind(Column column, const Fault &one, const Fault &other) {
-  if (one.kind != other.kind || one.strike != other.strike) return false;
+  if (one.kind != other.kind || one.processFault != other.processFault) return false;
   const bool isAboutBooks = column == Column::Refresh || column == Column::LaunchWithFault;
   return isAboutBooks ? one.contacts == other.contacts
                       : outcomeIn(column, one) == outcomeIn(column, other);
@@ -100,7 +101,7 @@ std::vector<Fault> chosenOf(Column column, Uses &uses) {
 /// How many connection attempts, one after the other, find no agent from their beginning to their
 /// end. The former agent is missed by the operation itself; where there never was one, by those
 /// before it as well.
-int attemptsInVain(Column column, Strike strike) {
+int failedAttempts(Column column, ProcessFault processFault) {
   struct Attempts {
     int whenAbsent;
     int whenKilledBefore;
@@ -132,12 +133,12 @@ int attemptsInVain(Column column, Strike strike) {
     }
     return {0, 0, 0};
   }();
-  switch (strike) {
-    case Strike::Absent:
+  switch (processFault) {
+    case ProcessFault::Absent:
       return attempts.whenAbsent;
-    case Strike::KilledBefore:
+    case ProcessFault::KilledBefore:
       return attempts.whenKilledBefore;
-    case Strike::DiesDuring:
+    case ProcessFault::DiesDuring:
       return attempts.afterDeath;
     default:
       return 0;
@@ -165,7 +166,7 @@ std::vector<Cell> testedCellsOf(Column column) {
 }
 
 int secondsOfWaiting(const Cell &cell) {
-  return attemptsInVain(cell.column, cell.fault.strike) *
+  return failedAttempts(cell.column, cell.fault.processFault) *
          static_cast<int>(agent::kConnectionDeadlineSeconds);
 }
 

@@ -113,9 +113,9 @@ struct CopyTab : FaultTest<WindowsWithoutAgent> {
 
 TEST_P(DirectCopy, TellsWhatCameOfItAndWorksAgain) {
   begin();
-  agent.strike(kFileLink, kLink);
+  agent.injectFault(kFileLink, kLink);
   copy();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(outcome());
   agent.recover(kFileLink, kLink);
   copy();
@@ -125,9 +125,9 @@ TEST_P(DirectCopy, TellsWhatCameOfItAndWorksAgain) {
 TEST_P(CopyTab, TellsWhatCameOfItAndWorksAgain) {
   begin();
   NSWindow *window = open();
-  agent.strike(kFileLink, kLink);
+  agent.injectFault(kFileLink, kLink);
   copy(window);
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(window, outcome());
   agent.recover(kFileLink, kLink);
   window = open();

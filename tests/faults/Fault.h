@@ -20,7 +20,7 @@ enum class FaultKind {
 };
 
 /// What befalls the agent's process, besides what it answers.
-enum class Strike {
+enum class ProcessFault {
   None,
   Absent,               // there never was one
   StartsLate,           // runs, and registers its name only while the application waits for it
@@ -65,7 +65,7 @@ inline constexpr int kColumns = 15;
 struct Fault {
   const char *name;
   FaultKind kind;
-  Strike strike;
+  ProcessFault processFault;
   /// The script's entry for the operation in question. value: what the agent answers in health.
   NSDictionary *(*entry)(id value);
   Outcome link;
@@ -97,8 +97,8 @@ std::vector<Fault> faultsAfterAList();
 /// agent for nothing.
 Outcome outcomeIn(Column column, const Fault &fault);
 
-/// Whether a column cannot tell one from the other: the same kind, the same strike, and the same
-/// comes of it there.
+/// Whether a column cannot tell one from the other: the same kind, the same processFault, and the
+/// same comes of it there.
 bool isOfTheSameKind(Column column, const Fault &one, const Fault &other);
 
 /// The faults that can befall a column.
@@ -139,10 +139,10 @@ class FaultyAgent {
 
   /// From now on the operation has the fault. earlierCalls: calls of the operation in health before
   /// that; afterwards it is in health again.
-  void strike(NSString *operation, id value, NSUInteger earlierCalls = 0);
+  void injectFault(NSString *operation, id value, NSUInteger earlierCalls = 0);
 
   /// The application is done: what is to come after it.
-  void strikeAfterwards();
+  void injectFaultAfterwards();
 
   /// The agent is in health again; it is another one when the former has gone.
   void recover(NSString *operation, id value);

@@ -29,7 +29,8 @@ std::unique_ptr<AgentProcess> &leftInHealth() {
 }  // namespace
 
 FaultyAgent::~FaultyAgent() {
-  const bool isHealthy = hasRecovered_ || (fault_ != nullptr && fault_->strike == Strike::None);
+  const bool isHealthy =
+      hasRecovered_ || (fault_ != nullptr && fault_->processFault == ProcessFault::None);
   if (isHealthy && !testing::Test::HasFailure()) leftInHealth() = std::move(process_);
 }
 
@@ -42,7 +43,7 @@ void FaultyAgent::begin(const Fault &fault, NSDictionary *healthyScript) {
   fault_ = &fault;
   healthyScript_ = healthyScript;
   process_ = std::move(leftInHealth());
-  if (fault.strike == Strike::Absent) {
+  if (fault.processFault == ProcessFault::Absent) {
     process_.reset();
     return;
   }
@@ -51,31 +52,31 @@ void FaultyAgent::begin(const Fault &fault, NSDictionary *healthyScript) {
   process_->setScript(healthyScript);
 }
 
-void FaultyAgent::strike(NSString *operation, id value, NSUInteger earlierCalls) {
+void FaultyAgent::injectFault(NSString *operation, id value, NSUInteger earlierCalls) {
   NSMutableArray *const entries = [NSMutableArray array];
   for (NSUInteger i = 0; i < earlierCalls; ++i) [entries addObject:healthyEntry(value)];
   [entries addObject:fault_->entry(value)];
   [entries addObject:healthyEntry(value)];
   NSDictionary *const script = scriptWith(healthyScript_, operation, entries);
-  switch (fault_->strike) {
-    case Strike::Absent:
+  switch (fault_->processFault) {
+    case ProcessFault::Absent:
       return;
-    case Strike::None:
-    case Strike::DiesDuring:
-    case Strike::KilledAfter:
+    case ProcessFault::None:
+    case ProcessFault::DiesDuring:
+    case ProcessFault::KilledAfter:
       break;
-    case Strike::KilledBefore:
+    case ProcessFault::KilledBefore:
       process_.reset();
       return;
-    case Strike::Restarted:
+    case ProcessFault::Restarted:
       process_.reset();
       startAnother();
       break;
-    case Strike::StartsLate:
+    case ProcessFault::StartsLate:
       process_.reset();
       startAnother({.registerAfterSeconds = kLateSeconds});
       break;
-    case Strike::StoppedAndContinued:
+    case ProcessFault::StoppedAndContinued:
       process_->setScript(script);
       process_->process().signal(SIGSTOP);
       waker_ = std::make_unique<ChildProcess>(
@@ -87,13 +88,13 @@ void FaultyAgent::strike(NSString *operation, id value, NSUInteger earlierCalls)
   process_->setScript(script);
 }
 
-void FaultyAgent::strikeAfterwards() {
-  if (fault_->strike == Strike::KilledAfter) process_.reset();
+void FaultyAgent::injectFaultAfterwards() {
+  if (fault_->processFault == ProcessFault::KilledAfter) process_.reset();
 }
 
 void FaultyAgent::recover(NSString *operation, id value) {
   if (waker_ != nullptr) waker_->waitForEnd();
-  if (fault_->strike == Strike::DiesDuring) process_.reset();
+  if (fault_->processFault == ProcessFault::DiesDuring) process_.reset();
   if (process_ == nullptr) startAnother();
   hasRecovered_ = true;
   process_->setScript(scriptWith(healthyScript_, operation, healthyEntry(value)));

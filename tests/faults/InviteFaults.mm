@@ -41,7 +41,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
   void open() {
     threads = [[[EndedThreads alloc] init] autorelease];
     controller = openShare(1, @"folder-1");
-    if (fault().strike != Strike::Absent || hasRecovered) waitForList();
+    if (fault().processFault != ProcessFault::Absent || hasRecovered) waitForList();
     [recipients() setStringValue:invited];
     mark();
   }
@@ -97,10 +97,10 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
   void failAt(NSUInteger place) {
     begin();
     openKnowingAll();
-    agent.strike(kGrant, person(), place);
+    agent.injectFault(kGrant, person(), place);
     invite();
     waitForList();
-    agent.strikeAfterwards();
+    agent.injectFaultAfterwards();
     expect(outcome(), place);
     agent.recover(kGrant, person());
     hasRecovered = true;
@@ -127,17 +127,18 @@ struct InviteQuestion : Invite {
   /// Without an answer everybody passes; whether they get access is for the next call to tell.
   Outcome outcomeOfInvitation() const {
     if (outcome() == Outcome::Nobody) return Outcome::Refused;
-    const std::set<Strike> fatal = {Strike::Absent, Strike::KilledBefore, Strike::DiesDuring};
-    return fatal.contains(fault().strike) ? Outcome::NoReply : Outcome::Succeeds;
+    const std::set<ProcessFault> fatal = {ProcessFault::Absent, ProcessFault::KilledBefore,
+                                          ProcessFault::DiesDuring};
+    return fatal.contains(fault().processFault) ? Outcome::NoReply : Outcome::Succeeds;
   }
 
   void failAtQuestion(NSUInteger place) {
     begin(grantsScript());
     open();
-    agent.strike(kUserInfo, colleague(), place);
+    agent.injectFault(kUserInfo, colleague(), place);
     invite();
     waitForList();
-    agent.strikeAfterwards();
+    agent.injectFaultAfterwards();
     expect(outcomeOfInvitation(), place);
     NSString *const asked = [NSString stringWithUTF8String:kPeople[place].c_str()];
     EXPECT_EQ([[delegate employeeContacts] containsObject:asked], outcome() == Outcome::Succeeds);

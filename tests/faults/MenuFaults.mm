@@ -100,9 +100,9 @@ NSArray *onePerson() {
 
 TEST_P(MenuCopyLink, TellsWhatCameOfItAndWorksAgain) {
   begin();
-  agent.strike(kFileLink, kLink);
+  agent.injectFault(kFileLink, kLink);
   copy();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(outcome());
   agent.recover(kFileLink, kLink);
   copy();
@@ -111,7 +111,7 @@ TEST_P(MenuCopyLink, TellsWhatCameOfItAndWorksAgain) {
 
 TEST_P(MenuSend, OpensItsWindowWhateverTheAgentDoes) {
   begin();
-  agent.strike(kFileLink, kLink);
+  agent.injectFault(kFileLink, kLink);
   select(file);
   [delegate SendFile:nil];
   ASSERT_NE(sendWindow(), nil);
@@ -127,9 +127,9 @@ TEST_P(MenuSend, OpensItsWindowWhateverTheAgentDoes) {
 
 TEST_P(MenuShare, ShowsWhatCameOfItAndWorksAgain) {
   begin();
-  agent.strike(kList, onePerson());
+  agent.injectFault(kList, onePerson());
   share();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(outcome());
   agent.recover(kList, onePerson());
   share();

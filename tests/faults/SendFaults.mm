@@ -80,9 +80,9 @@ struct Send : FaultTest<WindowsWithoutAgent> {
 TEST_P(Send, TellsWhatCameOfItAndKeepsWhatWasTypedAndWorksAgain) {
   begin();
   openAndFillIn();
-  agent.strike(kSendFile, kSent);
+  agent.injectFault(kSendFile, kSent);
   send();
-  agent.strikeAfterwards();
+  agent.injectFaultAfterwards();
   expect(outcome());
   agent.recover(kSendFile, kSent);
   openAndFillIn();

@@ -21,7 +21,7 @@ void check(NSArray *book, NSString *substring, const CaseFolding &folding) {
   const NSRange half = NSMakeRange(0, [book count] / 2);
   IndexedBook *const index = [[[IndexedBook alloc] initWithBook:[book subarrayWithRange:half]
                                                         folding:folding] autorelease];
-  fuzz::promise([index followBook:book], "an index follows a book that grows");
+  fuzz::promise([index updateFromBook:book], "an index follows a book that grows");
   fuzz::promise(
       isSame([index completionsForSubstring:substring], filteredByPredicates(book, substring)),
       "the index finds what the predicates find");

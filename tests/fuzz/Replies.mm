@@ -59,10 +59,10 @@ void checkReading(NSDictionary *copy) {
 void fuzz::Replies(std::string_view input) {
   id const reply = objectFrom(input);
   const bool isDictionary = [reply isKindOfClass:[NSDictionary class]];
-  NSDictionary *const copy = agent::broughtOver(reply);
+  NSDictionary *const copy = agent::localCopyOfReply(reply);
   promise(isSame(copy, isDictionary ? expectedCopyOf(reply) : nil),
           "a copy has the three keys, or all of a reply without them");
-  promise([agent::entriesOf(reply)
+  promise([agent::localCopyOfDictionary(reply)
               isEqual:isDictionary ? namedEntriesOf(reply) : [NSDictionary dictionary]],
           "the entries are those under a string");
   checkReading(copy);

@@ -10,7 +10,7 @@
 #import "agent/AgentIdentity.h"
 #import "agent/BVDataModelController.h"
 #import "agent/ConnectionAttempt.h"
-#import "agent/Patience.h"
+#import "agent/ConnectionTimeouts.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Strings.h"
 

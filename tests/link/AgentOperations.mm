@@ -85,10 +85,10 @@ TEST_F(AgentOperations, GetActiveAccountIsForwarded) {
 }
 
 TEST_F(AgentOperations, HomeDirectoryInfoIsAskedOfTheProxyOnly) {
-  BVDataModelController *const link = controller();
+  BVDataModelController *const agent = controller();
   EXPECT_FALSE([link respondsToSelector:@selector(getHomeDirectoryInfo)]);
   agent.answer(@"getHomeDirectoryInfo", @{@"homefolder" : @"home-7"});
-  EXPECT_EQ(text([[[link krvAgentProxy] getHomeDirectoryInfo] objectForKey:@"homefolder"]),
+  EXPECT_EQ(text([[[agent krvAgentProxy] getHomeDirectoryInfo] objectForKey:@"homefolder"]),
             "home-7");
 }
 
@@ -149,18 +149,18 @@ TEST_F(AgentOperations, AClosedGateSendsNothingAndAnswersNil) {
   agent.process().signal(SIGKILL);
   agent.process().waitForEnd();
   AgentProcess other(stranger);
-  BVDataModelController *const link = controller();
-  EXPECT_EQ([link getLinkForFile:@"id":YES:NO:@"-1":YES], nil);
-  EXPECT_EQ([link getLinkForFolder:@"id":YES:NO:@"-1":YES], nil);
-  EXPECT_EQ([link sendFile:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
-  EXPECT_EQ([link sendFolder:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
-  EXPECT_EQ([link grantAccess:@"a":@"id":YES:YES:YES:YES:YES:YES:@"m"], nil);
-  EXPECT_EQ([link revokeAccess:@"a":@"id":YES], nil);
-  EXPECT_EQ([link getAccess:@"id":YES], nil);
-  EXPECT_EQ([link getUserInfo:@"a":NO], nil);
-  EXPECT_EQ([link getEmployeeAddressBook], nil);
-  EXPECT_EQ([link getAddressBook:@"q"], nil);
-  EXPECT_EQ([link getActiveAccount], nil);
+  BVDataModelController *const agent = controller();
+  EXPECT_EQ([agent getLinkForFile:@"id":YES:NO:@"-1":YES], nil);
+  EXPECT_EQ([agent getLinkForFolder:@"id":YES:NO:@"-1":YES], nil);
+  EXPECT_EQ([agent sendFile:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
+  EXPECT_EQ([agent sendFolder:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
+  EXPECT_EQ([agent grantAccess:@"a":@"id":YES:YES:YES:YES:YES:YES:@"m"], nil);
+  EXPECT_EQ([agent revokeAccess:@"a":@"id":YES], nil);
+  EXPECT_EQ([agent getAccess:@"id":YES], nil);
+  EXPECT_EQ([agent getUserInfo:@"a":NO], nil);
+  EXPECT_EQ([agent getEmployeeAddressBook], nil);
+  EXPECT_EQ([agent getAddressBook:@"q"], nil);
+  EXPECT_EQ([agent getActiveAccount], nil);
   EXPECT_EQ([other.calls() count], 0u);
 }
 

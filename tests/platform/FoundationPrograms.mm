@@ -26,5 +26,6 @@ TEST_P(FoundationPrograms, LoadFoundationAndNoAppKit) {
 }
 
 INSTANTIATE_TEST_SUITE_P(, FoundationPrograms,
-                         testing::Values(CONTEXTMENU, DEVELOPMENT_AGENT, HAND, PLUGIN_CALL,
-                                         SCRIPTED_AGENT, SCRIPTED_FILE_MANAGER, "/proc/self/exe"));
+                         testing::Values(CONTEXTMENU, DEVELOPMENT_AGENT, DESKTOP_DRIVER,
+                                         PLUGIN_CALL, SCRIPTED_AGENT, SCRIPTED_FILE_MANAGER,
+                                         "/proc/self/exe"));

@@ -5,12 +5,12 @@
 
 #import "addressbook/Completion.h"
 #import "addressbook/IndexedBook.h"
-#import "windows/Recipients.h"
-#import "windows/share/InviteTabController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Pump.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
+#import "windows/Recipients.h"
+#import "windows/share/InviteTabController.h"
 
 namespace {
 
@@ -51,7 +51,7 @@ TEST_F(CompletionInStep, AfterALoadTheNewEntriesAreOffered) {
 
 TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
   IndexedBook *const index = [exchangeIndex(nil) autorelease];
-  EXPECT_TRUE([index followBook:[delegate addressBookForShare]]);
+  EXPECT_TRUE([index updateFromBook:[delegate addressBookForShare]]);
   EXPECT_EQ([index count], 2u);
 }
 

@@ -4,10 +4,10 @@
 #include <fstream>
 
 #import "platform/gnustep/DeallocHook.h"
-#import "text/LocalizedText.h"
-#import "windows/share/PersonItem.h"
 #include "tests/support/Thorough.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
+#import "windows/share/PersonItem.h"
 
 namespace {
 
@@ -200,6 +200,6 @@ TEST_F(PermissionsTabLifetimes, AListLivesOnInATabWithoutAnInterface) {
   EXPECT_EQ([[bare personList] count], 3u);
   event([&] { [bare refershManagePermissionsView]; });
   EXPECT_EQ([[bare personList] count], 3u);
-  [bare letGoOfWindow];
+  [bare disconnectFromWindow];
   [bare release];
 }

@@ -1,5 +1,5 @@
-#import "text/LocalizedText.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 using PermissionsTabList = PermissionsTab;
 
@@ -206,6 +206,6 @@ TEST_F(PermissionsTabList, TheListIsStoredAsItIsAndChangedInPlace) {
   EXPECT_EQ([rows objectAtIndex:0], row);
   [other removeObjectFromPersonListAtIndex:0];
   EXPECT_EQ([rows count], 0u);
-  [other letGoOfWindow];
+  [other disconnectFromWindow];
   [other release];
 }

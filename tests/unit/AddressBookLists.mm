@@ -25,44 +25,44 @@ struct AddressBookListsTest : testing::Test {
 }  // namespace
 
 TEST_F(AddressBookListsTest, AnAddedEntryGoesToItsPlaceAndItsAddressToTheEnd) {
-  [lists takeUpEntries:@[ @"Max M<m@x>" ] addresses:@[ @"m@x" ]];
+  [lists mergeEntries:@[ @"Max M<m@x>" ] addresses:@[ @"m@x" ]];
   EXPECT_EQ(entries(), "bob<b@x> | Max M<m@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | m@x");
 }
 
 TEST_F(AddressBookListsTest, AddedAddressesKeepTheirOrder) {
-  [lists takeUpEntries:@[ @"N<n@x>", @"M<m@x>" ] addresses:@[ @"n@x", @"m@x" ]];
+  [lists mergeEntries:@[ @"N<n@x>", @"M<m@x>" ] addresses:@[ @"n@x", @"m@x" ]];
   EXPECT_EQ(entries(), "bob<b@x> | M<m@x> | N<n@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | n@x | m@x");
 }
 
 TEST_F(AddressBookListsTest, SomebodyWhoIsListedByNowIsNotListedTwiceUnderAnotherName) {
-  [lists takeUpEntries:@[ @"Robert B<b@x>" ] addresses:@[ @"b@x" ]];
+  [lists mergeEntries:@[ @"Robert B<b@x>" ] addresses:@[ @"b@x" ]];
   EXPECT_EQ(entries(), "bob<b@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x");
 }
 
 TEST_F(AddressBookListsTest, AnotherAddressOfSomebodyWhoIsListedIsAColleaguesToo) {
-  [lists takeUpEntries:@[ @"Robert B<b@x>" ] addresses:@[ @"bob@x" ]];
+  [lists mergeEntries:@[ @"Robert B<b@x>" ] addresses:@[ @"bob@x" ]];
   EXPECT_EQ(entries(), "bob<b@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | bob@x");
 }
 
 TEST_F(AddressBookListsTest, TwoAddressesOfOnePersonGiveOneEntry) {
-  [lists takeUpEntries:@[ @"M<m@x>", @"M<m@x>" ] addresses:@[ @"m@x", @"max@x" ]];
+  [lists mergeEntries:@[ @"M<m@x>", @"M<m@x>" ] addresses:@[ @"m@x", @"max@x" ]];
   EXPECT_EQ(entries(), "bob<b@x> | M<m@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | m@x | max@x");
 }
 
 TEST_F(AddressBookListsTest, TheIndexKnowsWhatWasTakenUp) {
-  [lists takeUpEntries:@[ @"Max M<m@x>" ] addresses:@[ @"m@x" ]];
-  EXPECT_TRUE([lists->index followBook:lists->entries]);
+  [lists mergeEntries:@[ @"Max M<m@x>" ] addresses:@[ @"m@x" ]];
+  EXPECT_TRUE([lists->index updateFromBook:lists->entries]);
   EXPECT_EQ([lists->index count], 3u);
 }
 
 TEST_F(AddressBookListsTest, NothingAddedLeavesListsAndIndexAlone) {
   IndexedBook *const index = lists->index;
-  [lists takeUpEntries:nil addresses:nil];
+  [lists mergeEntries:nil addresses:nil];
   EXPECT_EQ(entries(), "bob<b@x> | Zoe<z@x>");
   EXPECT_EQ(lists->index, index);
 }

@@ -14,7 +14,7 @@ CaseFolding allUnits() {
   std::u16string folded(0x10000, u'\0');
   std::iota(folded.begin(), folded.end(), u'\0');
   for (char16_t &unit : folded) {
-    if (ascii.decides(unit)) unit = ascii(unit);
+    if (ascii.covers(unit)) unit = ascii(unit);
   }
   return CaseFolding(folded);
 }

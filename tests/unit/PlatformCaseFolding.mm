@@ -59,7 +59,7 @@ std::u16string allBut(const std::u16string &units) {
 }  // namespace
 
 TEST(PlatformCaseFolding, ThisPlatformComparesUnitByUnit) {
-  EXPECT_TRUE(platformCaseFolding().decidesAll());
+  EXPECT_TRUE(platformCaseFolding().coversAll());
 }
 
 TEST(PlatformCaseFolding, UnitsWithTheSameFoldingAreTheSameToThePredicates) {
@@ -92,10 +92,10 @@ TEST(PlatformCaseFolding, PrintableASCIIIsAsEverywhere) {
   for (char16_t unit = u' '; unit <= u'~'; ++unit) {
     EXPECT_EQ(platformCaseFolding()(unit), ascii(unit)) << char(unit);
   }
-  EXPECT_FALSE(ascii.decidesAll());
-  EXPECT_FALSE(ascii.decides(u'\n'));
-  EXPECT_FALSE(ascii.decides(0x7F));
-  EXPECT_FALSE(ascii.decides(u'\u00E9'));
+  EXPECT_FALSE(ascii.coversAll());
+  EXPECT_FALSE(ascii.covers(u'\n'));
+  EXPECT_FALSE(ascii.covers(0x7F));
+  EXPECT_FALSE(ascii.covers(u'\u00E9'));
 }
 
 TEST(PlatformCaseFolding, HalfASurrogatePairIsItself) {

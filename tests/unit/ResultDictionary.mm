@@ -65,18 +65,18 @@ TEST(ResultDictionary, TheMessageIsOnlyEverAString) {
 }
 
 TEST(ResultDictionary, WhatIsNoDictionaryIsNoReply) {
-  EXPECT_EQ(text(agent::broughtOver(nil)), "(nil)");
-  EXPECT_EQ(text(agent::broughtOver(@"a string")), "(nil)");
-  EXPECT_EQ(text(agent::broughtOver(@[ @"error" ])), "(nil)");
-  EXPECT_EQ([agent::entriesOf(@"a string") count], 0u);
+  EXPECT_EQ(text(agent::localCopyOfReply(nil)), "(nil)");
+  EXPECT_EQ(text(agent::localCopyOfReply(@"a string")), "(nil)");
+  EXPECT_EQ(text(agent::localCopyOfReply(@[ @"error" ])), "(nil)");
+  EXPECT_EQ([agent::localCopyOfDictionary(@"a string") count], 0u);
 }
 
 TEST(ResultDictionary, ACopyKeepsTheThreeKeys) {
   NSDictionary *const reply = @{@"error" : @0, @"value" : @"v", @"errorMessage" : @"m"};
-  EXPECT_TRUE([agent::broughtOver(reply) isEqual:reply]);
+  EXPECT_TRUE([agent::localCopyOfReply(reply) isEqual:reply]);
 }
 
 TEST(ResultDictionary, ACopyOfAReplyWithoutTheThreeKeysIsNotEmpty) {
-  EXPECT_TRUE([agent::broughtOver(@{@"other" : @1}) isEqual:@{@"other" : @1}]);
-  EXPECT_TRUE([agent::broughtOver(@{}) isEqual:@{}]);
+  EXPECT_TRUE([agent::localCopyOfReply(@{@"other" : @1}) isEqual:@{@"other" : @1}]);
+  EXPECT_TRUE([agent::localCopyOfReply(@{}) isEqual:@{}]);
 }

@@ -8,7 +8,7 @@ import objc_classes
 GOOD = TAB + button()
 
 
-class Reading(SampleInterface):
+class RecordReader(SampleInterface):
     def test_a_good_file_passes(self):
         self.passes(GOOD)
 

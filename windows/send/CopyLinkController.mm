@@ -5,8 +5,8 @@
 #import "text/LocalizedText.h"
 #import "windows/Alerts.h"
 #import "windows/Controls.h"
+#import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
-#import "windows/ServingPause.h"
 #import "windows/send/CopyOutcome.h"
 #import "windows/send/FolderTest.h"
 
@@ -43,7 +43,7 @@
 
 - (IBAction)sendCopyLink:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   // A server id says nothing about the kind of the item: whoever opened the window knows.
   if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
   const BOOL notify = [self checkBoxState:isNotifyMe];
@@ -66,7 +66,7 @@
   return isChecked(box);
 }
 
-- (void)letGoOfWindow {
+- (void)disconnectFromWindow {
   [spinGear stopAnimation:nil];
   spinGear = nil;
   isNotifyMe = nil;
@@ -116,11 +116,11 @@
                              :(BOOL)askForMail
                              :(NSString *)downloads {
   (void)unusedPath;
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSString *const path = [self filePath];
   const BOOL isId = [self isFileId];
-  return [self isFolder] ? [link getLinkForFolder:path:notify:askForMail:downloads:isId]
-                         : [link getLinkForFile:path:notify:askForMail:downloads:isId];
+  return [self isFolder] ? [agent getLinkForFolder:path:notify:askForMail:downloads:isId]
+                         : [agent getLinkForFile:path:notify:askForMail:downloads:isId];
 }
 // clang-format on
 

@@ -1,8 +1,8 @@
 #import "windows/send/SendAndCopyTabController.h"
 
+#import "windows/TabWindow.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendFileController.h"
-#import "windows/TabWindow.h"
 
 @implementation SendAndCopyTabController
 
@@ -50,8 +50,8 @@
   (void)notification;
   windowIsClosing(self);
   // They may live on for a while (a timer of a success sheet keeps one), the window does not.
-  [sendFile letGoOfWindow];
-  [sendCopyFile letGoOfWindow];
+  [sendFile disconnectFromWindow];
+  [sendCopyFile disconnectFromWindow];
   // Nothing owns the controller, on purpose: the end of its window is its own.
   [self dealloc];
 }

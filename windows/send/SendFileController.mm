@@ -11,8 +11,8 @@
 #import "windows/Controls.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
+#import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
-#import "windows/ServingPause.h"
 #import "windows/send/FolderTest.h"
 
 namespace {
@@ -80,7 +80,7 @@ const KindTexts &textsFor(BOOL isFolder) {
 
 - (IBAction)sendMail:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   NSString *const recipients = [mailList stringValue];
   NSString *const entered = [mailSubject stringValue];
   NSString *const message = [[mailContent textStorage] string];
@@ -113,7 +113,7 @@ const KindTexts &textsFor(BOOL isFolder) {
   return isChecked(box);
 }
 
-- (void)letGoOfWindow {
+- (void)disconnectFromWindow {
   [spinner stopAnimation:nil];
   spinner = nil;
   mailList = nil;
@@ -140,7 +140,7 @@ const KindTexts &textsFor(BOOL isFolder) {
 - (NSDictionary *)replyForRecipients:(NSString *)recipients
                              subject:(NSString *)subject
                              message:(NSString *)message {
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSString *const path = [self filePath];
   const BOOL notify = [self checkBoxState:isNotifyMe];
   const BOOL askForEmail = [self checkBoxState:isAskForEmail];
@@ -152,9 +152,9 @@ const KindTexts &textsFor(BOOL isFolder) {
   // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   return [self isFolder]
-             ? [link sendFolder:path:notify:askForEmail:downloads
+             ? [agent sendFolder:path:notify:askForEmail:downloads
                                :recipients:subject:message:isId:copyMe]
-             : [link sendFile:path:notify:askForEmail:downloads
+             : [agent sendFile:path:notify:askForEmail:downloads
                              :recipients:subject:message:isId:copyMe];
   // clang-format on
 }

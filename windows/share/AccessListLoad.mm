@@ -1,7 +1,7 @@
 #import "windows/share/AccessListLoad.h"
 
 #import "agent/BVDataModelController.h"
-#import "agent/BackgroundTurn.h"
+#import "agent/BackgroundRequestLock.h"
 #import "agent/Records.h"
 #import "agent/ResultDictionary.h"
 #import "windows/share/AccessLevel.h"
@@ -27,12 +27,12 @@
 }
 
 - (void)askAgent {
-  const agent::BackgroundTurn turn;
-  if (!turn.mayAsk()) return;
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  const agent::BackgroundRequestLock lock;
+  if (!lock.isHeld()) return;
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
-  NSDictionary *const reply = [link getAccess:pathOrId:isFileId];
+  NSDictionary *const reply = [agent getAccess:pathOrId:isFileId];
   // clang-format on
   if ([reply count] == 0) return;
   isAnswered = agent::visitAccessEntries([reply objectForKey:agent::kValueKey],

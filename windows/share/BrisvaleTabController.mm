@@ -50,8 +50,8 @@
   (void)notification;
   windowIsClosing(self);
   // They may live on for a while (a timer of a success sheet keeps one), the window does not.
-  [givePermissionTab letGoOfWindow];
-  [sendInviteTab letGoOfWindow];
+  [givePermissionTab disconnectFromWindow];
+  [sendInviteTab disconnectFromWindow];
   // Nothing owns the controller, on purpose: the end of its window is its own.
   [self dealloc];
 }

@@ -54,7 +54,7 @@
 /// To be called when the window closes. Ends the busy indicator's animation, which no action does,
 /// and lets go of the window and of everything in it: what outlives the window, as the timer of a
 /// success sheet does, then touches nothing of it.
-- (void)letGoOfWindow;
+- (void)disconnectFromWindow;
 
 /// Shows the success sheet with the text for `key`.
 - (void)showSuccessModalWindow:(NSString *)key;

@@ -1,6 +1,6 @@
 #import "windows/share/InviteTabController.h"
 
-#import "agent/AgentCall.h"
+#import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
@@ -9,8 +9,8 @@
 #import "windows/Controls.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
+#import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
-#import "windows/ServingPause.h"
 #import "windows/share/AccessLevel.h"
 
 namespace {
@@ -68,7 +68,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
 
 - (IBAction)sendInvite:(id)sender {
   (void)sender;
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   NSArray *const recipients = recipientsIn([mailList stringValue]);
   NSString *const message =
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
@@ -98,7 +98,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
 - (void)grantAccessTo:(NSArray *)recipients message:(NSString *)message {
   const AccessLevel level = levelWithTitle([accessType titleOfSelectedItem]);
   const BOOL mayWrite = level == AccessLevel::ReadWrite;
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSMutableArray *const refused = [NSMutableArray array];
   for (NSString *recipient in recipients) {
     NSString *const path = [self filePath];
@@ -106,7 +106,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
     // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     NSDictionary *const reply =
-        [link grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
+        [agent grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];
     // clang-format on
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:
@@ -138,7 +138,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
   [center postNotificationName:@"UserAddedToShareFolder" object:nil];
 }
 
-- (void)letGoOfWindow {
+- (void)disconnectFromWindow {
   [spinGear stopAnimation:nil];
   spinGear = nil;
   mailList = nil;
@@ -157,11 +157,11 @@ NSAlert *notColleaguesAlert(NSString *people) {
 - (BOOL)isEmployee:(NSString *)address {
   ContextMenuAppAppDelegate *const delegate = applicationDelegate();
   if ([[delegate employeeContacts] containsObject:address]) return YES;
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
-  NSDictionary *const reply = [link getUserInfo:address:NO];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
+  NSDictionary *const reply = [agent getUserInfo:address:NO];
   if ([reply count] == 0) return YES;
-  NSDictionary *const user = agent::nilIfBroken(
-      [&]() -> id { return agent::entriesOf([reply objectForKey:agent::kValueKey]); });
+  NSDictionary *const user = agent::nilOnException(
+      [&]() -> id { return agent::localCopyOfDictionary([reply objectForKey:agent::kValueKey]); });
   // The connection broke over the reading: the agent cannot be reached here either.
   if (user == nil) return YES;
   if (!agent::flagIn(user, @"accountemployee")) return NO;

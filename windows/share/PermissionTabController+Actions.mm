@@ -1,10 +1,10 @@
 #import "windows/share/PermissionTabController.h"
 
-#import "agent/AgentCall.h"
+#import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "text/LocalizedText.h"
 #import "windows/Alerts.h"
-#import "windows/ServingPause.h"
+#import "windows/RequestSuspension.h"
 #import "windows/share/AccessLevel.h"
 #import "windows/share/PermissionTabController+Showing.h"
 #import "windows/share/PersonItem.h"
@@ -74,7 +74,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 #pragma mark - Changing
 
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   const NSUInteger row = [self rowOfControl:popUp];
   SharedWith *const person = [self personInRow:row];
   if (person == nil) return;
@@ -93,14 +93,14 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 }
 
 - (NSDictionary *)grant:(AccessLevel)level to:(SharedWith *)person {
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   const BOOL mayWrite = level == AccessLevel::ReadWrite;
   NSString *const message = localizedText(@"permissionNotifyMessageKey");
   NSString *const path = [self filePath];
   const BOOL isId = [self isFileId];
   // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
-  return [link grantAccess:[person useremail]:path:YES:mayWrite:mayWrite:YES:isId:NO:message];
+  return [agent grantAccess:[person useremail]:path:YES:mayWrite:mayWrite:YES:isId:NO:message];
   // clang-format on
 }
 
@@ -137,7 +137,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 - (void)handleResult:(NSAlert *)alert
           withResult:(std::int64_t)returnCode
           withSender:(std::int64_t)row {
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   SharedWith *const asked = [personInQuestion autorelease];
   personInQuestion = nil;
   switch (answerOf(returnCode)) {
@@ -171,16 +171,16 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 }
 
 - (void)revokeAccessToUser:(NSNumber *)row {
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   const NSUInteger index = static_cast<NSUInteger>([row integerValue]);
   SharedWith *const person = [self personInRow:index];
   if (person == nil) return;
   [self showAtWork];
-  BVDataModelController *const link = [[[BVDataModelController alloc] init] autorelease];
+  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSString *const path = [self filePath];
   // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
-  NSDictionary *const reply = [link revokeAccess:[person useremail]:path:[self isFileId]];
+  NSDictionary *const reply = [agent revokeAccess:[person useremail]:path:[self isFileId]];
   // clang-format on
   if ([self didSucceed:reply]) {
     [arrayController removeObjectAtArrangedObjectIndex:index];

@@ -8,8 +8,8 @@
 /// The permissions tab: who has access to the folder, one row each. The window's interface file
 /// creates it. Main thread, except where a method says otherwise.
 ///
-/// Registered for "UserAddedToShareFolder" from its initialisation until letGoOfWindow, and not to
-/// its end, which a load may put off to any time.
+/// Registered for "UserAddedToShareFolder" from its initialisation until disconnectFromWindow, and
+/// not to its end, which a load may put off to any time.
 @interface PermissionTabController : NSObject <NSComboBoxDelegate> {
  @private
   NSMutableArray *personList;
@@ -85,7 +85,7 @@
 /// To be called when the window closes, or before a tab without one is released. Hears of no
 /// invitation any more, ends the busy indicator's animation and lets go of the window and of
 /// everything in it: a load or an action that outlives the window then touches nothing of it.
-- (void)letGoOfWindow;
+- (void)disconnectFromWindow;
 
 /// Shows the success sheet with the text for `key`.
 - (void)showSuccessModalWindow:(NSString *)key;

@@ -1,8 +1,8 @@
 #import "windows/share/PermissionTabController.h"
 
 #import "text/LocalizedText.h"
+#import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
-#import "windows/ServingPause.h"
 #import "windows/share/AccessListLoad.h"
 #import "windows/share/PermissionTabController+Showing.h"
 #import "windows/share/SharedWith.h"
@@ -48,7 +48,7 @@
 #pragma mark - The window
 
 /// The outlets hold no references, and what they stand for goes with the window.
-- (void)letGoOfWindow {
+- (void)disconnectFromWindow {
   [[NSNotificationCenter defaultCenter] removeObserver:self
                                                   name:@"UserAddedToShareFolder"
                                                 object:nil];
@@ -104,7 +104,7 @@
 - (void)listenNotification:(NSNotification *)notification {
   (void)notification;
   // The list is loaded on this thread, which may still be inside the invitation.
-  const ServingPause pluginWaits;
+  const RequestSuspension suspension;
   [self refershManagePermissionsView];
 }
 

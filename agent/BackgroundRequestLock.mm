@@ -1,4 +1,4 @@
-#import "agent/BackgroundTurn.h"
+#import "agent/BackgroundRequestLock.h"
 
 #import <Foundation/Foundation.h>
 
@@ -21,12 +21,12 @@ bool platformNeedsTurns() {
 
 }  // namespace
 
-BackgroundTurn::BackgroundTurn()
+BackgroundRequestLock::BackgroundRequestLock()
     : isNeeded_(![NSThread isMainThread] && platformNeedsTurns()),
-      mayAsk_(!isNeeded_ || [NSConnection beginTurnOfThreadWithin:kConnectionDeadlineSeconds]) {}
+      isHeld_(!isNeeded_ || [NSConnection beginTurnOfThreadWithin:kConnectionDeadlineSeconds]) {}
 
-BackgroundTurn::~BackgroundTurn() {
-  if (isNeeded_ && mayAsk_) [NSConnection endTurnOfThread];
+BackgroundRequestLock::~BackgroundRequestLock() {
+  if (isNeeded_ && isHeld_) [NSConnection endTurnOfThread];
 }
 
 }  // namespace agent

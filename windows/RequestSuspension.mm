@@ -1,6 +1,6 @@
-#import "windows/ServingPause.h"
+#import "windows/RequestSuspension.h"
 
-ServingPause::ServingPause() {
+RequestSuspension::RequestSuspension() {
   // The one on which this thread asks others, and under the application's name answers the
   // platform, is not meant: replies and the platform's own messages come there.
   NSPort *const asking = [[NSConnection defaultConnection] receivePort];
@@ -13,7 +13,7 @@ ServingPause::ServingPause() {
   }
 }
 
-ServingPause::~ServingPause() {
+RequestSuspension::~RequestSuspension() {
   for (NSConnection *connection : paused_) {
     [connection addRequestMode:NSDefaultRunLoopMode];
     [connection release];

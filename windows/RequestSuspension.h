@@ -11,12 +11,12 @@
 /// window, or write the clipboard, that the action further up the stack is working on.
 ///
 /// Pauses may be nested; the calls are served when the outermost one has ended. Main thread.
-class ServingPause {
+class RequestSuspension {
  public:
-  ServingPause();
-  ~ServingPause();
-  ServingPause(const ServingPause &) = delete;
-  ServingPause &operator=(const ServingPause &) = delete;
+  RequestSuspension();
+  ~RequestSuspension();
+  RequestSuspension(const RequestSuspension &) = delete;
+  RequestSuspension &operator=(const RequestSuspension &) = delete;
 
  private:
   std::vector<NSConnection *> paused_;  // retained: those that listen and one for each client

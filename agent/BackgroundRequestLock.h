@@ -11,19 +11,19 @@ namespace agent {
 /// own would last, and is unreachable for them then.
 ///
 /// Whatever the agent sent must have been read by the end of the turn.
-class BackgroundTurn {
+class BackgroundRequestLock {
  public:
-  BackgroundTurn();
-  ~BackgroundTurn();
-  BackgroundTurn(const BackgroundTurn &) = delete;
-  BackgroundTurn &operator=(const BackgroundTurn &) = delete;
+  BackgroundRequestLock();
+  ~BackgroundRequestLock();
+  BackgroundRequestLock(const BackgroundRequestLock &) = delete;
+  BackgroundRequestLock &operator=(const BackgroundRequestLock &) = delete;
 
   /// Whether the thread may ask. If not, the agent counts as unreachable.
-  bool mayAsk() const { return mayAsk_; }
+  bool isHeld() const { return isHeld_; }
 
  private:
   bool isNeeded_;
-  bool mayAsk_;
+  bool isHeld_;
 };
 
 }  // namespace agent

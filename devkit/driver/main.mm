@@ -1,8 +1,9 @@
-// hand select PATH    selects an item in GWorkspace, in the viewer that it opens by itself
-// hand menu           has the application pop its context menu up at the pointer, and returns when
+// desktop_driver select PATH    selects an item in GWorkspace, in the viewer that it opens by
+// itself desktop_driver menu           has the application pop its context menu up at the pointer,
+// and returns when
 //                     the menu has been dismissed and what was chosen in it is done
 //
-// The hand of a user of demonstrations and tests, for what no key or click does: through the
+// Does for demonstrations and tests what no key or click does: through the
 // connections that applications of this platform have under their own names.
 #import <Foundation/Foundation.h>
 
@@ -85,7 +86,7 @@ std::optional<Failure> perform(const std::vector<std::string> &arguments) {
   if (arguments.size() == 2 && arguments[0] == "select") {
     return selectInFileManager([NSString stringWithUTF8String:arguments[1].c_str()]);
   }
-  return Failure{Exit::WrongUsage, "usage: hand select PATH, or hand menu"};
+  return Failure{Exit::WrongUsage, "usage: desktop_driver select PATH, or desktop_driver menu"};
 }
 
 }  // namespace
@@ -95,7 +96,7 @@ int main(int argc, char *argv[]) {
   @autoreleasepool {
     const auto failure = devkit::perform(devkit::originalArguments(argc, argv));
     if (!failure) return 0;
-    std::fprintf(stderr, "hand: %s\n", failure->reason.c_str());
+    std::fprintf(stderr, "desktop_driver: %s\n", failure->reason.c_str());
     return static_cast<int>(failure->code);
   }
 }

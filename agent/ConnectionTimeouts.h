@@ -6,7 +6,7 @@ namespace agent {
 
 /// How long a call of an agent operation is waited for: as long as the agent takes. A finite number
 /// because platforms compute dates from it (about thirty years).
-constexpr NSTimeInterval kAsLongAsItTakes = 1e9;
+constexpr NSTimeInterval kNoTimeout = 1e9;
 
 /// While one of these lives, no look-up of a named connection on this thread waits longer than the
 /// given time for the other process. Without it a process that has registered its name and then
@@ -48,6 +48,6 @@ class UnboundedReply {
 };
 
 /// Sets both time-outs of the proxy's connection: its patience between operations.
-void setPatience(id proxy, NSTimeInterval seconds);
+void setConnectionTimeouts(id proxy, NSTimeInterval seconds);
 
 }  // namespace agent

@@ -1,4 +1,4 @@
-#import "agent/Patience.h"
+#import "agent/ConnectionTimeouts.h"
 
 namespace agent {
 
@@ -32,7 +32,7 @@ UnboundedReply::UnboundedReply(id proxy) : connection_([connectionOf(proxy) reta
   if (connection_ == nil) return;
   replyTimeout_ = [connection_ replyTimeout];
   requestTimeout_ = [connection_ requestTimeout];
-  setTimeouts(connection_, kAsLongAsItTakes, kAsLongAsItTakes);
+  setTimeouts(connection_, kNoTimeout, kNoTimeout);
 }
 
 UnboundedReply::~UnboundedReply() {
@@ -40,7 +40,7 @@ UnboundedReply::~UnboundedReply() {
   [connection_ release];
 }
 
-void setPatience(id proxy, NSTimeInterval seconds) {
+void setConnectionTimeouts(id proxy, NSTimeInterval seconds) {
   setTimeouts(connectionOf(proxy), seconds, seconds);
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#import "agent/Patience.h"
+#import "agent/ConnectionTimeouts.h"
 #import "agent/ResultDictionary.h"
 
 namespace agent {
@@ -11,7 +11,7 @@ namespace agent {
 /// same as no reply, so that the user gets the cannot-connect message instead of silence or a
 /// crash. Apart from the connection attempt this is the one place that decides so.
 template <class Exchange>
-id nilIfBroken(Exchange exchange) {
+id nilOnException(Exchange exchange) {
   @try {
     return exchange();
   } @catch (NSException *) {
@@ -24,11 +24,12 @@ id nilIfBroken(Exchange exchange) {
 /// argument and sends the message. The caller keeps the proxy alive meanwhile. Blocks the calling
 /// thread.
 template <class Operation>
-NSDictionary *replyOf(id proxy, Operation operation, NSDictionary *(*read)(id) = broughtOver) {
-  return nilIfBroken([&]() -> id {
+NSDictionary *sendRequest(id proxy, Operation operation,
+                          NSDictionary *(*read)(id) = localCopyOfReply) {
+  return nilOnException([&]() -> id {
     // Over the reading too: an agent that serves somebody else in between must not turn its own
     // good answer into none.
-    const UnboundedReply patience(proxy);
+    const UnboundedReply noTimeout(proxy);
     return read(operation());
   });
 }
