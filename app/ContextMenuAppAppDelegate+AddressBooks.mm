@@ -3,7 +3,7 @@
 #import "addressbook/AddressBookEntry.h"
 #import "addressbook/AddressBookLists.h"
 #import "addressbook/AddressBookRebuild.h"
-#import "addressbook/Completion.h"
+#import "addressbook/AddressBookCompletion.h"
 #import "addressbook/emailContact.h"
 #import "agent/BVDataModelController.h"
 #import "agent/BackgroundRequestLock.h"

@@ -8,7 +8,7 @@
 
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
-#import "addressbook/Completion.h"
+#import "addressbook/AddressBookCompletion.h"
 #import "addressbook/IndexedBook.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
 #import "windows/RequestSuspension.h"
-#import "windows/TabWindow.h"
+#import "windows/TabWindowController.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/DirectCopy.h"
 #import "windows/send/SendAndCopyTabController.h"

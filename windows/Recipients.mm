@@ -1,6 +1,6 @@
 #import "windows/Recipients.h"
 
-#import "addressbook/Completion.h"
+#import "addressbook/AddressBookCompletion.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 #import "windows/Alerts.h"

@@ -3,7 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
-#import "addressbook/Completion.h"
+#import "addressbook/AddressBookCompletion.h"
 #import "addressbook/IndexedBook.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Pump.h"

@@ -8,7 +8,7 @@
 #import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
 #import "windows/send/CopyOutcome.h"
-#import "windows/send/FolderTest.h"
+#import "windows/send/ItemKind.h"
 
 @implementation CopyLinkController
 

@@ -1,6 +1,6 @@
 #import "windows/send/SendAndCopyTabController.h"
 
-#import "windows/TabWindow.h"
+#import "windows/TabWindowController.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendFileController.h"
 

@@ -13,7 +13,7 @@
 #import "windows/Recipients.h"
 #import "windows/RequestSuspension.h"
 #import "windows/ResultSheet.h"
-#import "windows/send/FolderTest.h"
+#import "windows/send/ItemKind.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #import "windows/share/BrisvaleTabController.h"
 
-#import "windows/TabWindow.h"
+#import "windows/TabWindowController.h"
 #import "windows/share/InviteTabController.h"
 #import "windows/share/PermissionTabController.h"
 

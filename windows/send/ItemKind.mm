@@ -1,4 +1,4 @@
-#import "windows/send/FolderTest.h"
+#import "windows/send/ItemKind.h"
 
 BOOL isFolderOnDisk(NSString *path) {
   BOOL isDirectory = NO;

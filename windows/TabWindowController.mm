@@ -1,4 +1,4 @@
-#import "windows/TabWindow.h"
+#import "windows/TabWindowController.h"
 
 #import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"

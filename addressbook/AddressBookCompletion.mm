@@ -1,4 +1,4 @@
-#import "addressbook/Completion.h"
+#import "addressbook/AddressBookCompletion.h"
 
 #include <utility>
 
