@@ -4,19 +4,23 @@
 
 #import "addressbook/IndexedBook.h"
 
-namespace {
+@implementation AddressBookCompletion
 
-IndexedBook *currentIndex = nil;  // retained
-
-}  // namespace
-
-IndexedBook *exchangeIndex(IndexedBook *index) {
-  return std::exchange(currentIndex, index);
+- (void)dealloc {
+  [index release];
+  [super dealloc];
 }
 
-NSArray *completionsIn(NSArray *book, NSString *substring) {
-  if (![currentIndex updateFromBook:book]) {
-    [exchangeIndex([[IndexedBook alloc] initWithBook:book]) release];
+- (NSArray *)completionsIn:(NSArray *)book forSubstring:(NSString *)substring {
+  if (![index updateFromBook:book]) {
+    [index release];
+    index = [[IndexedBook alloc] initWithBook:book];
   }
-  return [currentIndex completionsForSubstring:substring];
+  return [index completionsForSubstring:substring];
 }
+
+- (IndexedBook *)exchangeIndex:(IndexedBook *)newIndex {
+  return std::exchange(index, newIndex);
+}
+
+@end

@@ -20,3 +20,8 @@
 /// Autoreleased; any thread.
 NSString *addressBookEntry(NSString *personName, NSString *address,
                            const EntryFormat &lastCommaFirstFormat);
+
+/// What a finished token stands for: the text between the first angle bracket and the next in
+/// "Name<address>", nil when there is no bracket (the token
+/// then stands for what was typed). Autoreleased; any thread.
+NSString *addressOfEntry(NSString *editingString);

@@ -43,3 +43,9 @@ NSString *addressBookEntry(NSString *personName, NSString *address,
   }
   return plainFormat.fill({first, mailUnits, {}});
 }
+
+NSString *addressOfEntry(NSString *editingString) {
+  NSCharacterSet *const brackets = [NSCharacterSet characterSetWithCharactersInString:@"<>"];
+  NSArray *const pieces = [editingString componentsSeparatedByCharactersInSet:brackets];
+  return [pieces count] < 2 ? nil : [pieces objectAtIndex:1];
+}

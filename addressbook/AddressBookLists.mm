@@ -1,7 +1,7 @@
 #import "addressbook/AddressBookLists.h"
 
+#import "addressbook/AddressBookEntry.h"
 #import "addressbook/IndexedBook.h"
-#import "windows/Recipients.h"
 
 @implementation AddressBookLists
 

@@ -1,9 +1,9 @@
 #include <utility>
 
+#import "addressbook/AddressBookCompletion.h"
 #import "addressbook/AddressBookEntry.h"
 #import "addressbook/AddressBookLists.h"
 #import "addressbook/AddressBookRebuild.h"
-#import "addressbook/AddressBookCompletion.h"
 #import "addressbook/emailContact.h"
 #import "agent/BVDataModelController.h"
 #import "agent/BackgroundRequestLock.h"
@@ -53,7 +53,7 @@ bool askAgentFor(AddressBookLists *lists) {
 - (void)exchangeAddressBooks:(AddressBookLists *)lists {
   std::swap(addressBookForShare, lists->entries);
   std::swap(employeeContacts, lists->addresses);
-  lists->index = exchangeIndex(lists->index);
+  lists->index = [completion exchangeIndex:lists->index];
 }
 
 - (void)beginRebuild:(AddressBookRebuild *)rebuild {
@@ -91,6 +91,10 @@ bool askAgentFor(AddressBookLists *lists) {
 - (void)updateAddressBook:(NSTimer *)timer {
   (void)timer;
   [self performSelectorInBackground:@selector(getAddressBookForShareFolder) withObject:nil];
+}
+
+- (NSArray *)completionsForSubstring:(NSString *)substring {
+  return [completion completionsIn:[self addressBookForShare] forSubstring:substring];
 }
 
 - (void)conditionalFetchAddressBook {

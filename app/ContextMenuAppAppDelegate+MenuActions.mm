@@ -6,7 +6,6 @@
 #import "windows/RequestSuspension.h"
 #import "windows/TabWindowController.h"
 #import "windows/send/CopyLinkController.h"
-#import "windows/send/DirectCopy.h"
 #import "windows/send/ItemKind.h"
 #import "windows/send/SendAndCopyTabController.h"
 #import "windows/send/SendFileController.h"
@@ -15,9 +14,6 @@
 #import "windows/share/PermissionTabController.h"
 
 namespace {
-
-/// What a path is looked up as.
-enum class ItemKind { File, Folder };
 
 /// The folder's path without the slash at its end. Whatever the last character is, it goes: what a
 /// folder action is given is taken for a folder, and a file then has no id.
@@ -69,49 +65,26 @@ NSString *serverIdOrAlert(ContextMenuAppAppDelegate *delegate, ItemKind kind, NS
 
 /// What the user is told of a direct copy. Without an informative text where the service refused,
 /// unlike on the window's copy-link tab, on purpose.
-void report(CopyOutcome outcome) {
+void report(agent::ReplyKind outcome) {
   switch (outcome) {
-    case CopyOutcome::Copied:
+    case agent::ReplyKind::Succeeded:
       return;
-    case CopyOutcome::Refused:
+    case agent::ReplyKind::Refused:
       runModally(alertWithTexts(formatted(localizedText(@"unableCopyLinkMessagetextKey")), nil));
       return;
-    case CopyOutcome::NoReply:
+    case agent::ReplyKind::Unreachable:
       runModally(cannotConnectAlert());
       return;
   }
 }
 
-/// Shows the window of a new controller on its first tab. Answers the controller, which lives until
-/// its window closes; nil when there is no window. Unlike the plug-in's, the window is not brought
-/// in front of other applications.
-template <class WindowController>
-WindowController *openWindow(ContextMenuAppAppDelegate *delegate) {
-  [delegate setContextMenuFlag:NO];
-  WindowController *const controller = [[WindowController alloc] init];
-  [controller selectTabAtPosition:0];
-  if (loadedWindow(controller) == nil) {
-    // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): gone, see loadedWindow
-    [delegate setContextMenuFlag:YES];
-    return nil;
-  }
-  [controller showWindow:delegate];
-  return controller;
-}
-
-/// Opens the send window with the texts for the kind of item.
-SendAndCopyTabController *openSendWindow(ContextMenuAppAppDelegate *delegate, NSString *title,
-                                         ItemKind kind) {
-  const bool isFolder = kind == ItemKind::Folder;
-  SendAndCopyTabController *const controller = openWindow<SendAndCopyTabController>(delegate);
-  // NOLINTNEXTLINE(clang-analyzer-optin.osx.cocoa.*): a name of an item, in every language
-  [[controller window] setTitle:title];
-  [[[controller sendFile] mailSubject]
-      setStringValue:isFolder ? localizedText(@"defaultSubjectForSendFolderKey")
-                              : localizedText(@"defaultSubjectForSendFileKey")];
+/// Opens the send window with the texts for the kind of item. nil when there is no window.
+SendAndCopyTabController *openSendWindow(NSString *title, ItemKind kind) {
+  SendAndCopyTabController *const controller =
+      openWindow<SendAndCopyTabController>({.title = title});
+  [[[controller sendFile] mailSubject] setStringValue:localizedText(textsFor(kind).defaultSubject)];
   [[[controller sendAndCopyTab] selectedTabViewItem]
-      setLabel:isFolder ? localizedText(@"sendFolderLabelTextKey")
-                        : localizedText(@"sendFileLabelTextKey")];
+      setLabel:localizedText(textsFor(kind).tabLabel)];
   return controller;
 }
 
@@ -180,10 +153,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
   // As it is, also when it is a folder: then the library knows no such file.
   NSString *const itemId = serverIdOrAlert(self, ItemKind::File, selected);
   if (itemId == nil) return;
-  SendAndCopyTabController *const controller =
-      openSendWindow(self, titleOf(selected), ItemKind::File);
+  SendAndCopyTabController *const controller = openSendWindow(titleOf(selected), ItemKind::File);
   giveItem([controller sendCopyFile], itemId);
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   giveItem([controller sendFile], itemId);
 }
 
@@ -206,9 +177,8 @@ void giveFolder(TabController *controller, NSString *itemId) {
   if (itemId == nil) return;
   NSString *const homeId = agent::stringOrNil([[self homeFolderInfo] objectForKey:@"homefolder"]);
   NSString *const title = [itemId isEqualToString:homeId] ? @"MyDocs" : titleOf(folder);
-  SendAndCopyTabController *const controller = openSendWindow(self, title, ItemKind::Folder);
+  SendAndCopyTabController *const controller = openSendWindow(title, ItemKind::Folder);
   giveFolder([controller sendCopyFile], itemId);
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   giveFolder([controller sendFile], itemId);
 }
 
@@ -235,10 +205,9 @@ void giveFolder(TabController *controller, NSString *itemId) {
   NSString *const folder = trimmed(selected);
   NSString *const itemId = serverIdOrAlert(self, ItemKind::Folder, folder);
   if (itemId == nil) return;
-  BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(self);
-  [[controller window] setTitle:titleOf(folder)];
+  BrisvaleTabController *const controller =
+      openWindow<BrisvaleTabController>({.title = titleOf(folder)});
   giveItem([controller givePermissionTab], itemId);
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   giveItem([controller sendInviteTab], itemId);
 }
 

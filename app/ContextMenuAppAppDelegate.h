@@ -1,10 +1,13 @@
+#import "windows/ApplicationState.h"
+
 #import <AppKit/AppKit.h>
 
+@class AddressBookCompletion;
 @class ContextMenuPlugin;
 
 /// The application delegate: the one object that lives from the loading of the main interface
 /// resource to the end of the process, and the state that all parts share. Every other part reaches
-/// it as the application object's delegate. Main thread, except where a method says otherwise.
+/// it as ApplicationState. Main thread, except where a method says otherwise.
 @interface ContextMenuAppAppDelegate : NSObject <NSApplicationDelegate> {
  @private
   NSWindow *window;
@@ -21,6 +24,8 @@
   NSTimer *updateAddressBookTimer;
   NSDictionary *homeFolderInfo;
   ContextMenuPlugin *contextMenuPlugin;
+  // Behind the lists: what completes recipients from them.
+  AddressBookCompletion *completion;
 }
 
 @property (assign) IBOutlet NSWindow *window;
@@ -139,8 +144,9 @@
 
 @end
 
-/// The lists behind recipient completion and the colleague check.
-@interface ContextMenuAppAppDelegate (AddressBooks)
+/// The lists behind recipient completion and the colleague check. With them the delegate is the
+/// application's state to all other parts.
+@interface ContextMenuAppAppDelegate (AddressBooks) <ApplicationState>
 
 /// Replaces both lists with empty ones, asks the agent for the employee address book, and puts the
 /// filled lists in their place, with what was added to the empty ones meanwhile. Blocks the calling

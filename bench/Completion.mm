@@ -60,6 +60,11 @@ NSArray *filtered(NSArray *book, NSString *substring) {
       arrayByAddingObjectsFromArray:[book filteredArrayUsingPredicate:contains]];
 }
 
+NSArray *completionsIn(NSArray *book, NSString *substring) {
+  static AddressBookCompletion *const completion = [[AddressBookCompletion alloc] init];
+  return [completion completionsIn:book forSubstring:substring];
+}
+
 /// From the key to the strings that the list shows.
 void typeKey(NSArray *book, NSString *substring) {
   @autoreleasepool {

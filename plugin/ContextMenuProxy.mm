@@ -6,14 +6,14 @@
 #include <cstring>
 
 #import "agent/ResultDictionary.h"
-#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
+#import "windows/ApplicationState.h"
 #import "windows/RequestSuspension.h"
 #import "windows/TabWindowController.h"
 #import "windows/send/CopyLinkController.h"
-#import "windows/send/DirectCopy.h"
+#import "windows/send/ItemKind.h"
 #import "windows/send/SendAndCopyTabController.h"
 #import "windows/send/SendFileController.h"
 #import "windows/share/BrisvaleTabController.h"
@@ -22,34 +22,30 @@
 
 namespace {
 
-ContextMenuAppAppDelegate *applicationDelegate() {
-  return static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
-}
-
 /// While one of these lives the delegate's flag says that the application is busy.
 class ContextMenuFlagCleared {
  public:
-  ContextMenuFlagCleared() { [applicationDelegate() setContextMenuFlag:NO]; }
-  ~ContextMenuFlagCleared() { [applicationDelegate() setContextMenuFlag:YES]; }
+  ContextMenuFlagCleared() { [applicationState() setContextMenuFlag:NO]; }
+  ~ContextMenuFlagCleared() { [applicationState() setContextMenuFlag:YES]; }
   ContextMenuFlagCleared(const ContextMenuFlagCleared &) = delete;
   ContextMenuFlagCleared &operator=(const ContextMenuFlagCleared &) = delete;
 };
 
 void tellUser(NSString *message, NSString *informative) {
   runModally(alertWithTexts(message, informative));
-  [applicationDelegate() hideMe];
+  [applicationState() hideMe];
 }
 
-/// What the user is told. These texts are fixed, unlike those of all other alerts of the
-/// application, and a success is not followed by hiding, unlike in the context menu.
-void report(CopyOutcome outcome) {
+/// What the user is told of a direct copy. These texts are fixed, unlike those of all other alerts
+/// of the application, and a success is not followed by hiding, unlike in the context menu.
+void report(agent::ReplyKind outcome) {
   switch (outcome) {
-    case CopyOutcome::Copied:
+    case agent::ReplyKind::Succeeded:
       return;
-    case CopyOutcome::Refused:
+    case agent::ReplyKind::Refused:
       tellUser(@"Unable to copy link at this time", nil);
       return;
-    case CopyOutcome::NoReply:
+    case agent::ReplyKind::Unreachable:
       tellUser(@"Cannot connect to brisvale", @"Brisvale is down or check you internet connection");
       return;
   }
@@ -96,21 +92,6 @@ bool isOperation(SEL selector) {
   return operation.name != nullptr;
 }
 
-/// Shows the window of a new controller in front of all applications; nil when it could not be
-/// loaded.
-NSWindow *windowInFront(NSWindowController *controller) {
-  NSWindow *const window = loadedWindow(controller);
-  [window orderFrontRegardless];
-  return window;
-}
-
-/// Brings the application to the front, with the window that it has just opened.
-void activateWith(NSWindow *window) {
-  [NSApp activateIgnoringOtherApps:YES];
-  [window makeKeyWindow];
-  [applicationDelegate() setContextMenuFlag:NO];
-}
-
 }  // namespace
 
 @implementation ContextMenuProxy
@@ -131,25 +112,19 @@ void activateWith(NSWindow *window) {
   // clang-format on
   const RequestSuspension suspension;
   closeOpenWindows();
-  [applicationDelegate() conditionalFetchAddressBook];
-  SendAndCopyTabController *const controller = [[SendAndCopyTabController alloc] init];
-  [controller selectTabAtPosition:positionOf(tabPosition)];
-  NSWindow *const window = windowInFront(controller);
-  if (window == nil) return;
+  [applicationState() conditionalFetchAddressBook];
   NSString *const name = windowTitle(agent::stringOrNil(displayName));
-  // NOLINTNEXTLINE(clang-analyzer-optin.osx.cocoa.*): a folder's name, in every language
-  [window setTitle:flagOf(isMyDocs) ? @"MyDocs" : name ?: [window title]];
-  activateWith(window);
+  SendAndCopyTabController *const controller =
+      openWindow<SendAndCopyTabController>({.tab = positionOf(tabPosition),
+                                            .title = flagOf(isMyDocs) ? @"MyDocs" : name,
+                                            .isInFrontOfAllApplications = true});
   SendFileController *const sending = [controller sendFile];
-  if (flagOf(isFolder)) {
-    [sending setLabelForTab:localizedText(@"sendFolderLabelTextKey")];
-    [[sending mailSubject] setStringValue:localizedText(@"defaultSubjectForSendFolderKey")];
-  } else {
-    [[sending mailSubject] setStringValue:localizedText(@"defaultSubjectForSendFileKey")];
-  }
+  const ItemTexts &texts = textsFor(flagOf(isFolder) ? ItemKind::Folder : ItemKind::File);
+  // The interface file has the label for a file.
+  if (flagOf(isFolder)) [sending setLabelForTab:localizedText(texts.tabLabel)];
+  [[sending mailSubject] setStringValue:localizedText(texts.defaultSubject)];
   NSString *const reference = agent::stringOrNil(item);
   give(sending, reference, flagOf(isFileId), flagOf(isFolder));
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
 }
 
@@ -165,15 +140,11 @@ void activateWith(NSWindow *window) {
   (void)unused;
   const RequestSuspension suspension;
   closeOpenWindows();
-  [applicationDelegate() conditionalFetchAddressBook];
-  BrisvaleTabController *const controller = [[BrisvaleTabController alloc] init];
-  [controller selectTabAtPosition:positionOf(tabPosition)];
-  NSWindow *const window = windowInFront(controller);
-  if (window == nil) return;
-  activateWith(window);
+  [applicationState() conditionalFetchAddressBook];
+  BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(
+      {.tab = positionOf(tabPosition), .isInFrontOfAllApplications = true});
   NSString *const reference = agent::stringOrNil(item);
   give([controller givePermissionTab], reference, flagOf(isFileId));
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): it ends with its window
   give([controller sendInviteTab], reference, flagOf(isFileId));
 }
 

@@ -1,7 +1,5 @@
 #import "windows/Recipients.h"
 
-#import "addressbook/AddressBookCompletion.h"
-#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 #import "windows/Alerts.h"
 
@@ -9,7 +7,6 @@ namespace {
 
 NSString *const kSeparator = @",";
 NSString *const kTokenizing = @",;";
-NSString *const kBrackets = @"<>";
 
 NSPredicate *addressPattern() {
   static NSPredicate *const pattern = [[NSPredicate
@@ -22,18 +19,6 @@ NSPredicate *addressPattern() {
 
 void setTokenizingCharacters(NSTokenField *field) {
   [field setTokenizingCharacterSet:[NSCharacterSet characterSetWithCharactersInString:kTokenizing]];
-}
-
-NSArray *completions(NSString *substring) {
-  ContextMenuAppAppDelegate *const delegate =
-      static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
-  return completionsIn([delegate addressBookForShare], substring);
-}
-
-NSString *addressOfEntry(NSString *editingString) {
-  NSCharacterSet *const brackets = [NSCharacterSet characterSetWithCharactersInString:kBrackets];
-  NSArray *const pieces = [editingString componentsSeparatedByCharactersInSet:brackets];
-  return [pieces count] < 2 ? nil : [pieces objectAtIndex:1];
 }
 
 BOOL isValidAddress(NSString *address) {

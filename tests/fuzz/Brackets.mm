@@ -1,5 +1,5 @@
 #include "text/UTF16.h"
-#include "windows/Recipients.h"
+#include "addressbook/AddressBookEntry.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
 

@@ -85,10 +85,10 @@ TEST_F(AgentOperations, GetActiveAccountIsForwarded) {
 }
 
 TEST_F(AgentOperations, HomeDirectoryInfoIsAskedOfTheProxyOnly) {
-  BVDataModelController *const agent = controller();
-  EXPECT_FALSE([link respondsToSelector:@selector(getHomeDirectoryInfo)]);
+  BVDataModelController *const client = controller();
+  EXPECT_FALSE([client respondsToSelector:@selector(getHomeDirectoryInfo)]);
   agent.answer(@"getHomeDirectoryInfo", @{@"homefolder" : @"home-7"});
-  EXPECT_EQ(text([[[agent krvAgentProxy] getHomeDirectoryInfo] objectForKey:@"homefolder"]),
+  EXPECT_EQ(text([[[client krvAgentProxy] getHomeDirectoryInfo] objectForKey:@"homefolder"]),
             "home-7");
 }
 
@@ -149,18 +149,18 @@ TEST_F(AgentOperations, AClosedGateSendsNothingAndAnswersNil) {
   agent.process().signal(SIGKILL);
   agent.process().waitForEnd();
   AgentProcess other(stranger);
-  BVDataModelController *const agent = controller();
-  EXPECT_EQ([agent getLinkForFile:@"id":YES:NO:@"-1":YES], nil);
-  EXPECT_EQ([agent getLinkForFolder:@"id":YES:NO:@"-1":YES], nil);
-  EXPECT_EQ([agent sendFile:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
-  EXPECT_EQ([agent sendFolder:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
-  EXPECT_EQ([agent grantAccess:@"a":@"id":YES:YES:YES:YES:YES:YES:@"m"], nil);
-  EXPECT_EQ([agent revokeAccess:@"a":@"id":YES], nil);
-  EXPECT_EQ([agent getAccess:@"id":YES], nil);
-  EXPECT_EQ([agent getUserInfo:@"a":NO], nil);
-  EXPECT_EQ([agent getEmployeeAddressBook], nil);
-  EXPECT_EQ([agent getAddressBook:@"q"], nil);
-  EXPECT_EQ([agent getActiveAccount], nil);
+  BVDataModelController *const client = controller();
+  EXPECT_EQ([client getLinkForFile:@"id":YES:NO:@"-1":YES], nil);
+  EXPECT_EQ([client getLinkForFolder:@"id":YES:NO:@"-1":YES], nil);
+  EXPECT_EQ([client sendFile:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
+  EXPECT_EQ([client sendFolder:@"id":YES:NO:@"-1":@"a":@"s":@"m":YES:NO], nil);
+  EXPECT_EQ([client grantAccess:@"a":@"id":YES:YES:YES:YES:YES:YES:@"m"], nil);
+  EXPECT_EQ([client revokeAccess:@"a":@"id":YES], nil);
+  EXPECT_EQ([client getAccess:@"id":YES], nil);
+  EXPECT_EQ([client getUserInfo:@"a":NO], nil);
+  EXPECT_EQ([client getEmployeeAddressBook], nil);
+  EXPECT_EQ([client getAddressBook:@"q"], nil);
+  EXPECT_EQ([client getActiveAccount], nil);
   EXPECT_EQ([other.calls() count], 0u);
 }
 

@@ -9,7 +9,6 @@
 #include "tests/support/Pump.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
-#import "windows/Recipients.h"
 #import "windows/share/InviteTabController.h"
 
 namespace {
@@ -28,7 +27,7 @@ struct CompletionInStep : testing::Test {
   CompletionInStep() { load(@[ contact(@"Anna", @"anna@x"), contact(@"Dan", @"dan@x") ]); }
   ~CompletionInStep() override {
     [delegate setAddressBookForShare:nil];
-    [exchangeIndex(nil) release];
+    (void)takenIndex();
   }
 
   void load(NSArray *contacts) {
@@ -36,8 +35,13 @@ struct CompletionInStep : testing::Test {
     [delegate getAddressBookForShareFolder];
   }
 
-  static std::string completed(NSString *substring) {
-    return text([completions(substring) componentsJoinedByString:@" "]);
+  std::string completed(NSString *substring) const {
+    return text([[delegate completionsForSubstring:substring] componentsJoinedByString:@" "]);
+  }
+
+  /// The index that the delegate completes from, which it has no more then.
+  IndexedBook *takenIndex() const {
+    return [[[delegate valueForKey:@"completion"] exchangeIndex:nil] autorelease];
   }
 };
 
@@ -50,7 +54,7 @@ TEST_F(CompletionInStep, AfterALoadTheNewEntriesAreOffered) {
 }
 
 TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
-  IndexedBook *const index = [exchangeIndex(nil) autorelease];
+  IndexedBook *const index = takenIndex();
   EXPECT_TRUE([index updateFromBook:[delegate addressBookForShare]]);
   EXPECT_EQ([index count], 2u);
 }
@@ -65,11 +69,11 @@ TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntrie
       @"reply" : success(@[ contact(@"Ian", @"ian@x") ])
     }
   });
-  NSArray *const open = completions(@"an");
+  NSArray *const open = [delegate completionsForSubstring:@"an"];
   [delegate updateAddressBook:nil];
-  EXPECT_TRUE(pumpUntil([] { return completed(@"an").empty(); }));
+  EXPECT_TRUE(pumpUntil([&] { return completed(@"an").empty(); }));
   std::filesystem::remove(hold);
-  EXPECT_TRUE(pumpUntil([] { return completed(@"an") == "Ian<ian@x>"; }));
+  EXPECT_TRUE(pumpUntil([&] { return completed(@"an") == "Ian<ian@x>"; }));
   // The list that was open all the time.
   EXPECT_EQ(text([open componentsJoinedByString:@" "]), "Anna<anna@x> Dan<dan@x>");
 }
@@ -82,7 +86,7 @@ TEST_F(CompletionInStep, TypingGoesOnThroughManyRefreshes) {
       [delegate updateAddressBook:nil];
       NSArray *answer = nil;
       ASSERT_TRUE(pumpUntil([&] {
-        answer = completions(@"e");
+        answer = [delegate completionsForSubstring:@"e"];
         for (NSString *entry in answer) EXPECT_GT([entry length], 0u);
         return [delegate addressBookForShare] != former && [answer count] > 0;
       }));
@@ -120,7 +124,7 @@ TEST_F(CompletionInStep, AColleagueFoundWhileTheBookIsRefreshedIsInTheNewBookAnd
   EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 2; }));
   EXPECT_EQ(completed(@"ian"), "Ian<ian@x> Dian<dian@x>");
   EXPECT_TRUE([[delegate employeeContacts] containsObject:@"dian@x"]);
-  IndexedBook *const index = [exchangeIndex(nil) autorelease];
+  IndexedBook *const index = takenIndex();
   EXPECT_EQ([index count], 2u);
 }
 

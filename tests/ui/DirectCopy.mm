@@ -167,6 +167,24 @@ TEST_F(DirectCopy, ARefusalIsLoggedAndShownAndEndsHidden) {
   expectRefusedAlert();
 }
 
+/// Its text is what pasteToClipboard: returns of a success, too.
+TEST_F(DirectCopy, ARefusalWhoseMessageIsZeroIsNoCopy) {
+  AgentProcess agent;
+  agent.answer(kFileOperation, refusal(1, @"0"));
+  copy();
+  expectRefusedAlert();
+}
+
+TEST_F(DirectCopy, AnEmptyErrorIsARefusal) {
+  AgentProcess agent;
+  agent.answer(
+      kFileOperation,
+      @{@"error" : @"",
+        @"value" : @"https://x/y"});
+  copy();
+  expectRefusedAlert();
+}
+
 TEST_F(DirectCopy, AReplyWithoutErrorIsARefusal) {
   AgentProcess agent;
   agent.answer(kFileOperation, @{@"value" : @"https://x/y"});

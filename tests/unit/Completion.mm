@@ -20,7 +20,11 @@ NSArray *people() {
 const unsigned kSubstrings = SANITIZER_SLOWDOWN > 1 ? 50U : isThorough() ? 1000U : 300U;
 
 struct Completion : testing::Test {
-  ~Completion() override { [exchangeIndex(nil) release]; }
+  AddressBookCompletion *completion = [[[AddressBookCompletion alloc] init] autorelease];
+
+  NSArray *completionsIn(NSArray *book, NSString *substring) const {
+    return [completion completionsIn:book forSubstring:substring];
+  }
 
   static std::string joined(NSArray *list) { return text([list componentsJoinedByString:@" "]); }
 };
@@ -149,7 +153,7 @@ TEST_F(Completion, AnotherBookIsAnsweredFromItself) {
 }
 
 TEST_F(Completion, AnIndexMadeAheadOfAnotherBookDoesNoHarm) {
-  [exchangeIndex([[IndexedBook alloc] initWithBook:someBook()]) release];
+  [[completion exchangeIndex:[[IndexedBook alloc] initWithBook:someBook()]] release];
   EXPECT_EQ(joined(completionsIn(people(), @"dan")), "Dan<dan@example.org>");
 }
 
@@ -170,7 +174,7 @@ TEST_F(Completion, AnAnswerKeepsItsEntriesAlive) {
     NSMutableArray *const book = [NSMutableArray array];
     [book addObject:[NSString stringWithFormat:@"A name that is long enough<%d@example.org>", 1]];
     answer = [completionsIn(book, @"name") retain];
-    [exchangeIndex(nil) release];
+    [[completion exchangeIndex:nil] release];
   }
   EXPECT_EQ(joined(answer), "A name that is long enough<1@example.org>");
   [answer release];

@@ -1,22 +1,11 @@
 #!/usr/bin/env python3
-"""Checks that the application's folders include only what they may know, and that nothing in them
-is compiled conditionally: what differs between platforms belongs to the platform layer."""
+"""Checks that the rooms of the product include only what their targets are linked to
+(cmake/Rooms.cmake), and that nothing in them is compiled conditionally: what differs between
+platforms belongs to the platform layer."""
 
 import re
 
 from project import APPLICATION_FOLDERS, SOURCES, Findings, read, run, tracked, without_comments
-
-DELEGATE = "app/ContextMenuAppAppDelegate.h"
-
-# What each folder may include besides its own files: folders, or single files.
-MAY_INCLUDE = {
-    "app": set(APPLICATION_FOLDERS),
-    "plugin": {"send", "share", "agent", DELEGATE},
-    "send": {"agent", "ui", DELEGATE},
-    "share": {"agent", "ui", "send", DELEGATE},
-    "agent": set(),
-    "ui": set(),
-}
 
 # Each condition that is needed, with its reason.
 ALLOWED_CONDITIONS = {
@@ -28,10 +17,40 @@ ALLOWED_CONDITIONS = {
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<]([^">]+)[">]')
 CONDITION = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b(.*)")
+ROOM = re.compile(r"^add_room\((\w+)\s", re.M)
+LINKED = re.compile(r"^link_rooms\((\w+)\s+([^)]*)\)", re.M)
 
 
-def includes(root, path, findings, number, line):
-    folder = path.parts[0]
+def rooms(root, findings):
+    """The folder of each room, and the folders of all rooms that it is linked to."""
+    folders, linked = {}, {}
+    for path in tracked(root, suffixes=(".txt",), folders=APPLICATION_FOLDERS):
+        if path.name != "CMakeLists.txt":
+            continue
+        text = re.sub(r"#.*", "", read(root, path))
+        for name in ROOM.findall(text):
+            folders[name] = path.parent.as_posix()
+        for name, known in LINKED.findall(text):
+            linked.setdefault(name, set()).update(known.split())
+
+    def reached(name, above=()):
+        if name in above:
+            findings.append(f"rooms are linked in a circle: {' '.join([*above, name])}")
+            return set()
+        known = linked.get(name, set())
+        return known.union(*(reached(other, (*above, name)) for other in known))
+
+    return {folder: {folders[other] for other in reached(name) if other in folders}
+            for name, folder in folders.items()}
+
+
+def room_of(path, folders):
+    """The innermost room that a path lies in, None for one outside of all."""
+    return max((folder for folder in folders if f"{path}/".startswith(f"{folder}/")), key=len,
+               default=None)
+
+
+def includes(root, path, known, findings, number, line):
     match = INCLUDE.match(line)
     if not match:
         return
@@ -43,9 +62,10 @@ def includes(root, path, findings, number, line):
         if ".." in name.split("/"):
             findings.add(path, number, f'include "{name}" by its path from the root')
         return  # the system's
-    target = name.split("/")[0]
-    if target != folder and target not in MAY_INCLUDE[folder] and name not in MAY_INCLUDE[folder]:
-        findings.add(path, number, f"{folder}/ must not know {name}")
+    room = room_of(path.as_posix(), known)
+    target = room_of(name, known)
+    if target != room and target not in known.get(room, ()):
+        findings.add(path, number, f"{room or path.parts[0]}/ is not linked to the room of {name}")
 
 
 def conditions(path, findings, number, line):
@@ -58,9 +78,10 @@ def conditions(path, findings, number, line):
 
 def lint(root):
     findings = Findings()
+    known = rooms(root, findings)
     for path in tracked(root, suffixes=SOURCES, folders=APPLICATION_FOLDERS):
         for number, line in enumerate(without_comments(read(root, path)).splitlines(), 1):
-            includes(root, path, findings, number, line)
+            includes(root, path, known, findings, number, line)
             conditions(path, findings, number, line)
     return findings
 

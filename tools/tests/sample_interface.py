@@ -46,7 +46,7 @@ class SampleInterface(SampleProject):
 
     def setUp(self):
         super().setUp()
-        self.write("send/Tab.h", HEADER)
+        self.write("windows/Tab.h", HEADER)
         self.write("resources/en.lproj/Localizable.strings", '"known" = "Known";\n')
 
     def interface(self, *objects, name="A"):

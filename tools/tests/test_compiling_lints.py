@@ -104,12 +104,12 @@ class StaticAnalysis(SampleBuild):
                           "rule.cpp:2", "modernize-use-override")
 
     def test_a_suppression_needs_check_and_reason(self):
-        self.write("ui/a.h", "int a; // NOLINT(some-check): the platform calls it\n")
+        self.write("windows/a.h", "int a; // NOLINT(some-check): the platform calls it\n")
         self.assertEqual(static_analysis.suppressions(self.root), [])
         for bare in ("NOLINT", "NOLINT(some-check)", "NOLINTNEXTLINE: because"):
             with self.subTest(bare):
-                self.write("ui/a.h", f"int a; // {bare}\n")
-                self.assert_finds(static_analysis.suppressions(self.root), "ui/a.h:1")
+                self.write("windows/a.h", f"int a; // {bare}\n")
+                self.assert_finds(static_analysis.suppressions(self.root), "windows/a.h:1")
 
 
 class Flags(unittest.TestCase):

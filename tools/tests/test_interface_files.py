@@ -79,14 +79,14 @@ class Outlets(SampleInterface):
         self.fails(2, self.connect("wrong", "window"), "Tab has no outlet wrong")
 
     def test_an_outlet_of_a_superclass_or_a_class_extension_will_do(self):
-        self.write("send/Other.h", "@interface Other : Tab\n@end\n")
-        self.write("send/Other.mm", "@interface Other () {\n IBOutlet id hidden;\n}\n@end\n")
+        self.write("windows/Other.h", "@interface Other : Tab\n@end\n")
+        self.write("windows/Other.mm", "@interface Other () {\n IBOutlet id hidden;\n}\n@end\n")
         hidden = ('<customObject id="y" customClass="Other"><connections>'
                   '<outlet property="hidden" destination="x" id="y1"/></connections></customObject>')
         self.passes(self.connect("sheet", "window", hidden, of="Other"))
 
     def test_a_method_or_another_property_is_no_outlet(self):
-        self.write("send/Tab.h", HEADER.replace("@end", "@property (assign) NSWindow *plain;\n@end"))
+        self.write("windows/Tab.h", HEADER.replace("@end", "@property (assign) NSWindow *plain;\n@end"))
         self.fails(2, self.connect("plain", "window"), "plain")
 
     def test_the_platforms_outlets_are_known(self):
@@ -104,7 +104,7 @@ class Outlets(SampleInterface):
         self.fails(2, self.connect("notify", "field", '<textField id="field"/>'), "NSTextField")
 
     def test_an_outlet_of_any_class_takes_everything(self):
-        self.write("send/Tab.h", HEADER.replace("NSWindow *sheet", "id<NSCoding> sheet"))
+        self.write("windows/Tab.h", HEADER.replace("NSWindow *sheet", "id<NSCoding> sheet"))
         self.passes(self.connect("sheet", "box"))
 
     def test_of_an_element_of_unknown_class_no_fit_is_demanded(self):
@@ -120,7 +120,7 @@ class Outlets(SampleInterface):
         self.assert_finds(self.findings('<customObject id="tab" customClass="Tab"><connections>'
                                         '<outlet property="notify" destination="box" id="c1"/>'
                                         "</connections></customObject>", button()),
-                          "send/Tab.h:6:", "sheet of Tab")
+                          "windows/Tab.h:6:", "sheet of Tab")
 
     def test_an_outlet_may_be_connected_in_another_file(self):
         self.interface(GOOD, name="B")
@@ -146,7 +146,7 @@ class Actions(SampleInterface):
         self.fails(2, self.send("notAnAction:"), "Tab declares no action notAnAction:")
 
     def test_an_action_of_a_category_will_do(self):
-        self.write("send/Tab+More.h", "@interface Tab (More)\n- (IBAction)more:(id)sender;\n@end\n")
+        self.write("windows/Tab+More.h", "@interface Tab (More)\n- (IBAction)more:(id)sender;\n@end\n")
         self.passes(self.send("more:"))
 
     def test_the_platforms_actions_are_known(self):
@@ -161,7 +161,7 @@ class Actions(SampleInterface):
 
 class Declarations(SampleInterface):
     def classes(self, text):
-        self.write("send/Tab.h", text)
+        self.write("windows/Tab.h", text)
         return objc_classes.program_classes(self.root)
 
     def outlets(self, declarations):

@@ -113,7 +113,7 @@ class Rows(SampleInterface):
                 f"</connections></collectionViewItem>\n{view}")
 
     def test_the_pop_up_of_a_row_is_a_plain_one(self):
-        self.write("send/Pop.h", "@interface Pop : NSPopUpButton\n@end\n")
+        self.write("windows/Pop.h", "@interface Pop : NSPopUpButton\n@end\n")
         self.passes(self.row())
         self.fails(2, self.row(cell='pullsDown="YES"'), "plain pop-up")
         self.fails(2, self.row('customClass="Pop"'), "plain pop-up")

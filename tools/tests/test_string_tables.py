@@ -117,15 +117,15 @@ class StringTables(SampleProject):
         self.find(":2", "form")
 
     def test_a_key_that_no_table_has_is_found(self):
-        self.write("send/a.mm", '// localizedText(@"c")\nlocalizedText(\n    @"b");\n')
-        self.find("send/a.mm:2", '"b"')
+        self.write("windows/a.mm", '// localizedText(@"c")\nlocalizedText(\n    @"b");\n')
+        self.find("windows/a.mm:2", '"b"')
 
     def test_a_key_that_nothing_uses_is_found(self):
         self.tables('"a" = "x";\n"bKey" = "x";\n', '"a" = "y";\n"bKey" = "y";\n')
         self.find("en.lproj/Localizable.strings:2", 'nothing uses "bKey"')
-        self.write("send/a.mm", '// @"bKey"\n')
+        self.write("windows/a.mm", '// @"bKey"\n')
         self.find("bKey")
-        self.write("send/a.mm", 'Row row = {1, @"bKey"};\n')
+        self.write("windows/a.mm", 'Row row = {1, @"bKey"};\n')
         self.find_nothing()
 
     def test_a_text_of_an_interface_file_is_a_use(self):

@@ -1,4 +1,5 @@
-#import <AppKit/AppKit.h>
+#import "agent/ResultDictionary.h"
+#import "windows/TabController.h"
 
 /// The copy-link tab: makes a link to one item and puts it on the clipboard. The window's interface
 /// file creates it.
@@ -6,7 +7,7 @@
 /// A caller without a window makes one with init, sets filePath, isFileId and isFolder, then asks
 /// for the link and hands the reply on: getCopyLink:::: and pasteToClipboard: touch no control.
 /// Main thread only.
-@interface CopyLinkController : NSObject {
+@interface CopyLinkController : TabController {
  @private
   IBOutlet NSButton *isNotifyMe;
   IBOutlet NSButton *isAskForMail;
@@ -49,17 +50,6 @@
 /// Whether the box is checked; mixed is not.
 - (BOOL)checkBoxState:(NSButton *)box;
 
-/// To be called when the window closes. Ends the busy indicator's animation, which no action does,
-/// and lets go of the window and of everything in it: what outlives the window, as the timer of a
-/// success sheet does, then touches nothing of it.
-- (void)disconnectFromWindow;
-
-/// Shows the success sheet with the text for `key`.
-- (void)showSuccessModalWindow:(NSString *)key;
-
-/// The success sheet's timer: ends the sheet and closes the window.
-- (void)killModalWindow:(NSTimer *)timer;
-
 /// Asks the agent for a link to filePath, as a file or a folder by isFolder. The first argument is
 /// not used, on purpose: callers set filePath. downloads: decimal text, "-1" for unlimited.
 /// Blocks until the agent answers. Returns the reply (see ResultDictionary.h), nil when there is
@@ -78,3 +68,11 @@
 - (NSString *)pasteToClipboard:(NSDictionary *)reply;
 
 @end
+
+/// Copies a link to the clipboard without a window, with the options of such a copy (the user is
+/// notified of downloads, nobody is asked for an e-mail address, downloads are unlimited), logs how
+/// it ended, and returns that. Telling the user is the caller's.
+///
+/// controller: made with init; knows the item. path: passed to getCopyLink::::, which does not use
+/// it. Blocks until the agent has answered. Main thread.
+agent::ReplyKind copyLinkDirectly(CopyLinkController *controller, NSString *path);

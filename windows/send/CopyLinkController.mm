@@ -1,14 +1,30 @@
 #import "windows/send/CopyLinkController.h"
 
 #import "agent/BVDataModelController.h"
-#import "agent/ResultDictionary.h"
 #import "text/LocalizedText.h"
 #import "windows/Alerts.h"
 #import "windows/Controls.h"
 #import "windows/RequestSuspension.h"
-#import "windows/ResultSheet.h"
-#import "windows/send/CopyOutcome.h"
 #import "windows/send/ItemKind.h"
+
+namespace {
+
+/// Empties the general clipboard and writes the reply's link to it, if it has one. Every reply to a
+/// request for a link is judged here, and only here.
+agent::ReplyKind pasteLink(NSDictionary *reply) {
+  NSPasteboard *const pasteboard = [NSPasteboard generalPasteboard];
+  [pasteboard clearContents];
+  const agent::ReplyKind kind = agent::kindOfLinkReply(reply);
+  if (kind != agent::ReplyKind::Succeeded) return kind;
+  NSString *const link = agent::stringOrNil([reply objectForKey:agent::kValueKey]);
+  // A reply without a link is a failed write: logged, and not reported otherwise.
+  NSArray *const objects = link == nil ? [NSArray array] : [NSArray arrayWithObject:link];
+  const BOOL written = [pasteboard writeObjects:objects];
+  NSLog(@"copy success = %d", written ? 1 : 0);
+  return kind;
+}
+
+}  // namespace
 
 @implementation CopyLinkController
 
@@ -51,15 +67,13 @@
   NSString *const downloads = chosenDownloads(noOfDownloads);
   showBusy(spinGear);
   NSDictionary *const reply = [self getCopyLink:[self filePath]:notify:askForMail:downloads];
-  [self show:outcomeOfCopy(reply, [self pasteToClipboard:reply])];
+  [self show:pasteLink(reply)];
   [spinGear setHidden:YES];
 }
 
 - (IBAction)cancelSendCopyLink:(id)sender {
   (void)sender;
-  // Closing ends the window's controller, which is the owner of this one.
-  [[self retain] autorelease];
-  [ourMainWindow close];
+  [self closeWindow];
 }
 
 - (BOOL)checkBoxState:(NSButton *)box {
@@ -73,36 +87,28 @@
   isAskForMail = nil;
   noOfDownloads = nil;
   [self setCopyLinkTab:nil];
-  [self setOurMainWindow:nil];
-  [self setModalWindow:nil];
-  [self setModalWindowText:nil];
+  [super disconnectFromWindow];
 }
 
 #pragma mark - Outcome
 
-- (void)show:(CopyOutcome)outcome {
-  NSAlert *alert = nil;
+- (void)show:(agent::ReplyKind)outcome {
   switch (outcome) {
-    case CopyOutcome::Copied:
+    case agent::ReplyKind::Succeeded:
       [self showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
       return;
-    case CopyOutcome::Refused:
-      alert = alertWithTexts(formatted(localizedText(@"unableCopyLinkMessagetextKey")),
-                             formatted(localizedText(@"unableCopyLinkInformativeKey")));
-      break;
-    case CopyOutcome::NoReply:
-      alert = cannotConnectAlert();
-      break;
+    case agent::ReplyKind::Refused:
+      [self showAlert:alertWithTexts(formatted(localizedText(@"unableCopyLinkMessagetextKey")),
+                                     formatted(localizedText(@"unableCopyLinkInformativeKey")))];
+      return;
+    case agent::ReplyKind::Unreachable:
+      [self showAlert:cannotConnectAlert()];
+      return;
   }
-  showAsSheet(alert, ourMainWindow, self);
-}
-
-- (void)showSuccessModalWindow:(NSString *)key {
-  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
 }
 
 - (void)killModalWindow:(NSTimer *)timer {
-  endSuccess(timer);
+  [super killModalWindow:timer];
   // In this window a success is also the end of the work.
   [ourMainWindow close];
 }
@@ -125,17 +131,24 @@
 // clang-format on
 
 - (NSString *)pasteToClipboard:(NSDictionary *)reply {
-  NSPasteboard *const pasteboard = [NSPasteboard generalPasteboard];
-  [pasteboard clearContents];
-  if (agent::kindOfLinkReply(reply) != agent::ReplyKind::Succeeded) {
-    return agent::errorMessage(reply);
-  }
-  NSString *const link = agent::stringOrNil([reply objectForKey:agent::kValueKey]);
-  // A reply without a link is a failed write: logged, and not reported otherwise.
-  NSArray *const objects = link == nil ? [NSArray array] : [NSArray arrayWithObject:link];
-  const BOOL written = [pasteboard writeObjects:objects];
-  NSLog(@"copy success = %d", written ? 1 : 0);
-  return agent::errorText(reply);
+  return pasteLink(reply) == agent::ReplyKind::Succeeded ? agent::errorText(reply)
+                                                         : agent::errorMessage(reply);
 }
 
 @end
+
+agent::ReplyKind copyLinkDirectly(CopyLinkController *controller, NSString *path) {
+  const agent::ReplyKind kind = pasteLink([controller getCopyLink:path:YES:NO:@"-1"]);
+  switch (kind) {
+    case agent::ReplyKind::Succeeded:
+      NSLog(@"Link copied successfully.");
+      break;
+    case agent::ReplyKind::Refused:
+      NSLog(@"Unable to copy link at this time");
+      break;
+    case agent::ReplyKind::Unreachable:
+      NSLog(@"Getting null data from rest API(machine offline or server down)");
+      break;
+  }
+  return kind;
+}

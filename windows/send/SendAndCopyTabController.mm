@@ -1,6 +1,5 @@
 #import "windows/send/SendAndCopyTabController.h"
 
-#import "windows/TabWindowController.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendFileController.h"
 
@@ -13,12 +12,10 @@
 @synthesize filePath;
 
 - (id)init {
-  if ((self = [super initWithWindowNibName:@"MainWindow"])) closeWhenAnotherOpens(self);
-  return self;
+  return [super initWithWindowNibName:@"MainWindow"];
 }
 
 - (void)dealloc {
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
   [sendAndCopyTab release];
   [sendFile release];
   [sendCopyFile release];
@@ -26,34 +23,18 @@
   [super dealloc];
 }
 
-- (void)selectTabAtPosition:(std::int64_t)position {
-  [self setDefaultTab:position];
+- (NSTabView *)tabView {
+  return sendAndCopyTab;
 }
 
-- (void)awakeFromNib {
-  prepareWindow(self, sendAndCopyTab, defaultTab);
-}
-
-- (void)close {
-  [[self window] close];
+- (void)disconnectTabs {
+  [sendFile disconnectFromWindow];
+  [sendCopyFile disconnectFromWindow];
 }
 
 - (void)closeActiveWindow:(NSNotification *)notification {
-  (void)notification;
   NSLog(@"recieve Notification close send/copy window.");
-  [self close];
-}
-
-#pragma mark - NSWindowDelegate
-
-- (void)windowWillClose:(NSNotification *)notification {
-  (void)notification;
-  windowIsClosing(self);
-  // They may live on for a while (a timer of a success sheet keeps one), the window does not.
-  [sendFile disconnectFromWindow];
-  [sendCopyFile disconnectFromWindow];
-  // Nothing owns the controller, on purpose: the end of its window is its own.
-  [self dealloc];
+  [super closeActiveWindow:notification];
 }
 
 @end

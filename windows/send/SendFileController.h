@@ -1,8 +1,8 @@
-#import <AppKit/AppKit.h>
+#import "windows/TabController.h"
 
 /// The send tab: mails a link to one file or folder. The window's interface file creates it. Main
 /// thread only.
-@interface SendFileController : NSObject <NSTokenFieldDelegate, NSTextViewDelegate> {
+@interface SendFileController : RecipientTabController {
  @private
   IBOutlet NSTokenField *mailList;
   NSTextField *mailSubject;
@@ -50,19 +50,5 @@
 
 /// Names the tab after what it sends.
 - (void)setLabelForTab:(NSString *)label;
-
-/// Whether the address looks like one (see Recipients.h).
-- (BOOL)validateEmail:(NSString *)address;
-
-/// To be called when the window closes. Ends the busy indicator's animation, which no action does,
-/// and lets go of the window and of everything in it: what outlives the window, as the timer of a
-/// success sheet does, then touches nothing of it.
-- (void)disconnectFromWindow;
-
-/// Shows the success sheet with the text for `key`.
-- (void)showSuccessModalWindow:(NSString *)key;
-
-/// The success sheet's timer: ends the sheet and closes the window.
-- (void)killModalWindow:(NSTimer *)timer;
 
 @end

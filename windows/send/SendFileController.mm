@@ -1,10 +1,7 @@
 #import "windows/send/SendFileController.h"
 
-#include <optional>
-
 #import "agent/BVDataModelController.h"
 #import "agent/ResultDictionary.h"
-#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
@@ -12,32 +9,12 @@
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/RequestSuspension.h"
-#import "windows/ResultSheet.h"
 #import "windows/send/ItemKind.h"
 
 namespace {
 
 /// The service keeps this many UTF-16 units of a subject.
 constexpr NSUInteger kSubjectUnits = 80;
-
-/// The texts that differ between a file and a folder.
-struct KindTexts {
-  NSString *defaultSubject;
-  NSString *sent;
-  NSString *unable;
-  NSString *notAvailable;
-};
-
-const KindTexts kFileTexts = {@"defaultSubjectForSendFileKey", @"fileSentSuccessMessageTextKey",
-                              @"unableToSendFileMessageTextKey",
-                              @"fileNotAvailableInformativeTextKey"};
-const KindTexts kFolderTexts = {
-    @"defaultSubjectForSendFolderKey", @"folderSentSuccessMessageTextKey",
-    @"unableToSendFolderMessageTextKey", @"folderNotAvailableInformativeTextKey"};
-
-const KindTexts &textsFor(BOOL isFolder) {
-  return isFolder ? kFolderTexts : kFileTexts;
-}
 
 }  // namespace
 
@@ -65,10 +42,8 @@ const KindTexts &textsFor(BOOL isFolder) {
 }
 
 - (void)awakeFromNib {
-  setTokenizingCharacters(mailList);
+  [self prepareRecipients:mailList message:mailContent];
   [noOfDownloads selectItemAtIndex:0];
-  [mailList setDelegate:self];
-  [mailContent setDelegate:self];
 }
 
 - (void)setLabelForTab:(NSString *)label {
@@ -85,12 +60,12 @@ const KindTexts &textsFor(BOOL isFolder) {
   NSString *const entered = [mailSubject stringValue];
   NSString *const message = [[mailContent textStorage] string];
   if (NSString *const invalid = firstInvalidRecipient(recipients)) {
-    showAsSheet(invalidRecipientAlert(invalid), ourMainWindow, self);
+    [self showAlert:invalidRecipientAlert(invalid)];
     return;
   }
   // By the kind that the opener gave, before the disk is asked.
   NSString *const subject =
-      [entered length] > 0 ? entered : localizedText(textsFor([self isFolder]).defaultSubject);
+      [entered length] > 0 ? entered : localizedText([self texts].defaultSubject);
   NSString *const escapedSubject = percentEscaped(firstUnits(subject, kSubjectUnits));
   NSString *const escapedMessage = percentEscaped(message);
   // Already now: the connection is made next, which alone may take 15 seconds.
@@ -104,9 +79,7 @@ const KindTexts &textsFor(BOOL isFolder) {
 
 - (IBAction)cancelSendMail:(id)sender {
   (void)sender;
-  // Closing ends the window's controller, which is the owner of this one.
-  [[self retain] autorelease];
-  [ourMainWindow close];
+  [self closeWindow];
 }
 
 - (BOOL)checkBoxState:(NSButton *)box {
@@ -124,9 +97,7 @@ const KindTexts &textsFor(BOOL isFolder) {
   noOfDownloads = nil;
   sendFileTab = nil;
   [self setMailSubject:nil];
-  [self setOurMainWindow:nil];
-  [self setModalWindow:nil];
-  [self setModalWindowText:nil];
+  [super disconnectFromWindow];
 }
 
 #pragma mark - NSTextViewDelegate
@@ -159,56 +130,31 @@ const KindTexts &textsFor(BOOL isFolder) {
   // clang-format on
 }
 
+- (const ItemTexts &)texts {
+  return textsFor([self isFolder] ? ItemKind::Folder : ItemKind::File);
+}
+
 - (void)show:(NSDictionary *)reply {
-  const KindTexts &texts = textsFor([self isFolder]);
-  NSAlert *alert = nil;
   switch (agent::kindOfActionReply(reply)) {
     case agent::ReplyKind::Succeeded:
-      [self showSuccessModalWindow:texts.sent];
+      [self showSuccessModalWindow:[self texts].sent];
       return;
     case agent::ReplyKind::Refused:
       NSLog(@"Error sending:%@", singleLine(agent::errorMessage(reply)));
-      alert =
-          alertWithTexts(formatted(localizedText(texts.unable)), localizedText(texts.notAvailable));
-      break;
+      [self showAlert:alertWithTexts(formatted(localizedText([self texts].unableToSend)),
+                                     localizedText([self texts].notAvailable))];
+      return;
     case agent::ReplyKind::Unreachable:
       NSLog(@"Getting null data from rest API(machine offline or server down)");
-      alert = cannotConnectAlert();
-      break;
+      [self showAlert:cannotConnectAlert()];
+      return;
   }
-  showAsSheet(alert, ourMainWindow, self);
-}
-
-- (void)showSuccessModalWindow:(NSString *)key {
-  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
 }
 
 - (void)killModalWindow:(NSTimer *)timer {
-  endSuccess(timer);
+  [super killModalWindow:timer];
   // In this window a success is also the end of the work.
   [ourMainWindow close];
-}
-
-#pragma mark - NSTokenFieldDelegate
-
-- (NSArray *)tokenField:(NSTokenField *)field
-    completionsForSubstring:(NSString *)substring
-               indexOfToken:(NSInteger)tokenIndex
-        indexOfSelectedItem:(NSInteger *)selectedIndex {
-  (void)field;
-  (void)tokenIndex;
-  // No completion is selected beforehand: what is typed is never replaced unasked.
-  if (selectedIndex != nullptr) *selectedIndex = -1;
-  return completions(substring);
-}
-
-- (id)tokenField:(NSTokenField *)field representedObjectForEditingString:(NSString *)editingString {
-  (void)field;
-  return addressOfEntry(editingString);
-}
-
-- (BOOL)validateEmail:(NSString *)address {
-  return isValidAddress(address);
 }
 
 @end

@@ -1,6 +1,4 @@
-#import <AppKit/AppKit.h>
-
-#include <cstdint>
+#import "windows/TabWindowController.h"
 
 @class InviteTabController;
 @class PermissionTabController;
@@ -10,7 +8,7 @@
 /// Its opener posts "newInstanceofWindowOpened", makes a controller, calls selectTabAtPosition:,
 /// shows the window, and gives the folder to both tab controllers. Nobody owns the controller: it
 /// lives until its window closes and destroys itself then. Main thread only.
-@interface BrisvaleTabController : NSWindowController <NSWindowDelegate> {
+@interface BrisvaleTabController : TabWindowController {
  @private
   NSTabView *shareFolderTab;
   PermissionTabController *givePermissionTab;
@@ -33,14 +31,5 @@
 
 /// A controller without a window yet; the first use of window loads it.
 - (id)init;
-
-/// Sets defaultTab. Without effect once the window has been loaded.
-- (void)selectTabAtPosition:(std::int64_t)position;
-
-/// Closes the window, and with it the controller.
-- (void)close;
-
-/// Another window of the application is about to open.
-- (void)closeActiveWindow:(NSNotification *)notification;
 
 @end

@@ -1,6 +1,5 @@
 #import "windows/share/BrisvaleTabController.h"
 
-#import "windows/TabWindowController.h"
 #import "windows/share/InviteTabController.h"
 #import "windows/share/PermissionTabController.h"
 
@@ -13,12 +12,10 @@
 @synthesize filePath;
 
 - (id)init {
-  if ((self = [super initWithWindowNibName:@"ShareFolder"])) closeWhenAnotherOpens(self);
-  return self;
+  return [super initWithWindowNibName:@"ShareFolder"];
 }
 
 - (void)dealloc {
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
   [shareFolderTab release];
   [givePermissionTab release];
   [sendInviteTab release];
@@ -26,34 +23,18 @@
   [super dealloc];
 }
 
-- (void)selectTabAtPosition:(std::int64_t)position {
-  [self setDefaultTab:position];
+- (NSTabView *)tabView {
+  return shareFolderTab;
 }
 
-- (void)awakeFromNib {
-  prepareWindow(self, shareFolderTab, defaultTab);
-}
-
-- (void)close {
-  [[self window] close];
+- (void)disconnectTabs {
+  [givePermissionTab disconnectFromWindow];
+  [sendInviteTab disconnectFromWindow];
 }
 
 - (void)closeActiveWindow:(NSNotification *)notification {
-  (void)notification;
   NSLog(@"recieve Notification - close share folder window");
-  [self close];
-}
-
-#pragma mark - NSWindowDelegate
-
-- (void)windowWillClose:(NSNotification *)notification {
-  (void)notification;
-  windowIsClosing(self);
-  // They may live on for a while (a timer of a success sheet keeps one), the window does not.
-  [givePermissionTab disconnectFromWindow];
-  [sendInviteTab disconnectFromWindow];
-  // Nothing owns the controller, on purpose: the end of its window is its own.
-  [self dealloc];
+  [super closeActiveWindow:notification];
 }
 
 @end

@@ -1,8 +1,8 @@
-#import <AppKit/AppKit.h>
+#import "windows/TabController.h"
 
 /// The invite tab: gives people access to the folder. The window's interface file creates it. Main
 /// thread only.
-@interface InviteTabController : NSObject <NSTokenFieldDelegate, NSTextViewDelegate> {
+@interface InviteTabController : RecipientTabController {
  @private
   IBOutlet NSTokenField *mailList;
   IBOutlet NSTextView *mailContent;
@@ -47,19 +47,5 @@
 /// Whether the address belongs to a colleague: by the delegate's list, else by the agent. An agent
 /// that gives no answer blocks nobody: YES.
 - (BOOL)isEmployee:(NSString *)address;
-
-/// Whether the address looks like one (see Recipients.h).
-- (BOOL)validateEmail:(NSString *)address;
-
-/// To be called when the window closes. Ends the busy indicator's animation, which no action does,
-/// and lets go of the window and of everything in it: what outlives the window, as the timer of a
-/// success sheet does, then touches nothing of it.
-- (void)disconnectFromWindow;
-
-/// Shows the success sheet with the text for `key`.
-- (void)showSuccessModalWindow:(NSString *)key;
-
-/// The success sheet's timer: ends the sheet; the window stays open.
-- (void)killModalWindow:(NSTimer *)timer;
 
 @end

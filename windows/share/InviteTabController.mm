@@ -2,15 +2,14 @@
 
 #import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
-#import "app/ContextMenuAppAppDelegate.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
 #import "windows/Alerts.h"
+#import "windows/ApplicationState.h"
 #import "windows/Controls.h"
 #import "windows/MessageKeys.h"
 #import "windows/Recipients.h"
 #import "windows/RequestSuspension.h"
-#import "windows/ResultSheet.h"
 #import "windows/share/AccessLevel.h"
 
 namespace {
@@ -20,10 +19,6 @@ constexpr NSUInteger kMessageUnits = 800;
 
 /// Read only: giving too little access is put right more easily than giving too much.
 constexpr NSInteger kDefaultAccessIndex = 1;
-
-ContextMenuAppAppDelegate *applicationDelegate() {
-  return static_cast<ContextMenuAppAppDelegate *>([NSApp delegate]);
-}
 
 /// The alert that names people who cannot be invited. Also for those whom the service refused.
 NSAlert *notColleaguesAlert(NSString *people) {
@@ -58,10 +53,8 @@ NSAlert *notColleaguesAlert(NSString *people) {
 }
 
 - (void)awakeFromNib {
-  setTokenizingCharacters(mailList);
+  [self prepareRecipients:mailList message:mailContent];
   [accessType selectItemAtIndex:kDefaultAccessIndex];
-  [mailList setDelegate:self];
-  [mailContent setDelegate:self];
 }
 
 #pragma mark - Actions
@@ -74,7 +67,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
   // All of them before anybody is given anything.
   if (NSAlert *const objection = [self objectionTo:recipients]) {
-    showAsSheet(objection, ourMainWindow, self);
+    [self showAlert:objection];
     return;
   }
   showBusy(spinGear);
@@ -111,7 +104,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
     switch (agent::kindOfActionReply(reply)) {
       case agent::ReplyKind::Unreachable:
         NSLog(@"Getting null data from rest API(machine offline or server down)");
-        showAsSheet(cannotConnectAlert(), ourMainWindow, self);
+        [self showAlert:cannotConnectAlert()];
         return;
       case agent::ReplyKind::Refused:
         [refused addObject:recipient];
@@ -131,7 +124,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
     [self showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
     [mailList setStringValue:@""];
   } else {
-    showAsSheet(notColleaguesAlert([refused componentsJoinedByString:@", "]), ourMainWindow, self);
+    [self showAlert:notColleaguesAlert([refused componentsJoinedByString:@", "])];
     [spinGear setHidden:YES];
   }
   // Once more after a complete success, on purpose: the list is read again when the sheet shows.
@@ -147,16 +140,14 @@ NSAlert *notColleaguesAlert(NSString *people) {
   sendFile = nil;
   iarrayController = nil;
   inviteTab = nil;
-  [self setOurMainWindow:nil];
-  [self setModalWindow:nil];
-  [self setModalWindowText:nil];
+  [super disconnectFromWindow];
 }
 
 #pragma mark - Colleagues
 
 - (BOOL)isEmployee:(NSString *)address {
-  ContextMenuAppAppDelegate *const delegate = applicationDelegate();
-  if ([[delegate employeeContacts] containsObject:address]) return YES;
+  id<ApplicationState> const state = applicationState();
+  if ([[state employeeContacts] containsObject:address]) return YES;
   BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSDictionary *const reply = [agent getUserInfo:address:NO];
   if ([reply count] == 0) return YES;
@@ -165,43 +156,11 @@ NSAlert *notColleaguesAlert(NSString *people) {
   // The connection broke over the reading: the agent cannot be reached here either.
   if (user == nil) return YES;
   if (!agent::flagIn(user, @"accountemployee")) return NO;
-  [[delegate addressBookForShare]
+  [[state addressBookForShare]
       addObject:[NSString stringWithFormat:@"%@<%@>", agent::stringIn(user, @"name") ?: @"",
                                            agent::stringIn(user, @"primaryemail") ?: @""]];
-  [[delegate employeeContacts] addObject:address];
+  [[state employeeContacts] addObject:address];
   return YES;
-}
-
-#pragma mark - Success sheet
-
-- (void)showSuccessModalWindow:(NSString *)key {
-  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
-}
-
-- (void)killModalWindow:(NSTimer *)timer {
-  endSuccess(timer);
-}
-
-#pragma mark - NSTokenFieldDelegate
-
-- (NSArray *)tokenField:(NSTokenField *)field
-    completionsForSubstring:(NSString *)substring
-               indexOfToken:(NSInteger)tokenIndex
-        indexOfSelectedItem:(NSInteger *)selectedIndex {
-  (void)field;
-  (void)tokenIndex;
-  // No completion is selected beforehand: what is typed is never replaced unasked.
-  if (selectedIndex != nullptr) *selectedIndex = -1;
-  return completions(substring);
-}
-
-- (id)tokenField:(NSTokenField *)field representedObjectForEditingString:(NSString *)editingString {
-  (void)field;
-  return addressOfEntry(editingString);
-}
-
-- (BOOL)validateEmail:(NSString *)address {
-  return isValidAddress(address);
 }
 
 #pragma mark - NSTextViewDelegate

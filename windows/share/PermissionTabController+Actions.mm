@@ -112,12 +112,12 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
     case agent::ReplyKind::Refused: {
       NSString *const format = localizedText(@"cannotRevokePermissionTextFormatKey");
       NSString *const reason = agent::errorMessage(reply) ?: @"";
-      showAsSheet(alertWithTexts(formatted(format, reason), nil), ourMainWindow, self);
+      [self showAlert:alertWithTexts(formatted(format, reason), nil)];
       return NO;
     }
     case agent::ReplyKind::Unreachable:
       NSLog(@"Getting null data from rest API(machine offline or server down)");
-      showAsSheet(cannotConnectAlert(), ourMainWindow, self);
+      [self showAlert:cannotConnectAlert()];
       return NO;
   }
 }

@@ -1,4 +1,4 @@
-#import <AppKit/AppKit.h>
+#import "windows/TabController.h"
 
 #include <cstdint>
 
@@ -10,7 +10,7 @@
 ///
 /// Registered for "UserAddedToShareFolder" from its initialisation until disconnectFromWindow, and
 /// not to its end, which a load may put off to any time.
-@interface PermissionTabController : NSObject <NSComboBoxDelegate> {
+@interface PermissionTabController : TabController <NSComboBoxDelegate> {
  @private
   NSMutableArray *personList;
   // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.UnusedIvars): a connection that nothing uses
@@ -82,16 +82,9 @@
 - (void)insertObject:(SharedWith *)person inPersonListAtIndex:(NSUInteger)index;
 - (void)removeObjectFromPersonListAtIndex:(NSUInteger)index;
 
-/// To be called when the window closes, or before a tab without one is released. Hears of no
-/// invitation any more, ends the busy indicator's animation and lets go of the window and of
-/// everything in it: a load or an action that outlives the window then touches nothing of it.
+/// To be called when the window closes, or before a tab without one is released: removes the tab
+/// from the observers of "UserAddedToShareFolder", too.
 - (void)disconnectFromWindow;
-
-/// Shows the success sheet with the text for `key`.
-- (void)showSuccessModalWindow:(NSString *)key;
-
-/// The success sheet's timer: ends the sheet; the window stays open.
-- (void)killModalWindow:(NSTimer *)timer;
 
 @end
 

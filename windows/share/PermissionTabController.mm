@@ -2,7 +2,6 @@
 
 #import "text/LocalizedText.h"
 #import "windows/RequestSuspension.h"
-#import "windows/ResultSheet.h"
 #import "windows/share/AccessListLoad.h"
 #import "windows/share/PermissionTabController+Showing.h"
 #import "windows/share/SharedWith.h"
@@ -64,9 +63,7 @@
   notSharingText = nil;
   permissionTab = nil;
   [self setPermissionType:nil];
-  [self setOurMainWindow:nil];
-  [self setModalWindow:nil];
-  [self setModalWindowText:nil];
+  [super disconnectFromWindow];
 }
 
 #pragma mark - The list
@@ -154,16 +151,6 @@
   loadedList = [people retain];
   [self setPersonList:people];
   [former release];
-}
-
-#pragma mark - Success sheet
-
-- (void)showSuccessModalWindow:(NSString *)key {
-  showSuccess({modalWindow, modalWindowText, ourMainWindow}, self, key);
-}
-
-- (void)killModalWindow:(NSTimer *)timer {
-  endSuccess(timer);
 }
 
 @end
