@@ -13,7 +13,7 @@
 ///   order first name, last name, address (the localized text of
 ///   "personNameinAddressbookFormatKey").
 ///
-/// A name with exactly one ", " is taken for last name and first name. Of any other name the part
+/// A name with exactly one ", " is read as last name and first name. Of any other name the part
 /// before the first ", " is used, the whole name when there is none. Commas, semicolons and blanks
 /// are removed from each part, because they would end a recipient in the token field; so
 /// "John Doe" becomes one word in front of the address, while "Doe, John" keeps its two.

@@ -2,15 +2,15 @@
 
 #import "text/UTF16.h"
 
-// Written over UTF-16 units, without the platform's strings and character sets: this runs for every
-// contact of the book, and its rules are about three plain characters.
+// Works on UTF-16 units and without the platform's character sets, because it runs for every contact
+// of the book and only needs to find three ASCII characters.
 
 namespace {
 
-/// What marks a name as last name, first name.
+/// Separates last name and first name.
 constexpr std::u16string_view kLastFirstSeparator = u", ";
 
-/// What would end a recipient while it is typed.
+/// What would end a token while the recipient is typed.
 constexpr std::u16string_view kRemovedCharacters = u",; ";
 
 std::u16string cleaned(std::u16string_view part) {
@@ -25,7 +25,7 @@ std::u16string cleaned(std::u16string_view part) {
 
 NSString *addressBookEntry(NSString *personName, NSString *address,
                            const EntryFormat &lastCommaFirstFormat) {
-  // The platform knows best how it writes nil; the missing part needs no cleaning.
+  // nil is written as the platform writes it in a format.
   NSString *const name = personName ?: [NSString stringWithFormat:@"%@", personName];
   NSString *const mail = address ?: [NSString stringWithFormat:@"%@", address];
   static const EntryFormat plainFormat(@"%@<%@>");

@@ -2,8 +2,8 @@
 
 @class IndexedBook;
 
-/// Both lists of an address book, with what completion needs of the first one. Used by one thread
-/// at a time.
+/// Both lists of an address book, and the index for completing from the first. Used by one thread at
+/// a time.
 @interface AddressBookLists : NSObject {
  @public
   /// One entry for each contact, sorted without regard to letter case. Owned, as are the others.
@@ -17,14 +17,14 @@
 /// Empty lists.
 - (id)init;
 
-/// Sorts the entries and makes their index. Takes a while for a large book: to be called by the
-/// thread that loads it, and not at the first key that is typed.
+/// Sorts the entries and makes their index. Takes seconds for a very large book, so it is called on
+/// the thread that loads the book and not when the first key is typed.
 - (void)sortAndIndex;
 
-/// Takes up entries and addresses that were added to the lists which these replace. Addresses go to
-/// the end, entries to their place. What the agent lists by now is left out: an address that is
-/// there, and an entry whose address is there or that is there itself. Needs no index, and makes a
-/// new one when it has taken up an entry.
+/// Adds entries and addresses that were added to the lists which these replace. Addresses go to the
+/// end, entries to their place in the order. What is already listed is skipped: an address that is
+/// there, and an entry that is there itself or whose address is. Makes a new index when it has added
+/// an entry.
 - (void)mergeEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses;
 
 @end

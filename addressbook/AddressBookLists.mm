@@ -28,7 +28,7 @@
 
 - (void)mergeEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses {
   const NSUInteger before = [entries count];
-  // Entries first: an addition's own address is not yet in the list then.
+  // Before the addresses, among which an added entry's own address would be found.
   for (NSString *entry in addedEntries) {
     NSString *const address = addressOfEntry(entry);
     const BOOL isListed = address != nil && [addresses containsObject:address];

@@ -2,11 +2,12 @@
 
 @class AddressBookLists;
 
-/// One rebuild of the address books: what the delegate exchanges at its begin and at its end. The
-/// thread that loads and the main thread use it in turn, never at once.
+/// One rebuild of the address books: the lists that the delegate puts in place at its start and at
+/// its end. Used alternately by the thread that loads and by the main thread, which never use it at
+/// the same time.
 ///
 /// The lists are empty while the agent is asked, and the invite tab may add a colleague to them
-/// meanwhile. Such an addition is part of the rebuilt lists.
+/// during that time. Such an addition becomes part of the rebuilt lists.
 @interface AddressBookRebuild : NSObject {
  @private
   AddressBookLists *emptyLists;
@@ -20,18 +21,18 @@
   BOOL isOver;
 }
 
-/// The lists that are in place while the agent is asked. After they have been exchanged for the
-/// former ones, those.
+/// The lists that are in place while the agent is asked; after the exchange at the start, the former
+/// ones.
 @property (nonatomic, readonly) AddressBookLists *emptyLists;
 
 /// The lists to fill from the agent's answer, and, after the exchange at the end, the former ones.
 @property (nonatomic, readonly) AddressBookLists *lists;
 
-/// Set by the delegate: the lists are in place, or will never be.
+/// Set by the delegate when the lists are in place, or when a newer rebuild has replaced them.
 @property (nonatomic, assign) BOOL isOver;
 
-/// Whether these entries are those that this rebuild put in place at its begin. If not, a newer
-/// rebuild has begun, and its lists are to stay.
+/// Whether these entries are those that this rebuild put in place at its start. If not, a newer
+/// rebuild has started, and its lists must stay.
 - (BOOL)hasPutInPlace:(NSArray *)entries;
 
 /// Main thread: notes what has been added since the last call, for mergeAdditions; answers whether

@@ -4,7 +4,7 @@
 
 namespace {
 
-/// What stands in the list behind the first `seen`; also nothing when it has become shorter.
+/// The elements after the first `seen`; none when the list has become shorter.
 NSArray *addedTo(NSArray *list, NSUInteger seen) {
   const NSUInteger count = [list count];
   return count > seen ? [list subarrayWithRange:NSMakeRange(seen, count - seen)] : [NSArray array];

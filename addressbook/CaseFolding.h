@@ -3,25 +3,24 @@
 #include <cstddef>
 #include <string>
 
-/// Which UTF-16 units are the same when letter case is ignored, for units that can be compared one
-/// by one. Immutable; any thread.
+/// Which UTF-16 units are equal when letter case is ignored, for units that can be compared one by
+/// one. Immutable; any thread.
 class CaseFolding {
  public:
-  /// Printable ASCII, where every platform agrees. All other units are uncovered: a platform may
-  /// take two of them for one letter, or one for two.
+  /// Covers printable ASCII, on which all platforms agree. Of other units a platform may compare two
+  /// with one, or one with two.
   CaseFolding();
 
-  /// All units. folded: for each of the 65,536 units the one that stands for it and for every unit
-  /// that is the same letter.
+  /// Covers all units. folded: for each of the 65,536 units the unit that it is folded to.
   explicit CaseFolding(std::u16string folded);
 
-  /// Whether this knows all there is to know about the unit.
+  /// Whether the unit can be folded.
   bool covers(char16_t unit) const {
     return unit >= first_ && static_cast<std::size_t>(unit - first_) < folded_.size();
   }
   bool coversAll() const;
 
-  /// What stands for a unit that is covered; two units are the same letter when it is equal.
+  /// The folded form of a unit that is covered. Two units are the same letter when it is equal.
   char16_t operator()(char16_t unit) const {
     return folded_[static_cast<std::size_t>(unit - first_)];
   }

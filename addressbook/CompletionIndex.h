@@ -10,37 +10,37 @@
 #include "addressbook/EntrySet.h"
 #include "addressbook/FoldedText.h"
 
-/// Finds in a large address book the entries that hold what is being typed: all their text lies in
-/// one piece, with letter case already taken out, so that a search is one pass over memory. Text of
-/// western languages takes one byte a unit.
-/// Strings are UTF-16. Not synchronised: one thread at a time, whichever.
+/// Finds in a large address book the entries that contain what is being typed. The text of all
+/// entries is stored in one block of memory with letter case already folded, so that a search is one
+/// pass over it. Text of western languages takes one byte a unit.
+/// Strings are UTF-16. Not synchronised: may be used on any thread, but not on two at a time.
 class CompletionIndex {
  public:
   /// Numbers of entries, counted from 0 in the order in which they were added.
   struct Matches {
     EntrySet beginning;                    // entries that begin with the substring
     EntrySet containing;                   // entries that contain it only further on
-    std::vector<std::uint32_t> undecided;  // entries that only the platform can judge
+    std::vector<std::uint32_t> undecided;  // entries that only the platform can compare
   };
 
   /// folding: must outlive the index.
   explicit CompletionIndex(const CaseFolding &folding) : folding_(folding) {}
 
-  /// Makes room for this many entries with this many units altogether, ahead of adding them.
+  /// Reserves memory for this many entries with this many units altogether.
   void reserve(std::size_t entries, std::size_t units);
 
-  /// Adds an entry behind the others; takes as long as the entry is, however many there are.
+  /// Adds an entry after the others, in time proportional to its length.
   void add(std::u16string_view entry);
 
   /// How many were added.
   std::size_t size() const { return size_; }
 
-  /// Compares a substring with all entries, ignoring case. An entry or a substring with a unit that
-  /// the folding does not decide makes the entry undecided, and so does the empty substring unless
-  /// all units are decided: every entry then begins with it.
+  /// Compares a substring with all entries, ignoring case. An entry is undecided when it or the
+  /// substring has a unit that the folding does not cover; for the empty substring, when the folding
+  /// does not cover all units. Otherwise every entry begins with the empty substring.
   Matches matches(std::u16string_view substring) const;
 
-  /// How much memory the index takes.
+  /// The memory that the index takes, in bytes.
   std::size_t bytes() const;
 
  private:

@@ -7,19 +7,19 @@
 #include <string_view>
 #include <vector>
 
-/// A format for up to three strings, read once and filled in many times: what stringWithFormat:
-/// makes of it, in a sixth of its time (an address book fills it in once for each contact).
+/// A format for up to three strings, parsed once and filled in for each contact of an address book:
+/// gives what stringWithFormat: gives, in a sixth of the time.
 ///
-/// Knows "%@", "%1$@" to "%3$@" and "%%". A format with anything else is left to stringWithFormat:.
+/// Supports "%@", "%1$@" to "%3$@" and "%%"; a format with anything else goes to stringWithFormat:.
 class EntryFormat {
  public:
-  /// format: as a localized text has it; nil is the empty format.
+  /// format: a localized text; nil is the empty format.
   explicit EntryFormat(NSString *format);
   ~EntryFormat();
   EntryFormat(const EntryFormat &) = delete;
   EntryFormat &operator=(const EntryFormat &) = delete;
 
-  /// Whether fill can do it by itself; otherwise it asks the platform.
+  /// Whether fill works without stringWithFormat:.
   bool isSimple() const { return isSimple_; }
 
   /// The format filled in. Missing arguments are empty strings. Autoreleased; any thread.
@@ -33,7 +33,7 @@ class EntryFormat {
   };
   static constexpr size_t kNone = 3;
 
-  bool read(std::u16string_view format);
+  bool parse(std::u16string_view format);
 
   NSString *format_;  // owned
   std::vector<Piece> pieces_;

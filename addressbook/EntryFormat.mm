@@ -5,17 +5,17 @@
 using utf16::stringOf;
 
 EntryFormat::EntryFormat(NSString *format)
-    : format_([format ?: @"" copy]), isSimple_(read(utf16::unitsOf(format_))) {}
+    : format_([format ?: @"" copy]), isSimple_(parse(utf16::unitsOf(format_))) {}
 
 EntryFormat::~EntryFormat() {
   [format_ release];
 }
 
-bool EntryFormat::read(std::u16string_view format) {
+bool EntryFormat::parse(std::u16string_view format) {
   size_t next = 0;  // the argument of the next "%@"
   std::u16string text;
   while (!format.empty()) {
-    // Where the platform ends.
+    // A null character ends the platform's formats.
     if (format.front() == u'\0') return false;
     if (format.front() != u'%') {
       text += format.front();

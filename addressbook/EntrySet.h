@@ -21,7 +21,7 @@ class EntrySet {
     return count;
   }
 
-  /// Appends the numbers, rising.
+  /// Appends the numbers in ascending order.
   void appendTo(std::vector<std::uint32_t> &numbers) const {
     for (std::size_t i = 0; i < words_.size(); ++i) {
       for (std::uint64_t word = words_[i]; word != 0; word &= word - 1) {

@@ -9,12 +9,12 @@
 
 #include "addressbook/EntrySet.h"
 
-/// Entries of UTF-16 units one after the other in one piece of memory, and the search for those
-/// that hold a string. Unit: how a unit is stored; one that does not fit must not be added.
+/// Entries of UTF-16 units one after the other in one block of memory, and the search for those that
+/// contain a string. Unit: how a unit is stored; one that does not fit must not be added.
 template <class Unit>
 class FoldedText {
  public:
-  /// Makes room for this many entries with this many units altogether.
+  /// Reserves memory for this many entries with this many units altogether.
   void reserve(std::size_t entries, std::size_t units) {
     units_.reserve(units);
     lengths_.reserve(entries);
@@ -37,8 +37,8 @@ class FoldedText {
   }
 
  private:
-  /// So many places are looked at without a branch in between: the compiler makes vector
-  /// instructions of that, as long as a place within a block is no larger than a unit.
+  /// How many places are compared without a branch in between, for which the compiler uses vector
+  /// instructions, as long as the index of a place within a block is no larger than a unit.
   using PlaceInBlock = std::conditional_t<sizeof(Unit) == 1, std::uint8_t, std::int16_t>;
   static constexpr PlaceInBlock kBlock = 32;
 
@@ -86,7 +86,7 @@ void FoldedText<Unit>::search(std::u16string_view needle, EntrySet &beginning,
       end += lengths_[++entry];
     }
     if (end - place < needle.size()) {
-      // From here on everything would reach into the next entry.
+      // A match from here on would extend into the next entry.
       place = end;
     } else if (!isAt(place, needle)) {
       ++place;

@@ -13,15 +13,15 @@ struct IndexedEntries;
   IndexedEntries *contents;
 }
 
-/// book: an array of strings; nil is an empty one. Takes some 0.1 ms for 1,000 entries.
+/// book: an array of strings; nil is an empty one. Takes about 0.1 ms for 1,000 entries.
 - (id)initWithBook:(NSArray *)book;
 
 /// The same with another folding than the platform's, which must outlive this.
 - (id)initWithBook:(NSArray *)book folding:(const CaseFolding &)folding;
 
-/// Takes up what was added to the end of the book and answers YES; answers NO, and does nothing,
-/// when the book is not this one with strings added. (Compares the references, which for 100,000
-/// entries takes 0.1 ms: nobody need tell when the book changes.)
+/// Indexes what was added to the end of the book and returns YES; returns NO, and does nothing, when
+/// the book is not this one with strings added. Compares the references of the whole book, which for
+/// 100,000 entries takes 0.1 ms, so that changes of the book need not be announced.
 - (BOOL)updateFromBook:(NSArray *)book;
 
 - (NSUInteger)count;
@@ -34,7 +34,7 @@ struct IndexedEntries;
 /// Autoreleased.
 - (NSArray *)completionsForSubstring:(NSString *)substring;
 
-/// How much memory there is to it, without the strings.
+/// The memory that this takes, without the strings, in bytes.
 - (NSUInteger)bytes;
 
 @end

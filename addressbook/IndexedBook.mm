@@ -69,10 +69,10 @@ struct IndexedEntries {
 
 namespace {
 
-/// So many references are asked of a book at a time.
+/// How many references are read from a book at a time.
 constexpr NSUInteger kPortion = 1024;
 
-/// Calls visit with the book's strings from `start` on, a portion at a time, until it answers
+/// Calls visit with the book's strings from `start` on, a portion at a time, until it returns
 /// false.
 template <class Visit>
 void visitPortions(NSArray *book, NSUInteger start, NSUInteger end, Visit visit) {
@@ -85,7 +85,7 @@ void visitPortions(NSArray *book, NSUInteger start, NSUInteger end, Visit visit)
   }
 }
 
-/// The units of a string, in a buffer that is used again for the next.
+/// The units of a string, in a buffer that is reused for the next.
 std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   const NSUInteger length = [string length];
   if (buffer.size() < length) buffer.resize(length);
@@ -116,7 +116,7 @@ std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   [super dealloc];
 }
 
-#pragma mark - Following the book
+#pragma mark - Updating
 
 - (void)makeRoomFor:(NSArray *)book {
   NSUInteger units = 0;
@@ -128,7 +128,7 @@ std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   contents->index.reserve([book count], units);
 }
 
-/// Everything in the book behind what is here.
+/// Adds everything in the book after what is indexed.
 - (void)addFrom:(NSArray *)book {
   std::u16string buffer;
   visitPortions(book, [self count], [book count],
@@ -170,7 +170,7 @@ std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   return contents->index.bytes() + contents->entries.capacity() * sizeof(NSString *);
 }
 
-#pragma mark - Answering
+#pragma mark - Completing
 
 - (NSArray *)completionsForSubstring:(NSString *)substring {
   if (substring == nil) return [NSArray array];
@@ -184,7 +184,7 @@ std::u16string_view unitsOf(NSString *string, std::u16string &buffer) {
   return [[[MatchedEntries alloc] initWithBook:self numbers:std::move(numbers)] autorelease];
 }
 
-/// Has the platform itself judge what the index could not decide.
+/// Lets the platform itself compare the entries that the index could not.
 - (void)judge:(NSString *)substring matches:(CompletionIndex::Matches &)matches {
   NSPredicate *const begins = [NSPredicate predicateWithFormat:@"SELF BEGINSWITH[c] %@", substring];
   NSPredicate *const contains = [NSPredicate predicateWithFormat:@"SELF contains[c] %@", substring];

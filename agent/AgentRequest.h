@@ -1,15 +1,34 @@
 #pragma once
 
-#import "agent/ConnectionTimeouts.h"
 #import "agent/ResultDictionary.h"
 
 namespace agent {
 
-/// Runs an exchange with the agent (a call, or the reading of something that it sent) and answers
+/// How long the reply to an operation is waited for: as long as the agent takes. A finite number
+/// because platforms compute dates from it (about thirty years).
+constexpr NSTimeInterval kNoTimeout = 1e9;
+
+/// While one of these lives, replies on the proxy's connection are waited for without a time-out.
+/// Restores the connection's time-outs at its end.
+class UnboundedReply {
+ public:
+  /// proxy: a distant object, or nil (then nothing happens). Not retained: the caller holds it.
+  explicit UnboundedReply(id proxy);
+  ~UnboundedReply();
+  UnboundedReply(const UnboundedReply &) = delete;
+  UnboundedReply &operator=(const UnboundedReply &) = delete;
+
+ private:
+  NSConnection *connection_;  // retained
+  NSTimeInterval replyTimeout_ = 0;
+  NSTimeInterval requestTimeout_ = 0;
+};
+
+/// Runs an exchange with the agent (a call, or the reading of something that it sent) and returns
 /// its result, or nil when the exchange raised a platform exception: the connection broke, the
 /// agent refused the message, or what it sent cannot be read. To its callers all of that is the
 /// same as no reply, so that the user gets the cannot-connect message instead of silence or a
-/// crash. Apart from the connection attempt this is the one place that decides so.
+/// crash. Besides the connection attempt this is the only place that catches such an exception.
 template <class Exchange>
 id nilOnException(Exchange exchange) {
   @try {
@@ -19,18 +38,17 @@ id nilOnException(Exchange exchange) {
   }
 }
 
-/// Sends one operation to the agent, waits for the answer as long as the agent takes, and answers a
-/// local copy of the reply as `read` makes it, or nil when there was none. `operation` takes no
-/// argument and sends the message. The caller keeps the proxy alive meanwhile. Blocks the calling
+/// Sends one operation to the agent, waits for the reply as long as the agent takes, and returns a
+/// local copy of it as `copy` makes it, or nil when there was none. `operation` takes no argument
+/// and sends the message. The caller keeps the proxy alive until this returns. Blocks the calling
 /// thread.
 template <class Operation>
 NSDictionary *sendRequest(id proxy, Operation operation,
-                          NSDictionary *(*read)(id) = localCopyOfReply) {
+                          NSDictionary *(*copy)(id) = localCopyOfReply) {
   return nilOnException([&]() -> id {
-    // Over the reading too: an agent that serves somebody else in between must not turn its own
-    // good answer into none.
+    // Covers the copying, too: an agent that serves another client first is slow, not unreachable.
     const UnboundedReply noTimeout(proxy);
-    return read(operation());
+    return copy(operation());
   });
 }
 

@@ -4,8 +4,8 @@
 
 /// One exchange with the agent: finds its connection, checks it, forwards one operation.
 ///
-/// Made afresh for every single operation (alloc, init, autorelease), used once on the thread that
-/// made it, and let go. Everything here blocks the calling thread.
+/// Every operation makes one of its own (alloc, init, autorelease) and uses it once, on one thread.
+/// Everything here blocks the calling thread.
 @interface BVDataModelController : NSObject <KRVOperations> {
  @private
   id<KRVProxy> krvAgentProxy;
@@ -16,11 +16,11 @@
 @property (retain) id<KRVProxy> krvAgentProxy;
 
 /// YES once an attempt has succeeded. Only init sets it to NO: whether there is a connection now is
-/// for checkIfConnectionExists to say.
+/// what checkIfConnectionExists answers.
 @property (assign) BOOL krvAgentConnectionExisting;
 
-/// Makes one connection attempt, without asking first whether the agent is running: when nobody
-/// answers this takes the whole 15 seconds, and the instance that it returns holds no proxy.
+/// Makes one connection attempt, whether or not the agent is running: without an agent this takes
+/// the whole 15 seconds, and the new instance has no proxy.
 - (id)init;
 
 /// The gate in front of every forwarded operation: NO at once when the agent is not among the
@@ -31,7 +31,7 @@
 - (BOOL)checkIfAppIsRunning;
 
 /// Starts the agent application if it is not running, and does not wait for it. Nothing in this
-/// application calls it: a missing agent is reported to the user, never started behind their back.
+/// application calls it: a missing agent is reported to the user and not started unasked.
 - (void)launchMyAppIfNotRunning;
 
 /// One connection attempt: looks the agent's name up every 0.1 s until it is there or 15 s have

@@ -6,6 +6,7 @@
 #import "agent/AgentIdentity.h"
 #import "agent/AgentRequest.h"
 #import "agent/ConnectionAttempt.h"
+#import "agent/ConnectionTimeouts.h"
 
 namespace {
 
@@ -17,12 +18,13 @@ id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
     const agent::LookupBound bound(seconds, formerProxy);
     proxy = [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   }
-  // Spares the first message of each operation the question for its signature. Only a protocol that
-  // a class of this program adopts is known at run time, and messages of the protocols that it
-  // adopts itself are not found: so this one, and not KRVProxy.
+  // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
+  // protocol that a class of this program adopts is known at run time, and GNUstep does not look
+  // for a message in the protocols that a protocol adopts.
   [proxy setProtocolForProxy:@protocol(KRVOperations)];
-  // A new connection came up with what was left of the attempt as its patience.
-  agent::setConnectionTimeouts(proxy, agent::kConnectionDeadlineSeconds);
+  // A new connection has what was left of the attempt as its time-outs.
+  agent::setTimeouts(agent::connectionOf(proxy), agent::kConnectionDeadlineSeconds,
+                     agent::kConnectionDeadlineSeconds);
   return proxy;
 }
 
@@ -87,9 +89,8 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
           [self setKrvAgentProxy:lookedUpProxy(remainingSeconds, [self krvAgentProxy])];
           return [self krvAgentProxy] != nil;
         } @catch (NSException *) {
-          // The platform raises when, for example, another process holds
-          // the lock of the names for too long: a try like any other, the
-          // next may succeed.
+          // GNUstep raises when, for example, another process holds the
+          // lock of the names for too long. The next try may succeed.
           return false;
         }
       });
@@ -98,7 +99,6 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 
 #pragma mark - Operations
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (NSDictionary *)getLinkForFile:(NSString *)pathOrId
                                 :(BOOL)notifyOnDownload

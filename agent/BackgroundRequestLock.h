@@ -2,15 +2,13 @@
 
 namespace agent {
 
-/// To be held by a background thread while it asks the agent. Does nothing on the main thread, and
-/// nothing at all where the platform needs no turns, as on the Mac: there the threads ask
-/// independently of each other, and no lock is taken.
+/// Held by a background thread from before it asks the agent until it has read what the agent sent.
+/// Does nothing on the main thread, and nothing at all where the platform needs no such lock, as on
+/// the Mac, where the threads ask independently of each other.
 ///
-/// Where the platform needs them, only one background thread at a time asks. An agent that hangs in
-/// one thread's question holds up the threads behind it as long as a connection attempt of their
-/// own would last, and is unreachable for them then.
-///
-/// Whatever the agent sent must have been read by the end of the turn.
+/// GNUstep loses replies where several background threads use their connections at a time, so there
+/// only one at a time asks. The others wait as long as a connection attempt of their own would
+/// last; for a thread that does not get the lock by then the agent counts as unreachable.
 class BackgroundRequestLock {
  public:
   BackgroundRequestLock();

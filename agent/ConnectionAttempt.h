@@ -2,23 +2,23 @@
 
 namespace agent {
 
-/// How long one connection attempt may last from its start. Long enough for an agent that is just
-/// being started at login; the waiting is accepted, nothing else runs on the calling thread.
+/// How long one connection attempt may last. Long enough for an agent that is just being started at
+/// login. The calling thread is blocked all the time, which is accepted.
 constexpr double kConnectionDeadlineSeconds = 15.0;
 
 /// The pause after a failed try.
 constexpr unsigned kPauseBetweenTriesMicroseconds = 100000;
 
-/// One connection attempt: tries until a try succeeds or the deadline has come. Returns whether one
-/// did. There is always at least one try, and always a pause after a failed one, also after the
-/// last: an attempt that nobody answers lasts the deadline and up to one pause.
+/// One connection attempt: tries until a try succeeds or the deadline has passed. Returns whether
+/// one succeeded. There is always at least one try, and a pause after each failed one, the last
+/// included: an attempt that fails lasts up to one pause longer than the deadline.
 ///
 /// - now(): the current time in seconds, from any origin.
 /// - pause(microseconds): waits on the calling thread.
 /// - tryOnce(remainingSeconds): makes one try that must not outlast what remains until the
 ///   deadline; answers whether it succeeded.
 ///
-/// Clock and pause are arguments so that the deadline can be tested without waiting for it.
+/// Clock and pause are arguments so that the deadline can be tested in no time.
 template <class Now, class Pause, class TryOnce>
 bool attemptConnection(Now now, Pause pause, TryOnce tryOnce) {
   const double start = now();

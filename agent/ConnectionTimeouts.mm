@@ -2,18 +2,14 @@
 
 namespace agent {
 
-namespace {
+NSConnection *connectionOf(id proxy) {
+  return [static_cast<NSDistantObject *>(proxy) connectionForProxy];
+}
 
 void setTimeouts(NSConnection *connection, NSTimeInterval reply, NSTimeInterval request) {
   [connection setReplyTimeout:reply];
   [connection setRequestTimeout:request];
 }
-
-NSConnection *connectionOf(id proxy) {
-  return [static_cast<NSDistantObject *>(proxy) connectionForProxy];
-}
-
-}  // namespace
 
 LookupBound::LookupBound(NSTimeInterval seconds, id formerProxy)
     : defaultConnection_([[NSConnection defaultConnection] retain]),
@@ -26,22 +22,6 @@ LookupBound::LookupBound(NSTimeInterval seconds, id formerProxy)
 LookupBound::~LookupBound() {
   setTimeouts(defaultConnection_, replyTimeout_, requestTimeout_);
   [defaultConnection_ release];
-}
-
-UnboundedReply::UnboundedReply(id proxy) : connection_([connectionOf(proxy) retain]) {
-  if (connection_ == nil) return;
-  replyTimeout_ = [connection_ replyTimeout];
-  requestTimeout_ = [connection_ requestTimeout];
-  setTimeouts(connection_, kNoTimeout, kNoTimeout);
-}
-
-UnboundedReply::~UnboundedReply() {
-  setTimeouts(connection_, replyTimeout_, requestTimeout_);
-  [connection_ release];
-}
-
-void setConnectionTimeouts(id proxy, NSTimeInterval seconds) {
-  setTimeouts(connectionOf(proxy), seconds, seconds);
 }
 
 }  // namespace agent

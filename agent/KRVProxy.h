@@ -17,9 +17,8 @@
 ///
 /// A reply is a dictionary with the keys of ResultDictionary.h, an empty one when the agent cannot
 /// reach the service. Dictionaries and arrays arrive as proxies: each message to one is a round
-/// trip, and each may raise when the agent goes away. Read them through ResultDictionary.h and
-/// ContactRecords.h only.
-// The formatter takes the first anonymous argument for a part of the name.
+/// trip, and each may raise when the agent ends. Read them through ResultDictionary.h and Records.h
+/// only.
 // clang-format off
 @protocol KRVOperations <NSObject>
 
@@ -83,11 +82,10 @@
 /// The colleagues; "value" is an array of contact records with the keys "name" and "primaryemail".
 - (NSDictionary *)getEmployeeAddressBook;
 
-/// Offered by the agent; this application does not ask for it.
+/// Not used by this application.
 - (NSDictionary *)getAddressBook:(id)query;
 
-/// Offered by the agent; this application does not ask for it. The form of the answer is the
-/// agent's own.
+/// Not used by this application. The reply is of any kind.
 - (id)getActiveAccount;
 
 @end

@@ -9,19 +9,19 @@ namespace agent {
 
 /// What a reader of records gets for each record: the values of the keys that it asked for, in
 /// their order. Each is a string or a number of this process, or nil where the record has none, or
-/// has something else there, or is no dictionary at all. Of a number only its truth and roughly its
-/// size are kept: it travels as text. The values live until the call returns; retain what is to be
-/// kept.
+/// has something else there, or is no dictionary at all. A
+/// number keeps its truth value but not all of its digits, because it travels as text. The values
+/// live until the call returns; retain what is to be kept.
 using RecordVisitor = std::function<void(const std::vector<id> &values)>;
 
 /// Visits the records of an array in the agent's order, exactly one visit a record.
 ///
 /// records: the "value" of a reply, usually an array in the agent's process. Anything that is not
-/// an array has no records. Records are brought over ten thousand at a time in a few messages, not
-/// one by one: asking each record for each field takes a minute for 100,000 contacts.
+/// an array has no records. Records are fetched ten thousand at a time in a few messages, not one
+/// by one: asking each record for each field takes a minute for 100,000 contacts.
 ///
-/// Answers false when the connection broke on the way: then the visits made so far are only a part
-/// of the array. Blocks the calling thread; to be called on the thread that got the reply.
+/// Returns false when the connection broke before the last record: then only a part of the array
+/// has been visited. Blocks the calling thread; to be called on the thread that got the reply.
 bool visitRecords(id records, const std::vector<NSString *> &keys, const RecordVisitor &visit);
 
 /// Gets the "name" and the "primaryemail" of each contact, nil where the record has none, or has

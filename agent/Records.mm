@@ -21,16 +21,15 @@
 namespace agent {
 namespace {
 
-/// Records brought over at a time. Large enough that the messages cost nothing, small enough that
-/// the joined text stays far below the 32 MiB that the platform takes as one message, and that the
-/// memory for it is soon given back.
+/// Records fetched at a time. Large enough that the messages do not count, small enough that the
+/// joined text stays far below the 32 MiB that GNUstep accepts as one message.
 constexpr NSUInteger kRecordsAtATime = 10000;
 
-/// Below this many records a part that cannot be read as a whole is read record by record.
+/// Below this many records a range that cannot be fetched as a whole is read record by record.
 constexpr NSUInteger kReadSinglyBelow = 8;
 
-/// The control character "unit separator": no name or address holds it. If one does after all, the
-/// number of pieces tells, and the part is read in smaller parts.
+/// The control character "unit separator": no name or address contains it. If one does after all,
+/// the number of parts is wrong, and the records are fetched in smaller ranges.
 constexpr unichar kSeparator = 0x1F;
 
 id withProtocol(id object) {
@@ -40,22 +39,22 @@ id withProtocol(id object) {
   return object;
 }
 
-/// The elements' text forms, brought over as one.
+/// The elements' text forms, fetched as one string.
 NSArray *joinedAndSplit(id array) {
   static NSString *const separator = [[NSString alloc] initWithCharacters:&kSeparator length:1];
   return utf16::splitString(stringOrNil([withProtocol(array) componentsJoinedByString:separator]),
                             kSeparator);
 }
 
-/// Whether every element is a string. One message: each element is sent one that strings answer and
-/// that changes nothing, and the first that is no string (the null object that stands for a missing
-/// value, a number) makes the agent raise.
+/// Whether every element is a string. One message: the agent sends each element isAbsolutePath,
+/// which only strings answer, and raises at the first that is none (a number, or the null object
+/// that stands for a missing value).
 bool areAllStrings(id array) {
   @try {
     [withProtocol(array) makeObjectsPerformSelector:@selector(isAbsolutePath)];
     return true;
   } @catch (NSException *) {
-    // Also when the connection broke; the next message finds out.
+    // Raised for a broken connection too; the next message raises again then.
     return false;
   }
 }
@@ -72,26 +71,25 @@ id valueIn(id record, NSString *key) {
   return readable([record objectForKey:key]);
 }
 
-/// The number that a text form tells, nil when it does not tell whether that is zero ("nan").
+/// The number that a text form stands for, nil when that may or may not be zero ("nan").
 NSNumber *numberOf(NSString *text) {
   const double value = [text doubleValue];
-  const bool isTold = value != 0 || [text isEqualToString:@"0"];
-  return isTold ? [NSNumber numberWithDouble:value] : nil;
+  const bool isCertain = value != 0 || [text isEqualToString:@"0"];
+  return isCertain ? [NSNumber numberWithDouble:value] : nil;
 }
 
 bool isOneOf(NSString *name, NSString *first, NSString *second) {
   return [name isEqualToString:first] || [name isEqualToString:second];
 }
 
-/// The values of one key over several records, as text. Text alone does not tell strings from other
-/// values, because a number and the null object have a text form too; so where not all values are
-/// strings, the class of each is brought over as well.
+/// The values of one key over several records, as text. Numbers and the null object have a text
+/// form too, so where not all values are strings, the class of each is fetched as well.
 class Column {
  public:
   Column(id records, NSString *key) : records_(records), key_(key) {}
 
-  /// Raises when a record has no values for keys, or when the connection breaks. (Not done by the
-  /// constructor: a container that makes an element cannot pass a platform exception on.)
+  /// Raises when a record has no values for keys, or when the connection breaks. (Not part of the
+  /// constructor, because a platform exception must not pass through a container of C++.)
   void fetch() {
     id const values = withProtocol([records_ valueForKey:key_]);
     texts_ = joinedAndSplit(values);
@@ -115,8 +113,8 @@ class Column {
   }
 
  private:
-  /// nil where what was brought over need not be the class: a dictionary answers the question for
-  /// it with what stands in it under that key.
+  /// nil where the answer need not be the class: a dictionary answers valueForKey: with its own
+  /// value under that key.
   NSString *nameOfClassAt(NSUInteger index, NSString *text) const {
     return [text hasPrefix:@"{"] ? nil : [classes_ objectAtIndex:index];
   }
@@ -127,14 +125,14 @@ class Column {
   NSArray *classes_ = nil;
 };
 
-/// One reading of an array: what is asked of each record, and who gets it.
+/// Reads the records of one array: knows the keys and the visitor.
 class RecordReader {
  public:
   RecordReader(const std::vector<NSString *> &keys, const RecordVisitor &visit)
       : keys_(keys), visit_(visit), values_(keys.size()) {}
 
-  /// Visits the records in `range`. A part that cannot be read as a whole is halved, so that one
-  /// odd record costs a few messages and not a message for every other record.
+  /// Visits the records in `range`. A range that cannot be fetched as a whole is halved, so that
+  /// one odd record costs a few messages and not one for every other record.
   void visitRange(id records, NSRange range) {
     @autoreleasepool {
       id const part = withProtocol([records subarrayWithRange:range]);
@@ -158,16 +156,15 @@ class RecordReader {
     }
   }
 
-  /// Brings all columns over; answers false, before any visit, when they cannot be told apart into
-  /// records.
+  /// Fetches all columns; returns false, before any visit, when these cannot be split into records.
   bool visitAsColumns(id records, NSUInteger count) {
     std::vector<Column> columns;
     for (NSString *const key : keys_) columns.emplace_back(records, key);
     @try {
       for (Column &column : columns) column.fetch();
     } @catch (NSException *) {
-      // A record that is no dictionary has no values for keys. A connection that broke raises too;
-      // the smaller parts will find it broken again.
+      // Raised by a record that is no dictionary. A broken connection raises too, and again for the
+      // smaller ranges.
       return false;
     }
     for (const Column &column : columns) {

@@ -2,8 +2,8 @@
 
 #import <Foundation/Foundation.h>
 
-/// Reading of what the agent answers. A reply comes from another process: nothing in it is taken
-/// for what it should be. A value of the wrong class counts as absent.
+/// Reading the agent's replies. A reply comes from another process and may contain anything: a value
+/// of the wrong class counts as absent.
 namespace agent {
 
 /// Keys of a result dictionary.
@@ -11,30 +11,30 @@ inline NSString *const kErrorKey = @"error";                // number: 0 on succ
 inline NSString *const kValueKey = @"value";                // the payload on success
 inline NSString *const kErrorMessageKey = @"errorMessage";  // string: the service's explanation
 
-/// A local copy of a reply, so that reading it later is no round trip and cannot fail: nil for nil
+/// A local copy of a reply, so that reading it later is no round trip and cannot fail; nil for nil
 /// and for anything that is not a dictionary. A result dictionary is copied with its three keys and
 /// nothing else; any other dictionary with all its entries. Strings and numbers are local in the
-/// copy; arrays and dictionaries below "value" stay where they are (Records.h reads those).
-/// Raises what the platform raises when the connection breaks: call it through AgentRequest.h.
+/// copy; arrays and dictionaries below "value" stay in the agent's process (Records.h reads those).
+/// Raises a platform exception when the connection breaks: call it through AgentRequest.h.
 /// Autoreleased.
 NSDictionary *localCopyOfReply(id reply);
 
-/// All entries of a dictionary that may live in another process, as a local dictionary; empty for
-/// nil and for anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
+/// All entries of a dictionary that may be in another process, as a local dictionary; empty for nil
+/// and for anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
 NSDictionary *localCopyOfDictionary(id dictionary);
 
-/// What a reply amounts to.
+/// What a reply means.
 enum class ReplyKind {
   Unreachable,  // no reply or an empty one: the agent or the service could not be reached
   Refused,      // the service refused the operation; errorMessage() says why
   Succeeded,
 };
 
-/// The reading of the link operations: success is when the text form of "error" equals "0", so a
+/// The meaning of a reply to a link operation: success is when the text form of "error" equals "0", so a
 /// reply without a readable "error" is a refusal.
 ReplyKind kindOfLinkReply(NSDictionary *reply);
 
-/// The reading of the send, grant and revoke operations: failure is when "error" read as a boolean
+/// The meaning of a reply to a send, grant or revoke operation: failure is when "error" read as a boolean
 /// is true, so a reply without a readable "error" is a success.
 ReplyKind kindOfActionReply(NSDictionary *reply);
 

@@ -22,7 +22,8 @@ bool isLocal(id object, Class cls) {
   return ![object isProxy] && [object isKindOfClass:cls];
 }
 
-/// object as something that answers as a dictionary does, nil when it cannot.
+/// object as a dictionary, or as a proxy for what may be one; nil for a local object of another
+/// class.
 id asDictionary(id object) {
   if (object == nil) return nil;
   if (![object isProxy]) return [object isKindOfClass:[NSDictionary class]] ? object : nil;
@@ -34,7 +35,7 @@ NSDictionary *allEntries(id dictionary) {
   NSArray *const keys = [dictionary allKeys];
   const NSUInteger count = [keys count];
   NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:count];
-  // By index: fast enumeration reads the memory of an array, and a proxy has none.
+  // By index: fast enumeration of a proxy would read memory of the other process.
   for (NSUInteger i = 0; i < count; ++i) {
     NSString *const key = stringOrNil([keys objectAtIndex:i]);
     id const value = key == nil ? nil : [dictionary objectForKey:key];
@@ -57,13 +58,13 @@ NSDictionary *localCopyOfReply(id reply) {
     id const value = [remote objectForKey:key];
     if (value != nil) [copy setObject:value forKey:key];
   }
-  // Only a reply with none of the three keys costs the further question whether it is empty.
+  // A further round trip, but only for a reply with none of the three keys.
   return [copy count] > 0 || [remote count] == 0 ? copy : allEntries(remote);
 }
 
 NSDictionary *localCopyOfDictionary(id dictionary) {
   id const remote = asDictionary(dictionary);
-  // Asked of a proxy, too, so that an exception is only ever a broken connection.
+  // A proxy is asked too, so that from here on only a broken connection raises.
   const bool isDictionary = [remote isKindOfClass:[NSDictionary class]];
   return isDictionary ? allEntries(remote) : [NSDictionary dictionary];
 }

@@ -37,7 +37,6 @@ NSString *closeWindowsAndReadSelection(ContextMenuAppAppDelegate *delegate) {
 /// The item's server id; nil, and a line in the log, when it has none.
 NSString *serverId(ContextMenuAppAppDelegate *delegate, ItemKind kind, NSString *path) {
   NSString *found = @"";
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   const int code = kind == ItemKind::Folder ? [delegate GetFolderIdByPath:path:nullptr:&found]
                                             : [delegate GetFileIdByPath:path:nullptr:&found];
@@ -105,7 +104,6 @@ void giveFolder(TabController *controller, NSString *itemId) {
 @implementation ContextMenuAppAppDelegate (MenuActions)
 
 - (BOOL)isInSyncedFolder:(NSString *)path {
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   return [self containsString:path:[self syncedFilePath]];
   // clang-format on
@@ -194,7 +192,6 @@ void giveFolder(TabController *controller, NSString *itemId) {
 - (void)shareSelectedFolder:(NSString *)selected {
   NSString *const ownArea = [NSString stringWithFormat:@"%@/MyDocs", [self syncedFilePath]];
   // The user is told, unlike in the other actions: also of what lies outside the synced folder.
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   if (![self containsString:selected:ownArea]) {
     // clang-format on

@@ -47,7 +47,6 @@ int lookUpId(IdQuery query, NSString *path, char *idBuffer, NSString **outId) {
 
 @implementation ContextMenuAppAppDelegate (PathResolution)
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 
 - (int)GetFileState:(NSString *)path:(int)state {

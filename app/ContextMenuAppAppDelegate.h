@@ -119,7 +119,6 @@
 // whatever happens. Each returns the first code that was not 0, unchanged, or 0. nil as a path is
 // the empty path; characters that UTF-8 cannot hold are replaced.
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 
 /// Whether the library knows the sync state of the item at path. The state itself goes no further

@@ -38,7 +38,6 @@ void readSingly() {
   @autoreleasepool {
     id<KRVProxy> const agent =
         (id)[NSConnection rootProxyForConnectionWithRegisteredName:@"KRVSyncAgent" host:nil];
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     NSArray *const entries = [[agent getAccess:@"folder":YES] objectForKey:@"value"];
     // clang-format on

@@ -38,7 +38,6 @@ id<KRVProxy> agentProxy() {
 }
 
 void giveAccess(id<KRVProxy> agent, NSString *address) {
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   NSDictionary *const reply = [agent grantAccess:address:@"folder":YES:NO:NO:YES:YES:YES:@""];
   // clang-format on
@@ -59,7 +58,6 @@ void exchangeBarely() {
   @autoreleasepool {
     for (NSString *address in addresses()) giveAccess(agentProxy(), address);
     for (int i = 0; i < 2; ++i) {
-      // The formatter takes the first anonymous argument for a part of the name.
       // clang-format off
       NSDictionary *const reply = [agentProxy() getAccess:@"folder":YES];
       // clang-format on

@@ -101,7 +101,6 @@ bool isOperation(SEL selector) {
   return [super methodSignatureForSelector:selector];
 }
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (void)LaunchSendCopyLinkTab:(NSString *)item
                              :(NSString *)displayName
@@ -128,7 +127,6 @@ bool isOperation(SEL selector) {
   give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
 }
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (void)LaunchShareFolderTab:(NSString *)item
                             :(NSString *)unusedDisplayName
@@ -148,7 +146,6 @@ bool isOperation(SEL selector) {
   give([controller sendInviteTab], reference, flagOf(isFileId));
 }
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on

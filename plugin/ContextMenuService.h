@@ -4,7 +4,6 @@
 /// under the name "ContextMenuPlugin". The plug-in's call returns when the operation has finished.
 /// The arguments marked as unused are never read, yet they stay in place so that the plug-in's
 /// calls keep their shape. A BOOL is one byte on the wire.
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 @protocol ContextMenuService <NSObject>
 

@@ -124,7 +124,6 @@ void Day::copyLinksQuickly(int count) const {
   NSString *const item = [NSString stringWithUTF8String:fileId_.c_str()];
   repeat(count, [&] {
     @autoreleasepool {
-      // The formatter takes the first anonymous argument for a part of the name.
       // clang-format off
       [vendedService() copyLinkToClipboard:item:NO:NO];
       // clang-format on

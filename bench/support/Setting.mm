@@ -79,7 +79,6 @@ PluginClient::~PluginClient() {
 
 void PluginClient::copyLink() const {
   @autoreleasepool {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [static_cast<id>(proxy_) copyLinkToClipboard:@"4711":NO:NO];
     // clang-format on
@@ -88,7 +87,6 @@ void PluginClient::copyLink() const {
 
 void PluginClient::openSendWindow() const {
   @autoreleasepool {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [static_cast<id>(proxy_) LaunchSendCopyLinkTab:@"4711":@"Quarterly figures.csv":NO:NO:NO:YES];
     // clang-format on
@@ -97,7 +95,6 @@ void PluginClient::openSendWindow() const {
 
 void PluginClient::openShareWindow() const {
   @autoreleasepool {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [static_cast<id>(proxy_) LaunchShareFolderTab:@"4711":@"Project Aurora":NO:NO:YES];
     // clang-format on

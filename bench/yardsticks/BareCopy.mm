@@ -20,7 +20,6 @@ id agentProxy() {
 
 @implementation BareCopyService
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   (void)isFolder;

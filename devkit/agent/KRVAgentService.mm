@@ -40,7 +40,6 @@ static bool Flag(const BOOL &byte) {
 
 #pragma mark - Links and mails
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 
 - (NSDictionary *)getLinkForFile:(NSString *)pathOrId

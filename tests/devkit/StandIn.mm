@@ -39,7 +39,6 @@
 
 #pragma mark - ContextMenuService
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {

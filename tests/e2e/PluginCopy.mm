@@ -10,7 +10,6 @@ NSString *const kFileOperation = @"getLinkForFile:::::";
 
 struct PluginCopy : WindowTest {
   static void copy(NSString *item, bool withProtocol = true) {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [vendedService(withProtocol) copyLinkToClipboard:item:NO:NO];
     // clang-format on

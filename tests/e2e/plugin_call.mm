@@ -34,7 +34,6 @@ BOOL byteFrom(const char *argument) {
 /// Answers whether the arguments are those of an operation.
 bool call(id<ContextMenuService> service, const Arguments &arguments) {
   const std::string_view operation = arguments.front();
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   if (operation == "send" && arguments.size() == 7) {
     [service LaunchSendCopyLinkTab:stringFrom(arguments[1])

@@ -73,7 +73,6 @@ struct AccessEntries : testing::Test {
   id remote(id entries) const {
     agent.answer(@"getAccess::", success(entries));
     BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     return [[agent getAccess:@"folder":YES] objectForKey:@"value"];
     // clang-format on

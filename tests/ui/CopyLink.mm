@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
 #import "agent/ResultDictionary.h"
-#import "windows/send/CopyLinkController.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
+#import "windows/send/CopyLinkController.h"
 
 namespace {
 
@@ -18,7 +18,6 @@ struct CopyLink : testing::Test {
   ~CopyLink() override { [controller release]; }
 
   NSDictionary *link(NSString *unusedPath = @"unused") {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     return [controller getCopyLink:unusedPath:YES:NO:@"-1"];
     // clang-format on
@@ -69,7 +68,6 @@ TEST_F(CopyLink, TheLinkIsForTheFilePathWhateverTheFirstArgumentSays) {
 TEST_F(CopyLink, OptionsAndDownloadsAreHandedOnAsTheyAre) {
   AgentProcess agent;
   [controller setFilePath:@"id-1"];
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   [controller getCopyLink:@"":NO:YES:@"5"];
   // clang-format on

@@ -69,7 +69,6 @@ struct DirectCopy : testing::Test {
   ~DirectCopy() override { [proxy release]; }
 
   void copy(id item = @"id-1", BOOL isFolder = NO, BOOL unused = NO) {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [proxy copyLinkToClipboard:item:isFolder:unused];
     // clang-format on
@@ -177,10 +176,7 @@ TEST_F(DirectCopy, ARefusalWhoseMessageIsZeroIsNoCopy) {
 
 TEST_F(DirectCopy, AnEmptyErrorIsARefusal) {
   AgentProcess agent;
-  agent.answer(
-      kFileOperation,
-      @{@"error" : @"",
-        @"value" : @"https://x/y"});
+  agent.answer(kFileOperation, @{@"error" : @"", @"value" : @"https://x/y"});
   copy();
   expectRefusedAlert();
 }

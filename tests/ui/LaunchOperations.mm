@@ -67,7 +67,6 @@ TEST_F(LaunchOperations, BothTabsGetTheItemItsKindAndTheKindOfItsReference) {
 
 TEST_F(LaunchOperations, TheShareWindowIgnoresTheNameAndTheThirdArgument) {
   for (const BOOL unused : {NO, YES}) {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [proxy LaunchShareFolderTab:@"id-2":@"a name":unused:NO:YES];
     // clang-format on

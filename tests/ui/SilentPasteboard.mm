@@ -25,7 +25,6 @@ struct SilentPasteboard : Windows {
     handlePostedEvents();
   }
   void copyDirectly() {
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     [proxy copyLinkToClipboard:@"id-1":NO:NO];
     // clang-format on

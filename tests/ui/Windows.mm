@@ -76,7 +76,6 @@ void WindowsWithoutAgent::closeWindows() {
 }
 
 SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab, const SendOptions &options) {
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   [proxy LaunchSendCopyLinkTab:options.item:options.name:options.isMyDocs:options.isFolder
                               :static_cast<BOOL>(tab):options.isFileId];
@@ -90,7 +89,6 @@ SendAndCopyTabController *WindowsWithoutAgent::openSend(int tab) {
 }
 
 BrisvaleTabController *WindowsWithoutAgent::openShare(int tab, NSString *item) {
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   [proxy LaunchShareFolderTab:item:@"unused":YES:static_cast<BOOL>(tab):YES];
   // clang-format on

@@ -20,7 +20,6 @@ struct PathResolution : testing::Test {
   }
   ~PathResolution() override { [delegate release]; }
 
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   int file(NSString *path) { return [delegate GetFileIdByPath:path:nullptr:&outId]; }
   int folder(NSString *path) { return [delegate GetFolderIdByPath:path:nullptr:&outId]; }

@@ -54,7 +54,6 @@
 /// not used, on purpose: callers set filePath. downloads: decimal text, "-1" for unlimited.
 /// Blocks until the agent answers. Returns the reply (see ResultDictionary.h), nil when there is
 /// none; autoreleased.
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (NSDictionary *)getCopyLink:(NSString *)unusedPath
                              :(BOOL)notify

@@ -115,7 +115,6 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 
 #pragma mark - The link
 
-// The formatter takes the first anonymous argument for a part of the name.
 // clang-format off
 - (NSDictionary *)getCopyLink:(NSString *)unusedPath
                              :(BOOL)notify

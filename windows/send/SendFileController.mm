@@ -120,7 +120,6 @@ constexpr NSUInteger kSubjectUnits = 80;
   const BOOL isId = [self isFileId];
   // A server id says nothing about the kind of the item: whoever opened the window knows.
   if (!isId) [self setIsFolder:isFolderOnDisk(path)];
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   return [self isFolder]
              ? [agent sendFolder:path:notify:askForEmail:downloads

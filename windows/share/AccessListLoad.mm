@@ -30,7 +30,6 @@
   const agent::BackgroundRequestLock lock;
   if (!lock.isHeld()) return;
   BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   NSDictionary *const reply = [agent getAccess:pathOrId:isFileId];
   // clang-format on

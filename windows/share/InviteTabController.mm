@@ -96,7 +96,6 @@ NSAlert *notColleaguesAlert(NSString *people) {
   for (NSString *recipient in recipients) {
     NSString *const path = [self filePath];
     const BOOL isId = [self isFileId];
-    // The formatter takes the first anonymous argument for a part of the name.
     // clang-format off
     NSDictionary *const reply =
         [agent grantAccess:recipient:path:YES:mayWrite:mayWrite:YES:isId:YES:message];

@@ -98,7 +98,6 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   NSString *const message = localizedText(@"permissionNotifyMessageKey");
   NSString *const path = [self filePath];
   const BOOL isId = [self isFileId];
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   return [agent grantAccess:[person useremail]:path:YES:mayWrite:mayWrite:YES:isId:NO:message];
   // clang-format on
@@ -178,7 +177,6 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   [self showAtWork];
   BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   NSString *const path = [self filePath];
-  // The formatter takes the first anonymous argument for a part of the name.
   // clang-format off
   NSDictionary *const reply = [agent revokeAccess:[person useremail]:path:[self isFileId]];
   // clang-format on
