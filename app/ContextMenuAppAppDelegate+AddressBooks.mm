@@ -46,6 +46,11 @@ bool askAgentFor(AddressBookLists *lists) {
 
 @implementation ContextMenuAppAppDelegate (AddressBooks)
 
+- (AddressBookCompletion *)completion {
+  static AddressBookCompletion *const completion = [[AddressBookCompletion alloc] init];
+  return completion;
+}
+
 /// Main thread. Into the fields and not through the setters, which would store immutable copies:
 /// the lists grow when a colleague is found. The former lists go the other way: letting go of
 /// 100,000 entries takes time, and is done by the thread that loads. (A reader further up the stack
@@ -53,7 +58,7 @@ bool askAgentFor(AddressBookLists *lists) {
 - (void)exchangeAddressBooks:(AddressBookLists *)lists {
   std::swap(addressBookForShare, lists->entries);
   std::swap(employeeContacts, lists->addresses);
-  lists->index = [completion exchangeIndex:lists->index];
+  lists->index = [[self completion] exchangeIndex:lists->index];
 }
 
 - (void)beginRebuild:(AddressBookRebuild *)rebuild {
@@ -94,7 +99,7 @@ bool askAgentFor(AddressBookLists *lists) {
 }
 
 - (NSArray *)completionsForSubstring:(NSString *)substring {
-  return [completion completionsIn:[self addressBookForShare] forSubstring:substring];
+  return [[self completion] completionsIn:[self addressBookForShare] forSubstring:substring];
 }
 
 - (void)conditionalFetchAddressBook {

@@ -24,8 +24,6 @@
   NSTimer *updateAddressBookTimer;
   NSDictionary *homeFolderInfo;
   ContextMenuPlugin *contextMenuPlugin;
-  // Behind the lists: what completes recipients from them.
-  AddressBookCompletion *completion;
 }
 
 @property (assign) IBOutlet NSWindow *window;
@@ -146,6 +144,10 @@
 /// The lists behind recipient completion and the colleague check. With them the delegate is the
 /// application's state to all other parts.
 @interface ContextMenuAppAppDelegate (AddressBooks) <ApplicationState>
+
+/// What completes recipients from addressBookForShare: one for the process, because the delegate's
+/// fields are fixed.
+- (AddressBookCompletion *)completion;
 
 /// Replaces both lists with empty ones, asks the agent for the employee address book, and puts the
 /// filled lists in their place, with what was added to the empty ones meanwhile. Blocks the calling

@@ -1,6 +1,5 @@
 #import "app/ContextMenuAppAppDelegate.h"
 
-#import "addressbook/AddressBookCompletion.h"
 #import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "plugin/ContextMenuPlugin.h"
@@ -42,11 +41,6 @@ NSDictionary *homeFolderInfoFromAgent() {
 @synthesize updateAddressBookTimer;
 @synthesize homeFolderInfo;
 
-- (id)init {
-  if ((self = [super init])) completion = [[AddressBookCompletion alloc] init];
-  return self;
-}
-
 /// In tests only: in the application it lives as long as the process.
 - (void)dealloc {
   [addressBookForSend release];
@@ -55,7 +49,6 @@ NSDictionary *homeFolderInfoFromAgent() {
   [syncedFilePath release];
   [homeFolderInfo release];
   [contextMenuPlugin release];
-  [completion release];
   // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.Dealloc): the timer is the run loop's
   [super dealloc];
 }

@@ -41,7 +41,7 @@ struct CompletionInStep : testing::Test {
 
   /// The index that the delegate completes from, which it has no more then.
   IndexedBook *takenIndex() const {
-    return [[[delegate valueForKey:@"completion"] exchangeIndex:nil] autorelease];
+    return [[[delegate completion] exchangeIndex:nil] autorelease];
   }
 };
 
