@@ -14,7 +14,7 @@
 
 namespace {
 
-/// Fills the lists from the agent's contact records; answers false when the connection broke before
+/// Fills the lists from the agent's contact records; returns false when the connection broke before
 /// the last one.
 bool fill(AddressBookLists *lists, id records) {
   const EntryFormat lastCommaFirstFormat(localizedText(@"personNameinAddressbookFormatKey"));
@@ -22,7 +22,7 @@ bool fill(AddressBookLists *lists, id records) {
     emailContact *const contact = [[emailContact alloc] init];
     [contact setPersonEmaild:address];
     [contact setPersonName:name];
-    // A contact without an address is nobody's colleague, but is still listed.
+    // A contact without an address is no colleague, but is listed.
     if ([contact personEmaild] != nil) [lists->addresses addObject:[contact personEmaild]];
     [lists->entries addObject:addressBookEntry([contact personName], [contact personEmaild],
                                                lastCommaFirstFormat)];
@@ -32,8 +32,8 @@ bool fill(AddressBookLists *lists, id records) {
   return complete;
 }
 
-/// Fills the lists with what the agent answers; answers false when it could not be asked, or when
-/// the connection broke before the last record. Blocks the calling thread meanwhile.
+/// Fills the lists with the agent's reply; returns false when the agent could not be asked, or when
+/// the connection broke before the last record. Blocks the calling thread.
 bool askAgentFor(AddressBookLists *lists) {
   const agent::BackgroundRequestLock lock;
   if (!lock.isHeld()) return false;
@@ -51,10 +51,9 @@ bool askAgentFor(AddressBookLists *lists) {
   return completion;
 }
 
-/// Main thread. Into the fields and not through the setters, which would store immutable copies:
-/// the lists grow when a colleague is found. The former lists go the other way: letting go of
-/// 100,000 entries takes time, and is done by the thread that loads. (A reader further up the stack
-/// has a reference of its own from the getter.)
+/// Main thread. Sets the fields and does not use the setters, which would store immutable copies:
+/// the lists grow when a colleague is found. The thread that loads gets the former lists, because
+/// releasing 100,000 entries takes time. (A reader further up the stack has retained them.)
 - (void)exchangeAddressBooks:(AddressBookLists *)lists {
   std::swap(addressBookForShare, lists->entries);
   std::swap(employeeContacts, lists->addresses);
@@ -65,10 +64,10 @@ bool askAgentFor(AddressBookLists *lists) {
   [self exchangeAddressBooks:[rebuild emptyLists]];
 }
 
-/// Leaves the rebuild as it is when something has been added since it looked: the index must know
-/// of that, and is made by the thread that loads.
+/// Does not finish when something has been added since the last call: the thread that loads must
+/// first add it to the index.
 - (void)finishRebuild:(AddressBookRebuild *)rebuild {
-  // Of several rebuilds at a time the one that began last decides what the lists hold.
+  // Of several rebuilds at a time the one that started last decides the contents of the lists.
   if (![rebuild hasPutInPlace:addressBookForShare]) {
     [rebuild setIsOver:YES];
   } else if (![rebuild noteAdditions]) {

@@ -2,8 +2,8 @@
 
 namespace {
 
-// Letter for letter: a platform may know this script and no other. Each path is followed by a line
-// feed, which stands as it is between the quotation marks.
+// Fixed letter for letter: a platform may implement this script only. The line feed after each path
+// is a literal one between the quotation marks.
 constexpr char kSelectionScript[] = "property stdout : \"\"\n"
                                     "tell application \"Finder\"\n"
                                     "copy selection to selectedItems\n"
@@ -19,7 +19,7 @@ constexpr char kSelectionScript[] = "property stdout : \"\"\n"
                                     "end tell";
 static_assert(sizeof kSelectionScript - 1 == 264);
 
-/// In points. The menu needs a window to be popped up for; how large does not matter.
+/// In points. The menu needs a window of any size to pop up in.
 constexpr CGFloat kAnchorSide = 200.0;
 
 /// An invisible window whose lower left corner is at a place of the screen.
@@ -34,7 +34,7 @@ NSWindow *newAnchorAt(NSPoint place) {
   return anchor;
 }
 
-/// As if the left button had been pressed there.
+/// An event as of a press of the left button at this place.
 NSEvent *pressAt(NSPoint place, NSWindow *window) {
   return [NSEvent mouseEventWithType:NSLeftMouseDown
                             location:place
@@ -57,7 +57,7 @@ NSEvent *pressAt(NSPoint place, NSWindow *window) {
   if (![script compileAndReturnError:nullptr]) return nil;
   NSAppleEventDescriptor *const result = [script executeAndReturnError:nullptr];
   if (result == nil) return nil;
-  // The last line feed makes a last, empty element. It stays: callers use the first one only.
+  // The last line feed gives an empty last element, which does no harm: callers use the first.
   return [[[result stringValue] componentsSeparatedByString:@"\n"] retain];
 }
 
@@ -67,7 +67,7 @@ NSEvent *pressAt(NSPoint place, NSWindow *window) {
   [anchor makeKeyAndOrderFront:NSApp];
   NSEvent *const press = pressAt([anchor convertScreenToBase:pointer], anchor);
   [NSMenu popUpContextMenu:krvContextMenu withEvent:press forView:[anchor contentView]];
-  // The anchor stays for the rest of the process, on purpose.
+  // Deliberately never released.
   // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): see above
 }
 

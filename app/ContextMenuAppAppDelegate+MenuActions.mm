@@ -15,8 +15,8 @@
 
 namespace {
 
-/// The folder's path without the slash at its end. Whatever the last character is, it goes: what a
-/// folder action is given is taken for a folder, and a file then has no id.
+/// The folder's path without the slash at its end. Removes the last character whatever it is: a
+/// folder action treats every item as a folder, and a file then has no id.
 NSString *trimmed(NSString *path) {
   return [path substringToIndex:[path length] - 1];
 }
@@ -26,8 +26,8 @@ NSString *titleOf(NSString *path) {
   return windowTitle([path lastPathComponent]) ?: @"";
 }
 
-/// What every action begins with: all open windows close, whatever becomes of the action. Answers
-/// the path of the first selected item. A file manager that does not answer has nothing selected.
+/// What every action does first: closes all open windows, even if the action fails later. Returns
+/// the path of the first selected item; "" when the file manager does not answer.
 NSString *closeWindowsAndReadSelection(ContextMenuAppAppDelegate *delegate) {
   closeOpenWindows();
   NSArray *const selection = [[delegate getSelectedFilesList] autorelease];
@@ -51,8 +51,8 @@ void tellUser(ContextMenuAppAppDelegate *delegate, NSAlert *alert) {
   [delegate hideMe];
 }
 
-/// The id for the three actions that open a window; nil when there is none and the user has been
-/// told so, which Copy Link does otherwise.
+/// The id for the three actions that open a window; nil, and an alert, when there is none. (Copy
+/// Link has an alert of its own.)
 NSString *serverIdOrAlert(ContextMenuAppAppDelegate *delegate, ItemKind kind, NSString *path) {
   NSString *const found = serverId(delegate, kind, path);
   if (found == nil) {
@@ -62,8 +62,8 @@ NSString *serverIdOrAlert(ContextMenuAppAppDelegate *delegate, ItemKind kind, NS
   return found;
 }
 
-/// What the user is told of a direct copy. Without an informative text where the service refused,
-/// unlike on the window's copy-link tab, on purpose.
+/// What the user is told of a direct copy. Deliberately without the informative text that the
+/// copy-link tab shows when the service refuses.
 void report(agent::ReplyKind outcome) {
   switch (outcome) {
     case agent::ReplyKind::Succeeded:
@@ -87,7 +87,7 @@ SendAndCopyTabController *openSendWindow(NSString *title, ItemKind kind) {
   return controller;
 }
 
-/// Tells a tab controller what its window is for.
+/// Sets the item of a tab controller.
 template <class TabController>
 void giveItem(TabController *controller, NSString *itemId) {
   [controller setFilePath:itemId];
@@ -121,7 +121,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
     return;
   }
   [self copyLinkTo:isFolder ? trimmed(selected) : selected isFolder:isFolder];
-  // After a success, too: unlike the plug-in's copy, this one was started from a menu of ours.
+  // After a success too, unlike the copy for the plug-in: the menu is the application's own.
   [self hideMe];
 }
 
@@ -130,7 +130,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
   if (isFolder) [controller setIsFolder:YES];
   NSString *const itemId = serverId(self, isFolder ? ItemKind::Folder : ItemKind::File, path);
   if (itemId == nil) {
-    // To the user that is a link which could not be copied, on purpose.
+    // Deliberately the same alert as for a link that could not be copied.
     runModally(alertWithTexts(localizedText(@"unableCopyLinkMessagetextKey"), nil));
     return;
   }
@@ -148,7 +148,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
     [self showError];
     return;
   }
-  // As it is, also when it is a folder: then the library knows no such file.
+  // Unchanged even for a folder, for which the library then has no id.
   NSString *const itemId = serverIdOrAlert(self, ItemKind::File, selected);
   if (itemId == nil) return;
   SendAndCopyTabController *const controller = openSendWindow(titleOf(selected), ItemKind::File);
@@ -191,7 +191,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (void)shareSelectedFolder:(NSString *)selected {
   NSString *const ownArea = [NSString stringWithFormat:@"%@/MyDocs", [self syncedFilePath]];
-  // The user is told, unlike in the other actions: also of what lies outside the synced folder.
+  // With an alert, unlike the other actions, which only log an item outside the synced folder.
   // clang-format off
   if (![self containsString:selected:ownArea]) {
     // clang-format on

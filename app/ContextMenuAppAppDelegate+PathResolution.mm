@@ -6,9 +6,9 @@
 
 namespace {
 
-/// One bracketed exchange with the sync engine: the query runs only when the library could be
-/// initialised, and the library is uninitialised in either case. (The process entry's probe ends
-/// the library only when it could begin it; both are intended as they stand.)
+/// Runs a query of the sync engine between BvInitialize and BvUninitialize: only when the library
+/// could be initialised, but uninitialises it in either case. (Intended, as is that the probe in
+/// main uninitialises it only after a success.)
 template <class Query>
 int queryEngine(Query query) {
   const int code = BvInitialize();
@@ -22,9 +22,9 @@ std::string utf8(NSString *path) {
   return std::string(static_cast<const char *>([data bytes]), [data length]);
 }
 
-/// Stores an id that the library handed back. The characters belong to the library, so the string
-/// is a copy. One that is missing or not UTF-8 stores nothing: callers count an id that stayed
-/// empty as a failed look-up.
+/// Stores an id that the library returned, as a copy, because the characters belong to the library.
+/// Stores nothing when the id is missing or not UTF-8: callers treat an empty id as a failed
+/// look-up.
 void storeId(const char *characters, NSString **outId) {
   if (characters == nullptr || outId == nullptr) return;
   NSData *const data = [NSData dataWithBytes:characters
@@ -73,8 +73,8 @@ int lookUpId(IdQuery query, NSString *path, char *idBuffer, NSString **outId) {
 }
 
 - (BOOL)containsString:(NSString *)string:(NSString *)substring {
-  // A message to nil would answer location 0, which reads as found; for the empty string platforms
-  // differ.
+  // A message to nil would return location 0, which would count as found; for the empty string
+  // platforms differ.
   if (string == nil || [substring length] == 0) return NO;
   const NSRange found = [string rangeOfString:substring options:NSCaseInsensitiveSearch];
   return found.location != NSNotFound;

@@ -33,8 +33,8 @@
 @property (assign) IBOutlet NSMenuItem *shareFolder;
 @property (assign) IBOutlet NSMenuItem *sendFolder;
 
-/// YES while no window of the application is open and no direct copy is running. Gates nothing: it
-/// is kept so that these states can be observed.
+/// YES while no window of the application is open and no direct copy is running. Nothing depends on
+/// it; it makes these states observable.
 @property (assign) BOOL contextMenuFlag;
 
 /// Declared for the send tab; nothing fills it.
@@ -58,7 +58,7 @@
 /// "homefolder" holds the server id of the user's home folder.
 @property (copy) NSDictionary *homeFolderInfo;
 
-// An outlet like the others: its name alone would make it a method that hands ownership over.
+// A getter, although its name begins with "copy", which would transfer ownership.
 - (NSMenuItem *)copyLink __attribute__((objc_method_family(none)));
 
 /// Hides the application, as its windows and alerts do when they are done.
@@ -79,8 +79,8 @@
 /// leaves an invisible window behind.
 - (void)showContextMenu;
 
-/// The silent failure of the actions, for what lies outside the synced folder: logs, and hides the
-/// application. The user sees it go away and nothing else.
+/// What the actions do for an item outside the synced folder: logs, and hides the application.
+/// Nothing else is shown.
 - (void)showError;
 
 @end
@@ -149,12 +149,11 @@
 /// fields are fixed.
 - (AddressBookCompletion *)completion;
 
-/// Replaces both lists with empty ones, asks the agent for the employee address book, and puts the
-/// filled lists in their place, with what was added to the empty ones meanwhile. Blocks the calling
-/// thread until the agent has answered; when it cannot be reached the lists stay as they are then,
-/// and nobody is told. May run on any thread: the lists themselves are exchanged on the main thread
-/// only, so that no reader there ever sees one change. Of several at a time the one that began last
-/// fills the lists.
+/// Replaces both lists with empty ones, asks the agent for the employee address book, and replaces
+/// them with the filled lists, to which it adds what was added to the empty ones. Blocks the
+/// calling thread until the agent has answered. When the agent cannot be reached the lists stay
+/// empty, without a message. Any thread: the lists are exchanged on the main thread, where all
+/// their readers are. Of several at a time the one that started last fills the lists.
 - (void)getAddressBookForShareFolder;
 
 /// The daily timer's action: getAddressBookForShareFolder on a new background thread. Returns at

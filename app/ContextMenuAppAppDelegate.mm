@@ -14,8 +14,8 @@ NSString *syncedFolderOf(NSString *loginName) {
   return [[@"/Users/" stringByAppendingString:loginName] stringByAppendingString:@"/Brisvale"];
 }
 
-/// Straight to the proxy, without the gate: the answer must not depend on whether the agent is
-/// already among the running applications while it is being started at login.
+/// Sent to the proxy itself, without the check for a running agent: at login the agent may have
+/// registered its name before it is listed among the running applications.
 NSDictionary *homeFolderInfoFromAgent() {
   BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   id<KRVProxy> const proxy = [agent krvAgentProxy];
@@ -41,7 +41,7 @@ NSDictionary *homeFolderInfoFromAgent() {
 @synthesize updateAddressBookTimer;
 @synthesize homeFolderInfo;
 
-/// In tests only: in the application it lives as long as the process.
+/// Only used by tests: in the application the delegate lives as long as the process.
 - (void)dealloc {
   [addressBookForSend release];
   [addressBookForShare release];
@@ -78,7 +78,7 @@ NSDictionary *homeFolderInfoFromAgent() {
 - (void)applicationDidBecomeActive:(NSNotification *)notification {
   (void)notification;
   NSLog(@"Context Menu Application Did Become Active");
-  // Becoming active triggers nothing, on purpose: the flag is read and that is all.
+  // Deliberately does nothing but read the flag.
   (void)[self contextMenuFlag];
 }
 

@@ -3,8 +3,8 @@
 #include "app/BVSyncEngine.h"
 
 int main(int argc, char *argv[]) {
-  // A probe of the sync engine library and nothing more: the application starts in any case, and
-  // every later query begins and ends the library for itself.
+  // Only probes the sync engine library: the application starts in any case, and every later query
+  // initialises and uninitialises the library itself.
   if (BvInitialize() == 0) BvUninitialize();
   return NSApplicationMain(argc, const_cast<const char **>(argv));
 }

@@ -11,8 +11,8 @@
     _connection = [[NSConnection alloc] init];
     _sdkService = [[ContextMenuProxy alloc] init];
     [_connection setRootObject:_sdkService];
-    // Calls must wait while the main thread waits for the agent inside an earlier one: served
-    // there, a second call would close and destroy the window whose action is still on the stack.
+    // Requests must wait while the main thread waits for the agent: served there, a request would
+    // close and destroy the window whose action is still on the stack.
     [_connection removeRequestMode:NSConnectionReplyMode];
     if ([_connection registerName:@"ContextMenuPlugin"]) {
       NSLog(@"Context Menu Plugin Connection successfully created.");
@@ -28,7 +28,7 @@
 }
 
 - (void)dealloc {
-  // The connection and its root object are kept: they live as long as the process.
+  // The connection and its root object live as long as the process.
   [super dealloc];
 }
 

@@ -5,9 +5,9 @@
 /// The object that the Finder-side plug-in calls. Calls arrive on the main thread, one after the
 /// other, and return when the operation has finished.
 ///
-/// Whoever runs as the same user can connect to it. It therefore has a method signature for the
-/// operations of ContextMenuService and for the questions that a client's proxy asks before it
-/// sends one, and for nothing else: without a signature the wire refuses a message.
+/// Every process of the same user can connect to it. It therefore has a method signature only for
+/// the operations of ContextMenuService and for the messages that a client's proxy sends before the
+/// first of them: distributed objects refuse a message without a signature.
 @interface ContextMenuProxy : NSObject <ContextMenuService> {
  @private
   // Part of the vended object's declaration. Nothing reads or writes it.

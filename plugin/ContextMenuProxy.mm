@@ -22,7 +22,7 @@
 
 namespace {
 
-/// While one of these lives the delegate's flag says that the application is busy.
+/// Clears the context-menu flag for as long as one of these lives.
 class ContextMenuFlagCleared {
  public:
   ContextMenuFlagCleared() { [applicationState() setContextMenuFlag:NO]; }
@@ -51,22 +51,22 @@ void report(agent::ReplyKind outcome) {
   }
 }
 
-/// A flag as its byte came over the wire, where any value may stand: YES for all but 0. Read
-/// through memory, because the compiler may take a BOOL for YES or NO already.
+/// A flag that was received as one byte of any value: YES for all but 0. Read through memory,
+/// because the compiler may assume that a BOOL is YES or NO.
 BOOL flagOf(const BOOL &received) {
   unsigned char byte = 0;
   std::memcpy(&byte, &received, sizeof byte);
   return byte == 0 ? NO : YES;
 }
 
-/// A tab position that travels as one signed byte in a BOOL's place.
+/// A tab position, which is sent as one signed byte in the place of a BOOL.
 std::int64_t positionOf(const BOOL &received) {
   signed char byte = 0;
   std::memcpy(&byte, &received, sizeof byte);
   return byte;
 }
 
-/// Tells a tab controller what its window is for.
+/// Sets the item of a tab controller.
 template <class TabController>
 void give(TabController *controller, NSString *item, BOOL isFileId) {
   [controller setIsFileId:isFileId];
@@ -79,8 +79,8 @@ void give(TabController *controller, NSString *item, BOOL isFileId, BOOL isFolde
   [controller setFilePath:item];
 }
 
-/// The questions that a client's proxy asks before it sends an operation for the first time.
-bool isQuestionOfTheWire(SEL selector) {
+/// The messages that a client's proxy sends before it sends an operation for the first time.
+bool isQueryOfProxy(SEL selector) {
   return sel_isEqual(selector, @selector(methodSignatureForSelector:)) ||
          sel_isEqual(selector, @selector(respondsToSelector:)) ||
          sel_isEqual(selector, @selector(conformsToProtocol:));
@@ -97,7 +97,7 @@ bool isOperation(SEL selector) {
 @implementation ContextMenuProxy
 
 - (NSMethodSignature *)methodSignatureForSelector:(SEL)selector {
-  if (!isOperation(selector) && !isQuestionOfTheWire(selector)) return nil;
+  if (!isOperation(selector) && !isQueryOfProxy(selector)) return nil;
   return [super methodSignatureForSelector:selector];
 }
 
@@ -152,7 +152,7 @@ bool isOperation(SEL selector) {
   (void)unused;
   const RequestSuspension suspension;
   closeOpenWindows();
-  // An argument may be anything, also an object of the caller's process that claims to be a string.
+  // An argument may be anything, even an object of the caller's process that claims to be a string.
   NSString *const serverId = agent::stringOrNil(item);
   CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
   if (flagOf(isFolder)) [controller setIsFolder:YES];

@@ -2,20 +2,20 @@
 
 #import <AppKit/AppKit.h>
 
-/// What several tab controllers do with their controls. Main thread.
+/// Functions for the controls of several tabs. Main thread.
 
 /// Whether the box is checked: off and mixed are not.
 BOOL isChecked(NSButton *box);
 
-/// The allowed number of downloads as the agent takes it: the selected item's title, or "-1" when
-/// that is the one for an unlimited number.
+/// The allowed number of downloads as the agent expects it: the selected item's title, or "-1" for
+/// the item that stands for an unlimited number.
 NSString *chosenDownloads(NSPopUpButton *numbers);
 
-/// Shows that the application is busy, at once: the next thing is a call that blocks until the
-/// agent has answered, and nothing is drawn meanwhile.
+/// Shows and draws the busy indicator at once: a call to the agent follows, which blocks, and
+/// nothing is drawn until it returns.
 void showBusy(NSProgressIndicator *indicator);
 
-/// Forgets the keys and clicks that came while such a call blocked. They were meant for the window
-/// as it was; a second Return would dismiss the alert that follows before anybody has read it. The
-/// functions that show alerts and success sheets call it first.
+/// Discards the keys and clicks that arrived while such a call blocked. They were meant for the
+/// window as it was; a second Return would dismiss the alert that follows unread. The functions
+/// that show alerts and success sheets call this first.
 void discardPendingInput();

@@ -5,8 +5,8 @@
 /// What an editing shortcut does to the text that is being edited.
 enum class EditingAction { None, SelectAll, Undo, Cut, Copy, Paste };
 
-/// The action of a key together with Command. keyCode: the platform's physical key, so the position
-/// on the ANSI layout decides and not the letter that the user's layout has there. None for every
+/// The action of a key together with Command. keyCode: the platform's virtual key code, which
+/// stands for a position on the ANSI layout and not for the letter on the user's. None for every
 /// key that is no editing shortcut.
 constexpr EditingAction editingActionOfKey(unsigned short keyCode) {
   switch (keyCode) {

@@ -2,11 +2,11 @@
 
 #import <AppKit/AppKit.h>
 
-/// The keys that lead out of a message of several lines, in which a text view would write a tab for
-/// Tab. Main thread.
+/// The keys that move out of a message of several lines, where a text view would insert a tab.
+/// Main thread.
 
 enum class MessageKey {
-  /// Anything that is the text view's own business; Return and Option-Tab are.
+  /// Everything that the text view handles, Return and Option-Tab included.
   Text,
   /// Tab and Shift-Tab.
   Next,
@@ -15,11 +15,11 @@ enum class MessageKey {
   Cancel,
 };
 
-/// What a command of the keyboard means in a message. isComposing: whether an input method is at
-/// work in the text; Escape is its own then.
+/// What a keyboard command means in a message. isComposing: whether an input method is composing
+/// text; it handles Escape then.
 MessageKey messageKey(SEL command, BOOL isComposing);
 
-/// What a message's delegate answers to textView:doCommandBySelector:. Moves the keyboard to the
-/// control in front or behind; for Escape sends `cancel` to `target`, with the message as sender,
-/// which may close the window.
+/// Implements textView:doCommandBySelector: for a message's delegate. Moves the keyboard focus to
+/// the next or the previous control; for Escape sends `cancel` to `target` with the message as
+/// sender, which may close the window.
 BOOL doCommandInMessage(NSTextView *message, SEL command, id target, SEL cancel);

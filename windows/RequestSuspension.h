@@ -4,13 +4,13 @@
 
 #include <vector>
 
-/// While one of these lives, calls to the object that is vended to the plug-in wait, whatever run
-/// loop mode runs meanwhile. Every operation of the plug-in, every action of the context menu and
-/// every action of a window that asks the agent or uses the clipboard keeps one: the platform may
-/// run the default mode inside its own calls, and a call that is served there would close the
-/// window, or write the clipboard, that the action further up the stack is working on.
+/// While one of these lives, requests of the plug-in are suspended: they wait, whichever mode the
+/// run loop runs in. Every operation of the plug-in, every action of the context menu and every
+/// action of a window that asks the agent or uses the clipboard has one, because the platform may
+/// run the default mode inside its own calls. A request that is served there would close the
+/// window, or write to the clipboard, that the action further up the stack is using.
 ///
-/// Pauses may be nested; the calls are served when the outermost one has ended. Main thread.
+/// May be nested; the requests are served when the outermost suspension has ended. Main thread.
 class RequestSuspension {
  public:
   RequestSuspension();
@@ -19,5 +19,5 @@ class RequestSuspension {
   RequestSuspension &operator=(const RequestSuspension &) = delete;
 
  private:
-  std::vector<NSConnection *> paused_;  // retained: those that listen and one for each client
+  std::vector<NSConnection *> suspended_;  // retained: the listening ones and one for each client
 };

@@ -1,20 +1,20 @@
 #import "windows/RequestSuspension.h"
 
 RequestSuspension::RequestSuspension() {
-  // The one on which this thread asks others, and under the application's name answers the
-  // platform, is not meant: replies and the platform's own messages come there.
+  // Not the connection on which this thread sends its own requests: their replies, and the
+  // platform's messages to the application, arrive there.
   NSPort *const asking = [[NSConnection defaultConnection] receivePort];
   for (NSConnection *connection in [NSConnection allConnections]) {
-    // Those of other threads only ask, and have no root object.
+    // The connections of other threads have no root object: they only send requests.
     if ([connection rootObject] == nil || [connection receivePort] == asking) continue;
     if (![[connection requestModes] containsObject:NSDefaultRunLoopMode]) continue;
-    paused_.push_back([connection retain]);
+    suspended_.push_back([connection retain]);
     [connection removeRequestMode:NSDefaultRunLoopMode];
   }
 }
 
 RequestSuspension::~RequestSuspension() {
-  for (NSConnection *connection : paused_) {
+  for (NSConnection *connection : suspended_) {
     [connection addRequestMode:NSDefaultRunLoopMode];
     [connection release];
   }

@@ -2,21 +2,19 @@
 
 #import <AppKit/AppKit.h>
 
-/// The success sheet that all tab controllers show: one line of text that stays for three seconds
-/// and then goes away by itself. Main thread.
+/// The success sheet of all tabs: one line of text that is shown for three seconds. Main thread.
 struct ResultSheet {
   NSWindow *panel;    // the sheet
-  NSTextField *text;  // its one label
+  NSTextField *text;  // its only label
   NSWindow *window;   // what it is attached to
 };
 
-/// Shows the text for `key` and brings the window and the application to the front: the application
-/// lives behind the others, and its window with the good news would stay there. The keys and clicks
-/// that have come until then are forgotten, see discardPendingInput. The three seconds run from
-/// this call, after which `controller` gets killModalWindow: with the timer. `controller` is kept
-/// alive until then.
+/// Shows the text for `key` and brings the window and the application to the front, where the user
+/// may have brought another one while the agent was asked. Discards pending keys and clicks. Three
+/// seconds after this call `controller` gets killModalWindow: with the timer, which retains it
+/// until then.
 void showSuccess(const ResultSheet &sheet, id controller, NSString *key);
 
-/// Ends the sheet whose panel the timer of showSuccess carries. Harmless when the window has been
-/// closed in the meantime.
+/// Ends the sheet that the timer of showSuccess belongs to. Harmless when the window has been
+/// closed before.
 void endSuccess(NSTimer *timer);

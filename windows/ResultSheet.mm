@@ -11,7 +11,7 @@ constexpr NSTimeInterval kSuccessSeconds = 3.0;
 }  // namespace
 
 void showSuccess(const ResultSheet &sheet, id controller, NSString *key) {
-  // First, so that the time which showing takes is not added to the three seconds.
+  // First, so that the three seconds do not start only after the sheet has been shown.
   [NSTimer scheduledTimerWithTimeInterval:kSuccessSeconds
                                    target:controller
                                  selector:@selector(killModalWindow:)

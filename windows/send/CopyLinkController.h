@@ -4,8 +4,8 @@
 /// The copy-link tab: makes a link to one item and puts it on the clipboard. The window's interface
 /// file creates it.
 ///
-/// A caller without a window makes one with init, sets filePath, isFileId and isFolder, then asks
-/// for the link and hands the reply on: getCopyLink:::: and pasteToClipboard: touch no control.
+/// A caller without a window makes one with init, sets filePath, isFileId and isFolder, and calls
+/// copyLinkDirectly: getCopyLink:::: and pasteToClipboard: use no control.
 /// Main thread only.
 @interface CopyLinkController : TabController {
  @private
@@ -34,7 +34,7 @@
 @property (assign) IBOutlet NSWindow *modalWindow;
 @property (assign) IBOutlet NSTextField *modalWindowText;
 
-// A tab like any other: its name alone would make it a method that hands ownership over.
+// A getter, although its name begins with "copy", which would transfer ownership.
 - (NSTabViewItem *)copyLinkTab __attribute__((objc_method_family(none)));
 
 /// isFileId and isFolder start as NO.
@@ -61,8 +61,8 @@
                              :(NSString *)downloads;
 // clang-format on
 
-/// Empties the general clipboard, always and first, so that a failure never leaves former contents
-/// there to be pasted for the link. When the reply's "error" reads "0", writes the link and returns
+/// Clears the general pasteboard, always and first, so that after a failure nobody pastes its
+/// former contents for the link. When the reply's "error" reads "0", writes the link and returns
 /// "0", also when the writing fails; otherwise returns the reply's "errorMessage" (nil for nil).
 - (NSString *)pasteToClipboard:(NSDictionary *)reply;
 
@@ -70,7 +70,7 @@
 
 /// Copies a link to the clipboard without a window, with the options of such a copy (the user is
 /// notified of downloads, nobody is asked for an e-mail address, downloads are unlimited), logs how
-/// it ended, and returns that. Telling the user is the caller's.
+/// it ended, and returns that. The caller tells the user.
 ///
 /// controller: made with init; knows the item. path: passed to getCopyLink::::, which does not use
 /// it. Blocks until the agent has answered. Main thread.

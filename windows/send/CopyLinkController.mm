@@ -9,8 +9,8 @@
 
 namespace {
 
-/// Empties the general clipboard and writes the reply's link to it, if it has one. Every reply to a
-/// request for a link is judged here, and only here.
+/// Clears the general pasteboard and writes the reply's link to it, if there is one. The only place
+/// where the reply to a request for a link is judged.
 agent::ReplyKind pasteLink(NSDictionary *reply) {
   NSPasteboard *const pasteboard = [NSPasteboard generalPasteboard];
   [pasteboard clearContents];
@@ -60,7 +60,7 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 - (IBAction)sendCopyLink:(id)sender {
   (void)sender;
   const RequestSuspension suspension;
-  // A server id says nothing about the kind of the item: whoever opened the window knows.
+  // A server id does not tell a file from a folder: the opener has set isFolder then.
   if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
   const BOOL notify = [self checkBoxState:isNotifyMe];
   const BOOL askForMail = [self checkBoxState:isAskForMail];
@@ -109,7 +109,7 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 
 - (void)killModalWindow:(NSTimer *)timer {
   [super killModalWindow:timer];
-  // In this window a success is also the end of the work.
+  // In this window there is nothing left to do after a success.
   [ourMainWindow close];
 }
 

@@ -5,9 +5,9 @@
 
 /// The window in which a link to one item is mailed or copied.
 ///
-/// Its opener posts "newInstanceofWindowOpened", makes a controller, calls selectTabAtPosition:,
-/// shows the window, and gives the item to both tab controllers. Nobody owns the controller: it
-/// lives until its window closes and destroys itself then. Main thread only.
+/// Made by openWindow (TabWindowController.h), whose caller then sets the item of both tab
+/// controllers. Nobody owns it: it lives until its window closes and destroys itself then. Main
+/// thread only.
 @interface SendAndCopyTabController : TabWindowController {
  @private
   NSTabView *sendAndCopyTab;

@@ -21,7 +21,7 @@
   NSTextField *modalWindowText;
 }
 
-/// The subject field. Whoever opens the window puts the default subject into it.
+/// The subject field. The opener of the window sets the default subject.
 @property (assign) IBOutlet NSTextField *mailSubject;
 
 /// Local path of the item, or its server id when isFileId is YES.
@@ -48,7 +48,7 @@
 /// Whether the box is checked; mixed is not.
 - (BOOL)checkBoxState:(NSButton *)box;
 
-/// Names the tab after what it sends.
+/// Sets the label of the tab.
 - (void)setLabelForTab:(NSString *)label;
 
 @end

@@ -63,12 +63,12 @@ constexpr NSUInteger kSubjectUnits = 80;
     [self showAlert:invalidRecipientAlert(invalid)];
     return;
   }
-  // By the kind that the opener gave, before the disk is asked.
+  // By the kind that the opener has set; the disk is asked later.
   NSString *const subject =
       [entered length] > 0 ? entered : localizedText([self texts].defaultSubject);
   NSString *const escapedSubject = percentEscaped(firstUnits(subject, kSubjectUnits));
   NSString *const escapedMessage = percentEscaped(message);
-  // Already now: the connection is made next, which alone may take 15 seconds.
+  // Before the connection is made, which alone may take 15 seconds.
   showBusy(spinner);
   NSDictionary *const reply = [self replyForRecipients:recipients
                                                subject:escapedSubject
@@ -118,7 +118,7 @@ constexpr NSUInteger kSubjectUnits = 80;
   const BOOL copyMe = [self checkBoxState:isCopyMe];
   NSString *const downloads = chosenDownloads(noOfDownloads);
   const BOOL isId = [self isFileId];
-  // A server id says nothing about the kind of the item: whoever opened the window knows.
+  // A server id does not tell a file from a folder: the opener has set isFolder then.
   if (!isId) [self setIsFolder:isFolderOnDisk(path)];
   // clang-format off
   return [self isFolder]
@@ -152,7 +152,7 @@ constexpr NSUInteger kSubjectUnits = 80;
 
 - (void)killModalWindow:(NSTimer *)timer {
   [super killModalWindow:timer];
-  // In this window a success is also the end of the work.
+  // In this window there is nothing left to do after a success.
   [ourMainWindow close];
 }
 

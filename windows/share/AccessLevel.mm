@@ -28,7 +28,7 @@ NSString *displayName(NSString *firstName, NSString *lastName, NSString *address
 
 std::optional<AccessLevel> listedLevel(const agent::AccessEntry &entry) {
   if (![entry.type isEqualToString:kPersonType]) return std::nullopt;
-  // On purpose like the owner, whatever else is allowed: without downloading there is no access.
+  // Deliberately not listed, whatever else is allowed: without downloading there is no access.
   if (!entry.canDownload || entry.isOwner) return std::nullopt;
   return entry.canUpload && entry.canDelete ? AccessLevel::ReadWrite : AccessLevel::ReadOnly;
 }

@@ -4,9 +4,8 @@
 
 @class PermissionTabController;
 
-/// One load of a folder's access list: what it asks for and what came of it. Made and shown by the
-/// permissions tab on the main thread; asked on the thread of the load, which is the only one to
-/// touch it meanwhile.
+/// One load of a folder's access list: the request and its result. The permissions tab creates and
+/// shows it on the main thread; in between only the thread of the load uses it.
 @interface AccessListLoad : NSObject {
  @private
   std::uint64_t number;
@@ -19,27 +18,27 @@
 /// Which load of its tab this is, counted from 1.
 @property (nonatomic, assign) std::uint64_t number;
 
-/// The folder, as the agent takes it.
+/// The folder, as the agent expects it.
 @property (nonatomic, copy) NSString *pathOrId;
 @property (nonatomic, assign) BOOL isFileId;
 
-/// The rows (SharedWith) of the listed people in the agent's order; empty until the agent is asked.
+/// The rows (SharedWith) of the listed people in the agent's order; empty until askAgent.
 @property (nonatomic, readonly) NSMutableArray *people;
 
-/// Whether the whole list came: NO when the agent or the service could not be reached, when the
-/// connection broke before the last entry, or when another background thread was waiting for the
-/// agent all the time (BackgroundTurn.h).
+/// Whether the whole list was received: NO when the agent or the service could not be reached, when
+/// the connection broke before the last entry, or when another background thread held the lock all
+/// the time (BackgroundRequestLock.h).
 @property (nonatomic, readonly) BOOL isAnswered;
 
-/// Asks the agent and reads the answer. Blocks the calling thread until both are done.
+/// Asks the agent and reads its reply. Blocks the calling thread.
 - (void)askAgent;
 
 @end
 
-/// A load of a permissions tab on a thread of its own.
+/// Loads the access list of a permissions tab on a thread of its own.
 ///
-/// It, and not its thread, holds the tab, and lets it go on the main thread: a tab that ended on
-/// the thread of its load could end while the main thread is telling it of an invitation.
+/// Retains the tab until the load has ended and releases it on the main thread. On the thread of
+/// the load the tab could be deallocated while the main thread is notifying it of an invitation.
 @interface BackgroundLoad : NSObject {
  @private
   PermissionTabController *_tab;

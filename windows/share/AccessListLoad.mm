@@ -48,26 +48,26 @@
 
 + (void)startForTab:(PermissionTabController *)tab {
   BackgroundLoad *const load = [[[BackgroundLoad alloc] init] autorelease];
-  load->_tab = [tab retain];  // until letGo
+  load->_tab = [tab retain];  // until releaseTab
   [load performSelectorInBackground:@selector(run) withObject:nil];
 }
 
 - (void)run {
   @autoreleasepool {
-    // Its own pool is empty before the tab is let go: nothing in it may hold the tab longer.
+    // Drained before the tab is released, because objects in the pool may retain the tab.
     @autoreleasepool {
       [_tab refershManagePermissionsView];
     }
-    // Between two events, as the steps of the load: while the main thread waits for the agent, the
-    // tab may be the one that waits.
-    [self performSelectorOnMainThread:@selector(letGo)
+    // Between two events: the main thread may be inside an action of this tab, waiting for the
+    // agent.
+    [self performSelectorOnMainThread:@selector(releaseTab)
                            withObject:nil
                         waitUntilDone:YES
                                 modes:[NSArray arrayWithObject:NSDefaultRunLoopMode]];
   }
 }
 
-- (void)letGo {
+- (void)releaseTab {
   [_tab release];
   _tab = nil;
 }

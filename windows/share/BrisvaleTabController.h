@@ -5,9 +5,9 @@
 
 /// The window in which a folder is shared with colleagues.
 ///
-/// Its opener posts "newInstanceofWindowOpened", makes a controller, calls selectTabAtPosition:,
-/// shows the window, and gives the folder to both tab controllers. Nobody owns the controller: it
-/// lives until its window closes and destroys itself then. Main thread only.
+/// Made by openWindow (TabWindowController.h), whose caller then sets the folder of both tab
+/// controllers. Nobody owns it: it lives until its window closes and destroys itself then. Main
+/// thread only.
 @interface BrisvaleTabController : TabWindowController {
  @private
   NSTabView *shareFolderTab;

@@ -40,12 +40,12 @@
 /// isFileId and isFolder start as NO.
 - (id)init;
 
-/// The invite button: checks all recipients, then gives each of them the chosen access. Blocks
-/// until the agent has answered for each. On every failure what was entered stays.
+/// The invite button: checks all recipients, then grants each of them the chosen access. Blocks
+/// until the agent has answered for each. After every failure what was entered stays.
 - (IBAction)sendInvite:(id)sender;
 
-/// Whether the address belongs to a colleague: by the delegate's list, else by the agent. An agent
-/// that gives no answer blocks nobody: YES.
+/// Whether the address belongs to a colleague: by employeeContacts, else by the agent. YES when the
+/// agent does not answer.
 - (BOOL)isEmployee:(NSString *)address;
 
 @end

@@ -17,7 +17,7 @@ namespace {
 /// The service keeps this many UTF-16 units of a message.
 constexpr NSUInteger kMessageUnits = 800;
 
-/// Read only: giving too little access is put right more easily than giving too much.
+/// Read only: too little access is easier to correct than too much.
 constexpr NSInteger kDefaultAccessIndex = 1;
 
 /// The alert that names people who cannot be invited. Also for those whom the service refused.
@@ -65,7 +65,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
   NSArray *const recipients = recipientsIn([mailList stringValue]);
   NSString *const message =
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));
-  // All of them before anybody is given anything.
+  // All recipients are checked before the first is granted anything.
   if (NSAlert *const objection = [self objectionTo:recipients]) {
     [self showAlert:objection];
     return;
@@ -126,7 +126,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
     [self showAlert:notColleaguesAlert([refused componentsJoinedByString:@", "])];
     [spinGear setHidden:YES];
   }
-  // Once more after a complete success, on purpose: the list is read again when the sheet shows.
+  // Deliberately twice after a complete success: the list is loaded again when the sheet shows.
   [center postNotificationName:@"UserAddedToShareFolder" object:nil];
 }
 
@@ -152,7 +152,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
   if ([reply count] == 0) return YES;
   NSDictionary *const user = agent::nilOnException(
       [&]() -> id { return agent::localCopyOfDictionary([reply objectForKey:agent::kValueKey]); });
-  // The connection broke over the reading: the agent cannot be reached here either.
+  // The connection broke during the copying, which counts as an unreachable agent.
   if (user == nil) return YES;
   if (!agent::flagIn(user, @"accountemployee")) return NO;
   [[state addressBookForShare]
@@ -164,7 +164,7 @@ NSAlert *notColleaguesAlert(NSString *people) {
 
 #pragma mark - NSTextViewDelegate
 
-/// Escape does what the Cancel button does.
+/// Escape acts as the Cancel button.
 - (BOOL)textView:(NSTextView *)message doCommandBySelector:(SEL)command {
   return doCommandInMessage(message, command, ourMainWindow, @selector(performClose:));
 }

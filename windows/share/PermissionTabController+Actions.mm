@@ -12,7 +12,7 @@
 
 namespace {
 
-/// The platform's Escape key, which answers a question with its harmless button.
+/// The key equivalent of Escape, for the button that changes nothing.
 NSString *const kEscape = @"\033";
 
 enum class Answer { Yes, No, Other, None };
@@ -39,7 +39,7 @@ NSAlert *question() {
   return alert;
 }
 
-/// Where the one with this address is among the people; NSNotFound for nobody and for nil.
+/// The index of the person with this address; NSNotFound when there is none, and for nil.
 NSUInteger rowOf(NSString *address, NSArray *people) {
   for (NSUInteger row = 0; row < [people count]; ++row) {
     if ([[[people objectAtIndex:row] useremail] isEqual:address]) return row;
@@ -53,14 +53,13 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 
 #pragma mark - Rows
 
-/// The index of a control's row among all rows, NSNotFound when the row is in the list no more.
+/// The index of a control's row among all rows, NSNotFound when the row is no longer in the list.
 - (NSUInteger)rowOfControl:(NSView *)control {
   NSView *const itemView = [control superview];
   if (![itemView isKindOfClass:[PersonRowView class]]) {
     return [[collectionViewForAllEntries subviews] indexOfObjectIdenticalTo:itemView];
   }
-  // By the person and not by the view's place: a list of a thousand people has only the views that
-  // are in sight.
+  // By the person and not by the view's index: a long list has views only for its visible rows.
   SharedWith *const person = [static_cast<PersonRowView *>(itemView) person];
   return [[arrayController arrangedObjects] indexOfObjectIdenticalTo:person];
 }
@@ -83,7 +82,8 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   SharedWith *const selected = [[arrayController selectedObjects] objectAtIndex:0];
   if ([chosen isEqualToString:[selected permission]]) return;
   const AccessLevel level = levelWithTitle(chosen);
-  // Before the agent is asked, and never taken back, on purpose: a refusal is told by an alert.
+  // Deliberately before the agent is asked, and not undone when the agent refuses: the alert says
+  // so.
   setLevel(person, level);
   [self showAtWork];
   if ([self didSucceed:[self grant:level to:person]]) {
@@ -103,7 +103,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   // clang-format on
 }
 
-/// Whether a change or a removal was done. If not, the user has been told.
+/// Whether a change or a removal succeeded. If not, shows the alert.
 - (BOOL)didSucceed:(NSDictionary *)reply {
   switch (agent::kindOfActionReply(reply)) {
     case agent::ReplyKind::Succeeded:
@@ -158,8 +158,8 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   }
 }
 
-/// asked: about whom the user was asked, nil for whoever is in the row. Another list may have come
-/// while the question was up, and its rows are not the rows of the question.
+/// asked: the person that the question was about, nil for the person in the row. The list may have
+/// been loaded again while the question was shown, and the person may be in another row now.
 - (void)revokeAccessTo:(SharedWith *)asked inRow:(std::int64_t)row {
   NSUInteger current = static_cast<NSUInteger>(row);
   if (asked != nil && [self personInRow:current] != asked) {
@@ -185,7 +185,7 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
     [self showSuccessModalWindow:@"permissionRevokedSuccessMessageTextFormatKey"];
   }
   [self showIdle];
-  // The one text that is not localized, on purpose: after a question another one follows at once.
+  // Deliberately not localized: after a question the localized text replaces it at once.
   if ([personList count] == 0) {
     [self showInsteadOfList:@"You are not currently sharing this folder with anyone."];
   }

@@ -4,21 +4,20 @@
 /// whether the tab is busy. Main thread only; nothing happens once the window has been closed.
 @interface PermissionTabController (Showing)
 
-/// The tab is busy fetching the list. Drawn at once: on the main thread nothing else is until the
-/// agent has answered. The line of text is only put in place, so that a list which is loaded anew
-/// stays in sight.
+/// The tab is busy fetching the list. Drawn at once, because a load on the main thread blocks it.
+/// The line of text is set but not shown, so that a list which is loaded again stays visible.
 - (void)showFetching;
 
-/// The tab is busy with something that the user did.
+/// The tab is busy with a change or a removal.
 - (void)showAtWork;
 
-/// The list when there is somebody in it; otherwise the line of text says so where it is visible.
+/// Shows the list unless it is empty; sets the line of text otherwise.
 - (void)showListOrNobody;
 
-/// The line of text instead of the list.
+/// Shows the line of text instead of the list.
 - (void)showInsteadOfList:(NSString *)text;
 
-/// The tab is busy no more.
+/// The tab is no longer busy.
 - (void)showIdle;
 
 @end

@@ -1,7 +1,7 @@
 #import "windows/share/PermissionTabController+Showing.h"
 
-#import "windows/Controls.h"
 #import "text/LocalizedText.h"
+#import "windows/Controls.h"
 
 @implementation PermissionTabController (Showing)
 
@@ -20,7 +20,7 @@
     [self setListHidden:NO];
     [notSharingText setHidden:YES];
   } else {
-    // On purpose without a change of what is visible.
+    // Deliberately does not change what is visible.
     [notSharingText setStringValue:localizedText(@"notSharingTextMessageKey")];
   }
 }

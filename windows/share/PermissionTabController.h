@@ -8,8 +8,8 @@
 /// The permissions tab: who has access to the folder, one row each. The window's interface file
 /// creates it. Main thread, except where a method says otherwise.
 ///
-/// Registered for "UserAddedToShareFolder" from its initialisation until disconnectFromWindow, and
-/// not to its end, which a load may put off to any time.
+/// Observes "UserAddedToShareFolder" from its initialisation until disconnectFromWindow; a load may
+/// retain it longer than that.
 @interface PermissionTabController : TabController <NSComboBoxDelegate> {
  @private
   NSMutableArray *personList;
@@ -35,15 +35,15 @@
   NSWindow *ourMainWindow;
   NSWindow *modalWindow;
   NSTextField *modalWindowText;
-  // Behind the outlets and the public state: what keeps all of it consistent.
+  // Private state.
   std::uint64_t newestLoad;
   NSMutableArray *loadedList;
   SharedWith *personInQuestion;
   BOOL observesFilePath;
 }
 
-/// The rows. The setter stores the very array that it is given, without a copy or a reference of
-/// its own: the list is changed in place, and the array controller bound to it keeps it alive.
+/// The rows. The setter neither copies nor retains the array: the list is changed in place, and the
+/// array controller bound to it retains it.
 @property (copy) NSMutableArray *personList;
 
 /// The prototype row's pop-up. Handlers get the row's own as their sender.
@@ -73,12 +73,12 @@
 /// Loads the list at once: somebody was invited.
 - (void)listenNotification:(NSNotification *)notification;
 
-/// Asks the agent who has access to the folder and shows it, or why it cannot be shown. Any thread:
-/// it is the calling thread that waits for the agent. Of several loads at a time the one that began
-/// last decides what is shown.
+/// Asks the agent who has access to the folder and shows the answer, or why there is none. Any
+/// thread; blocks the calling thread. Of several loads at a time the one that started last decides
+/// what is shown.
 - (void)refershManagePermissionsView;
 
-/// Changes of of the list by the array controller.
+/// Changes of the list by the array controller.
 - (void)insertObject:(SharedWith *)person inPersonListAtIndex:(NSUInteger)index;
 - (void)removeObjectFromPersonListAtIndex:(NSUInteger)index;
 
@@ -99,13 +99,13 @@
 /// A row's remove button was used: asks whether that is meant.
 - (IBAction)removeEntryClicked:(NSButton *)button;
 
-/// The answer to that question; row: the row's index as the question's context.
+/// The answer to that question. row: the row's index as the question's context.
 - (void)handleResult:(NSAlert *)alert
           withResult:(std::int64_t)returnCode
           withSender:(std::int64_t)row;
 
-/// Takes the access of the person in a row away; row: the index as a number. The row goes when the
-/// agent has done it, and not before. Nothing for a row that does not exist. Blocks until the agent
+/// Revokes the access of the person in a row. row: the index as a number; does nothing for a row
+/// that does not exist. The row is removed after the agent has succeeded. Blocks until the agent
 /// has answered.
 - (void)revokeAccessToUser:(NSNumber *)row;
 

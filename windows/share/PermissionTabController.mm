@@ -33,7 +33,7 @@
   observesFilePath = YES;
 }
 
-/// On the main thread, also when a load has outlived the window; the outlets are nil by then.
+/// On the main thread, even when a load has outlived the window (see AccessListLoad.h).
 - (void)dealloc {
   if (observesFilePath) [self removeObserver:self forKeyPath:@"filePath"];
   [permissionType release];
@@ -46,7 +46,7 @@
 
 #pragma mark - The window
 
-/// The outlets hold no references, and what they stand for goes with the window.
+/// The outlets do not retain what they point to, which ends with the window.
 - (void)disconnectFromWindow {
   [[NSNotificationCenter defaultCenter] removeObserver:self
                                                   name:@"UserAddedToShareFolder"
@@ -73,7 +73,7 @@
 }
 
 - (void)setPersonList:(NSMutableArray *)list {
-  // Neither copied nor retained, on purpose: see the header.
+  // Deliberately neither copied nor retained: see the header.
   personList = list;
 }
 
@@ -100,7 +100,7 @@
 
 - (void)listenNotification:(NSNotification *)notification {
   (void)notification;
-  // The list is loaded on this thread, which may still be inside the invitation.
+  // The list is loaded on the main thread, which may still be inside the invitation.
   const RequestSuspension suspension;
   [self refershManagePermissionsView];
 }
@@ -114,9 +114,9 @@
   }
 }
 
-/// Runs a step of a load where the interface and the list are used, and returns when it is done.
-/// Only between two events: while a row's pop-up is tracking the mouse, or an action waits for the
-/// agent, the list must not change under it. The main thread itself never waits for a load.
+/// Runs a step of a load on the main thread and returns when it is done. Only between two events:
+/// the list must not change while a row's pop-up tracks the mouse, or while an action waits for the
+/// agent. The main thread itself never waits for a load.
 - (void)onMainThread:(SEL)step with:(AccessListLoad *)load {
   [self performSelectorOnMainThread:step
                          withObject:load
@@ -133,7 +133,7 @@
 }
 
 - (void)showLoad:(AccessListLoad *)load {
-  // Of another folder, or older than an invitation.
+  // The list of another folder, or of the time before an invitation.
   if ([load number] != newestLoad) return;
   if ([load isAnswered]) {
     [self exchangeList:[load people]];
@@ -145,8 +145,8 @@
 }
 
 - (void)exchangeList:(NSMutableArray *)people {
-  // The former list stays until the array controller has been given the new one. Ours is for a tab
-  // without an array controller, or whose array controller is gone.
+  // The former list must live until the array controller has the new one. Retained here for a tab
+  // without an array controller, or whose array controller has been deallocated.
   NSMutableArray *const former = loadedList;
   loadedList = [people retain];
   [self setPersonList:people];

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The title of the level that the person is known to have.
+/// The title of the person's present level.
 NSString *titleOfLevelOf(SharedWith *person) {
   return titleOf([person accessPermission] == 1 ? AccessLevel::ReadWrite : AccessLevel::ReadOnly);
 }
@@ -27,9 +27,9 @@ NSString *titleOfLevelOf(SharedWith *person) {
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
   SharedWith *const person = [self representedObject];
   NSString *const chosen = [[[popUp titleOfSelectedItem] copy] autorelease];
-  // The pop-up's binding may have written the choice into the row before it sends its action. What
-  // to do about a choice is the controller's business, who compares it with what was there: so the
-  // row gets its former title back, and the pop-up, which follows it, the choice.
+  // The pop-up's binding may have written the choice into the row before it sends its action. The
+  // controller compares the choice with the row, so the row gets its former title back, and then
+  // the pop-up, which is bound to it, the choice.
   [person setPermission:titleOfLevelOf(person)];
   [popUp selectItemWithTitle:chosen];
   [[self controller] popUpButtonSelectionDidChange:popUp];
