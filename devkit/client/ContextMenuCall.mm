@@ -37,9 +37,9 @@ NSString *string(const std::string &text) {
 }
 
 /// The engine is not asked for the home folder: its id is the account's and comes from the agent.
-std::variant<std::string, Failure> homeId(const Patience &patience) {
+std::variant<std::string, Failure> homeId(const Timeouts &timeouts) {
   const auto found =
-      lookUp(agent::kConnectionName, @protocol(HomeFolderInformation), kAgent, patience);
+      lookUp(agent::kConnectionName, @protocol(HomeFolderInformation), kAgent, timeouts);
   if (const auto *failure = std::get_if<Failure>(&found))
     return Failure{Exit::NoId, failure->reason + ", and only it knows the id of MyDocs"};
   const id proxy = std::get<id>(found);
@@ -53,8 +53,8 @@ std::variant<std::string, Failure> homeId(const Patience &patience) {
   return Failure{Exit::NoId, "the agent gives no id for MyDocs"};
 }
 
-std::variant<std::string, Failure> serverId(const LocalItem &item, const Patience &patience) {
-  return item.isHome ? homeId(patience) : engineId(item);
+std::variant<std::string, Failure> serverId(const LocalItem &item, const Timeouts &timeouts) {
+  return item.isHome ? homeId(timeouts) : engineId(item);
 }
 
 void call(id<ContextMenuService> application, const Request &request, const LocalItem &item,
@@ -81,9 +81,9 @@ void call(id<ContextMenuService> application, const Request &request, const Loca
 }  // namespace
 
 std::optional<Failure> perform(const Request &request) {
-  const Patience patience = {request.wait, request.timeout};
+  const Timeouts timeouts = {request.wait, request.timeout};
   if (request.verb == Verb::Status) {
-    const auto found = lookUp(kServiceName, @protocol(ContextMenuService), kApplication, patience);
+    const auto found = lookUp(kServiceName, @protocol(ContextMenuService), kApplication, timeouts);
     const auto *failure = std::get_if<Failure>(&found);
     return failure ? std::optional(*failure) : std::nullopt;
   }
@@ -94,11 +94,11 @@ std::optional<Failure> perform(const Request &request) {
   if (request.verb == Verb::Share && item.kind == Kind::File)
     return Failure{Exit::WrongUsage, shown(request.path) + " is a file; only folders are shared"};
 
-  const auto identified = serverId(item, patience);
+  const auto identified = serverId(item, timeouts);
   if (const auto *failure = std::get_if<Failure>(&identified)) return *failure;
 
   const auto application =
-      lookUp(kServiceName, @protocol(ContextMenuService), kApplication, patience);
+      lookUp(kServiceName, @protocol(ContextMenuService), kApplication, timeouts);
   if (const auto *failure = std::get_if<Failure>(&application)) return *failure;
   const id proxy = std::get<id>(application);
   @try {

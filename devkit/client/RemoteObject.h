@@ -8,7 +8,7 @@
 namespace devkit {
 
 /// How long to look for somebody on a name.
-struct Patience {
+struct Timeouts {
   /// For the name to appear.
   std::chrono::duration<double> wait;
   /// For whoever has the name to answer at all.
@@ -20,7 +20,7 @@ struct Patience {
 /// side does; calls to the proxy afterwards wait as long as they take. `who` names the other side
 /// in a sentence.
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
-                                 const Patience &patience);
+                                 const Timeouts &timeouts);
 
 /// What an exception of a call to the proxy means.
 Failure failureOf(NSException *exception, id proxy, const char *who);

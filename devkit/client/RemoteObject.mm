@@ -38,7 +38,7 @@ bool isRegistered(NSString *name) {
 }  // namespace
 
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
-                                 const Patience &patience) {
+                                 const Timeouts &timeouts) {
   // Without a folder for its connections the platform ends the program, and with one that another
   // user has prepared it might lead to that user.
   const auto folder = platform::temporaryFolder();
@@ -51,10 +51,10 @@ std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char 
     defaults = [NSConnection defaultConnection];
   }
   const NSTimeInterval endless = [defaults replyTimeout];
-  [defaults setReplyTimeout:patience.timeout.count()];
-  [defaults setRequestTimeout:patience.timeout.count()];
+  [defaults setReplyTimeout:timeouts.timeout.count()];
+  [defaults setRequestTimeout:timeouts.timeout.count()];
 
-  NSDate *deadline = [NSDate dateWithTimeIntervalSinceNow:patience.wait.count()];
+  NSDate *deadline = [NSDate dateWithTimeIntervalSinceNow:timeouts.wait.count()];
   // In this order: a name that appears between the two would look like one that does not answer.
   bool wasRegistered = isRegistered(name);
   id proxy = rootProxy(name);

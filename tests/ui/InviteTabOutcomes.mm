@@ -1,6 +1,6 @@
 // How an invitation ends: each row of the table of its outcomes, with all that the row says.
 
-#include "tests/support/ImpatientUser.h"
+#include "tests/support/TypeAheadUser.h"
 #import "tests/ui/InviteTabFixture.h"
 
 using InviteTabOutcomes = InviteTabFixture;
@@ -120,7 +120,7 @@ TEST_F(InviteTabOutcomes, KeysPressedBeforeTheAlertShowsDoNotDismissItUnread) {
   [slowly setObject:@0.2 forKey:@"delay"];
   grants(slowly);
   open();
-  const ImpatientUser user(window, @"\r", [&] { return calls(kGrant) == 1; });
+  const TypeAheadUser user(window, @"\r", [&] { return calls(kGrant) == 1; });
   invite(@"a@x.de");
   EXPECT_TRUE(user.hasTyped());
   EXPECT_TRUE(alertShows("The folder can only be shared with colleagues."));
@@ -135,7 +135,7 @@ TEST_F(InviteTabOutcomes, AKeyPressedWhileTheListIsLoadedBehindTheAlertDismisses
   answer(
       @"getAccess::",
       @{@"delay" : @0.3});
-  const ImpatientUser user(window, @"\r", [&] { return calls(@"getAccess::") == 2; });
+  const TypeAheadUser user(window, @"\r", [&] { return calls(@"getAccess::") == 2; });
   invite(@"a@x.de");
   EXPECT_TRUE(user.hasTyped());
   EXPECT_EQ([window attachedSheet], nil);

@@ -1,7 +1,7 @@
 #import "text/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
-#include "tests/support/ImpatientUser.h"
+#include "tests/support/TypeAheadUser.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -106,7 +106,7 @@ TEST_F(PermissionsTabChanges, WithoutAnAnswerTheRowKeepsTheNewLevelAndTheUserIsT
 
 TEST_F(PermissionsTabChanges, KeysPressedWhileARefusedChangeRunsDoNotDismissItsAlertUnread) {
   openWith(@{@"delay" : @0.2, @"reply" : refusal(5, @"no")});
-  const ImpatientUser user([window window], @"\r");
+  const TypeAheadUser user([window window], @"\r");
   choose(0, kWriter);
   handlePostedEvents();
   EXPECT_TRUE(user.hasTyped());
@@ -115,7 +115,7 @@ TEST_F(PermissionsTabChanges, KeysPressedWhileARefusedChangeRunsDoNotDismissItsA
 
 TEST_F(PermissionsTabChanges, KeysPressedWhileTheAgentGoesDoNotDismissTheAlertUnread) {
   openWith(@{@"delay" : @0.2, @"die" : @"before"});
-  const ImpatientUser user([window window], @"\r");
+  const TypeAheadUser user([window window], @"\r");
   choose(0, kWriter);
   handlePostedEvents();
   EXPECT_TRUE(user.hasTyped());

@@ -1,7 +1,7 @@
 #import "text/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
-#include "tests/support/ImpatientUser.h"
+#include "tests/support/TypeAheadUser.h"
 #include "tests/ui/PermissionsTab.h"
 
 namespace {
@@ -135,7 +135,7 @@ TEST_F(PermissionsTabRemovals, KeysPressedWhileARefusedRemovalRunsDoNotDismissIt
       @{@"delay" : @0.2,
         @"reply" : refusal(9, @"locked")});
   NSWindow *const question = askToRemove(0);
-  const ImpatientUser user([window window], @"\r");
+  const TypeAheadUser user([window window], @"\r");
   press(question, kYes);
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   handlePostedEvents();

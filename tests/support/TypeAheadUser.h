@@ -8,14 +8,14 @@
 
 /// While one of these lives, somebody presses keys in a window once, while the main thread waits
 /// for the reply of another process.
-class ImpatientUser {
+class TypeAheadUser {
  public:
   /// when: asked while the main thread waits; the keys are pressed as soon as it holds.
-  ImpatientUser(
+  TypeAheadUser(
       NSWindow *window, NSString *keys, std::function<bool()> when = [] { return true; });
-  ~ImpatientUser();
-  ImpatientUser(const ImpatientUser &) = delete;
-  ImpatientUser &operator=(const ImpatientUser &) = delete;
+  ~TypeAheadUser();
+  TypeAheadUser(const TypeAheadUser &) = delete;
+  TypeAheadUser &operator=(const TypeAheadUser &) = delete;
 
   bool hasTyped() const { return hasTyped_; }
 
