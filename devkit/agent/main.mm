@@ -6,7 +6,7 @@
 #import "devkit/agent/EndingSignals.h"
 #import "devkit/agent/KRVAgentService.h"
 #include "devkit/base/Arguments.h"
-#include "platform/gnustep/TemporaryFolder.h"
+#include "platform/gnustep/connections/TemporaryFolder.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "devkit/base/LeakCheckPause.h"
-#include "platform/gnustep/TemporaryFolder.h"
+#include "platform/gnustep/connections/TemporaryFolder.h"
 
 namespace devkit {
 namespace {

@@ -1,6 +1,6 @@
 /// Included in front of every Objective-C++ file on this platform: declarations that its own
 /// headers of Foundation lack.
 #ifdef __OBJC__
-#import "platform/gnustep/CFURL.h"
-#import "platform/gnustep/NSAppleScript+FileManager.h"
+#import "platform/gnustep/foundation/CFURL.h"
+#import "platform/gnustep/workspace/NSAppleScript+FileManager.h"
 #endif

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "platform/gnustep/LargeSelection.h"
+#include "platform/gnustep/pasteboard/LargeSelection.h"
 #import "tests/ui/Windows.h"
 
 // Texts that other programs hand over in parts, which the pasteboard's server cannot receive.

@@ -3,7 +3,7 @@
 #include <atomic>
 #include <fstream>
 
-#import "platform/gnustep/DeallocHook.h"
+#import "platform/gnustep/runtime/DeallocHook.h"
 #include "tests/support/Thorough.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <map>
 
-#import "platform/gnustep/DeallocHook.h"
+#import "platform/gnustep/runtime/DeallocHook.h"
 
 namespace {
 

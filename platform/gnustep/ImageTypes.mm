@@ -1,8 +1,0 @@
-#import "platform/gnustep/ImageTypes.h"
-
-#import <AppKit/AppKit.h>
-
-void useOwnImageReadersOnly() {
-  Class const foreign = NSClassFromString(@"GSImageMagickImageRep");
-  if (foreign != Nil) [NSImageRep unregisterImageRepClass:foreign];
-}

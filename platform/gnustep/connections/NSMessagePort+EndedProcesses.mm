@@ -1,0 +1,95 @@
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+#include <poll.h>
+
+#include <charconv>
+#include <string>
+#include <string_view>
+
+#include "platform/gnustep/workspace/ProcessTable.h"
+
+// What was received from a process is released by a message to it, for which the platform connects
+// to its port once more when the process has ended meanwhile. That fails, which does no harm, but
+// the platform writes a line of its own into the log, which says nothing to anybody. On the Mac
+// there is none. The process may also be about to end: then the connection is reset before it has
+// been accepted.
+
+/// Not in the platform's headers.
+@interface NSMessagePort (Name)
+- (const unsigned char *)_name;
+@end
+
+@protocol MessageHandle
+- (int)descriptor;
+- (int)state;
+- (void)setState:(int)state;
+@end
+
+@interface NSMessagePort (EndedProcesses)
+@end
+
+namespace {
+
+using ConnectToPort = BOOL (*)(id, SEL, NSMessagePort *, NSDate *);
+ConnectToPort platformConnectToPort = nullptr;
+using ReceivedEvent = void (*)(id, SEL, void *, RunLoopEventType, void *, NSString *);
+ReceivedEvent platformReceivedEvent = nullptr;
+
+/// The platform's states of a connection.
+constexpr int kUnconnected = 0;
+constexpr int kConnecting = 1;
+
+/// The process that listens at a port, whose socket is named ".../PROCESS.NUMBER"; 0 if there is no
+/// such name.
+pid_t processOf(NSMessagePort *port) {
+  const auto *const name = reinterpret_cast<const char *>([port _name]);
+  if (name == nullptr) return 0;
+  std::string_view socket = name;
+  socket.remove_prefix(socket.rfind('/') + 1);
+  pid_t process = 0;
+  std::from_chars(socket.data(), socket.data() + socket.size(), process);
+  return process;
+}
+
+BOOL connectToPort(id handle, SEL selector, NSMessagePort *port, NSDate *limit) {
+  const pid_t process = processOf(port);
+  if (process > 0 && platform::hasEnded(process)) return NO;
+  return platformConnectToPort(handle, selector, port, limit);
+}
+
+bool isReset(int socket) {
+  struct pollfd connection = {socket, 0, 0};
+  return poll(&connection, 1, 0) == 1 && (connection.revents & (POLLERR | POLLHUP)) != 0;
+}
+
+void receivedEvent(id handle, SEL selector, void *data, RunLoopEventType type, void *extra,
+                   NSString *mode) {
+  id<MessageHandle> const connection = handle;
+  if (type == ET_WDESC && [connection state] == kConnecting && isReset([connection descriptor])) {
+    [connection setState:kUnconnected];
+    return;
+  }
+  platformReceivedEvent(handle, selector, data, type, extra, mode);
+}
+
+template <class Function>
+void replace(SEL selector, Function function, Function &platforms) {
+  Method const method = class_getInstanceMethod(objc_getClass("GSMessageHandle"), selector);
+  if (method == nullptr) return;
+  platforms =
+      reinterpret_cast<Function>(method_setImplementation(method, reinterpret_cast<IMP>(function)));
+}
+
+}  // namespace
+
+@implementation NSMessagePort (EndedProcesses)
+
++ (void)load {
+  replace<ConnectToPort>(sel_registerName("connectToPort:beforeDate:"), connectToPort,
+                         platformConnectToPort);
+  replace<ReceivedEvent>(@selector(receivedEvent:type:extra:forMode:), receivedEvent,
+                         platformReceivedEvent);
+}
+
+@end

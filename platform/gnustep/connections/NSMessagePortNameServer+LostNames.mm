@@ -1,0 +1,94 @@
+#import <Foundation/Foundation.h>
+#import <objc/runtime.h>
+
+#import "platform/gnustep/connections/RegisteredNames.h"
+#include "platform/gnustep/connections/TemporaryFolder.h"
+
+// Tells RegisteredNames what this process registers and what it gives back. And makes the folder of
+// names again for whoever looks for one when it is gone: the platform makes it once in the life of
+// a process, and raises ever after. Nothing is made in a folder that has become another user's, or
+// a link, meanwhile.
+
+@interface NSMessagePortNameServer (Files)
++ (NSString *)_pathForName:(NSString *)name;
+@end
+
+@interface NSMessagePortNameServer (LostNames)
+@end
+
+namespace {
+
+using RegisterPort = BOOL (*)(id, SEL, NSPort *, NSString *);
+using RemovePort = BOOL (*)(id, SEL, NSPort *, NSString *);
+using RemoveName = BOOL (*)(id, SEL, NSString *);
+using FileLock = NSDistributedLock *(*)(id, SEL);
+using NewPort = id (*)(id, SEL);
+
+RegisterPort platformRegisterPort = nullptr;
+RemovePort platformRemovePort = nullptr;
+RemoveName platformRemoveName = nullptr;
+FileLock platformFileLock = nullptr;
+NewPort platformNewPort = nullptr;
+
+template <class Function>
+Function replace(Method method, Function ours) {
+  return reinterpret_cast<Function>(method_setImplementation(method, reinterpret_cast<IMP>(ours)));
+}
+
+/// nil, as the platform's where there is no temporary folder at all.
+id newPort(id cls, SEL selector) {
+  return platform::temporaryFolder().problem.empty() ? platformNewPort(cls, selector) : nil;
+}
+
+/// Not when the program is loaded: replacing a method initialises the class, which goes to the
+/// temporary folder.
+void guardNewPorts() {
+  if (platformNewPort != nullptr) return;
+  platformNewPort = replace(class_getClassMethod([NSMessagePort class], @selector(new)), newPort);
+}
+
+BOOL registerPort(id server, SEL selector, NSPort *port, NSString *name) {
+  if ([NSThread isMainThread]) guardNewPorts();
+  const BOOL isRegistered = platformRegisterPort(server, selector, port, name);
+  if (isRegistered && [NSThread isMainThread]) {
+    [[RegisteredNames sharedNames] addName:name ofPort:port];
+  }
+  return isRegistered;
+}
+
+BOOL removePort(id server, SEL selector, NSPort *port, NSString *name) {
+  if ([NSThread isMainThread]) [[RegisteredNames sharedNames] removeName:name ofPort:port];
+  return platformRemovePort(server, selector, port, name);
+}
+
+BOOL removeName(id server, SEL selector, NSString *name) {
+  if ([NSThread isMainThread]) [[RegisteredNames sharedNames] removeName:name ofPort:nil];
+  return platformRemoveName(server, selector, name);
+}
+
+/// nil, which the platform takes for no lock, where the names cannot be trusted.
+NSDistributedLock *fileLock(id cls, SEL selector) {
+  const platform::TemporaryFolder temporary = platform::temporaryFolder();
+  if (!temporary.problem.empty()) return nil;
+  NSString *const folder = [[cls _pathForName:nil] stringByDeletingLastPathComponent];
+  if (folder != nil && ![[NSFileManager defaultManager] fileExistsAtPath:folder]) {
+    platform::makePortFolders(temporary.path);
+  }
+  return platformFileLock(cls, selector);
+}
+
+}  // namespace
+
+@implementation NSMessagePortNameServer (LostNames)
+
++ (void)load {
+  platformRegisterPort =
+      replace(class_getInstanceMethod(self, @selector(registerPort:forName:)), registerPort);
+  platformRemovePort =
+      replace(class_getInstanceMethod(self, @selector(removePort:forName:)), removePort);
+  platformRemoveName =
+      replace(class_getInstanceMethod(self, @selector(removePortForName:)), removeName);
+  platformFileLock = replace(class_getClassMethod(self, sel_registerName("_fileLock")), fileLock);
+}
+
+@end

@@ -1,0 +1,69 @@
+#import "platform/gnustep/events/EventArrival.h"
+
+#import <AppKit/AppKit.h>
+#import <GNUstepGUI/GSDisplayServer.h>
+#import <objc/runtime.h>
+
+#include <X11/Xlib.h>
+#include <sys/eventfd.h>
+
+#include <cstdint>
+
+namespace {
+
+/// Readable while events have been handled that the run loop has not counted as input.
+int handledEvents = -1;
+
+using ShouldBlock = BOOL (*)(id, SEL, BOOL *);
+ShouldBlock platformShouldBlock = nullptr;
+
+/// Around the platform's answer to the run loop's question whether it has to wait. Asked for that,
+/// the platform looks whether events have arrived, by which it takes them from the connection. The
+/// run loop then has them handled, which puts them into the application's queue, but does not count
+/// that as input: it would wait for more before it returns to whoever wanted an event.
+BOOL runLoopShouldBlock(id self, SEL selector, BOOL *trigger) {
+  const BOOL shouldBlock = platformShouldBlock(self, selector, trigger);
+  if (!shouldBlock) eventfd_write(handledEvents, 1);
+  return shouldBlock;
+}
+
+}  // namespace
+
+/// What the run loop counts as input when events have been handled.
+@interface HandledEvents : NSObject <RunLoopEvents>
+@end
+
+@implementation HandledEvents
+
+- (void)receivedEvent:(void *)data
+                 type:(RunLoopEventType)type
+                extra:(void *)extra
+              forMode:(NSString *)mode {
+  (void)data;
+  (void)type;
+  (void)extra;
+  (void)mode;
+  eventfd_t count = 0;
+  eventfd_read(handledEvents, &count);
+}
+
+@end
+
+void installEventArrival() {
+  const Method method = class_getInstanceMethod(NSClassFromString(@"XGServer"),
+                                                NSSelectorFromString(@"runLoopShouldBlock:"));
+  if (method == nullptr || platformShouldBlock != nullptr) return;
+  handledEvents = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
+  if (handledEvents < 0) return;
+  static HandledEvents *const source = [[HandledEvents alloc] init];
+  void *const descriptor = reinterpret_cast<void *>(static_cast<std::intptr_t>(handledEvents));
+  // Those in which the platform looks for events.
+  for (NSString *mode in @[
+         NSDefaultRunLoopMode, NSConnectionReplyMode, NSModalPanelRunLoopMode,
+         NSEventTrackingRunLoopMode
+       ]) {
+    [[NSRunLoop currentRunLoop] addEvent:descriptor type:ET_RDESC watcher:source forMode:mode];
+  }
+  platformShouldBlock = reinterpret_cast<ShouldBlock>(
+      method_setImplementation(method, reinterpret_cast<IMP>(runLoopShouldBlock)));
+}

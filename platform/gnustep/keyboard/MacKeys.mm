@@ -1,0 +1,135 @@
+#import "platform/gnustep/keyboard/MacKeys.h"
+
+#import <AppKit/AppKit.h>
+#import <objc/runtime.h>
+
+#include "platform/gnustep/keyboard/MacKeyCodes.h"
+
+namespace {
+
+constexpr int kXKeyPress = 2;
+constexpr int kXKeyRelease = 3;
+
+/// Whether the event being made is one of the window server's key events.
+thread_local bool isServersKey = false;
+
+class ServersKey {
+ public:
+  explicit ServersKey(bool isKey) : outer_(isServersKey) { isServersKey = isKey; }
+  ~ServersKey() { isServersKey = outer_; }
+  ServersKey(const ServersKey &) = delete;
+  ServersKey &operator=(const ServersKey &) = delete;
+
+ private:
+  bool outer_;
+};
+
+/// The window server's event, of which only the first member is of interest.
+struct ServerEvent {
+  int type;
+};
+
+void (*platformsProcessEvent)(id, SEL, const ServerEvent *);
+
+void processEvent(id self, SEL selector, const ServerEvent *event) {
+  const ServersKey scope(event->type == kXKeyPress || event->type == kXKeyRelease);
+  platformsProcessEvent(self, selector, event);
+}
+
+bool isControlCharacter(unichar character) {
+  return character < 0x20 || character == NSDeleteCharacter;
+}
+
+/// The server makes control characters (or nothing) of letters and digits when Control is held. As
+/// Command it must not: Command-M would come out as Return and Command-I as Tab.
+NSString *charactersWithCommand(NSString *characters, NSString *unmodified) {
+  if ([unmodified length] == 0 || isControlCharacter([unmodified characterAtIndex:0])) {
+    return characters;
+  }
+  if ([characters length] > 0 && !isControlCharacter([characters characterAtIndex:0])) {
+    return characters;
+  }
+  return unmodified;
+}
+
+using MakeKeyEvent = NSEvent *(*)(id, SEL, NSEventType, NSPoint, NSUInteger, NSTimeInterval,
+                                  NSInteger, NSGraphicsContext *, NSString *, NSString *, BOOL,
+                                  unsigned short);
+MakeKeyEvent platformsMakeKeyEvent;
+
+NSEvent *makeKeyEvent(id self, SEL selector, NSEventType type, NSPoint location, NSUInteger flags,
+                      NSTimeInterval time, NSInteger window, NSGraphicsContext *context,
+                      NSString *characters, NSString *unmodified, BOOL isRepeat,
+                      unsigned short code) {
+  if (isServersKey) {
+    code = macKeyCode(code);
+    if ((flags & NSCommandKeyMask) != 0 && (flags & NSControlKeyMask) == 0) {
+      characters = charactersWithCommand(characters, unmodified);
+    }
+  }
+  return platformsMakeKeyEvent(self, selector, type, location, flags, time, window, context,
+                               characters, unmodified, isRepeat, code);
+}
+
+template <class Function>
+void replace(Method method, Function replacement, Function &former) {
+  former = reinterpret_cast<Function>(
+      method_setImplementation(method, reinterpret_cast<IMP>(replacement)));
+}
+
+}  // namespace
+
+/// Waits for the bundle that talks to the window server: after it is loaded, and before its one
+/// object is made, which keeps the implementation that it finds.
+@interface WindowServerBundle : NSObject
++ (void)bundleDidLoad:(NSNotification *)notification;
+@end
+
+@implementation WindowServerBundle
+
++ (void)bundleDidLoad:(NSNotification *)notification {
+  (void)notification;
+  const Class server = NSClassFromString(@"XGServer");
+  if (server == Nil) return;
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  const Method method = class_getInstanceMethod(server, @selector(processEvent:));
+  if (method == nullptr) return;
+  const SEL make = NSSelectorFromString(
+      @"keyEventWithType:location:modifierFlags:timestamp:windowNumber:context:"
+      @"characters:charactersIgnoringModifiers:isARepeat:keyCode:");
+  const Method maker = class_getClassMethod([NSEvent class], make);
+  replace(maker, makeKeyEvent, platformsMakeKeyEvent);
+  replace(method, processEvent, platformsProcessEvent);
+}
+
+@end
+
+void registerModifierKeys(NSUserDefaults *defaults) {
+  NSDictionary *const keys = @{
+    @"GSFirstCommandKey" : @"Control_L",
+    @"GSSecondCommandKey" : @"Control_R",
+    @"GSFirstControlKey" : @"Super_L",
+    @"GSSecondControlKey" : @"Super_R",
+    @"GSFirstAlternateKey" : @"Alt_L",
+    @"GSSecondAlternateKey" : @"Alt_R",
+  };
+  for (NSString *key in keys) {
+    if ([defaults objectForKey:key] != nil) return;
+  }
+  [defaults registerDefaults:keys];
+}
+
+void installMacKeys() {
+  static bool isInstalled = false;
+  if (isInstalled) return;
+  if (NSClassFromString(@"XGServer") != Nil) {
+    [NSException raise:NSInternalInconsistencyException
+                format:@"the window server is connected already"];
+  }
+  isInstalled = true;
+  registerModifierKeys([NSUserDefaults standardUserDefaults]);
+  [[NSNotificationCenter defaultCenter] addObserver:[WindowServerBundle class]
+                                           selector:@selector(bundleDidLoad:)
+                                               name:NSBundleDidLoadNotification
+                                             object:nil];
+}

@@ -1,0 +1,89 @@
+#import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
+
+#include "platform/gnustep/runtime/OwnMethod.h"
+
+namespace {
+
+NSWindow *menuWindowOf(NSPopUpButton *popUp) {
+  return [[[popUp menu] menuRepresentation] window];
+}
+
+/// The pop-up that has the window's keyboard, if its menu is open.
+NSPopUpButton *popUpWithOpenMenu(NSWindow *window) {
+  id const responder = [window firstResponder];
+  if (![responder isKindOfClass:[NSPopUpButton class]]) return nil;
+  return [menuWindowOf(responder) isVisible] ? responder : nil;
+}
+
+}  // namespace
+
+BOOL deliverToOpenMenu(NSEvent *event) {
+  switch ([event type]) {
+    case NSKeyDown: {
+      if (([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
+      NSPopUpButton *const popUp = popUpWithOpenMenu([event window]);
+      [popUp keyDown:event];
+      return popUp != nil;
+    }
+    case NSLeftMouseDown:
+    case NSRightMouseDown:
+    case NSOtherMouseDown: {
+      NSPopUpButton *const popUp = popUpWithOpenMenu([NSApp keyWindow]);
+      if (popUp == nil || [event window] == menuWindowOf(popUp)) return NO;
+      [[popUp cell] dismissPopUp];
+      return YES;
+    }
+    default:
+      return NO;
+  }
+}
+
+void closeMenuOf(NSPopUpButton *popUp) {
+  // Not by what is visible: the menu of a window that is hidden with its application is still open.
+  if ([menuWindowOf(popUp) parentWindow] != nil) [[popUp cell] dismissPopUp];
+}
+
+@interface NSPopUpButtonCell (OpenMenu)
+- (void)windowOfOpenMenuLeaves:(NSNotification *)notification;
+@end
+
+// The menu must not outlive its window on the screen: hidden with the application, it would come
+// back with it, and refer to a pop-up and a window that have ended.
+//
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSPopUpButtonCell (OpenMenu)
+
+- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  using Attach = void (*)(id, SEL, NSRect, NSView *);
+  static const auto own = ownMethod<Attach>([NSPopUpButtonCell class], _cmd);
+  own(self, _cmd, frame, view);
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center addObserver:self
+             selector:@selector(windowOfOpenMenuLeaves:)
+                 name:NSWindowWillCloseNotification
+               object:[view window]];
+  [center addObserver:self
+             selector:@selector(windowOfOpenMenuLeaves:)
+                 name:NSApplicationWillHideNotification
+               object:NSApp];
+}
+
+/// With the selected item highlighted again: the platform takes a highlighted item for the selected
+/// one the next time that it draws the button's title.
+- (void)dismissPopUp {
+  static const auto own = ownMethod<void (*)(id, SEL)>([NSPopUpButtonCell class], _cmd);
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center removeObserver:self name:NSWindowWillCloseNotification object:nil];
+  [center removeObserver:self name:NSApplicationWillHideNotification object:nil];
+  own(self, _cmd);
+  const NSInteger selected = [self pullsDown] ? -1 : [self indexOfSelectedItem];
+  [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
+}
+
+- (void)windowOfOpenMenuLeaves:(NSNotification *)notification {
+  (void)notification;
+  [self dismissPopUp];
+}
+
+@end

@@ -1,0 +1,204 @@
+#import "platform/gnustep/pasteboard/NSPasteboard+Answering.h"
+
+#import <GNUstepGUI/GSDisplayServer.h>
+#import <GNUstepGUI/GSPasteboardServer.h>
+#include <X11/Xlib.h>
+
+#include "platform/gnustep/pasteboard/LargeSelection.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+#import "platform/gnustep/runtime/OwnMethod.h"
+
+@interface NSPasteboard (PlatformPrivate)
++ (NSPasteboard *)_pasteboardWithTarget:(id)target name:(NSString *)name;
+- (id)_target;
+@end
+
+namespace {
+
+/// As little as possible: 0 stands for no end.
+constexpr NSTimeInterval kNoWaitSeconds = 0.001;
+
+/// For the owner of a selection to answer, as long as for the server.
+constexpr double kOwnerSeconds = 2;
+
+/// What the server takes in of a large text on a busy machine, beside the time of any answer.
+constexpr double kBytesASecond = 500'000;
+
+NSUInteger unanswered = 0;
+bool isSilent = false;
+id generalOfServer = nil;  // retained: the server's object for the general pasteboard, last known
+
+/// The answer, or `none` when the server does not answer.
+template <class Answer, class Question>
+Answer answerOr(Answer none, Question question) {
+  @try {
+    Answer const answer = question();
+    isSilent = false;
+    return answer;
+  } @catch (NSException *exception) {
+    ++unanswered;
+    isSilent = true;
+    return none;
+  }
+}
+
+/// The same for a question that one pasteboard asks.
+template <class Answer, class Question>
+Answer answerOr(Answer none, NSPasteboard *pasteboard, Question question) {
+  return [pasteboard hasServer] ? answerOr(none, question) : none;
+}
+
+NSPasteboard *withoutServer(NSString *name) {
+  isSilent = true;
+  return [NSPasteboard _pasteboardWithTarget:nil name:name];
+}
+
+/// The selection of the display that a pasteboard stands for, null for none.
+const char *selectionOf(NSString *name) {
+  if ([name isEqualToString:NSGeneralPboard]) return "CLIPBOARD";
+  if ([name isEqualToString:@"Selection"]) return "PRIMARY";
+  if ([name isEqualToString:@"Secondary"]) return "SECONDARY";
+  return nullptr;
+}
+
+/// The display that the server looks at; null for the environment's.
+const char *nameOfDisplay() {
+  auto *const display = static_cast<Display *>([GSCurrentServer() serverDevice]);
+  return display != nullptr ? DisplayString(display) : nullptr;
+}
+
+/// The text as the platform puts it on pasteboards; nil when it is none.
+NSData *serialized(const std::string &utf8) {
+  NSString *const text = [[[NSString alloc] initWithBytes:utf8.data()
+                                                   length:utf8.size()
+                                                 encoding:NSUTF8StringEncoding] autorelease];
+  return text == nil ? nil : [NSSerializer serializePropertyList:text];
+}
+
+/// The platform hands out the server's array, of which every element is another question.
+NSArray *localCopy(NSArray *remote) {
+  if (remote == nil) return nil;
+  NSMutableArray *const copy = [NSMutableArray array];
+  const NSUInteger count = [remote count];
+  for (NSUInteger i = 0; i < count; ++i) [copy addObject:[remote objectAtIndex:i]];
+  return copy;
+}
+
+}  // namespace
+
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSPasteboard (Answering)
+
++ (NSUInteger)unansweredQuestions {
+  return unanswered;
+}
+
++ (BOOL)isServerSilent {
+  return isSilent;
+}
+
+- (BOOL)hasServer {
+  return [self _target] != nil;
+}
+
+#pragma mark - Getting one
+
++ (NSPasteboard *)pasteboardWithName:(NSString *)name {
+  static const auto own = ownMethod<NSPasteboard *(*)(id, SEL, NSString *)>(
+      object_getClass([NSPasteboard class]), _cmd);
+  const auto ask = [&] {
+    return answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd, name); });
+  };
+  const bool wasConnected = [NSPasteboard isConnectedToServer];
+  NSPasteboard *found = ask();
+  // It has ended, and the question was how that was noticed.
+  if (found == nil && wasConnected && ![NSPasteboard isConnectedToServer]) found = ask();
+  if (found == nil) {
+    ++unanswered;
+    return withoutServer(name);
+  }
+  if ([name isEqualToString:NSGeneralPboard] && [found _target] != generalOfServer) {
+    [generalOfServer release];
+    generalOfServer = [[found _target] retain];
+  }
+  return found;
+}
+
++ (NSPasteboard *)pasteboardWithUniqueName {
+  static const auto own =
+      ownMethod<NSPasteboard *(*)(id, SEL)>(object_getClass([NSPasteboard class]), _cmd);
+  NSPasteboard *const found = answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd); });
+  return found ?: withoutServer([[NSProcessInfo processInfo] globallyUniqueString]);
+}
+
+#pragma mark - Writing
+
+- (int)declareTypes:(NSArray *)types owner:(id)newOwner {
+  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
+  const auto ask = [&] {
+    return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+  };
+  if (const int count = ask()) return count;
+  // The server has told the former owner first, which may hang. Now there is none any more.
+  if (const int count = ask()) return count;
+  withoutServer([self name]);
+  return 0;
+}
+
+- (int)addTypes:(NSArray *)types owner:(id)newOwner {
+  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
+  return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+}
+
+- (BOOL)setData:(NSData *)data forType:(NSString *)type {
+  static const auto own =
+      ownMethod<BOOL (*)(id, SEL, NSData *, NSString *)>([NSPasteboard class], _cmd);
+  NSConnection *const connection = [[self _target] connectionForProxy];
+  const NSTimeInterval former = [connection replyTimeout];
+  [connection setReplyTimeout:former + static_cast<double>([data length]) / kBytesASecond];
+  const BOOL isTaken = answerOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+  [connection setReplyTimeout:former];
+  return isTaken;
+}
+
+- (void)clearWhenServerGoesOn {
+  NSConnection *const connection = [generalOfServer connectionForProxy];
+  if (![[self name] isEqualToString:NSGeneralPboard] || ![connection isValid]) return;
+  // Sent and not waited for. What is sent to a process that stands still is there when it goes on.
+  const NSTimeInterval former = [connection replyTimeout];
+  [connection setReplyTimeout:kNoWaitSeconds];
+  answerOr(
+      0, [&] { return [generalOfServer declareTypes:[NSArray array] owner:nil pasteboard:self]; });
+  [connection setReplyTimeout:former];
+}
+
+#pragma mark - Reading
+
+- (NSArray *)types {
+  static const auto own = ownMethod<NSArray *(*)(id, SEL)>([NSPasteboard class], _cmd);
+  return answerOr<NSArray *>(nil, self, [&] { return localCopy(own(self, _cmd)); });
+}
+
+- (NSString *)availableTypeFromArray:(NSArray *)types {
+  static const auto own = ownMethod<NSString *(*)(id, SEL, NSArray *)>([NSPasteboard class], _cmd);
+  return answerOr<NSString *>(nil, self, [&] { return own(self, _cmd, types); });
+}
+
+- (int)changeCount {
+  static const auto own = ownMethod<int (*)(id, SEL)>([NSPasteboard class], _cmd);
+  return answerOr(0, self, [&] { return own(self, _cmd); });
+}
+
+- (NSData *)dataForType:(NSString *)type {
+  static const auto own = ownMethod<NSData *(*)(id, SEL, NSString *)>([NSPasteboard class], _cmd);
+  const char *const selection = selectionOf([self name]);
+  if (selection != nullptr && [type isEqualToString:NSStringPboardType] && [self hasServer]) {
+    const LargeSelection large = largeSelection(nameOfDisplay(), selection, kOwnerSeconds);
+    if (large.kind == LargeSelection::Kind::Text) return serialized(large.utf8);
+    if (large.kind == LargeSelection::Kind::Broken) return nil;
+  }
+  return answerOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
+}
+
+@end

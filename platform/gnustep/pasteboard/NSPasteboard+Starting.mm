@@ -1,0 +1,122 @@
+#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+
+#import <GNUstepGUI/GSPasteboardServer.h>
+#import <objc/runtime.h>
+
+#import "platform/gnustep/connections/ConnectionTimeouts.h"
+
+namespace {
+
+/// As long as the platform waits for an answer of the server.
+constexpr NSTimeInterval kReplySeconds = 2;
+/// For the server to take what may be megabytes.
+constexpr NSTimeInterval kRequestSeconds = 10;
+constexpr NSTimeInterval kStartSeconds = 5;
+constexpr NSTimeInterval kPollSeconds = 0.02;
+
+using Connect = id (*)(id, SEL);
+
+Connect platformsConnect = nullptr;
+id server = nil;  // retained; nil when there is no connection
+bool isConnecting = false;
+
+/// Whether a server has registered its name, be it that it hangs.
+bool isRunning() {
+  NSPortNameServer *const names = [NSPortNameServer systemDefaultPortNameServer];
+  return [names portForName:PBSNAME onHost:@""] != nil;
+}
+
+/// The server, nil when there is none or when it does not answer.
+id lookUp() {
+  @try {
+    const ConnectionTimeouts bounded(kReplySeconds);
+    return isRunning() ? [NSConnection rootProxyForConnectionWithRegisteredName:PBSNAME host:@""]
+                       : nil;
+  } @catch (NSException *exception) {
+    return nil;  // for one, because a dead process has locked the names
+  }
+}
+
+/// Starts a server and waits until it has registered its name. It ends when no program is left that
+/// owns a pasteboard.
+bool start() {
+  NSString *const tool = [NSTask launchPathForTool:@"gpbs"];
+  if (tool == nil) return false;
+  @try {
+    [NSTask launchedTaskWithLaunchPath:tool arguments:[NSArray arrayWithObject:@"--auto"]];
+    NSDate *const limit = [NSDate dateWithTimeIntervalSinceNow:kStartSeconds];
+    while (!isRunning()) {
+      if ([limit timeIntervalSinceNow] < 0) return false;
+      [NSThread sleepForTimeInterval:kPollSeconds];
+    }
+    return true;
+  } @catch (NSException *exception) {
+    return false;
+  }
+}
+
+/// The platform starts the server so that it ends, and the clipboard with it, when a program that
+/// has used it does; only those that have ever owned a pasteboard keep it alive. So this program
+/// owns one, of which nobody else knows.
+void keepAlive() {
+  [[NSPasteboard pasteboardWithUniqueName] declareTypes:[NSArray array]
+                                                  owner:[[[NSObject alloc] init] autorelease]];
+}
+
+void use(id found) {
+  server = [found retain];
+  NSConnection *const connection = [found connectionForProxy];
+  [connection enableMultipleThreads];
+  [connection setReplyTimeout:kReplySeconds];
+  [connection setRequestTimeout:kRequestSeconds];
+  [found setProtocolForProxy:objc_getProtocol("GSPasteboardSvr")];
+  [[NSNotificationCenter defaultCenter] addObserver:[NSPasteboard class]
+                                           selector:@selector(serverConnectionDied:)
+                                               name:NSConnectionDidDieNotification
+                                             object:connection];
+  keepAlive();
+}
+
+id connectToServer(id cls, SEL selector) {
+  // A server on another machine is the platform's own affair.
+  if ([[[NSUserDefaults standardUserDefaults] stringForKey:@"NSHost"] length] > 0) {
+    return platformsConnect(cls, selector);
+  }
+  if (server != nil || isConnecting) return server;
+  isConnecting = true;
+  id found = lookUp();
+  // Not another one for a server that hangs: it could not have the name.
+  if (found == nil && !isRunning() && start()) found = lookUp();
+  isConnecting = false;
+  if (found != nil) use(found);
+  return server;
+}
+
+}  // namespace
+
+@implementation NSPasteboard (Starting)
+
++ (void)load {
+  Method const method = class_getClassMethod(self, sel_registerName("_pbs"));
+  platformsConnect = reinterpret_cast<Connect>(
+      method_setImplementation(method, reinterpret_cast<IMP>(connectToServer)));
+}
+
++ (BOOL)connectToServer {
+  return connectToServer(self, sel_registerName("_pbs")) != nil;
+}
+
++ (BOOL)isConnectedToServer {
+  return server != nil && [[server connectionForProxy] isValid];
+}
+
++ (void)serverConnectionDied:(NSNotification *)notification {
+  [[NSNotificationCenter defaultCenter] removeObserver:self
+                                                  name:NSConnectionDidDieNotification
+                                                object:[notification object]];
+  if ([server connectionForProxy] != [notification object]) return;
+  [server autorelease];
+  server = nil;
+}
+
+@end

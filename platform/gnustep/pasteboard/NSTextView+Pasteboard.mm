@@ -1,0 +1,37 @@
+#import <AppKit/AppKit.h>
+
+#import "platform/gnustep/pasteboard/NSPasteboard+Answering.h"
+#import "platform/gnustep/runtime/OwnMethod.h"
+
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+
+@implementation NSText (Pasteboard)
+
+/// What could not be put on the clipboard stays in the text.
+- (void)cut:(id)sender {
+  const NSUInteger before = [NSPasteboard unansweredQuestions];
+  [self copy:sender];
+  if ([NSPasteboard unansweredQuestions] == before) {
+    [self delete:sender];
+  } else {
+    NSBeep();
+  }
+}
+
+@end
+
+@implementation NSTextView (Pasteboard)
+
+/// The platform asks this of the main menu's items after each event. While the pasteboard's server
+/// is known to hang, each would wait seconds for it: then only the user's own try asks it again.
+- (BOOL)validateUserInterfaceItem:(id<NSValidatedUserInterfaceItem>)item {
+  static const auto own =
+      ownMethod<BOOL (*)(id, SEL, id<NSValidatedUserInterfaceItem>)>([NSTextView class], _cmd);
+  if (sel_isEqual([item action], @selector(paste:)) && [NSPasteboard isServerSilent]) {
+    return [self isEditable];
+  }
+  return own(self, _cmd, item);
+}
+
+@end

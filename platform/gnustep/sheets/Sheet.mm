@@ -1,0 +1,192 @@
+#import "platform/gnustep/sheets/Sheet.h"
+
+#import <GNUstepGUI/GSDisplayServer.h>
+
+#include <algorithm>
+#include <cmath>
+
+#import "platform/gnustep/sheets/NSWindow+Sheet.h"
+
+namespace {
+
+/// Where a sheet of that size lies: its upper edge at the lower edge of the parent's title bar.
+NSPoint placeUnder(NSWindow *parent, NSSize size) {
+  const NSRect content = [parent contentRectForFrameRect:[parent frame]];
+  return NSMakePoint(std::floor(NSMidX(content) - size.width / 2), NSMaxY(content) - size.height);
+}
+
+/// How far the span from low to high must be moved to lie within the bounds; when it is too long
+/// for them, its low end wins, where a sheet has its buttons.
+CGFloat shiftInto(CGFloat low, CGFloat high, CGFloat lowest, CGFloat highest) {
+  if (low < lowest || high - low > highest - lowest) return lowest - low;
+  return std::min<CGFloat>(0, highest - high);
+}
+
+/// A sheet that would hang over the edge of the screen pulls its parent with it, as on the Mac.
+void makeRoomUnder(NSWindow *parent, NSSize size) {
+  const NSRect screen = [([parent screen] ?: [NSScreen mainScreen]) visibleFrame];
+  const NSPoint place = placeUnder(parent, size);
+  const CGFloat x = shiftInto(place.x, place.x + size.width, NSMinX(screen), NSMaxX(screen));
+  const CGFloat y = shiftInto(place.y, place.y + size.height, NSMinY(screen), NSMaxY(screen));
+  if (x == 0 && y == 0) return;
+  const NSPoint origin = [parent frame].origin;
+  [parent setFrameOrigin:NSMakePoint(origin.x + x, origin.y + y)];
+}
+
+}  // namespace
+
+@implementation Sheet
+
+- (id)initWithWindow:(NSWindow *)window
+              parent:(NSWindow *)parent
+            delegate:(id)delegate
+      didEndSelector:(SEL)selector
+         contextInfo:(void *)contextInfo {
+  if ((self = [super init])) {
+    _window = [window retain];
+    _parent = parent;
+    _delegate = [delegate retain];
+    _didEndSelector = selector;
+    _contextInfo = contextInfo;
+    _state = SheetWaits;
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [_delegate release];
+  [_window release];
+  [super dealloc];
+}
+
+#pragma mark - State
+
+- (NSWindow *)window {
+  return _window;
+}
+
+- (NSWindow *)parent {
+  return _parent;
+}
+
+- (BOOL)isWaiting {
+  return _state == SheetWaits;
+}
+
+- (BOOL)isUp {
+  return _state == SheetIsUp;
+}
+
+- (BOOL)isEnding {
+  return _state == SheetIsEnding;
+}
+
+#pragma mark - Beginning
+
+- (void)show {
+  _state = SheetIsUp;
+  _formerStyleMask = [_window styleMask];
+  _formerLevel = [_window level];
+  _formerlyHidOnDeactivate = [_window hidesOnDeactivate];
+  _wasShown = YES;
+  if (_parent != nil) {
+    [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowWillBeginSheetNotification
+                                                        object:_parent];
+    [_window wearStyleMask:NSBorderlessWindowMask line:YES];
+    // The window server keeps the sheet above its parent.
+    [_window setParentWindow:_parent];
+    [_parent attachSheet:_window];
+  } else if (![_window isVisible]) {
+    [_window center];
+  }
+  // A panel would leave the screen when the user turns to another application; a sheet stays.
+  [_window setHidesOnDeactivate:NO];
+  // Tells the window manager that the parent waits for this window and that it is none of its own.
+  [_window setLevel:NSModalPanelWindowLevel];
+  if (![NSApp isHidden]) [self showAgain];
+}
+
+- (void)showAgain {
+  if (_parent == nil) {
+    [_window orderFrontRegardless];
+    if ([NSApp isActive]) [_window makeKeyWindow];
+    return;
+  }
+  if (![_parent isVisible]) [_parent orderFront:nil];
+  makeRoomUnder(_parent, [_window frame].size);
+  [self followParent];
+  [_window orderInAsSheet];
+  // Not the keyboard of another application's window.
+  if ([NSApp isActive] || [_parent isKeyWindow]) [_window makeKeyWindow];
+  // Window managers choose a place of their own for a window that appears.
+  [self followParent];
+  [_window display];
+}
+
+- (void)followParent {
+  if (_state == SheetIsUp && _parent != nil) {
+    [_window setFrameOrigin:placeUnder(_parent, [_window frame].size)];
+  }
+}
+
+- (void)takeFocus {
+  if (![NSApp isActive]) [NSApp activateIgnoringOtherApps:YES];
+  [_window orderInAsSheet];
+  [_window makeKeyWindow];
+  // The sheet may count as the key window already and not have the window server's focus, when the
+  // user has clicked on its parent's title bar.
+  [GSServerForWindow(_window) setinputfocus:static_cast<int>([_window windowNumber])];
+}
+
+#pragma mark - Ending
+
+- (void)end {
+  const BOOL wasUp = [self isUp];
+  _state = SheetIsEnding;
+  if (!wasUp || _parent == nil) return;
+  [self detach];
+}
+
+/// Also gives the keyboard back, before the sheet leaves the screen and the platform looks for a
+/// key window of its own choice.
+- (void)detach {
+  [_parent attachSheet:nil];
+  if ([_window isKeyWindow] && [_parent isVisible]) [_parent makeKeyWindow];
+}
+
+- (void)tellDelegateReturnCode:(NSInteger)code {
+  if (_didEndSelector == nullptr || ![_delegate respondsToSelector:_didEndSelector]) return;
+  using DidEnd = void (*)(id, SEL, NSWindow *, NSInteger, void *);
+  const auto didEnd = reinterpret_cast<DidEnd>([_delegate methodForSelector:_didEndSelector]);
+  didEnd(_delegate, _didEndSelector, _window, code, _contextInfo);
+}
+
+- (void)dismiss {
+  if (_state == SheetIsOver) return;
+  NSWindow *const parent = _parent;
+  if ([parent attachedSheet] == _window) [self detach];
+  [self putAway];
+  if (!_wasShown || parent == nil) return;
+  [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidEndSheetNotification
+                                                      object:parent];
+}
+
+- (void)dismissWithoutParent {
+  [self putAway];
+}
+
+- (void)putAway {
+  if (_wasShown && _state != SheetIsOver) {
+    [_window orderOut:nil];
+    if (_parent != nil) {
+      [_window setParentWindow:nil];
+      [_window wearStyleMask:_formerStyleMask line:NO];
+    }
+    [_window setLevel:_formerLevel];
+    [_window setHidesOnDeactivate:_formerlyHidOnDeactivate];
+  }
+  _parent = nil;
+  _state = SheetIsOver;
+}
+
+@end

@@ -1,0 +1,60 @@
+#import <AppKit/AppKit.h>
+
+#include "platform/gnustep/runtime/OwnMethod.h"
+
+// A text that is too long for a field which truncates at the end stops with an ellipsis on the Mac.
+// The platform does so for buttons only and cuts the texts of fields off in the middle of a letter.
+
+@interface NSCell (PlatformDrawing)
+- (NSAttributedString *)_drawAttributedString;
+@end
+
+namespace {
+
+NSString *const kEllipsis = @"\u2026";
+
+NSAttributedString *beginningOf(NSAttributedString *text, NSUInteger length) {
+  NSMutableAttributedString *const shorter = [[text mutableCopy] autorelease];
+  const NSUInteger whole = [text length];
+  // Never half a character, and no accent without its letter.
+  const NSUInteger end =
+      length == 0 ? 0 : [[text string] rangeOfComposedCharacterSequenceAtIndex:length].location;
+  [shorter replaceCharactersInRange:NSMakeRange(end, whole - end) withString:kEllipsis];
+  return shorter;
+}
+
+/// The longest beginning of the text, with an ellipsis, that is not wider than `width`.
+NSAttributedString *truncated(NSAttributedString *text, CGFloat width) {
+  NSUInteger fits = 0;
+  NSUInteger tooLong = [text length];
+  while (fits + 1 < tooLong) {
+    const NSUInteger middle = (fits + tooLong) / 2;
+    if ([beginningOf(text, middle) size].width <= width) {
+      fits = middle;
+    } else {
+      tooLong = middle;
+    }
+  }
+  return beginningOf(text, fits);
+}
+
+}  // namespace
+
+// Replacing the platform's own method is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSTextFieldCell (Truncation)
+
+- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
+  using Draw = void (*)(id, SEL, NSRect, NSView *);
+  static const auto own = ownMethod<Draw>([NSTextFieldCell class], _cmd);
+  const BOOL mayBeCut = !_cell.in_editing && [self lineBreakMode] == NSLineBreakByTruncatingTail;
+  NSAttributedString *const text = mayBeCut ? [self _drawAttributedString] : nil;
+  const NSRect place = [self titleRectForBounds:frame];
+  if ([text length] > 0 && [text size].width > NSWidth(place)) {
+    [truncated(text, NSWidth(place)) drawInRect:place];
+  } else {
+    own(self, _cmd, frame, view);
+  }
+}
+
+@end

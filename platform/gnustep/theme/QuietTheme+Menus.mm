@@ -1,0 +1,185 @@
+#include <algorithm>
+#include <cmath>
+
+#import "platform/gnustep/theme/ButtonShape.h"
+#import "platform/gnustep/theme/QuietTheme.h"
+#include "platform/gnustep/theme/ThemeDrawing.h"
+#import "platform/gnustep/theme/ThemeImages.h"
+
+namespace {
+
+constexpr double kItemHeight = 22;
+constexpr double kSeparatorHeight = 11;
+constexpr double kHighlightInset = 4;
+constexpr double kHighlightRadius = 4;
+/// From the visible edge of a pop-up button to its text, and from its text to the arrows.
+constexpr double kPopUpTextMargin = 9;
+constexpr double kPopUpArrowsWidth = 20;
+/// What the platform leaves left of an item for the lines of the menu and of the item.
+constexpr double kItemBorders = 2;
+
+NSDictionary *titleAttributes(NSCell *cell) {
+  const theme::Rgb ink = [cell isEnabled] ? theme::kText : theme::kTextDisabled;
+  return @{
+    NSFontAttributeName : [cell font] ?: [NSFont systemFontOfSize:0],
+    NSForegroundColorAttributeName : theme::color(ink)
+  };
+}
+
+NSRect popUpTextRect(NSRect visible) {
+  return NSMakeRect(NSMinX(visible) + kPopUpTextMargin, NSMinY(visible),
+                    NSWidth(visible) - kPopUpTextMargin - kPopUpArrowsWidth, NSHeight(visible));
+}
+
+/// On the Mac the selected item is ticked. The platform makes the items without a tick, and marks
+/// the selected one only in menus from an interface file.
+void tickSelectedItem(NSMenu *menu, int selected) {
+  NSImage *const tick = [NSImage imageNamed:@"NSMenuCheckmark"];
+  int index = 0;
+  for (NSMenuItem *item in [menu itemArray]) {
+    const NSInteger state = index == selected ? NSOnState : NSOffState;
+    if ([item onStateImage] != tick) [item setOnStateImage:tick];
+    if ([item state] != state) [item setState:state];
+    ++index;
+  }
+}
+
+/// Gives the window of an open menu the height of its items, of which the platform takes all for as
+/// high as the button, and keeps it on the screen. `selected` is below zero for a menu that hangs
+/// from its button, else the item that lies over it.
+void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
+  NSWindow *const window = [menuView window];
+  const NSRect screen = [([window screen] ?: [NSScreen mainScreen]) visibleFrame];
+  NSRect frame = [window frame];
+  const double top = NSMaxY(frame);
+  // The first item of a menu that hangs from its button is the button's title and not shown.
+  const NSRect first = [menuView rectOfItemAtIndex:selected < 0 ? 1 : 0];
+  frame.size.height = NSMaxY(first) + 1;
+  frame.origin.y = selected < 0 ? top - NSHeight(frame)
+                                : NSMinY(button) - NSMinY([menuView rectOfItemAtIndex:selected]);
+  frame.origin.y = std::min(NSMinY(frame), NSMaxY(screen) - NSHeight(frame));
+  frame.origin.y = std::max(NSMinY(frame), NSMinY(screen));
+  frame.origin.x = std::min(NSMinX(frame), NSMaxX(screen) - NSWidth(frame));
+  frame.origin.x = std::max(NSMinX(frame), NSMinX(screen));
+  if (!NSEqualRects(frame, [window frame])) [window setFrame:frame display:YES];
+}
+
+}  // namespace
+
+@implementation QuietTheme (Menus)
+
+- (NSColor *)menuBackgroundColor {
+  return theme::color(theme::kSurface);
+}
+
+- (NSColor *)menuItemBackgroundColor {
+  return theme::color(theme::kSurface);
+}
+
+- (NSColor *)menuBorderColor {
+  return theme::color(theme::kLine);
+}
+
+- (NSColor *)menuBorderColorForEdge:(NSRectEdge)edge isHorizontal:(BOOL)isHorizontal {
+  (void)edge;
+  (void)isHorizontal;
+  return theme::color(theme::kLine);
+}
+
+- (CGFloat)menuItemHeight {
+  return kItemHeight;
+}
+
+- (CGFloat)menuSeparatorHeight {
+  return kSeparatorHeight;
+}
+
+/// The platform expects that a menu is popped up by a press of the mouse, and takes the release of
+/// the user's first click for the end of it. A press that a program has made up (it counts no
+/// clicks) has no end: that comes from here, so that the user's first click counts.
+- (void)rightMouseDisplay:(NSMenu *)menu forEvent:(NSEvent *)event {
+  const bool waitsForEnd =
+      NSInterfaceStyleForKey(@"NSMenuInterfaceStyle", nil) == NSWindows95InterfaceStyle;
+  if (waitsForEnd && [event clickCount] == 0) {
+    [NSApp postEvent:[NSEvent mouseEventWithType:NSLeftMouseUp
+                                        location:[event locationInWindow]
+                                   modifierFlags:0
+                                       timestamp:[event timestamp]
+                                    windowNumber:[event windowNumber]
+                                         context:nil
+                                     eventNumber:0
+                                      clickCount:0
+                                        pressure:0]
+             atStart:YES];
+  }
+  [super rightMouseDisplay:menu forEvent:event];
+}
+
+- (void)drawSeparatorItemForMenuItemCell:(NSMenuItemCell *)cell
+                               withFrame:(NSRect)frame
+                                  inView:(NSView *)view
+                            isHorizontal:(BOOL)isHorizontal {
+  (void)cell;
+  (void)isHorizontal;
+  const double y = std::floor(NSMidY(frame));
+  [theme::color(theme::kLineFaint) set];
+  NSRectFill(NSMakeRect(kPopUpTextMargin, y, NSWidth([view bounds]) - 2 * kPopUpTextMargin, 1));
+}
+
+- (void)drawBorderAndBackgroundForMenuItemCell:(NSMenuItemCell *)cell
+                                     withFrame:(NSRect)frame
+                                        inView:(NSView *)view
+                                         state:(GSThemeControlState)state
+                                  isHorizontal:(BOOL)isHorizontal {
+  (void)state;
+  (void)isHorizontal;
+  // The menu has drawn the white behind all items, and its line round them.
+  if (![cell isHighlighted] || ![cell isEnabled]) return;
+  const NSRect bounds = [view bounds];
+  const NSRect row = NSMakeRect(NSMinX(bounds), NSMinY(frame), NSWidth(bounds), NSHeight(frame));
+  theme::fillRounded(NSInsetRect(row, kHighlightInset, 0), kHighlightRadius,
+                     theme::color(theme::kAccent));
+}
+
+/// The title of a pop-up button stands where the button's shape wants it, however wide the pictures
+/// of the menu's items are; all others where the menu lays them out.
+- (void)drawTitleForMenuItemCell:(NSMenuItemCell *)cell
+                       withFrame:(NSRect)frame
+                          inView:(NSView *)view
+                           state:(GSThemeControlState)state
+                    isHorizontal:(BOOL)isHorizontal {
+  if (![cell isKindOfClass:[NSPopUpButtonCell class]]) {
+    [super drawTitleForMenuItemCell:cell
+                          withFrame:frame
+                             inView:view
+                              state:state
+                       isHorizontal:isHorizontal];
+    return;
+  }
+  const NSRect visible = theme::visibleButtonRect([view bounds], cell);
+  theme::drawLine([[cell menuItem] title] ?: @"", popUpTextRect(visible), titleAttributes(cell),
+                  NSLeftTextAlignment);
+}
+
+/// Opens the menu so that the selected title does not move: it lies over the button's own.
+- (void)displayPopUpMenu:(NSMenuView *)menuView
+           withCellFrame:(NSRect)frame
+       controlViewWindow:(NSWindow *)window
+           preferredEdge:(NSRectEdge)edge
+            selectedItem:(int)selected {
+  NSRect visible = theme::visiblePopUpRect(frame);
+  if (selected >= 0) {
+    tickSelectedItem([menuView menu], selected);
+    const double shift = [menuView imageAndTitleOffset] + kItemBorders - kPopUpTextMargin;
+    visible.origin.x -= shift;
+    visible.size.width += shift;
+  }
+  [super displayPopUpMenu:menuView
+            withCellFrame:visible
+        controlViewWindow:window
+            preferredEdge:edge
+             selectedItem:selected];
+  fitWindow(menuView, visible, selected);
+}
+
+@end

@@ -1,0 +1,168 @@
+#import "platform/gnustep/theme/QuietTheme.h"
+
+#import "platform/gnustep/theme/InterfaceFont.h"
+#include "platform/gnustep/theme/ThemeDrawing.h"
+#import "platform/gnustep/theme/ThemeHooks.h"
+#import "platform/gnustep/theme/ThemeImages.h"
+
+namespace {
+
+NSString *const kThemeName = @"Quiet";
+NSString *const kThemeDefault = @"GSTheme";
+
+struct NamedColor {
+  NSString *name;
+  theme::Rgb rgb;
+};
+
+const NamedColor kSystemColors[] = {
+    {@"alternateRowBackgroundColor", theme::kStripe},
+    {@"alternateSelectedControlColor", theme::kAccent},
+    {@"alternateSelectedControlTextColor", theme::kOnAccent},
+    {@"controlBackgroundColor", theme::kSurface},
+    {@"controlColor", theme::kWindow},
+    {@"controlDarkShadowColor", theme::kLine},
+    {@"controlHighlightColor", theme::kLineFaint},
+    {@"controlLightHighlightColor", theme::kSurface},
+    {@"controlShadowColor", theme::kLine},
+    {@"controlTextColor", theme::kText},
+    {@"disabledControlTextColor", theme::kTextDisabled},
+    {@"gridColor", theme::kLineFaint},
+    {@"headerColor", theme::kWindow},
+    {@"headerTextColor", theme::kText},
+    {@"highlightColor", theme::kSurface},
+    {@"keyboardFocusIndicatorColor", theme::kAccent},
+    {@"knobColor", theme::kKnob},
+    {@"labelColor", theme::kText},
+    {@"quaternaryLabelColor", theme::kLine},
+    {@"rowBackgroundColor", theme::kSurface},
+    {@"scrollBarColor", theme::kSurface},
+    {@"secondaryLabelColor", theme::kTextSecondary},
+    {@"secondarySelectedControlColor", theme::kTrack},
+    {@"selectedControlColor", theme::kSelection},
+    {@"selectedControlTextColor", theme::kText},
+    {@"selectedKnobColor", theme::kKnobPressed},
+    {@"selectedMenuItemColor", theme::kAccent},
+    {@"selectedMenuItemTextColor", theme::kOnAccent},
+    {@"selectedTextBackgroundColor", theme::kSelectedText},
+    {@"selectedTextColor", theme::kText},
+    {@"shadowColor", theme::kLine},
+    {@"tertiaryLabelColor", theme::kTextDisabled},
+    {@"textBackgroundColor", theme::kSurface},
+    {@"textColor", theme::kText},
+    {@"toolTipColor", theme::kToolTip},
+    {@"toolTipTextColor", theme::kText},
+    {@"windowBackgroundColor", theme::kWindow},
+    {@"windowFrameColor", theme::kLine},
+    {@"windowFrameTextColor", theme::kText},
+};
+
+/// Colours that the platform asks the theme for by name only.
+const NamedColor kThemeColors[] = {
+    {@"highlightedTableRowBackgroundColor", theme::kAccent},
+    {@"highlightedTableRowTextColor", theme::kOnAccent},
+    {@"tableHeaderTextColor", theme::kTextSecondary},
+    {@"windowBorderColor", theme::kLine},
+};
+
+/// Without a bundle: in one the platform would look for each picture under every name, folder and
+/// extension that a theme could have it in, for a good part of the time that a launch takes.
+QuietTheme *sharedTheme() {
+  static QuietTheme *const theme = [[QuietTheme alloc] initWithBundle:nil];
+  return theme;
+}
+
+}  // namespace
+
+@implementation QuietTheme
+
+/// The platform comes here whenever the user's choice of theme changes while the application runs,
+/// and would look for a bundle on the disk.
++ (GSTheme *)loadThemeNamed:(NSString *)name {
+  return [name isEqual:kThemeName] ? sharedTheme() : [super loadThemeNamed:name];
+}
+
+- (NSString *)name {
+  return kThemeName;
+}
+
+/// "GSThemeDomain" holds defaults that are in force while the theme is; the user's own settings
+/// go before them.
+- (NSDictionary *)infoDictionary {
+  return @{
+    @"GSThemeDomain" : @{
+      @"NSScrollViewInterfaceStyle" : @"NSMacintoshInterfaceStyle",
+      @"NSScrollerInterfaceStyle" : @"NSMacintoshInterfaceStyle",
+      // Menus in windows, which then stay away because the theme shows none there (see below).
+      @"NSMenuInterfaceStyle" : @"NSWindows95InterfaceStyle",
+      @"GSScrollerDefaultWidth" : @"12",
+      @"GSScrollViewUseBottomCorner" : @"NO",
+      @"GSScrollViewNoInnerBorder" : @"YES",
+    }
+  };
+}
+
+- (Class)imageClass {
+  return [ThemeImage class];
+}
+
+#pragma mark - Colours
+
+- (NSColorList *)colors {
+  static NSColorList *list = nil;
+  if (list == nil) {
+    list = [[NSColorList alloc] initWithName:@"System" fromFile:nil];
+    for (const NamedColor &named : kSystemColors) {
+      [list setColor:theme::color(named.rgb) forKey:named.name];
+    }
+  }
+  return list;
+}
+
+- (NSColor *)colorNamed:(NSString *)name state:(GSThemeControlState)state {
+  (void)state;
+  for (const NamedColor &named : kThemeColors) {
+    if ([named.name isEqual:name]) return theme::color(named.rgb);
+  }
+  return nil;
+}
+
+/// Nothing is drawn from pictures; without this the platform would look for them on the disk.
+- (GSDrawTiles *)tilesNamed:(NSString *)name state:(GSThemeControlState)state {
+  (void)name;
+  (void)state;
+  return nil;
+}
+
+#pragma mark - The main menu, which is never shown
+
+- (void)setMenu:(NSMenu *)menu forWindow:(NSWindow *)window {
+  (void)menu;
+  (void)window;
+}
+
+- (void)updateMenu:(NSMenu *)menu forWindow:(NSWindow *)window {
+  (void)menu;
+  (void)window;
+}
+
+- (void)updateAllWindowsWithMenu:(NSMenu *)menu {
+  (void)menu;
+}
+
+@end
+
+void installQuietTheme() {
+  static bool isInstalled = false;
+  if (isInstalled) return;
+  isInstalled = true;
+  NSUserDefaults *const defaults = [NSUserDefaults standardUserDefaults];
+  [defaults registerDefaults:@{@"GSAppOwnsMiniwindow" : @"NO"}];
+  registerInterfaceFonts();
+  if ([[defaults stringForKey:kThemeDefault] length] > 0) return;
+  installThemeHooks();
+  [QuietTheme setTheme:sharedTheme()];
+  // After that, because the platform would look for the theme on the disk. From now on the name is
+  // compared whenever a default changes, and another theme would come in without it.
+  [defaults registerDefaults:@{kThemeDefault : kThemeName}];
+}

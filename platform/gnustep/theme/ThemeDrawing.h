@@ -1,0 +1,36 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include "platform/gnustep/theme/ThemeColors.h"
+
+/// The strokes that all of the theme's parts are drawn with. They draw into the current graphics
+/// context, in points; main thread only.
+namespace theme {
+
+/// An autoreleased colour.
+NSColor *color(Rgb rgb, double alpha = 1);
+
+void fillRounded(NSRect rect, double radius, NSColor *color);
+
+/// A line that lies wholly inside `rect`.
+void strokeRounded(NSRect rect, double radius, double width, NSColor *color);
+
+/// A surface with a line round it, one point wide.
+void drawSurface(NSRect rect, double radius, NSColor *surface, NSColor *line);
+
+/// The ring round a shape that has the keyboard. It reaches two points beyond `rect`.
+void drawFocusRing(NSRect rect, double radius);
+constexpr double kFocusRingReach = 2;
+
+/// `text` cut at its end, with an ellipsis, so that it is at most `width` wide; `text` itself when
+/// it fits.
+NSString *textCutTo(NSString *text, double width, NSDictionary *attributes);
+
+/// One line of text in the middle of the height of `rect`, cut to its width.
+void drawLine(NSString *text, NSRect rect, NSDictionary *attributes, NSTextAlignment alignment);
+
+/// `rect` with whole numbers for its origin and size, so that lines one point wide stay sharp.
+NSRect onPixels(NSRect rect);
+
+}  // namespace theme

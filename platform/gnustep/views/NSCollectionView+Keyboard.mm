@@ -1,0 +1,74 @@
+#import <AppKit/AppKit.h>
+
+#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/views/NSTabView+KeyLoop.h"
+
+// The controls in a collection view's items belong to the loop of the Tab key on the Mac: in the
+// order of the items, after the collection and before what follows its scroll view. The platform
+// makes items while it draws, and leaves them out.
+
+@interface NSCollectionView (Keyboard)
+@end
+
+namespace {
+
+void addKeyViews(NSView *view, NSMutableArray *keyViews) {
+  for (NSView *subview in [view subviews]) {
+    const BOOL takesKeys = [subview acceptsFirstResponder];
+    if (takesKeys) [keyViews addObject:subview];
+    if (!takesKeys) addKeyViews(subview, keyViews);
+  }
+}
+
+/// nil outside any tab view.
+NSTabView *tabViewAround(NSView *view) {
+  NSView *around = [view superview];
+  while (around != nil && ![around isKindOfClass:[NSTabView class]]) around = [around superview];
+  return static_cast<NSTabView *>(around);
+}
+
+}  // namespace
+
+// Replacing the platform's own methods is the point.
+#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+@implementation NSCollectionView (Keyboard)
+
+/// Only for selecting items.
+- (BOOL)acceptsFirstResponder {
+  return [self isSelectable];
+}
+
+/// Keys that a control in an item did not want come by: they are the window's, not the selection's.
+- (void)keyDown:(NSEvent *)event {
+  using KeyDown = void (*)(id, SEL, NSEvent *);
+  static const auto own = ownMethod<KeyDown>([NSCollectionView class], _cmd);
+  if ([[self window] firstResponder] == self) {
+    own(self, _cmd, event);
+  } else {
+    [[self nextResponder] keyDown:event];
+  }
+}
+
+- (void)drawRect:(NSRect)rect {
+  using Draw = void (*)(id, SEL, NSRect);
+  static const auto own = ownMethod<Draw>([NSCollectionView class], _cmd);
+  const NSUInteger before = [[self subviews] count];
+  own(self, _cmd, rect);
+  if ([[self subviews] count] != before) [self linkKeyViews];
+}
+
+- (void)linkKeyViews {
+  NSMutableArray *const keyViews = [NSMutableArray array];
+  for (id item in _items) {
+    if ([item respondsToSelector:@selector(view)]) addKeyViews([item view], keyViews);
+  }
+  NSView *last = self;
+  for (NSView *keyView in keyViews) {
+    [last setNextKeyView:keyView];
+    last = keyView;
+  }
+  [last setNextKeyView:[[self enclosingScrollView] nextKeyView]];
+  [tabViewAround(self) linkKeyViews];
+}
+
+@end

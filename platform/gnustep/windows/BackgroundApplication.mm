@@ -1,0 +1,220 @@
+#import "platform/gnustep/windows/BackgroundApplication.h"
+
+#import <AppKit/AppKitExceptions.h>
+#import <GNUstepGUI/GSDisplayServer.h>
+
+#include <string>
+
+#import "platform/gnustep/events/EventArrival.h"
+#import "platform/gnustep/images/ImageTypes.h"
+#import "platform/gnustep/keyboard/MacKeys.h"
+#import "platform/gnustep/languages/NSUserDefaults+Languages.h"
+#include "platform/gnustep/launch/LaunchConditions.h"
+#import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+#import "platform/gnustep/sheets/NSWindow+Sheet.h"
+#import "platform/gnustep/sheets/SheetQueue.h"
+#import "platform/gnustep/theme/QuietTheme.h"
+#import "platform/gnustep/windows/KeyboardFocus.h"
+#import "platform/gnustep/windows/NSWindow+Closing.h"
+
+@interface NSApplication (PlatformPrivate)
+- (void)_windowWillDealloc:(NSWindow *)window;
+@end
+
+@interface GSDisplayServer (PlatformPrivate)
+- (void)mouseOptionsChanged:(NSNotification *)notification;
+@end
+
+namespace {
+
+/// The platform vends every application under its name, and lets whoever runs as the same user send
+/// its delegate and itself any message, unless this default lists those that are allowed. On the
+/// Mac nobody can. The bundle's description may name exceptions under the same key.
+NSString *const kPermittedMessages = @"GSPermittedMessages";
+
+/// Shorter than anybody notices.
+constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
+
+constexpr int kPasteboardAttempts = 5;
+constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
+
+/// A flag that is set while this lives, also when an exception ends that.
+class SetMeanwhile {
+ public:
+  explicit SetMeanwhile(BOOL &flag) : flag_(flag), former_(flag) { flag = YES; }
+  ~SetMeanwhile() { flag_ = former_; }
+  SetMeanwhile(const SetMeanwhile &) = delete;
+  SetMeanwhile &operator=(const SetMeanwhile &) = delete;
+
+ private:
+  BOOL &flag_;
+  BOOL former_;
+};
+
+}  // namespace
+
+@implementation BackgroundApplication
+
++ (BackgroundApplication *)sharedApplication {
+  const std::string program = [[[NSProcessInfo processInfo] processName] UTF8String];
+  if (NSApp == nil) platform::endUnlessLaunchable(program);
+  id const permitted = [[[NSBundle mainBundle] infoDictionary] objectForKey:kPermittedMessages];
+  // Before the platform first uses the defaults. The user's own settings still win.
+  [[NSUserDefaults standardUserDefaults] registerDefaults:@{
+    @"GSSuppressAppIcon" : @"YES",
+    kPermittedMessages : permitted ?: [NSArray array]
+  }];
+  useOwnImageReadersOnly();
+  installMacKeys();
+  installQuietTheme();
+  // Left out of the build where the platform does it by itself.
+  if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
+    [NSUserDefaults adoptLanguagesOfUser];
+  }
+  NSApplication *application = nil;
+  @try {
+    application = [super sharedApplication];
+  } @catch (NSException *exception) {
+    // Nobody could handle it: without a display there is no application.
+    if (![[exception name] isEqualToString:NSWindowServerCommunicationException]) @throw;
+    platform::endLaunch(program, platform::LaunchFailure::NoPlaceToRun, platform::displayProblem());
+  }
+  platform::endWithDisplay(program);
+  installEventArrival();
+  installKeyboardFocus();
+  return static_cast<BackgroundApplication *>(application);
+}
+
+- (void)finishLaunching {
+  [self readMouseOptions];
+  _isLaunching = YES;
+  [super finishLaunching];
+  _isLaunching = NO;
+  [self performSelector:@selector(startPasteboardServer) withObject:nil afterDelay:0];
+}
+
+/// The platform would read these at the first click, and then ask the server of distributed
+/// notifications, which it may have to start, to tell it of changes. What comes from the mouse
+/// while it waits is put before that click: a control gets the press after the release, stays
+/// pressed and waits.
+- (void)readMouseOptions {
+  if ([GSCurrentServer() respondsToSelector:@selector(mouseOptionsChanged:)]) {
+    [GSCurrentServer() mouseOptionsChanged:nil];
+  }
+}
+
+/// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
+/// pasteboard first waits for that: better nobody than the user. On a busy machine it may take
+/// longer than anybody waits for it.
+- (void)startPasteboardServer {
+  if ([NSPasteboard connectToServer] || ++_pasteboardAttempts == kPasteboardAttempts) return;
+  [self performSelector:@selector(startPasteboardServer)
+             withObject:nil
+             afterDelay:kNextPasteboardAttemptSeconds];
+}
+
+- (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps {
+  // The platform activates every application at its start, in the middle of what the user types
+  // elsewhere.
+  if (!_isLaunching) [super activateIgnoringOtherApps:ignoringOtherApps];
+}
+
+- (void)hide:(id)sender {
+  (void)sender;
+  if (_app_is_hidden) return;
+  NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
+  [center postNotificationName:NSApplicationWillHideNotification object:self];
+  // First, because it notes which window has the keyboard.
+  [self deactivate];
+  for (NSWindow *window in [self windows]) {
+    if (![window isVisible] || ![window canHide]) continue;
+    // One that is being closed is visible until its observers have been told, and must not come
+    // back with the others. Sheets are brought back by their queue, if they are still to be seen.
+    if (![window hasBeenClosed] && ![window isSheet]) [_hidden addObject:window];
+    [window orderOut:self];
+  }
+  _app_is_hidden = YES;
+  _unhide_on_activation = YES;
+  [center postNotificationName:NSApplicationDidHideNotification object:self];
+}
+
+- (void)dealloc {
+  [_sheetQueue release];
+  [super dealloc];
+}
+
+#pragma mark - Sheets
+
+- (SheetQueue *)sheetQueue {
+  if (_sheetQueue == nil) _sheetQueue = [[SheetQueue alloc] init];
+  return _sheetQueue;
+}
+
+- (void)beginSheet:(NSWindow *)sheet
+    modalForWindow:(NSWindow *)window
+     modalDelegate:(id)delegate
+    didEndSelector:(SEL)selector
+       contextInfo:(void *)contextInfo {
+  [[self sheetQueue] beginSheet:sheet
+                 modalForWindow:window
+                  modalDelegate:delegate
+                 didEndSelector:selector
+                    contextInfo:contextInfo];
+}
+
+- (void)endSheet:(NSWindow *)sheet {
+  [self endSheet:sheet returnCode:NSRunStoppedResponse];
+}
+
+- (void)endSheet:(NSWindow *)sheet returnCode:(NSInteger)code {
+  [_sheetQueue endSheet:sheet returnCode:code];
+}
+
+- (void)sendEvent:(NSEvent *)event {
+  const SetMeanwhile sending(_isSendingEvent);
+  if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
+  if (event != nil && !deliverToOpenMenu(event)) [super sendEvent:event];
+}
+
+- (BOOL)isSendingEvent {
+  return _isSendingEvent;
+}
+
+/// The platform's word from a window's dealloc: nothing here may retain it.
+- (void)_windowWillDealloc:(NSWindow *)window {
+  [super _windowWillDealloc:window];
+  [_sheetQueue windowIsBeingFreed:window];
+}
+
+#pragma mark - Modal sessions
+
+/// The platform's modal loop looks at its state when an event arrives, and at its events when one
+/// of its run loop's sources wakes it. A session that a timer ends would go on until the user moves
+/// the mouse, so this sees to both.
+- (void)stopModalWithCode:(NSInteger)code {
+  NSWindow *const window = [self modalWindow];
+  [super stopModalWithCode:code];
+  if (window == nil) return;
+  [self postEvent:[NSEvent otherEventWithType:NSApplicationDefined
+                                     location:NSZeroPoint
+                                modifierFlags:0
+                                    timestamp:0
+                                 windowNumber:[window windowNumber]
+                                      context:[window graphicsContext]
+                                      subtype:0
+                                        data1:0
+                                        data2:0]
+          atStart:NO];
+  // Also in the default mode, so that none is left over when the session has ended without it.
+  [self performSelector:@selector(wake)
+             withObject:nil
+             afterDelay:kWakeAfterSeconds
+                inModes:[NSArray
+                            arrayWithObjects:NSModalPanelRunLoopMode, NSDefaultRunLoopMode, nil]];
+}
+
+- (void)wake {
+}
+
+@end

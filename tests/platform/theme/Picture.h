@@ -1,0 +1,55 @@
+#pragma once
+
+#import <AppKit/AppKit.h>
+
+#include <functional>
+#include <ostream>
+#include <vector>
+
+#include "platform/gnustep/theme/ThemeColors.h"
+
+/// What a view in a window on the screen looks like, pixel by pixel.
+class Picture {
+ public:
+  /// Draws the view's whole window anew and takes the picture of the view, or of `part` of it.
+  explicit Picture(NSView *view);
+  Picture(NSView *view, NSRect part);
+
+  /// The view as the user sees it: what nobody asked to be drawn anew stays as it was.
+  static Picture onScreen(NSView *view);
+
+  using Matches = std::function<bool(theme::Rgb)>;
+
+  int width() const { return width_; }
+  int height() const { return height_; }
+
+  /// How many pixels are that colour, give or take what rounding does to it.
+  int count(theme::Rgb color) const;
+  int count(const Matches &matches) const;
+  bool shows(theme::Rgb color) const { return count(color) > 0; }
+
+  /// The pixel in that column and row, from the upper left.
+  theme::Rgb at(int x, int y) const;
+
+  bool operator==(const Picture &other) const = default;
+
+ private:
+  Picture() = default;
+  void take(NSView *view, NSRect part);
+
+  int width_ = 0;
+  int height_ = 0;
+  std::vector<theme::Rgb> pixels_;
+};
+
+/// A blue that the accent colour was mixed into, as in the ring round what has the keyboard.
+bool isBluish(theme::Rgb color);
+
+/// What GoogleTest shows of a picture.
+void PrintTo(const Picture &picture, std::ostream *stream);
+
+/// Light enough for text on the accent colour.
+bool isWhitish(theme::Rgb color);
+
+/// Dark enough for text.
+bool isInk(theme::Rgb color);

@@ -1,0 +1,66 @@
+#include "platform/gnustep/tokenfield/PillText.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace {
+
+pill_text::Fits atMost(std::size_t units) {
+  return [units](std::u16string_view text) { return text.size() <= units; };
+}
+
+}  // namespace
+
+TEST(PillText, LeftToRightTextStaysAsItIs) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"Zoë 漢 😀"), u"Zoë 漢 😀");
+}
+
+TEST(PillText, HebrewLettersAreReversed) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"\u05D0\u05D1\u05D2"), u"\u05D2\u05D1\u05D0");
+}
+
+TEST(PillText, LatinInsideHebrewKeepsItsDirection) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"\u05D0 ab \u05D1"), u"\u05D1 ab \u05D0");
+}
+
+TEST(PillText, MarksStayBehindTheirLettersWhenReversed) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"\u05D1\u05BC\u05D0"), u"\u05D0\u05D1\u05BC");
+}
+
+TEST(PillText, ArabicLettersAreJoined) {
+  // Beh beh: initial form on the right, final form on the left.
+  EXPECT_EQ(pill_text::inScreenOrder(u"\u0628\u0628"), u"\uFE90\uFE91");
+}
+
+TEST(PillText, BracketsAreMirrored) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"\u05D0(\u05D1)"), u"(\u05D1)\u05D0");
+}
+
+TEST(PillText, ControlCharactersBecomeSpaces) {
+  EXPECT_EQ(pill_text::inScreenOrder(u"a\nb\tc"), u"a b c");
+}
+
+TEST(PillText, TextThatFitsIsNotCut) {
+  EXPECT_EQ(pill_text::truncatedInTheMiddle(u"abcdef", atMost(6)), u"abcdef");
+}
+
+TEST(PillText, BothEndsOfALongTextStay) {
+  EXPECT_EQ(pill_text::truncatedInTheMiddle(u"abcdefgh", atMost(5)), u"ab\u2026gh");
+}
+
+TEST(PillText, WithoutAnyRoomTheEllipsisStays) {
+  EXPECT_EQ(pill_text::truncatedInTheMiddle(u"abcdefgh", atMost(0)), u"\u2026");
+}
+
+TEST(PillText, AFamilyOfEmojiIsKeptOrDroppedWhole) {
+  // Man, woman and girl joined to one picture: 8 units.
+  const std::u16string family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467";
+  const std::u16string text = u"ab" + family + u"cd" + family;
+  EXPECT_EQ(pill_text::truncatedInTheMiddle(text, atMost(11)), u"ab\u2026" + family);
+}
+
+TEST(PillText, AnAccentIsNeverPartedFromItsLetter) {
+  EXPECT_EQ(pill_text::truncatedInTheMiddle(u"e\u0301bcde\u0301", atMost(5)),
+            u"e\u0301\u2026e\u0301");
+}
