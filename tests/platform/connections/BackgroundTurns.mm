@@ -1,4 +1,4 @@
-#import "platform/gnustep/connections/NSConnection+BackgroundTurns.h"
+#import "platform/gnustep/connections/NSConnection+BackgroundLock.h"
 
 #include <gtest/gtest.h>
 
