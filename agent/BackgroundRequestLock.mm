@@ -6,27 +6,28 @@
 
 /// What a platform has whose connections lose replies where several threads use them. Foundation on
 /// the Mac does not, and has neither method: hence looked for at run time.
-@interface NSConnection (BackgroundTurns)
-+ (BOOL)beginTurnOfThreadWithin:(NSTimeInterval)seconds;
-+ (void)endTurnOfThread;
+@interface NSConnection (BackgroundLock)
++ (BOOL)lockForBackgroundThreadWithTimeout:(NSTimeInterval)seconds;
++ (void)unlockForBackgroundThread;
 @end
 
 namespace agent {
 
 namespace {
 
-bool platformNeedsTurns() {
-  return [NSConnection respondsToSelector:@selector(beginTurnOfThreadWithin:)];
+bool platformNeedsLock() {
+  return [NSConnection respondsToSelector:@selector(lockForBackgroundThreadWithTimeout:)];
 }
 
 }  // namespace
 
 BackgroundRequestLock::BackgroundRequestLock()
-    : isNeeded_(![NSThread isMainThread] && platformNeedsTurns()),
-      isHeld_(!isNeeded_ || [NSConnection beginTurnOfThreadWithin:kConnectionDeadlineSeconds]) {}
+    : isNeeded_(![NSThread isMainThread] && platformNeedsLock()),
+      isHeld_(!isNeeded_ ||
+              [NSConnection lockForBackgroundThreadWithTimeout:kConnectionDeadlineSeconds]) {}
 
 BackgroundRequestLock::~BackgroundRequestLock() {
-  if (isNeeded_ && isHeld_) [NSConnection endTurnOfThread];
+  if (isNeeded_ && isHeld_) [NSConnection unlockForBackgroundThread];
 }
 
 }  // namespace agent

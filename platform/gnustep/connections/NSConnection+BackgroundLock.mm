@@ -8,31 +8,32 @@
 
 namespace {
 
-struct Standstill {
+/// One blocking of the main thread.
+struct Block {
   std::promise<void> begun;
   std::promise<void> over;
 };
 
 }  // namespace
 
-/// What the main thread is asked to do.
-@interface MainThreadStandstill : NSObject {
+/// The target of the request to the main thread.
+@interface MainThreadBlocker : NSObject {
  @public
-  std::shared_ptr<Standstill> *standstill;  // owned
+  std::shared_ptr<Block> *block;  // owned
 }
 - (void)wait;
 @end
 
-@implementation MainThreadStandstill
+@implementation MainThreadBlocker
 
 - (void)dealloc {
-  delete standstill;
+  delete block;
   [super dealloc];
 }
 
 - (void)wait {
-  std::future<void> over = (*standstill)->over.get_future();
-  (*standstill)->begun.set_value();
+  std::future<void> over = (*block)->over.get_future();
+  (*block)->begun.set_value();
   over.wait();
 }
 
@@ -48,81 +49,80 @@ void closeConnectionsOfThread() {
   [port invalidate];
 }
 
-/// Runs `work` on this thread while the main thread stands still between two events.
+/// Runs `work` on this thread while the main thread is blocked between two events.
 template <class Work>
-void whileMainThreadStandsStill(Work work) {
-  // Shared: the main thread may still be on its way out of it when this one goes on.
-  const auto standstill = std::make_shared<Standstill>();
-  MainThreadStandstill *const main = [[[MainThreadStandstill alloc] init] autorelease];
-  main->standstill = new std::shared_ptr<Standstill>(standstill);
-  std::future<void> begun = standstill->begun.get_future();
-  [main performSelectorOnMainThread:@selector(wait)
-                         withObject:nil
-                      waitUntilDone:NO
-                              modes:[NSArray arrayWithObject:NSDefaultRunLoopMode]];
+void withMainThreadBlocked(Work work) {
+  // Shared, because the main thread may still use it after this function has returned.
+  const auto block = std::make_shared<Block>();
+  MainThreadBlocker *const blocker = [[[MainThreadBlocker alloc] init] autorelease];
+  blocker->block = new std::shared_ptr<Block>(block);
+  std::future<void> begun = block->begun.get_future();
+  [blocker performSelectorOnMainThread:@selector(wait)
+                            withObject:nil
+                         waitUntilDone:NO
+                                 modes:[NSArray arrayWithObject:NSDefaultRunLoopMode]];
   begun.wait();
   work();
-  standstill->over.set_value();
+  block->over.set_value();
 }
 
-/// The turn, which one thread has at a time.
-class Turn {
+class BackgroundLock {
  public:
-  bool begin(std::chrono::duration<double> limit) {
-    std::unique_lock<std::mutex> lock(mutex_);
+  bool lock(std::chrono::duration<double> timeout) {
+    std::unique_lock<std::mutex> guard(mutex_);
     while (state_ != State::Free) {
-      const auto turn = number_;
-      if (state_ == State::Ending) {
-        changed_.wait(lock, [&] { return number_ != turn; });
+      const auto holder = holder_;
+      if (state_ == State::Unlocking) {
+        changed_.wait(guard, [&] { return holder_ != holder; });
         continue;
       }
-      const auto isOver = [&] { return number_ != turn || state_ == State::Ending; };
-      if (!changed_.wait_for(lock, limit, isOver)) return false;
+      const auto isOver = [&] { return holder_ != holder || state_ == State::Unlocking; };
+      if (!changed_.wait_for(guard, timeout, isOver)) return false;
     }
-    state_ = State::Asking;
+    state_ = State::Locked;
     return true;
   }
 
-  void beginEnd() {
+  void beginUnlock() {
     const std::lock_guard<std::mutex> guard(mutex_);
-    state_ = State::Ending;
+    state_ = State::Unlocking;
     changed_.notify_all();
   }
 
-  void end() {
+  void unlock() {
     const std::lock_guard<std::mutex> guard(mutex_);
     state_ = State::Free;
-    ++number_;
+    ++holder_;
     changed_.notify_all();
   }
 
  private:
-  enum class State { Free, Asking, Ending };
+  enum class State { Free, Locked, Unlocking };
 
   std::mutex mutex_;
   std::condition_variable changed_;
   State state_ = State::Free;
-  /// How many turns have ended: tells a turn from the next one.
-  unsigned long number_ = 0;
+  /// How often the lock has been given back: tells one holder from the next.
+  unsigned long holder_ = 0;
 };
 
-Turn &turnOfThreads() {
-  static Turn *const turn = new Turn;  // threads may outlast static destructors
-  return *turn;
+BackgroundLock &backgroundLock() {
+  static auto *const lock = new BackgroundLock;  // threads may outlast static destructors
+  return *lock;
 }
 
 }  // namespace
 
-@implementation NSConnection (BackgroundTurns)
+@implementation NSConnection (BackgroundLock)
 
-+ (BOOL)beginTurnOfThreadWithin:(NSTimeInterval)seconds {
-  return turnOfThreads().begin(std::chrono::duration<double>(seconds));
++ (BOOL)lockForBackgroundThreadWithTimeout:(NSTimeInterval)seconds {
+  return backgroundLock().lock(std::chrono::duration<double>(seconds));
 }
 
-+ (void)endTurnOfThread {
-  turnOfThreads().beginEnd();
-  whileMainThreadStandsStill(closeConnectionsOfThread);
-  turnOfThreads().end();
++ (void)unlockForBackgroundThread {
+  backgroundLock().beginUnlock();
+  withMainThreadBlocked(closeConnectionsOfThread);
+  backgroundLock().unlock();
 }
 
 @end

@@ -180,7 +180,7 @@ struct RegisteredNamesState {
       [[NSMessagePortNameServer _pathForName:name] fileSystemRepresentation],
       reinterpret_cast<const char *>([listening _name])};
   _state->names.push_back({[name copy], listening, files, platform::identityOf(files.socket)});
-  [self lookAfterNames];
+  [self checkNames];
 }
 
 - (void)removeName:(NSString *)name ofPort:(NSPort *)port {
@@ -232,12 +232,12 @@ struct RegisteredNamesState {
   (void)type;
   (void)extra;
   (void)mode;
-  [self lookAfterNames];
+  [self checkNames];
 }
 
 #pragma mark - Repair
 
-- (void)lookAfterNames {
+- (void)checkNames {
   [NSObject cancelPreviousPerformRequestsWithTarget:self selector:_cmd object:nil];
   BOOL areWatched = NO;
   for (int i = 0; i < kTries && !areWatched; ++i) {
@@ -273,7 +273,7 @@ struct RegisteredNamesState {
 /// Nothing tells when a folder comes back, or when a process that has taken a name is killed.
 - (void)retryLater {
   _state->retrySeconds = MIN(MAX(2 * _state->retrySeconds, kFirstRetrySeconds), kLastRetrySeconds);
-  [self performSelector:@selector(lookAfterNames)
+  [self performSelector:@selector(checkNames)
              withObject:nil
              afterDelay:_state->retrySeconds
                 inModes:modes()];

@@ -19,28 +19,28 @@ Instantiate platformInstantiate = nullptr;
 /// The stand-ins that have made their object themselves. Others stand for one that was there before
 /// (the file's owner), and that may even have ended by itself in the meantime. Main thread, as all
 /// loading of interface files.
-std::set<id> &makers() {
+std::set<id> &creators() {
   static std::set<id> *const all = new std::set<id>;
   return *all;
 }
 
-id instantiate(id standIn, SEL selector) {
-  const bool isNew = [standIn realObject] == nil;
-  id const object = platformInstantiate(standIn, selector);
-  if (isNew && object != nil) makers().insert(standIn);
+id instantiate(id customObject, SEL selector) {
+  const bool isNew = [customObject realObject] == nil;
+  id const object = platformInstantiate(customObject, selector);
+  if (isNew && object != nil) creators().insert(customObject);
   return object;
 }
 
-void endStandIn(id standIn, SEL selector) {
-  if (makers().erase(standIn) > 0) {
+void deallocCustomObject(id customObject, SEL selector) {
+  if (creators().erase(customObject) > 0) {
     // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): the reference from its making
-    [[standIn realObject] release];
+    [[customObject realObject] release];
   }
-  [standIn setClassName:nil];
-  [standIn setExtension:nil];
+  [customObject setClassName:nil];
+  [customObject setExtension:nil];
   Class const superclass = class_getSuperclass([NSCustomObject class]);
   reinterpret_cast<void (*)(id, SEL)>(class_getMethodImplementation(superclass, selector))(
-      standIn, selector);
+      customObject, selector);
 }
 
 }  // namespace
@@ -49,7 +49,8 @@ void endStandIn(id standIn, SEL selector) {
 
 + (void)load {
   // A version of the platform that ends its stand-ins properly has a dealloc of its own.
-  if (!class_addMethod(self, @selector(dealloc), reinterpret_cast<IMP>(endStandIn), "v@:")) return;
+  if (!class_addMethod(self, @selector(dealloc), reinterpret_cast<IMP>(deallocCustomObject), "v@:"))
+    return;
   Method const method = class_getInstanceMethod(self, @selector(nibInstantiate));
   platformInstantiate = reinterpret_cast<Instantiate>(
       method_setImplementation(method, reinterpret_cast<IMP>(instantiate)));

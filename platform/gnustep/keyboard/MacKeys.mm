@@ -11,14 +11,14 @@ constexpr int kXKeyPress = 2;
 constexpr int kXKeyRelease = 3;
 
 /// Whether the event being made is one of the window server's key events.
-thread_local bool isServersKey = false;
+thread_local bool isServerKeyEvent = false;
 
-class ServersKey {
+class ServerKeyEventScope {
  public:
-  explicit ServersKey(bool isKey) : outer_(isServersKey) { isServersKey = isKey; }
-  ~ServersKey() { isServersKey = outer_; }
-  ServersKey(const ServersKey &) = delete;
-  ServersKey &operator=(const ServersKey &) = delete;
+  explicit ServerKeyEventScope(bool isKey) : outer_(isServerKeyEvent) { isServerKeyEvent = isKey; }
+  ~ServerKeyEventScope() { isServerKeyEvent = outer_; }
+  ServerKeyEventScope(const ServerKeyEventScope &) = delete;
+  ServerKeyEventScope &operator=(const ServerKeyEventScope &) = delete;
 
  private:
   bool outer_;
@@ -32,7 +32,7 @@ struct ServerEvent {
 void (*platformsProcessEvent)(id, SEL, const ServerEvent *);
 
 void processEvent(id self, SEL selector, const ServerEvent *event) {
-  const ServersKey scope(event->type == kXKeyPress || event->type == kXKeyRelease);
+  const ServerKeyEventScope scope(event->type == kXKeyPress || event->type == kXKeyRelease);
   platformsProcessEvent(self, selector, event);
 }
 
@@ -61,7 +61,7 @@ NSEvent *makeKeyEvent(id self, SEL selector, NSEventType type, NSPoint location,
                       NSTimeInterval time, NSInteger window, NSGraphicsContext *context,
                       NSString *characters, NSString *unmodified, BOOL isRepeat,
                       unsigned short code) {
-  if (isServersKey) {
+  if (isServerKeyEvent) {
     code = macKeyCode(code);
     if ((flags & NSCommandKeyMask) != 0 && (flags & NSControlKeyMask) == 0) {
       characters = charactersWithCommand(characters, unmodified);

@@ -6,7 +6,7 @@
 #include <cstdlib>
 
 #include "platform/gnustep/connections/TemporaryFolder.h"
-#include "platform/gnustep/launch/SoleInstance.h"
+#include "platform/gnustep/launch/SingleInstance.h"
 
 namespace platform {
 namespace {
@@ -35,7 +35,7 @@ void endUnlessLaunchable(const std::string &program) {
     endLaunch(program, LaunchFailure::NoPlaceToRun,
               folder.problem + "; no connection in it could be trusted");
   }
-  const pid_t running = becomeSoleInstance(folder.path + "/NSMessagePort/" + program);
+  const pid_t running = becomeSingleInstance(folder.path + "/NSMessagePort/" + program);
   if (running != 0) {
     endLaunch(program, LaunchFailure::RunsAlready,
               "running already, as process " + std::to_string(running) + ", which goes on");

@@ -8,8 +8,9 @@ bool Area::contains(Point point) const {
   return point.x >= x && point.x < x + width && point.y > y && point.y <= y + height;
 }
 
-MenuPress::MenuPress(double seconds, Point place, const Area &home, const ClickLimits &limits)
-    : seconds_(seconds), place_(place), home_(home), limits_(limits) {}
+MenuPress::MenuPress(double seconds, Point place, const Area &selectedArea,
+                     const ClickLimits &limits)
+    : seconds_(seconds), place_(place), selectedArea_(selectedArea), limits_(limits) {}
 
 bool MenuPress::isNear(Point place) const {
   return std::abs(place.x - place_.x) <= limits_.points &&
@@ -19,7 +20,7 @@ bool MenuPress::isNear(Point place) const {
 void MenuPress::moveTo(Point place) {
   const bool near = isNear(place);
   if (!near) hasMoved_ = true;
-  if (!near && !home_.contains(place)) isAtHome_ = false;
+  if (!near && !selectedArea_.contains(place)) isOverSelectedItem_ = false;
 }
 
 bool MenuPress::isClickWithReleaseAt(double seconds, Point place) const {

@@ -37,7 +37,7 @@ class MenuPress {
  public:
   /// seconds: when it was pressed, by the event's own clock. home: the part of the screen that
   /// belongs to the selected item; it may be empty.
-  MenuPress(double seconds, Point place, const Area &home, const ClickLimits &limits);
+  MenuPress(double seconds, Point place, const Area &selectedArea, const ClickLimits &limits);
 
   /// To be called for every place at which the mouse is seen.
   void moveTo(Point place);
@@ -47,17 +47,17 @@ class MenuPress {
   bool isClickWithReleaseAt(double seconds, Point place) const;
 
   /// Whether the mouse still counts as being over the selected item.
-  bool isAtHome() const { return isAtHome_; }
+  bool isOverSelectedItem() const { return isOverSelectedItem_; }
 
  private:
   bool isNear(Point place) const;
 
   double seconds_;
   Point place_;
-  Area home_;
+  Area selectedArea_;
   ClickLimits limits_;
   bool hasMoved_ = false;
-  bool isAtHome_ = true;
+  bool isOverSelectedItem_ = true;
 };
 
 }  // namespace menus

@@ -44,7 +44,7 @@ bool isOver(const menus::Area &item, const menus::Area &button) {
 /// The part of the screen that belongs to the selected item of a menu that has been opened by a
 /// press: the button, if the item lies over it. A menu at the edge of the screen may lie otherwise;
 /// there the user sees which item is meant as soon as the mouse moves.
-menus::Area homeOf(NSPopUpButtonCell *cell, const menus::Area &button) {
+menus::Area areaOfSelectedItem(NSPopUpButtonCell *cell, const menus::Area &button) {
   if ([cell pullsDown]) return button;
   const NSInteger selected = [cell indexOfSelectedItem];
   if (selected < 0) return {};
@@ -62,7 +62,8 @@ MenuTracking::MenuTracking(NSPopUpButtonCell *cell, NSRect buttonFrame, NSView *
       menuView_([[menu_ menuRepresentation] retain]),
       owner_([view window]),
       selected_([cell pullsDown] ? -1 : [cell indexOfSelectedItem]),
-      press_([press timestamp], onScreen(press), homeOf(cell, onScreen(view, buttonFrame)),
+      press_([press timestamp], onScreen(press),
+             areaOfSelectedItem(cell, onScreen(view, buttonFrame)),
              { [NSEvent doubleClickInterval], kClickPoints }) {}
 
 MenuTracking::~MenuTracking() {
@@ -124,7 +125,7 @@ MenuTracking::Step MenuTracking::stepForPress(menus::Point place) {
   pointTo(place);
   const NSRect frame = [[menuView_ window] frame];
   const menus::Area menu = {NSMinX(frame), NSMinY(frame), NSWidth(frame), NSHeight(frame)};
-  if (!menu.contains(place) && !press_.isAtHome()) return Step::Close;
+  if (!menu.contains(place) && !press_.isOverSelectedItem()) return Step::Close;
   phase_ = Phase::PressedAgain;
   return Step::Continue;
 }
@@ -178,7 +179,7 @@ MenuTracking::Step MenuTracking::stepForPlatformEvent(NSEvent *event) {
 
 void MenuTracking::pointTo(menus::Point place) {
   press_.moveTo(place);
-  const NSInteger item = press_.isAtHome() ? selected_ : itemAt(place);
+  const NSInteger item = press_.isOverSelectedItem() ? selected_ : itemAt(place);
   [menuView_ setHighlightedItemIndex:canChoose(item) ? item : -1];
 }
 

@@ -44,7 +44,7 @@ void closeMenuOf(NSPopUpButton *popUp) {
 }
 
 @interface NSPopUpButtonCell (OpenMenu)
-- (void)windowOfOpenMenuLeaves:(NSNotification *)notification;
+- (void)closeOpenMenu:(NSNotification *)notification;
 @end
 
 // The menu must not outlive its window on the screen: hidden with the application, it would come
@@ -60,11 +60,11 @@ void closeMenuOf(NSPopUpButton *popUp) {
   own(self, _cmd, frame, view);
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center addObserver:self
-             selector:@selector(windowOfOpenMenuLeaves:)
+             selector:@selector(closeOpenMenu:)
                  name:NSWindowWillCloseNotification
                object:[view window]];
   [center addObserver:self
-             selector:@selector(windowOfOpenMenuLeaves:)
+             selector:@selector(closeOpenMenu:)
                  name:NSApplicationWillHideNotification
                object:NSApp];
 }
@@ -81,7 +81,7 @@ void closeMenuOf(NSPopUpButton *popUp) {
   [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
 }
 
-- (void)windowOfOpenMenuLeaves:(NSNotification *)notification {
+- (void)closeOpenMenu:(NSNotification *)notification {
   (void)notification;
   [self dismissPopUp];
 }

@@ -25,7 +25,7 @@ struct DisplayCloser {
 
 using Connection = std::unique_ptr<Display, DisplayCloser>;
 
-bool hasAnswer(Display *display) {
+bool hasReply(Display *display) {
   while (XPending(display) > 0) {
     XEvent event;
     XNextEvent(display, &event);
@@ -37,12 +37,12 @@ bool hasAnswer(Display *display) {
 /// Keeps the window of a question that was given up until its answer has come, or eight later ones
 /// were given up. An owner that answers later would write to a window that has gone, which ends
 /// many programs: GNUstep's pasteboard server, and with it what is on the clipboard.
-void keepForLateAnswer(Connection connection) {
+void keepForLateReply(Connection connection) {
   constexpr std::size_t kMost = 8;
   static std::mutex mutex;
   static std::deque<Connection> kept;
   const std::scoped_lock lock(mutex);
-  std::erase_if(kept, [](const Connection &each) { return hasAnswer(each.get()); });
+  std::erase_if(kept, [](const Connection &each) { return hasReply(each.get()); });
   kept.push_back(std::move(connection));
   if (kept.size() > kMost) kept.pop_front();
 }
@@ -168,6 +168,6 @@ LargeSelection largeSelection(const char *display, const char *selection, double
   Connection opened(XOpenDisplay(display));
   if (opened == nullptr) return {};
   LargeSelection answer = Question(opened.get(), selection, seconds).ask();
-  if (answer.kind == Kind::Broken) keepForLateAnswer(std::move(opened));
+  if (answer.kind == Kind::Broken) keepForLateReply(std::move(opened));
   return answer;
 }

@@ -1,6 +1,6 @@
 #import "platform/gnustep/pasteboard/NSPasteboard+Writing.h"
 
-#import "platform/gnustep/pasteboard/NSPasteboard+Answering.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+Timeouts.h"
 
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -8,7 +8,7 @@
 
 - (NSInteger)clearContents {
   if (![self hasServer]) {
-    [self clearWhenServerGoesOn];
+    [self clearWhenServerResumes];
     return 0;
   }
   return [self declareTypes:[NSArray array] owner:nil];

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#import "platform/gnustep/pasteboard/NSPasteboard+Answering.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+Timeouts.h"
 #import "platform/gnustep/runtime/OwnMethod.h"
 
 // Replacing the platform's own methods is the point.
@@ -10,9 +10,9 @@
 
 /// What could not be put on the clipboard stays in the text.
 - (void)cut:(id)sender {
-  const NSUInteger before = [NSPasteboard unansweredQuestions];
+  const NSUInteger before = [NSPasteboard timedOutRequests];
   [self copy:sender];
-  if ([NSPasteboard unansweredQuestions] == before) {
+  if ([NSPasteboard timedOutRequests] == before) {
     [self delete:sender];
   } else {
     NSBeep();
@@ -28,7 +28,7 @@
 - (BOOL)validateUserInterfaceItem:(id<NSValidatedUserInterfaceItem>)item {
   static const auto own =
       ownMethod<BOOL (*)(id, SEL, id<NSValidatedUserInterfaceItem>)>([NSTextView class], _cmd);
-  if (sel_isEqual([item action], @selector(paste:)) && [NSPasteboard isServerSilent]) {
+  if (sel_isEqual([item action], @selector(paste:)) && [NSPasteboard isServerUnresponsive]) {
     return [self isEditable];
   }
   return own(self, _cmd, item);

@@ -14,7 +14,7 @@ using Dealloc = void (*)(id, SEL);
 
 struct Hooked {
   Dealloc original;
-  std::vector<EndOfObject> atEnd;
+  std::vector<DeallocAction> atEnd;
 };
 
 struct Hooks {
@@ -27,41 +27,41 @@ Hooks &hooks() {
   return *all;
 }
 
-void endObject(id object, SEL dealloc, Class cls) {
+void runActions(id object, SEL dealloc, Class cls) {
   Hooked hooked = {};
   {
     const std::lock_guard<std::mutex> guard(hooks().lock);
     hooked = hooks().classes.at(cls);
   }
-  for (const EndOfObject atEnd : hooked.atEnd) atEnd(object);
+  for (const DeallocAction atEnd : hooked.atEnd) atEnd(object);
   hooked.original(object, dealloc);
 }
 
 /// The objects that are ending on this thread, innermost last, each with the hooked class whose
 /// part of the dealloc is running. A superclass may be hooked as well: its turn comes through
 /// [super dealloc], and the object's class alone does not tell which of the two is meant.
-thread_local std::vector<std::pair<id, Class>> underWay;
+thread_local std::vector<std::pair<id, Class>> activeDeallocs;
 
-class UnderWay {
+class ActiveDealloc {
  public:
-  UnderWay(id object, Class cls) { underWay.emplace_back(object, cls); }
-  ~UnderWay() { underWay.pop_back(); }
-  UnderWay(const UnderWay &) = delete;
-  UnderWay &operator=(const UnderWay &) = delete;
+  ActiveDealloc(id object, Class cls) { activeDeallocs.emplace_back(object, cls); }
+  ~ActiveDealloc() { activeDeallocs.pop_back(); }
+  ActiveDealloc(const ActiveDealloc &) = delete;
+  ActiveDealloc &operator=(const ActiveDealloc &) = delete;
 };
 
 void hookedDealloc(id object, SEL dealloc) {
   Class from = object_getClass(object);
-  if (!underWay.empty() && underWay.back().first == object) {
-    from = class_getSuperclass(underWay.back().second);
+  if (!activeDeallocs.empty() && activeDeallocs.back().first == object) {
+    from = class_getSuperclass(activeDeallocs.back().second);
   }
   Class cls = from;
   {
     const std::lock_guard<std::mutex> guard(hooks().lock);
     while (cls != Nil && hooks().classes.count(cls) == 0) cls = class_getSuperclass(cls);
   }
-  const UnderWay scope(object, cls);
-  endObject(object, dealloc, cls);
+  const ActiveDealloc scope(object, cls);
+  runActions(object, dealloc, cls);
 }
 
 /// By its name, because a class that is loaded before this file asks for a hook: @selector has no
@@ -93,7 +93,7 @@ Class withDealloc(Class cls) {
 
 }  // namespace
 
-void addDeallocHook(Class given, EndOfObject atEnd) {
+void addDeallocHook(Class given, DeallocAction atEnd) {
   Class const cls = withDealloc(given);
   const std::lock_guard<std::mutex> guard(hooks().lock);
   auto &classes = hooks().classes;

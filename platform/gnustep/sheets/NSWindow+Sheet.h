@@ -15,7 +15,7 @@
 - (void)attachSheet:(NSWindow *)sheet;
 
 /// Gives up what the window server has of the window. Ordered in again, it gets it anew.
-- (void)leaveWindowServer;
+- (void)releaseBackendWindow;
 
 /// Orders a sheet in above its parent, and above other applications' windows only when this is the
 /// active one.
@@ -24,10 +24,10 @@
 /// Lets the window manager ask the sheet to close, which it will not do (see CloseRequests.h). Does
 /// nothing for other windows. To be repeated whenever the sheet has been ordered in: the platform
 /// forgets it.
-- (void)keepFromBeingKilled;
+- (void)acceptCloseRequests;
 
 /// Takes the window off the screen and makes it look as mask says when it is shown the next time,
 /// with or without a thin line round its contents. The contents keep their size and their place.
-- (void)wearStyleMask:(NSUInteger)mask line:(BOOL)line;
+- (void)applyStyleMask:(NSUInteger)mask border:(BOOL)border;
 
 @end

@@ -53,7 +53,7 @@ SheetBorder *borderIn(NSView *decoration) {
     return;
   }
   // A click has just ordered it in.
-  [self keepFromBeingKilled];
+  [self acceptCloseRequests];
   if (![self isVisible] || [self isMiniaturized] || [self isKeyWindow]) return;
   if (![self canBecomeKeyWindow]) return;
   [[NSApp keyWindow] resignKeyWindow];
@@ -68,7 +68,7 @@ SheetBorder *borderIn(NSView *decoration) {
   [self setAttachedSheet:sheet];
 }
 
-- (void)leaveWindowServer {
+- (void)releaseBackendWindow {
   [self _terminateBackendWindow];
 }
 
@@ -78,17 +78,17 @@ SheetBorder *borderIn(NSView *decoration) {
   } else {
     [self orderWindow:NSWindowAbove relativeTo:[[self parentWindow] windowNumber]];
   }
-  [self keepFromBeingKilled];
+  [self acceptCloseRequests];
 }
 
-- (void)keepFromBeingKilled {
+- (void)acceptCloseRequests {
   GSDisplayServer *const server = GSServerForWindow(self);
   if (![self isSheet] || ![server isKindOfClass:NSClassFromString(@"XGServer")]) return;
   void *const window = [server windowDevice:static_cast<int>([self windowNumber])];
   acceptCloseRequests([server serverDevice], reinterpret_cast<unsigned long>(window));
 }
 
-- (void)wearStyleMask:(NSUInteger)mask line:(BOOL)line {
+- (void)applyStyleMask:(NSUInteger)mask border:(BOOL)border {
   [self orderOut:nil];
   [borderIn(_wv) removeFromSuperview];
   const NSRect content = [self contentRectForFrameRect:[self frame]];
@@ -97,7 +97,7 @@ SheetBorder *borderIn(NSView *decoration) {
 
   // The window server gives a window its title bar when it makes the window and takes it away from
   // no living one. Ordered in, the window is made again, as deferred and one-shot windows are.
-  [self leaveWindowServer];
+  [self releaseBackendWindow];
   _styleMask = mask;
 
   // The platform keeps these for the frame, which has just become another for the same contents.
@@ -105,10 +105,10 @@ SheetBorder *borderIn(NSView *decoration) {
   [self setContentMaxSize:largest];
   [self setFrame:[self frameRectForContentRect:content] display:NO];
   [_wv layout];
-  if (!line) return;
-  SheetBorder *const border = [[[SheetBorder alloc] initWithFrame:[_wv bounds]] autorelease];
-  [border setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
-  [_wv addSubview:border];
+  if (!border) return;
+  SheetBorder *const line = [[[SheetBorder alloc] initWithFrame:[_wv bounds]] autorelease];
+  [line setAutoresizingMask:NSViewWidthSizable | NSViewHeightSizable];
+  [_wv addSubview:line];
 }
 
 @end

@@ -92,7 +92,7 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   if (_parent != nil) {
     [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowWillBeginSheetNotification
                                                         object:_parent];
-    [_window wearStyleMask:NSBorderlessWindowMask line:YES];
+    [_window applyStyleMask:NSBorderlessWindowMask border:YES];
     // The window server keeps the sheet above its parent.
     [_window setParentWindow:_parent];
     [_parent attachSheet:_window];
@@ -165,22 +165,22 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   if (_state == SheetIsOver) return;
   NSWindow *const parent = _parent;
   if ([parent attachedSheet] == _window) [self detach];
-  [self putAway];
+  [self restoreWindow];
   if (!_wasShown || parent == nil) return;
   [[NSNotificationCenter defaultCenter] postNotificationName:NSWindowDidEndSheetNotification
                                                       object:parent];
 }
 
 - (void)dismissWithoutParent {
-  [self putAway];
+  [self restoreWindow];
 }
 
-- (void)putAway {
+- (void)restoreWindow {
   if (_wasShown && _state != SheetIsOver) {
     [_window orderOut:nil];
     if (_parent != nil) {
       [_window setParentWindow:nil];
-      [_window wearStyleMask:_formerStyleMask line:NO];
+      [_window applyStyleMask:_formerStyleMask border:NO];
     }
     [_window setLevel:_formerLevel];
     [_window setHidesOnDeactivate:_formerlyHidOnDeactivate];

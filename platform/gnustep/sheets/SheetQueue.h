@@ -29,6 +29,6 @@
 - (NSEvent *)eventToDeliver:(NSEvent *)event;
 
 /// To be called when a window is being freed.
-- (void)windowIsBeingFreed:(NSWindow *)window;
+- (void)windowWillDealloc:(NSWindow *)window;
 
 @end

@@ -29,10 +29,10 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 }  // namespace
 
 @interface SheetQueue (Observing)
-- (void)parentMoved:(NSNotification *)notification;
-- (void)parentCloses:(NSNotification *)notification;
-- (void)applicationCameBack:(NSNotification *)notification;
-- (void)applicationBecameActive:(NSNotification *)notification;
+- (void)parentFrameDidChange:(NSNotification *)notification;
+- (void)parentWillClose:(NSNotification *)notification;
+- (void)applicationDidUnhide:(NSNotification *)notification;
+- (void)applicationDidBecomeActive:(NSNotification *)notification;
 @end
 
 @implementation SheetQueue
@@ -40,12 +40,12 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 - (id)init {
   if ((self = [super init])) {
     _sheets = [[NSMutableArray alloc] init];
-    [self observe:NSWindowDidMoveNotification with:@selector(parentMoved:)];
-    [self observe:NSWindowDidResizeNotification with:@selector(parentMoved:)];
-    [self observe:NSWindowWillCloseNotification with:@selector(parentCloses:)];
-    [self observe:NSApplicationDidUnhideNotification with:@selector(applicationCameBack:)];
+    [self observe:NSWindowDidMoveNotification with:@selector(parentFrameDidChange:)];
+    [self observe:NSWindowDidResizeNotification with:@selector(parentFrameDidChange:)];
+    [self observe:NSWindowWillCloseNotification with:@selector(parentWillClose:)];
+    [self observe:NSApplicationDidUnhideNotification with:@selector(applicationDidUnhide:)];
     [self observe:NSApplicationDidBecomeActiveNotification
-             with:@selector(applicationBecameActive:)];
+             with:@selector(applicationDidBecomeActive:)];
   }
   return self;
 }
@@ -75,7 +75,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   } else if (former != nil) {
     return;
   }
-  if (window == nil || [self is:window below:parent]) return;
+  if (window == nil || [self isWindow:window sameAsOrAncestorOf:parent]) return;
   Sheet *const sheet = [[[Sheet alloc] initWithWindow:window
                                                parent:parent
                                              delegate:delegate
@@ -130,11 +130,11 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   }
 }
 
-- (void)windowIsBeingFreed:(NSWindow *)window {
+- (void)windowWillDealloc:(NSWindow *)window {
   NSArray *const sheets = [self sheetsOf:window];
   // When a sheet leaves the screen the platform looks through the windows that are on it, and would
   // retain and release this one.
-  if ([sheets count] > 0) [window leaveWindowServer];
+  if ([sheets count] > 0) [window releaseBackendWindow];
   for (Sheet *sheet in sheets) {
     [self dropSheetsOf:[sheet window]];
     [_sheets removeObjectIdenticalTo:sheet];
@@ -162,7 +162,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 
 /// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so
 /// on.
-- (BOOL)is:(NSWindow *)window below:(NSWindow *)other {
+- (BOOL)isWindow:(NSWindow *)window sameAsOrAncestorOf:(NSWindow *)other {
   while (other != nil && other != window) other = [[self sheetOfWindow:other] parent];
   return other != nil;
 }
@@ -194,14 +194,16 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
     case NSFlagsChanged:
       return keyEventFor(front, event);
     case NSAppKitDefined:
-      return [self notice:event of:window front:front] ? nil : event;
+      return [self handlesWindowServerEvent:event forWindow:window frontSheet:front] ? nil : event;
     default:
       return event;
   }
 }
 
 /// Whether what the window server says of a window with a sheet has been dealt with here.
-- (BOOL)notice:(NSEvent *)event of:(NSWindow *)window front:(NSWindow *)front {
+- (BOOL)handlesWindowServerEvent:(NSEvent *)event
+                       forWindow:(NSWindow *)window
+                      frontSheet:(NSWindow *)front {
   if ([event subtype] == GSAppKitWindowClose) return YES;
   if ([event subtype] != GSAppKitWindowFocusIn) return NO;
   // The window was brought back from its icon, or is none of a modal session's business: both are
@@ -215,15 +217,15 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 
 @implementation SheetQueue (Observing)
 
-- (void)parentMoved:(NSNotification *)notification {
+- (void)parentFrameDidChange:(NSNotification *)notification {
   [[self sheetOfWindow:[[notification object] attachedSheet]] followParent];
 }
 
-- (void)parentCloses:(NSNotification *)notification {
+- (void)parentWillClose:(NSNotification *)notification {
   [self dropSheetsOf:[notification object]];
 }
 
-- (void)applicationCameBack:(NSNotification *)notification {
+- (void)applicationDidUnhide:(NSNotification *)notification {
   (void)notification;
   for (Sheet *sheet in [[_sheets copy] autorelease]) {
     if ([sheet isUp]) [sheet showAgain];
@@ -231,9 +233,9 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 }
 
 /// The platform has ordered the key window in.
-- (void)applicationBecameActive:(NSNotification *)notification {
+- (void)applicationDidBecomeActive:(NSNotification *)notification {
   (void)notification;
-  for (Sheet *sheet in _sheets) [[sheet window] keepFromBeingKilled];
+  for (Sheet *sheet in _sheets) [[sheet window] acceptCloseRequests];
 }
 
 @end

@@ -126,15 +126,15 @@ constexpr CGFloat kBorder = 1;
       NSWindowWillCloseNotification,    NSWindowWillMiniaturizeNotification,
   };
   for (NSString *const name : ends) {
-    [center addObserver:self selector:@selector(windowLeaves:) name:name object:window];
+    [center addObserver:self selector:@selector(closeAfterNotification:) name:name object:window];
   }
   [center addObserver:self
-             selector:@selector(windowLeaves:)
+             selector:@selector(closeAfterNotification:)
                  name:NSApplicationWillHideNotification
                object:NSApp];
 }
 
-- (void)windowLeaves:(NSNotification *)notification {
+- (void)closeAfterNotification:(NSNotification *)notification {
   (void)notification;
   [self close];
 }

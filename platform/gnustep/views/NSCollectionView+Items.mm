@@ -15,7 +15,7 @@
 
 @interface NSCollectionView (Items)
 /// To be done before item views are let go of.
-- (void)endItemViews;
+- (void)unbindItemViews;
 @end
 
 namespace {
@@ -29,18 +29,18 @@ bool isGiven(NSSize size) {
 
 /// Makes an item's view ready to go. A binding keeps what it is bound to: the view's keep the item,
 /// which keeps the view.
-void endView(NSView *view) {
+void unbindView(NSView *view) {
   if ([view isKindOfClass:[NSPopUpButton class]]) closeMenuOf(static_cast<NSPopUpButton *>(view));
   for (NSString *binding in [view exposedBindings]) {
     if ([view infoForBinding:binding] != nil) [view unbind:binding];
   }
-  for (NSView *subview in [view subviews]) endView(subview);
+  for (NSView *subview in [view subviews]) unbindView(subview);
 }
 
-void endItems(id collection) {
-  [collection endItemViews];
+void unbindItems(id collection) {
+  [collection unbindItemViews];
   // What the prototype's controls are bound to is the prototype.
-  endView([[collection itemPrototype] view]);
+  unbindView([[collection itemPrototype] view]);
 }
 
 }  // namespace
@@ -48,7 +48,7 @@ void endItems(id collection) {
 @implementation NSCollectionView (Items)
 
 + (void)load {
-  addDeallocHook(self, endItems);
+  addDeallocHook(self, unbindItems);
 }
 
 // The category's methods are the ones that count.
@@ -57,7 +57,7 @@ void endItems(id collection) {
 
 - (void)_removeItemsViews {
   static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
-  [self endItemViews];
+  [self unbindItemViews];
   own(self, _cmd);
 }
 
@@ -73,10 +73,10 @@ void endItems(id collection) {
 
 #pragma clang diagnostic pop
 
-- (void)endItemViews {
+- (void)unbindItemViews {
   for (id item in _items) {
     // Of an item that has not been in sight there is only a placeholder.
-    if ([item respondsToSelector:@selector(view)]) endView([item view]);
+    if ([item respondsToSelector:@selector(view)]) unbindView([item view]);
   }
 }
 

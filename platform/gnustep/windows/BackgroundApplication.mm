@@ -11,7 +11,7 @@
 #import "platform/gnustep/languages/NSUserDefaults+Languages.h"
 #include "platform/gnustep/launch/LaunchConditions.h"
 #import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
-#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
 #import "platform/gnustep/sheets/NSWindow+Sheet.h"
 #import "platform/gnustep/sheets/SheetQueue.h"
 #import "platform/gnustep/theme/QuietTheme.h"
@@ -40,12 +40,12 @@ constexpr int kPasteboardAttempts = 5;
 constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 
 /// A flag that is set while this lives, also when an exception ends that.
-class SetMeanwhile {
+class ScopedFlag {
  public:
-  explicit SetMeanwhile(BOOL &flag) : flag_(flag), former_(flag) { flag = YES; }
-  ~SetMeanwhile() { flag_ = former_; }
-  SetMeanwhile(const SetMeanwhile &) = delete;
-  SetMeanwhile &operator=(const SetMeanwhile &) = delete;
+  explicit ScopedFlag(BOOL &flag) : flag_(flag), former_(flag) { flag = YES; }
+  ~ScopedFlag() { flag_ = former_; }
+  ScopedFlag(const ScopedFlag &) = delete;
+  ScopedFlag &operator=(const ScopedFlag &) = delete;
 
  private:
   BOOL &flag_;
@@ -172,7 +172,7 @@ class SetMeanwhile {
 }
 
 - (void)sendEvent:(NSEvent *)event {
-  const SetMeanwhile sending(_isSendingEvent);
+  const ScopedFlag sending(_isSendingEvent);
   if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
   if (event != nil && !deliverToOpenMenu(event)) [super sendEvent:event];
 }
@@ -184,7 +184,7 @@ class SetMeanwhile {
 /// The platform's word from a window's dealloc: nothing here may retain it.
 - (void)_windowWillDealloc:(NSWindow *)window {
   [super _windowWillDealloc:window];
-  [_sheetQueue windowIsBeingFreed:window];
+  [_sheetQueue windowWillDealloc:window];
 }
 
 #pragma mark - Modal sessions

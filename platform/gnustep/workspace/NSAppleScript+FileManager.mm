@@ -22,7 +22,7 @@ NSString *const kSelectionScript = @"property stdout : \"\"\n"
                                    @"end tell";
 
 /// The calling thread waits that long for a file manager that hangs.
-constexpr NSTimeInterval kPatienceSeconds = 5;
+constexpr NSTimeInterval kReplyTimeoutSeconds = 5;
 
 // The Mac's numbers.
 constexpr int kSyntaxError = -2741;
@@ -89,7 +89,7 @@ NSString *posixPath(NSString *path) {
 
 - (NSAppleEventDescriptor *)executeAndReturnError:(NSDictionary **)errorInfo {
   if (![self compileAndReturnError:errorInfo]) return nil;
-  NSArray *const selection = selectionOfFileManager(kPatienceSeconds);
+  NSArray *const selection = selectionOfFileManager(kReplyTimeoutSeconds);
   if (selection == nil) {
     report(errorInfo, kApplicationNotRunning, @"The file manager does not answer.");
     return nil;

@@ -51,7 +51,7 @@ bool isStillRunning(const ApplicationProcessEntry &entry) {
          entry.bundlePath;
 }
 
-bool hasEnded(pid_t process) {
+bool hasExited(pid_t process) {
   if (kill(process, 0) != 0 && errno == ESRCH) return true;
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
   std::string status;

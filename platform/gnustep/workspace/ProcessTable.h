@@ -31,6 +31,6 @@ bool isStillRunning(const ApplicationProcessEntry &entry);
 
 /// Whether a process has ended, also when its parent has not heard of it yet. Two short questions.
 /// Any thread.
-bool hasEnded(pid_t process);
+bool hasExited(pid_t process);
 
 }  // namespace platform

@@ -14,8 +14,8 @@ constexpr Point kPlace = {100, 200};
 constexpr Area kButton = {40, 174, 140, 26};
 constexpr menus::ClickLimits kLimits = {0.3, 4};
 
-MenuPress press(const Area &home = kButton) {
-  return {kStart, kPlace, home, kLimits};
+MenuPress press(const Area &selectedArea = kButton) {
+  return {kStart, kPlace, selectedArea, kLimits};
 }
 
 }  // namespace
@@ -44,35 +44,35 @@ TEST(MenuPress, AMouseThatHasBeenElsewhereInBetweenHasNotClicked) {
   EXPECT_FALSE(moved.isClickWithReleaseAt(kStart, kPlace));
 }
 
-TEST(MenuPress, StaysAtHomeAnywhereOnTheButton) {
+TEST(MenuPress, StaysOverTheSelectedItemAnywhereOnTheButton) {
   MenuPress moved = press();
   for (const Point place : {Point{40, 175}, Point{179, 200}, Point{110, 187}}) {
     moved.moveTo(place);
-    EXPECT_TRUE(moved.isAtHome());
+    EXPECT_TRUE(moved.isOverSelectedItem());
   }
 }
 
-TEST(MenuPress, StaysAtHomeWhereAHandTremblesOverTheButtonsEdge) {
+TEST(MenuPress, StaysOverTheSelectedItemWhereAHandTremblesOverTheButtonsEdge) {
   MenuPress moved = press();
   moved.moveTo({100, 204});
-  EXPECT_TRUE(moved.isAtHome());
+  EXPECT_TRUE(moved.isOverSelectedItem());
 }
 
-TEST(MenuPress, IsNotAtHomeAnyMoreOnceItHasLeft) {
+TEST(MenuPress, IsNotOverTheSelectedItemOnceItHasLeft) {
   MenuPress moved = press();
   moved.moveTo({100, 205});
-  EXPECT_FALSE(moved.isAtHome());
+  EXPECT_FALSE(moved.isOverSelectedItem());
   moved.moveTo(kPlace);
-  EXPECT_FALSE(moved.isAtHome());
+  EXPECT_FALSE(moved.isOverSelectedItem());
 }
 
-TEST(MenuPress, WithoutAHomeLeavesItWithTheFirstRealMovement) {
+TEST(MenuPress, WithoutAnAreaLeavesTheSelectedItemWithTheFirstRealMovement) {
   MenuPress moved = press({});
-  EXPECT_TRUE(moved.isAtHome());
+  EXPECT_TRUE(moved.isOverSelectedItem());
   moved.moveTo({104, 200});
-  EXPECT_TRUE(moved.isAtHome());
+  EXPECT_TRUE(moved.isOverSelectedItem());
   moved.moveTo({105, 200});
-  EXPECT_FALSE(moved.isAtHome());
+  EXPECT_FALSE(moved.isOverSelectedItem());
 }
 
 TEST(MenuPress, AnAreaHoldsItsUpperRowOfPixelsAndNotTheOneBelow) {

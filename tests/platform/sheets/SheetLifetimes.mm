@@ -36,7 +36,7 @@ struct SheetLifetimes : SheetTest {
 
 TEST_F(SheetLifetimes, TheSheetAndItsDelegateLiveUntilTheEndAndNoLonger) {
   bool freed = false;
-  const int windows = [CountedWindow living];
+  const int windows = [CountedWindow liveCount];
   @autoreleasepool {
     NSWindow *const window = newWindow(NSMakeRect(0, 0, 300, 120));
     SheetDelegate *const own = [[SheetDelegate alloc] init];
@@ -50,12 +50,12 @@ TEST_F(SheetLifetimes, TheSheetAndItsDelegateLiveUntilTheEndAndNoLonger) {
     [own release];
   }
   EXPECT_FALSE(freed);
-  ASSERT_EQ([CountedWindow living], windows + 1);
+  ASSERT_EQ([CountedWindow liveCount], windows + 1);
   @autoreleasepool {
     [NSApp endSheet:[parent attachedSheet]];
   }
   EXPECT_TRUE(freed);
-  EXPECT_EQ([CountedWindow living], windows);
+  EXPECT_EQ([CountedWindow liveCount], windows);
 }
 
 TEST_F(SheetLifetimes, AParentThatClosesTakesItsSheetsAndTellsNobody) {
@@ -111,11 +111,11 @@ TEST_F(SheetLifetimes, ATimerThatEndsTheSheetOfAClosedParentDoesNothing) {
 }
 
 TEST_F(SheetLifetimes, AParentThatIsFreedTakesItsSheets) {
-  const int windows = [CountedWindow living];
+  const int windows = [CountedWindow liveCount];
   begin(sheet);
   begin(second);
   freeParent();
-  ASSERT_EQ([CountedWindow living], windows - 1);
+  ASSERT_EQ([CountedWindow liveCount], windows - 1);
   EXPECT_FALSE([sheet isVisible]);
   EXPECT_FALSE([sheet isSheet]);
   EXPECT_FALSE([second isVisible]);
@@ -135,14 +135,14 @@ TEST_F(SheetLifetimes, AParentClosedByTheDelegateLeavesNothing) {
 }
 
 TEST_F(SheetLifetimes, AParentFreedWhenItClosesIsFreedWithItsSheetUp) {
-  const int windows = [CountedWindow living];
+  const int windows = [CountedWindow liveCount];
   @autoreleasepool {
     [parent setReleasedWhenClosed:YES];
     begin(sheet);
     [parent close];
     parent = nil;
   }
-  EXPECT_EQ([CountedWindow living], windows - 1);
+  EXPECT_EQ([CountedWindow liveCount], windows - 1);
   EXPECT_FALSE([sheet isVisible]);
 }
 
@@ -158,16 +158,16 @@ TEST_F(SheetLifetimes, AParentThatWasClosedAndReopenedCanHaveSheetsAgain) {
 TEST_F(SheetLifetimes, ManySheetsLeaveNoWindowsAndNoMemory) {
   for (int i = 0; i < kCycles; ++i) cycle();
   const NSUInteger windows = [[NSApp windows] count];
-  const int living = [CountedWindow living];
+  const int before = [CountedWindow liveCount];
   const size_t memory = allocatedBytes();
   for (int i = 0; i < kCycles; ++i) cycle();
   EXPECT_EQ([[NSApp windows] count], windows);
-  EXPECT_EQ([CountedWindow living], living);
+  EXPECT_EQ([CountedWindow liveCount], before);
   EXPECT_LE(allocatedBytes(), memory + kCycles * kFlatBytesPerCycle);
 }
 
 TEST_F(SheetLifetimes, ManyClosedParentsLeaveNoWindows) {
-  const int living = [CountedWindow living];
+  const int before = [CountedWindow liveCount];
   for (int i = 0; i < kCycles; ++i) {
     @autoreleasepool {
       NSWindow *const window = newWindow(NSMakeRect(100, 100, 400, 300));
@@ -178,6 +178,6 @@ TEST_F(SheetLifetimes, ManyClosedParentsLeaveNoWindows) {
       [window close];
     }
   }
-  EXPECT_EQ([CountedWindow living], living);
+  EXPECT_EQ([CountedWindow liveCount], before);
   EXPECT_FALSE([sheet isVisible]);
 }

@@ -38,7 +38,7 @@ struct SheetEnd {
 /// A window that says when it is freed, and that goes where it is put, as under a user's hand: the
 /// platform keeps others on the screen.
 @interface CountedWindow : NSWindow
-+ (int)living;
++ (int)liveCount;
 @end
 
 /// A window with a title bar, a button and a field, and a delegate for its sheets; sheets have a

@@ -11,7 +11,7 @@ int livingWindows = 0;
 
 @implementation CountedWindow
 
-+ (int)living {
++ (int)liveCount {
   return livingWindows;
 }
 

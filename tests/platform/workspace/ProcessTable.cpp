@@ -59,11 +59,11 @@ TEST(ProcessTable, ARunningApplicationIsListedUntilItEnds) {
 
 TEST(ProcessTable, AProcessHasEndedWhenItsParentHasNotHeardOfItYet) {
   ChildProcess child({"/bin/sleep", "1000"});
-  EXPECT_FALSE(platform::hasEnded(child.pid()));
+  EXPECT_FALSE(platform::hasExited(child.pid()));
   child.signal(SIGKILL);
-  EXPECT_TRUE(waitFor([&] { return platform::hasEnded(child.pid()); }));
+  EXPECT_TRUE(waitFor([&] { return platform::hasExited(child.pid()); }));
   child.waitForEnd();
-  EXPECT_TRUE(platform::hasEnded(child.pid()));
+  EXPECT_TRUE(platform::hasExited(child.pid()));
 }
 
 TEST(ProcessTable, AnOrdinaryProgramIsNotListed) {

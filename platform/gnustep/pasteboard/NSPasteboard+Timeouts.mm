@@ -1,11 +1,11 @@
-#import "platform/gnustep/pasteboard/NSPasteboard+Answering.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+Timeouts.h"
 
 #import <GNUstepGUI/GSDisplayServer.h>
 #import <GNUstepGUI/GSPasteboardServer.h>
 #include <X11/Xlib.h>
 
 #include "platform/gnustep/pasteboard/LargeSelection.h"
-#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
 #import "platform/gnustep/runtime/OwnMethod.h"
 
 @interface NSPasteboard (PlatformPrivate)
@@ -26,11 +26,12 @@ constexpr double kBytesASecond = 500'000;
 
 NSUInteger unanswered = 0;
 bool isSilent = false;
-id generalOfServer = nil;  // retained: the server's object for the general pasteboard, last known
+id serverGeneralPasteboard =
+    nil;  // retained: the server's object for the general pasteboard, last known
 
 /// The answer, or `none` when the server does not answer.
 template <class Answer, class Question>
-Answer answerOr(Answer none, Question question) {
+Answer resultOr(Answer none, Question question) {
   @try {
     Answer const answer = question();
     isSilent = false;
@@ -44,8 +45,8 @@ Answer answerOr(Answer none, Question question) {
 
 /// The same for a question that one pasteboard asks.
 template <class Answer, class Question>
-Answer answerOr(Answer none, NSPasteboard *pasteboard, Question question) {
-  return [pasteboard hasServer] ? answerOr(none, question) : none;
+Answer resultOr(Answer none, NSPasteboard *pasteboard, Question question) {
+  return [pasteboard hasServer] ? resultOr(none, question) : none;
 }
 
 NSPasteboard *withoutServer(NSString *name) {
@@ -88,13 +89,13 @@ NSArray *localCopy(NSArray *remote) {
 
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-@implementation NSPasteboard (Answering)
+@implementation NSPasteboard (Timeouts)
 
-+ (NSUInteger)unansweredQuestions {
++ (NSUInteger)timedOutRequests {
   return unanswered;
 }
 
-+ (BOOL)isServerSilent {
++ (BOOL)isServerUnresponsive {
   return isSilent;
 }
 
@@ -108,7 +109,7 @@ NSArray *localCopy(NSArray *remote) {
   static const auto own = ownMethod<NSPasteboard *(*)(id, SEL, NSString *)>(
       object_getClass([NSPasteboard class]), _cmd);
   const auto ask = [&] {
-    return answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd, name); });
+    return resultOr<NSPasteboard *>(nil, [&] { return own(self, _cmd, name); });
   };
   const bool wasConnected = [NSPasteboard isConnectedToServer];
   NSPasteboard *found = ask();
@@ -118,9 +119,9 @@ NSArray *localCopy(NSArray *remote) {
     ++unanswered;
     return withoutServer(name);
   }
-  if ([name isEqualToString:NSGeneralPboard] && [found _target] != generalOfServer) {
-    [generalOfServer release];
-    generalOfServer = [[found _target] retain];
+  if ([name isEqualToString:NSGeneralPboard] && [found _target] != serverGeneralPasteboard) {
+    [serverGeneralPasteboard release];
+    serverGeneralPasteboard = [[found _target] retain];
   }
   return found;
 }
@@ -128,7 +129,7 @@ NSArray *localCopy(NSArray *remote) {
 + (NSPasteboard *)pasteboardWithUniqueName {
   static const auto own =
       ownMethod<NSPasteboard *(*)(id, SEL)>(object_getClass([NSPasteboard class]), _cmd);
-  NSPasteboard *const found = answerOr<NSPasteboard *>(nil, [&] { return own(self, _cmd); });
+  NSPasteboard *const found = resultOr<NSPasteboard *>(nil, [&] { return own(self, _cmd); });
   return found ?: withoutServer([[NSProcessInfo processInfo] globallyUniqueString]);
 }
 
@@ -137,7 +138,7 @@ NSArray *localCopy(NSArray *remote) {
 - (int)declareTypes:(NSArray *)types owner:(id)newOwner {
   static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
   const auto ask = [&] {
-    return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+    return resultOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
   };
   if (const int count = ask()) return count;
   // The server has told the former owner first, which may hang. Now there is none any more.
@@ -148,7 +149,7 @@ NSArray *localCopy(NSArray *remote) {
 
 - (int)addTypes:(NSArray *)types owner:(id)newOwner {
   static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
-  return answerOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+  return resultOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
 }
 
 - (BOOL)setData:(NSData *)data forType:(NSString *)type {
@@ -157,19 +158,20 @@ NSArray *localCopy(NSArray *remote) {
   NSConnection *const connection = [[self _target] connectionForProxy];
   const NSTimeInterval former = [connection replyTimeout];
   [connection setReplyTimeout:former + static_cast<double>([data length]) / kBytesASecond];
-  const BOOL isTaken = answerOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+  const BOOL isTaken = resultOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
   [connection setReplyTimeout:former];
   return isTaken;
 }
 
-- (void)clearWhenServerGoesOn {
-  NSConnection *const connection = [generalOfServer connectionForProxy];
+- (void)clearWhenServerResumes {
+  NSConnection *const connection = [serverGeneralPasteboard connectionForProxy];
   if (![[self name] isEqualToString:NSGeneralPboard] || ![connection isValid]) return;
   // Sent and not waited for. What is sent to a process that stands still is there when it goes on.
   const NSTimeInterval former = [connection replyTimeout];
   [connection setReplyTimeout:kNoWaitSeconds];
-  answerOr(
-      0, [&] { return [generalOfServer declareTypes:[NSArray array] owner:nil pasteboard:self]; });
+  resultOr(0, [&] {
+    return [serverGeneralPasteboard declareTypes:[NSArray array] owner:nil pasteboard:self];
+  });
   [connection setReplyTimeout:former];
 }
 
@@ -177,17 +179,17 @@ NSArray *localCopy(NSArray *remote) {
 
 - (NSArray *)types {
   static const auto own = ownMethod<NSArray *(*)(id, SEL)>([NSPasteboard class], _cmd);
-  return answerOr<NSArray *>(nil, self, [&] { return localCopy(own(self, _cmd)); });
+  return resultOr<NSArray *>(nil, self, [&] { return localCopy(own(self, _cmd)); });
 }
 
 - (NSString *)availableTypeFromArray:(NSArray *)types {
   static const auto own = ownMethod<NSString *(*)(id, SEL, NSArray *)>([NSPasteboard class], _cmd);
-  return answerOr<NSString *>(nil, self, [&] { return own(self, _cmd, types); });
+  return resultOr<NSString *>(nil, self, [&] { return own(self, _cmd, types); });
 }
 
 - (int)changeCount {
   static const auto own = ownMethod<int (*)(id, SEL)>([NSPasteboard class], _cmd);
-  return answerOr(0, self, [&] { return own(self, _cmd); });
+  return resultOr(0, self, [&] { return own(self, _cmd); });
 }
 
 - (NSData *)dataForType:(NSString *)type {
@@ -198,7 +200,7 @@ NSArray *localCopy(NSArray *remote) {
     if (large.kind == LargeSelection::Kind::Text) return serialized(large.utf8);
     if (large.kind == LargeSelection::Kind::Broken) return nil;
   }
-  return answerOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
+  return resultOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
 }
 
 @end

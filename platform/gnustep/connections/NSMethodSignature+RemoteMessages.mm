@@ -6,7 +6,7 @@
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-@implementation NSMethodSignature (Wire)
+@implementation NSMethodSignature (RemoteMessages)
 
 - (NSMethodSignature *)methodSignatureForSelector:(SEL)selector {
   const bool isTheType = sel_isEqual(selector, @selector(methodType));

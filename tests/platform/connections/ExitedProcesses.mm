@@ -67,7 +67,7 @@
 
 @end
 
-TEST(EndedProcesses, ThatEndBeforeTheyAcceptAConnectionAreNotToldOfInTheLog) {
+TEST(ExitedProcesses, ThatEndBeforeTheyAcceptAConnectionAreNotToldOfInTheLog) {
   NSMessagePort *const receiving = [[[NSMessagePort alloc] init] autorelease];
   EndingListener *const listener = [[[EndingListener alloc] init] autorelease];
   const auto *const name =

@@ -12,7 +12,7 @@
 + (NSDistributedLock *)_fileLock;
 @end
 
-@interface NSMessagePortNameServer (LockedSweep)
+@interface NSMessagePortNameServer (LockedCleanup)
 @end
 
 namespace {
@@ -38,7 +38,7 @@ void initialize(id cls, SEL selector) {
 
 }  // namespace
 
-@implementation NSMessagePortNameServer (LockedSweep)
+@implementation NSMessagePortNameServer (LockedCleanup)
 
 + (void)load {
   Method const method = class_getClassMethod(self, @selector(initialize));

@@ -9,7 +9,7 @@
 // thread has found stays for good: 1 KiB for each time that a background thread begins to talk to
 // another process.
 
-@interface NSMessagePortNameServer (LivingPorts)
+@interface NSMessagePortNameServer (PortRetention)
 @end
 
 namespace {
@@ -17,12 +17,12 @@ namespace {
 using PortForName = NSPort *(*)(id, SEL, NSString *, NSString *);
 PortForName platformPortForName = nullptr;
 
-NSMutableSet *living() {
+NSMutableSet *retainedPorts() {
   static NSMutableSet *const ports = [[NSMutableSet alloc] init];
   return ports;
 }
 
-std::mutex &livingLock() {
+std::mutex &retainedPortsLock() {
   static std::mutex *const lock = new std::mutex;
   return *lock;
 }
@@ -30,15 +30,15 @@ std::mutex &livingLock() {
 NSPort *portForName(id server, SEL selector, NSString *name, NSString *host) {
   NSPort *const port = platformPortForName(server, selector, name, host);
   if (port != nil && ![NSThread isMainThread]) {
-    const std::lock_guard<std::mutex> guard(livingLock());
-    [living() addObject:port];
+    const std::lock_guard<std::mutex> guard(retainedPortsLock());
+    [retainedPorts() addObject:port];
   }
   return port;
 }
 
 }  // namespace
 
-@implementation NSMessagePortNameServer (LivingPorts)
+@implementation NSMessagePortNameServer (PortRetention)
 
 + (void)load {
   Method const method = class_getInstanceMethod(self, @selector(portForName:onHost:));

@@ -15,9 +15,9 @@ NSString *const kServerName = @"GDNCServer";
 constexpr NSTimeInterval kReplySeconds = 2;
 /// How long a server that did not answer is left alone: every activation of the application and
 /// every deactivation would wait for it again.
-constexpr NSTimeInterval kLeftAloneSeconds = 60;
+constexpr NSTimeInterval kSuspensionSeconds = 60;
 
-NSTimeInterval leftAloneUntil = 0;
+NSTimeInterval suspendedUntil = 0;
 
 NSTimeInterval now() {
   return [[NSProcessInfo processInfo] systemUptime];
@@ -39,12 +39,12 @@ bool hangs() {
 /// What goes wrong between here and the server, unlike what the caller does wrong, is nothing that
 /// he could do anything about.
 template <class Step>
-void quietly(Step step) {
+void ignoringServerFailure(Step step) {
   @try {
     step();
   } @catch (NSException *exception) {
     if ([[exception name] isEqualToString:NSInvalidArgumentException]) @throw;
-    if (now() >= leftAloneUntil) leftAloneUntil = now() + kLeftAloneSeconds;
+    if (now() >= suspendedUntil) suspendedUntil = now() + kSuspensionSeconds;
   }
 }
 
@@ -55,7 +55,7 @@ void quietly(Step step) {
 /// or raises one out of whatever has activated or hidden the application.
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-@implementation NSDistributedNotificationCenter (Answering)
+@implementation NSDistributedNotificationCenter (Timeouts)
 
 - (void)_connect {
   static const auto own =
@@ -64,7 +64,7 @@ void quietly(Step step) {
       class_getInstanceVariable([NSDistributedNotificationCenter class], "_remote");
   if (object_getIvar(self, remote) == nil) {
     const ConnectionTimeouts bounded(kReplySeconds);
-    if (now() < leftAloneUntil || hangs()) {
+    if (now() < suspendedUntil || hangs()) {
       [NSException raise:NSPortTimeoutException format:@"The server does not answer"];
     }
     own(self, _cmd);
@@ -79,13 +79,13 @@ void quietly(Step step) {
   static const auto own = ownMethod<void (*)(id, SEL, id, SEL, NSString *, NSString *,
                                              NSNotificationSuspensionBehavior)>(
       [NSDistributedNotificationCenter class], _cmd);
-  quietly([&] { own(self, _cmd, observer, selector, name, object, behavior); });
+  ignoringServerFailure([&] { own(self, _cmd, observer, selector, name, object, behavior); });
 }
 
 - (void)removeObserver:(id)observer name:(NSString *)name object:(NSString *)object {
   static const auto own = ownMethod<void (*)(id, SEL, id, NSString *, NSString *)>(
       [NSDistributedNotificationCenter class], _cmd);
-  quietly([&] { own(self, _cmd, observer, name, object); });
+  ignoringServerFailure([&] { own(self, _cmd, observer, name, object); });
 }
 
 - (void)postNotificationName:(NSString *)name
@@ -95,7 +95,7 @@ void quietly(Step step) {
   static const auto own =
       ownMethod<void (*)(id, SEL, NSString *, NSString *, NSDictionary *, BOOL)>(
           [NSDistributedNotificationCenter class], _cmd);
-  quietly([&] { own(self, _cmd, name, object, userInfo, immediately); });
+  ignoringServerFailure([&] { own(self, _cmd, name, object, userInfo, immediately); });
 }
 
 @end

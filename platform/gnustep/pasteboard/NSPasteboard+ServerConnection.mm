@@ -1,4 +1,4 @@
-#import "platform/gnustep/pasteboard/NSPasteboard+Starting.h"
+#import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
 
 #import <GNUstepGUI/GSPasteboardServer.h>
 #import <objc/runtime.h>
@@ -94,7 +94,7 @@ id connectToServer(id cls, SEL selector) {
 
 }  // namespace
 
-@implementation NSPasteboard (Starting)
+@implementation NSPasteboard (ServerConnection)
 
 + (void)load {
   Method const method = class_getClassMethod(self, sel_registerName("_pbs"));

@@ -13,7 +13,7 @@
 + (NSString *)_pathForName:(NSString *)name;
 @end
 
-@interface NSMessagePortNameServer (LostNames)
+@interface NSMessagePortNameServer (NameRestoration)
 @end
 
 namespace {
@@ -79,7 +79,7 @@ NSDistributedLock *fileLock(id cls, SEL selector) {
 
 }  // namespace
 
-@implementation NSMessagePortNameServer (LostNames)
+@implementation NSMessagePortNameServer (NameRestoration)
 
 + (void)load {
   platformRegisterPort =

@@ -13,6 +13,6 @@ namespace platform {
 ///
 /// name: unique among all programs and users of this machine, for which a path of this user's will
 /// do; cut to what has room in a socket's address. To be called once in a process.
-pid_t becomeSoleInstance(const std::string &name);
+pid_t becomeSingleInstance(const std::string &name);
 
 }  // namespace platform

@@ -26,7 +26,7 @@
 - (void)setState:(int)state;
 @end
 
-@interface NSMessagePort (EndedProcesses)
+@interface NSMessagePort (ExitedProcesses)
 @end
 
 namespace {
@@ -54,7 +54,7 @@ pid_t processOf(NSMessagePort *port) {
 
 BOOL connectToPort(id handle, SEL selector, NSMessagePort *port, NSDate *limit) {
   const pid_t process = processOf(port);
-  if (process > 0 && platform::hasEnded(process)) return NO;
+  if (process > 0 && platform::hasExited(process)) return NO;
   return platformConnectToPort(handle, selector, port, limit);
 }
 
@@ -83,7 +83,7 @@ void replace(SEL selector, Function function, Function &platforms) {
 
 }  // namespace
 
-@implementation NSMessagePort (EndedProcesses)
+@implementation NSMessagePort (ExitedProcesses)
 
 + (void)load {
   replace<ConnectToPort>(sel_registerName("connectToPort:beforeDate:"), connectToPort,

@@ -1,4 +1,4 @@
-#include "platform/gnustep/launch/SoleInstance.h"
+#include "platform/gnustep/launch/SingleInstance.h"
 
 #include <sys/socket.h>
 #include <sys/un.h>
@@ -47,7 +47,7 @@ pid_t ownProcessAt(const Address &address) {
 
 }  // namespace
 
-pid_t becomeSoleInstance(const std::string &name) {
+pid_t becomeSingleInstance(const std::string &name) {
   const Address address(name);
   const int listening = newSocket();
   if (listening < 0) return 0;
