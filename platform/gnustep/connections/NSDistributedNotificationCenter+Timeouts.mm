@@ -2,13 +2,20 @@
 #import <objc/runtime.h>
 
 #import "platform/gnustep/connections/ConnectionTimeouts.h"
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 @interface NSDistributedNotificationCenter (PlatformPrivate)
 - (void)_connect;
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void()> platformConnect;
+constinit platform::ReplacedMethod<void(id, SEL, NSString *, NSString *,
+                                        NSNotificationSuspensionBehavior)>
+    platformAddObserver;
+constinit platform::ReplacedMethod<void(id, NSString *, NSString *)> platformRemoveObserver;
+constinit platform::ReplacedMethod<void(NSString *, NSString *, NSDictionary *, BOOL)> platformPost;
 
 NSString *const kServerName = @"GDNCServer";
 
@@ -53,13 +60,19 @@ void ignoringServerFailure(Step step) {
 /// Distributed notifications that a hanging server does not take are lost, as on the Mac: there
 /// neither posting nor observing waits for it or raises an exception. The platform waits for ever,
 /// or raises one out of whatever has activated or hidden the application.
-// Replacing the platform's own methods is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSDistributedNotificationCenter (Timeouts)
 
-- (void)_connect {
-  static const auto own =
-      ownMethod<void (*)(id, SEL)>([NSDistributedNotificationCenter class], _cmd);
++ (void)load {
+  platformConnect.install(self, @selector(_connect), @selector(connectWithTimeout));
+  platformAddObserver.install(self, @selector(addObserver:selector:name:object:suspensionBehavior:),
+                              @selector(tryToAddObserver:selector:name:object:suspensionBehavior:));
+  platformRemoveObserver.install(self, @selector(removeObserver:name:object:),
+                                 @selector(tryToRemoveObserver:name:object:));
+  platformPost.install(self, @selector(postNotificationName:object:userInfo:deliverImmediately:),
+                       @selector(tryToPostNotificationName:object:userInfo:deliverImmediately:));
+}
+
+- (void)connectWithTimeout {
   static const Ivar remote =
       class_getInstanceVariable([NSDistributedNotificationCenter class], "_remote");
   if (object_getIvar(self, remote) == nil) {
@@ -67,35 +80,28 @@ void ignoringServerFailure(Step step) {
     if (now() < suspendedUntil || hangs()) {
       [NSException raise:NSPortTimeoutException format:@"The server does not answer"];
     }
-    own(self, _cmd);
+    platformConnect(self, _cmd);
   }
 }
 
-- (void)addObserver:(id)observer
-              selector:(SEL)selector
-                  name:(NSString *)name
-                object:(NSString *)object
-    suspensionBehavior:(NSNotificationSuspensionBehavior)behavior {
-  static const auto own = ownMethod<void (*)(id, SEL, id, SEL, NSString *, NSString *,
-                                             NSNotificationSuspensionBehavior)>(
-      [NSDistributedNotificationCenter class], _cmd);
-  ignoringServerFailure([&] { own(self, _cmd, observer, selector, name, object, behavior); });
+- (void)tryToAddObserver:(id)observer
+                selector:(SEL)selector
+                    name:(NSString *)name
+                  object:(NSString *)object
+      suspensionBehavior:(NSNotificationSuspensionBehavior)behavior {
+  ignoringServerFailure(
+      [&] { platformAddObserver(self, _cmd, observer, selector, name, object, behavior); });
 }
 
-- (void)removeObserver:(id)observer name:(NSString *)name object:(NSString *)object {
-  static const auto own = ownMethod<void (*)(id, SEL, id, NSString *, NSString *)>(
-      [NSDistributedNotificationCenter class], _cmd);
-  ignoringServerFailure([&] { own(self, _cmd, observer, name, object); });
+- (void)tryToRemoveObserver:(id)observer name:(NSString *)name object:(NSString *)object {
+  ignoringServerFailure([&] { platformRemoveObserver(self, _cmd, observer, name, object); });
 }
 
-- (void)postNotificationName:(NSString *)name
-                      object:(NSString *)object
-                    userInfo:(NSDictionary *)userInfo
-          deliverImmediately:(BOOL)immediately {
-  static const auto own =
-      ownMethod<void (*)(id, SEL, NSString *, NSString *, NSDictionary *, BOOL)>(
-          [NSDistributedNotificationCenter class], _cmd);
-  ignoringServerFailure([&] { own(self, _cmd, name, object, userInfo, immediately); });
+- (void)tryToPostNotificationName:(NSString *)name
+                           object:(NSString *)object
+                         userInfo:(NSDictionary *)userInfo
+               deliverImmediately:(BOOL)immediately {
+  ignoringServerFailure([&] { platformPost(self, _cmd, name, object, userInfo, immediately); });
 }
 
 @end

@@ -1,5 +1,4 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
 
 #include <poll.h>
 
@@ -7,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #include "platform/gnustep/workspace/ProcessTable.h"
 
 // What was received from a process is released by a message to it, for which the platform connects
@@ -31,10 +31,9 @@
 
 namespace {
 
-using ConnectToPort = BOOL (*)(id, SEL, NSMessagePort *, NSDate *);
-ConnectToPort platformConnectToPort = nullptr;
-using ReceivedEvent = void (*)(id, SEL, void *, RunLoopEventType, void *, NSString *);
-ReceivedEvent platformReceivedEvent = nullptr;
+constinit platform::ReplacedMethod<BOOL(NSMessagePort *, NSDate *)> platformConnectToPort;
+constinit platform::ReplacedMethod<void(void *, RunLoopEventType, void *, NSString *)>
+    platformReceivedEvent;
 
 /// The platform's states of a connection.
 constexpr int kUnconnected = 0;
@@ -73,23 +72,16 @@ void receivedEvent(id handle, SEL selector, void *data, RunLoopEventType type, v
   platformReceivedEvent(handle, selector, data, type, extra, mode);
 }
 
-template <class Function>
-void replace(SEL selector, Function function, Function &platforms) {
-  Method const method = class_getInstanceMethod(objc_getClass("GSMessageHandle"), selector);
-  if (method == nullptr) return;
-  platforms =
-      reinterpret_cast<Function>(method_setImplementation(method, reinterpret_cast<IMP>(function)));
-}
-
 }  // namespace
 
 @implementation NSMessagePort (ExitedProcesses)
 
 + (void)load {
-  replace<ConnectToPort>(sel_registerName("connectToPort:beforeDate:"), connectToPort,
-                         platformConnectToPort);
-  replace<ReceivedEvent>(@selector(receivedEvent:type:extra:forMode:), receivedEvent,
-                         platformReceivedEvent);
+  Class const handle = objc_getClass("GSMessageHandle");
+  platformConnectToPort.install(handle, sel_registerName("connectToPort:beforeDate:"),
+                                connectToPort);
+  platformReceivedEvent.install(handle, @selector(receivedEvent:type:extra:forMode:),
+                                receivedEvent);
 }
 
 @end

@@ -1,5 +1,6 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // A process that is about to look up its first name goes through all names first and removes those
 // of processes that have ended, and those that are not whole. The platform does that without the
@@ -20,8 +21,7 @@ namespace {
 /// Each waits two seconds; a lock that has been left behind is broken when it is 15 seconds old.
 constexpr int kTries = 9;
 
-using Initialize = void (*)(id, SEL);
-Initialize platformInitialize = nullptr;
+constinit platform::ReplacedMethod<void()> platformInitialize;
 
 void initialize(id cls, SEL selector) {
   NSDistributedLock *lock = nil;
@@ -41,9 +41,7 @@ void initialize(id cls, SEL selector) {
 @implementation NSMessagePortNameServer (LockedCleanup)
 
 + (void)load {
-  Method const method = class_getClassMethod(self, @selector(initialize));
-  platformInitialize = reinterpret_cast<Initialize>(
-      method_setImplementation(method, reinterpret_cast<IMP>(initialize)));
+  platformInitialize.install(object_getClass(self), @selector(initialize), initialize);
 }
 
 @end

@@ -1,8 +1,8 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
 
 #import "platform/gnustep/connections/RegisteredNames.h"
 #include "platform/gnustep/connections/TemporaryFolder.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // Tells RegisteredNames what this process registers and what it gives back. And makes the folder of
 // names again for whoever looks for one when it is gone: the platform makes it once in the life of
@@ -18,33 +18,20 @@
 
 namespace {
 
-using RegisterPort = BOOL (*)(id, SEL, NSPort *, NSString *);
-using RemovePort = BOOL (*)(id, SEL, NSPort *, NSString *);
-using RemoveName = BOOL (*)(id, SEL, NSString *);
-using FileLock = NSDistributedLock *(*)(id, SEL);
-using NewPort = id (*)(id, SEL);
-
-RegisterPort platformRegisterPort = nullptr;
-RemovePort platformRemovePort = nullptr;
-RemoveName platformRemoveName = nullptr;
-FileLock platformFileLock = nullptr;
-NewPort platformNewPort = nullptr;
-
-template <class Function>
-Function replace(Method method, Function ours) {
-  return reinterpret_cast<Function>(method_setImplementation(method, reinterpret_cast<IMP>(ours)));
-}
+constinit platform::ReplacedMethod<BOOL(NSPort *, NSString *)> platformRegisterPort;
+constinit platform::ReplacedMethod<BOOL(NSPort *, NSString *)> platformRemovePort;
+constinit platform::ReplacedMethod<BOOL(NSString *)> platformRemoveName;
+constinit platform::ReplacedMethod<NSDistributedLock *()> platformFileLock;
+constinit platform::ReplacedMethod<id()> platformNewPort;
 
 /// nil, as the platform's where there is no temporary folder at all.
 id newPort(id cls, SEL selector) {
   return platform::temporaryFolder().problem.empty() ? platformNewPort(cls, selector) : nil;
 }
 
-/// Not when the program is loaded: replacing a method initialises the class, which goes to the
-/// temporary folder.
+/// Not in +load, because the message initialises the class, which makes the temporary folder.
 void guardNewPorts() {
-  if (platformNewPort != nullptr) return;
-  platformNewPort = replace(class_getClassMethod([NSMessagePort class], @selector(new)), newPort);
+  platformNewPort.install(object_getClass([NSMessagePort class]), @selector(new), newPort);
 }
 
 BOOL registerPort(id server, SEL selector, NSPort *port, NSString *name) {
@@ -82,13 +69,10 @@ NSDistributedLock *fileLock(id cls, SEL selector) {
 @implementation NSMessagePortNameServer (NameRestoration)
 
 + (void)load {
-  platformRegisterPort =
-      replace(class_getInstanceMethod(self, @selector(registerPort:forName:)), registerPort);
-  platformRemovePort =
-      replace(class_getInstanceMethod(self, @selector(removePort:forName:)), removePort);
-  platformRemoveName =
-      replace(class_getInstanceMethod(self, @selector(removePortForName:)), removeName);
-  platformFileLock = replace(class_getClassMethod(self, sel_registerName("_fileLock")), fileLock);
+  platformRegisterPort.install(self, @selector(registerPort:forName:), registerPort);
+  platformRemovePort.install(self, @selector(removePort:forName:), removePort);
+  platformRemoveName.install(self, @selector(removePortForName:), removeName);
+  platformFileLock.install(object_getClass(self), sel_registerName("_fileLock"), fileLock);
 }
 
 @end

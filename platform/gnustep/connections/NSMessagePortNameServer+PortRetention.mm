@@ -1,7 +1,8 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
 
 #include <mutex>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // All threads of a process share the one port object for a name. When the last to use it is a
 // background thread that ends, the port takes its connections off that thread's run loop only, and
@@ -14,8 +15,7 @@
 
 namespace {
 
-using PortForName = NSPort *(*)(id, SEL, NSString *, NSString *);
-PortForName platformPortForName = nullptr;
+constinit platform::ReplacedMethod<NSPort *(NSString *, NSString *)> platformPortForName;
 
 NSMutableSet *retainedPorts() {
   static NSMutableSet *const ports = [[NSMutableSet alloc] init];
@@ -41,9 +41,7 @@ NSPort *portForName(id server, SEL selector, NSString *name, NSString *host) {
 @implementation NSMessagePortNameServer (PortRetention)
 
 + (void)load {
-  Method const method = class_getInstanceMethod(self, @selector(portForName:onHost:));
-  platformPortForName = reinterpret_cast<PortForName>(
-      method_setImplementation(method, reinterpret_cast<IMP>(portForName)));
+  platformPortForName.install(self, @selector(portForName:onHost:), portForName);
 }
 
 @end

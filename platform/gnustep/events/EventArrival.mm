@@ -2,20 +2,20 @@
 
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSDisplayServer.h>
-#import <objc/runtime.h>
 
 #include <X11/Xlib.h>
 #include <sys/eventfd.h>
 
 #include <cstdint>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
+
 namespace {
 
 /// Readable while events have been handled that the run loop has not counted as input.
 int handledEvents = -1;
 
-using ShouldBlock = BOOL (*)(id, SEL, BOOL *);
-ShouldBlock platformShouldBlock = nullptr;
+constinit platform::ReplacedMethod<BOOL(BOOL *)> platformShouldBlock;
 
 /// Around the platform's answer to the run loop's question whether it has to wait. Asked for that,
 /// the platform looks whether events have arrived, by which it takes them from the connection. The
@@ -50,9 +50,9 @@ BOOL runLoopShouldBlock(id self, SEL selector, BOOL *trigger) {
 @end
 
 void installEventArrival() {
-  const Method method = class_getInstanceMethod(NSClassFromString(@"XGServer"),
-                                                NSSelectorFromString(@"runLoopShouldBlock:"));
-  if (method == nullptr || platformShouldBlock != nullptr) return;
+  Class const server = NSClassFromString(@"XGServer");
+  SEL const selector = NSSelectorFromString(@"runLoopShouldBlock:");
+  if (platformShouldBlock.isInstalled() || ![server instancesRespondToSelector:selector]) return;
   handledEvents = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
   if (handledEvents < 0) return;
   static HandledEvents *const source = [[HandledEvents alloc] init];
@@ -64,6 +64,5 @@ void installEventArrival() {
        ]) {
     [[NSRunLoop currentRunLoop] addEvent:descriptor type:ET_RDESC watcher:source forMode:mode];
   }
-  platformShouldBlock = reinterpret_cast<ShouldBlock>(
-      method_setImplementation(method, reinterpret_cast<IMP>(runLoopShouldBlock)));
+  platformShouldBlock.install(server, selector, runLoopShouldBlock);
 }

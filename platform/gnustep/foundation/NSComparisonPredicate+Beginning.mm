@@ -1,6 +1,6 @@
 #import <Foundation/Foundation.h>
 
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 /// BEGINSWITH as on the Mac. The platform raises an exception when the string is shorter than what
 /// it should begin with, and takes "É" and "é" for different letters, or "É" for different from
@@ -9,6 +9,8 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<BOOL(id)> platformEvaluate;
 
 NSStringCompareOptions compareOptions(NSUInteger predicateOptions) {
   NSStringCompareOptions options = NSAnchoredSearch;
@@ -21,11 +23,14 @@ NSStringCompareOptions compareOptions(NSUInteger predicateOptions) {
 
 }  // namespace
 
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSComparisonPredicate (Beginning)
 
-- (BOOL)evaluateWithObject:(id)object {
++ (void)load {
+  platformEvaluate.install(self, @selector(evaluateWithObject:),
+                           @selector(evaluateBeginningWithObject:));
+}
+
+- (BOOL)evaluateBeginningWithObject:(id)object {
   if ([self predicateOperatorType] == NSBeginsWithPredicateOperatorType &&
       [self comparisonPredicateModifier] == NSDirectPredicateModifier) {
     id const string = [[self leftExpression] expressionValueWithObject:object context:nil];
@@ -34,10 +39,7 @@ NSStringCompareOptions compareOptions(NSUInteger predicateOptions) {
       return [string rangeOfString:beginning options:compareOptions([self options])].location == 0;
     }
   }
-  using Evaluate = BOOL (*)(id, SEL, id);
-  static const Evaluate platforms =
-      ownMethod<Evaluate>([NSComparisonPredicate class], @selector(evaluateWithObject:));
-  return platforms(self, _cmd, object);
+  return platformEvaluate(self, _cmd, object);
 }
 
 @end

@@ -1,13 +1,13 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // The record of an object's observers, which the platform leaves behind when the object ends while
 // it is observed: 2 KiB for each window whose controller observes itself.
 
 namespace {
 
-using Dealloc = void (*)(id, SEL);
-Dealloc platformDealloc = nullptr;
+constinit platform::ReplacedMethod<void()> platformDealloc;
 
 void dealloc(id object, SEL selector) {
   // The platform holds it with the one reference from its making, and forgets it here.
@@ -30,9 +30,7 @@ void dealloc(id object, SEL selector) {
 
 /// Before the first object is observed, because the classes of those take copies of the method.
 + (void)load {
-  Method const method = class_getInstanceMethod(self, @selector(dealloc));
-  platformDealloc =
-      reinterpret_cast<Dealloc>(method_setImplementation(method, reinterpret_cast<IMP>(dealloc)));
+  platformDealloc.install(self, @selector(dealloc), dealloc);
 }
 
 @end

@@ -1,9 +1,10 @@
 #import <AppKit/AppKit.h>
-#import <objc/runtime.h>
 
 #include <algorithm>
 #include <cstdint>
 #include <span>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 /// The platform reads the pictures of an icon file in all sizes but 64 pixels, the size at which
 /// alerts show it, and would scale another one.
@@ -16,7 +17,7 @@ constexpr uint32_t kFamilyType = 'icns';
 constexpr uint32_t kSixtyFourPixelsType = 'icp6';
 constexpr size_t kHeadBytes = 8;
 
-NSArray *(*platformReader)(id, SEL, NSData *);
+constinit platform::ReplacedMethod<NSArray *(NSData *)> platformReader;
 
 uint32_t bigEndian(std::span<const uint8_t> bytes, size_t offset) {
   return uint32_t{bytes[offset]} << 24 | uint32_t{bytes[offset + 1]} << 16 |
@@ -63,10 +64,7 @@ NSArray *representations(id self, SEL selector, NSData *data) {
 @implementation NSBitmapImageRep (IconFamily)
 
 + (void)load {
-  // The class has this method of its own, so that replacing it reaches everybody.
-  Method const reader = class_getClassMethod(self, @selector(imageRepsWithData:));
-  platformReader = reinterpret_cast<NSArray *(*)(id, SEL, NSData *)>(
-      method_setImplementation(reader, reinterpret_cast<IMP>(representations)));
+  platformReader.install(object_getClass(self), @selector(imageRepsWithData:), representations);
 }
 
 @end

@@ -1,10 +1,10 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSVersion.h>
-#import <objc/runtime.h>
 
 #include <string_view>
 
 #import "platform/gnustep/interface-files/NSObject+Accessibility.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // What the platform's loader does not read of an interface file as the Mac's tools write it, and
 // what it leaves behind.
@@ -23,17 +23,7 @@
 
 namespace {
 
-/// Puts `ours` in the place of a method that `cls` has itself, and answers what stood there.
-template <class Implementation>
-Implementation replaced(Class cls, SEL selector, Implementation ours) {
-  Method const method = class_getInstanceMethod(cls, selector);
-  if (method == nullptr) return nullptr;  // another version of the platform
-  return reinterpret_cast<Implementation>(
-      method_setImplementation(method, reinterpret_cast<IMP>(ours)));
-}
-
-using DecodeObject = id (*)(id, SEL, GSXibElement *, NSString *, NSString *);
-DecodeObject platformDecodeObject = nullptr;
+constinit platform::ReplacedMethod<id(GSXibElement *, NSString *, NSString *)> platformDecodeObject;
 
 /// <accessibility description="..."/> of a view or a cell.
 id decodeObject(id unarchiver, SEL selector, GSXibElement *element, NSString *className,
@@ -48,8 +38,7 @@ id decodeObject(id unarchiver, SEL selector, GSXibElement *element, NSString *cl
   return object;
 }
 
-using DecodeSize = NSSize (*)(id, SEL, NSString *);
-DecodeSize platformDecodeSize = nullptr;
+constinit platform::ReplacedMethod<NSSize(NSString *)> platformDecodeSize;
 
 /// The sizes of a collection view's items have other names in an archive than in an interface file.
 NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
@@ -59,8 +48,7 @@ NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   return platformDecodeSize(unarchiver, selector, name);
 }
 
-using SetElement = void (*)(id, SEL, GSXibElement *, NSString *);
-SetElement platformSetElement = nullptr;
+constinit platform::ReplacedMethod<void(GSXibElement *, NSString *)> platformSetElement;
 
 /// The platform never gives back the element in which it notes whether a window is visible at
 /// launch. In the releases up to 0.29; who takes a later one looks again.
@@ -90,14 +78,15 @@ BOOL isDocument(id, SEL, NSData *data) {
 @implementation GSXib5KeyedUnarchiver (MacElements)
 
 + (void)load {
-  platformDecodeObject =
-      replaced(self, @selector(decodeObjectForXib:forClassName:withID:), decodeObject);
-  platformDecodeSize = replaced(self, @selector(decodeSizeForKey:), decodeSize);
-  platformSetElement =
-      replaced(objc_getClass("GSXibElement"), @selector(setElement:forKey:), setElement);
-  // Found by its name: a message would set it up before there is an autorelease pool.
-  replaced(object_getClass(objc_getClass("GSXibKeyedUnarchiver")), @selector(checkXib5:),
-           isDocument);
+  platformDecodeObject.install(self, @selector(decodeObjectForXib:forClassName:withID:),
+                               decodeObject);
+  platformDecodeSize.install(self, @selector(decodeSizeForKey:), decodeSize);
+  platformSetElement.install(objc_getClass("GSXibElement"), @selector(setElement:forKey:),
+                             setElement);
+  // By its name, because a message would initialise the class before there is an autorelease pool.
+  Class const unarchiver = objc_getClass("GSXibKeyedUnarchiver");
+  platform::replaceMethod(object_getClass(unarchiver), @selector(checkXib5:),
+                          reinterpret_cast<IMP>(isDocument));
 }
 
 @end

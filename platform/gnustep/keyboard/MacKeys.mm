@@ -1,9 +1,9 @@
 #import "platform/gnustep/keyboard/MacKeys.h"
 
 #import <AppKit/AppKit.h>
-#import <objc/runtime.h>
 
 #include "platform/gnustep/keyboard/MacKeyCodes.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
 
@@ -29,11 +29,11 @@ struct ServerEvent {
   int type;
 };
 
-void (*platformsProcessEvent)(id, SEL, const ServerEvent *);
+constinit platform::ReplacedMethod<void(const ServerEvent *)> platformProcessEvent;
 
 void processEvent(id self, SEL selector, const ServerEvent *event) {
   const ServerKeyEventScope scope(event->type == kXKeyPress || event->type == kXKeyRelease);
-  platformsProcessEvent(self, selector, event);
+  platformProcessEvent(self, selector, event);
 }
 
 bool isControlCharacter(unichar character) {
@@ -52,10 +52,10 @@ NSString *charactersWithCommand(NSString *characters, NSString *unmodified) {
   return unmodified;
 }
 
-using MakeKeyEvent = NSEvent *(*)(id, SEL, NSEventType, NSPoint, NSUInteger, NSTimeInterval,
-                                  NSInteger, NSGraphicsContext *, NSString *, NSString *, BOOL,
-                                  unsigned short);
-MakeKeyEvent platformsMakeKeyEvent;
+constinit platform::ReplacedMethod<NSEvent *(NSEventType, NSPoint, NSUInteger, NSTimeInterval,
+                                             NSInteger, NSGraphicsContext *, NSString *, NSString *,
+                                             BOOL, unsigned short)>
+    platformMakeKeyEvent;
 
 NSEvent *makeKeyEvent(id self, SEL selector, NSEventType type, NSPoint location, NSUInteger flags,
                       NSTimeInterval time, NSInteger window, NSGraphicsContext *context,
@@ -67,14 +67,8 @@ NSEvent *makeKeyEvent(id self, SEL selector, NSEventType type, NSPoint location,
       characters = charactersWithCommand(characters, unmodified);
     }
   }
-  return platformsMakeKeyEvent(self, selector, type, location, flags, time, window, context,
-                               characters, unmodified, isRepeat, code);
-}
-
-template <class Function>
-void replace(Method method, Function replacement, Function &former) {
-  former = reinterpret_cast<Function>(
-      method_setImplementation(method, reinterpret_cast<IMP>(replacement)));
+  return platformMakeKeyEvent(self, selector, type, location, flags, time, window, context,
+                              characters, unmodified, isRepeat, code);
 }
 
 }  // namespace
@@ -92,14 +86,12 @@ void replace(Method method, Function replacement, Function &former) {
   const Class server = NSClassFromString(@"XGServer");
   if (server == Nil) return;
   [[NSNotificationCenter defaultCenter] removeObserver:self];
-  const Method method = class_getInstanceMethod(server, @selector(processEvent:));
-  if (method == nullptr) return;
+  if (![server instancesRespondToSelector:@selector(processEvent:)]) return;
   const SEL make = NSSelectorFromString(
       @"keyEventWithType:location:modifierFlags:timestamp:windowNumber:context:"
       @"characters:charactersIgnoringModifiers:isARepeat:keyCode:");
-  const Method maker = class_getClassMethod([NSEvent class], make);
-  replace(maker, makeKeyEvent, platformsMakeKeyEvent);
-  replace(method, processEvent, platformsProcessEvent);
+  platformMakeKeyEvent.install(object_getClass([NSEvent class]), make, makeKeyEvent);
+  platformProcessEvent.install(server, @selector(processEvent:), processEvent);
 }
 
 @end

@@ -1,9 +1,11 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/keyboard/NSTextView+PlainKeys.h"
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSEvent *)> platformKeyDown;
 
 /// The key without Command that a window is looking at because nobody in it wanted it.
 NSEvent *unwantedPlainKey = nil;
@@ -46,11 +48,13 @@ bool isForText(NSResponder *responder, NSEvent *event) {
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSWindow (PlainKeys)
 
-- (void)keyDown:(NSEvent *)event {
-  using KeyDown = void (*)(id, SEL, NSEvent *);
-  static const auto platformsKeyDown = ownMethod<KeyDown>([NSWindow class], _cmd);
++ (void)load {
+  platformKeyDown.install(self, @selector(keyDown:), @selector(keyDownWithoutShortcuts:));
+}
+
+- (void)keyDownWithoutShortcuts:(NSEvent *)event {
   const UnwantedPlainKey scope(event);
-  platformsKeyDown(self, _cmd, event);
+  platformKeyDown(self, _cmd, event);
 }
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {

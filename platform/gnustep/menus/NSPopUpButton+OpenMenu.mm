@@ -1,8 +1,11 @@
 #import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSRect, NSView *)> platformAttachPopUp;
+constinit platform::ReplacedMethod<void()> platformDismissPopUp;
 
 NSWindow *menuWindowOf(NSPopUpButton *popUp) {
   return [[[popUp menu] menuRepresentation] window];
@@ -49,15 +52,16 @@ void closeMenuOf(NSPopUpButton *popUp) {
 
 // The menu must not outlive its window on the screen: hidden with the application, it would come
 // back with it, and refer to a pop-up and a window that have ended.
-//
-// Replacing the platform's own methods is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSPopUpButtonCell (OpenMenu)
 
-- (void)attachPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
-  using Attach = void (*)(id, SEL, NSRect, NSView *);
-  static const auto own = ownMethod<Attach>([NSPopUpButtonCell class], _cmd);
-  own(self, _cmd, frame, view);
++ (void)load {
+  platformAttachPopUp.install(self, @selector(attachPopUpWithFrame:inView:),
+                              @selector(attachObservedPopUpWithFrame:inView:));
+  platformDismissPopUp.install(self, @selector(dismissPopUp), @selector(dismissObservedPopUp));
+}
+
+- (void)attachObservedPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  platformAttachPopUp(self, _cmd, frame, view);
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center addObserver:self
              selector:@selector(closeOpenMenu:)
@@ -71,12 +75,11 @@ void closeMenuOf(NSPopUpButton *popUp) {
 
 /// With the selected item highlighted again: the platform takes a highlighted item for the selected
 /// one the next time that it draws the button's title.
-- (void)dismissPopUp {
-  static const auto own = ownMethod<void (*)(id, SEL)>([NSPopUpButtonCell class], _cmd);
+- (void)dismissObservedPopUp {
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center removeObserver:self name:NSWindowWillCloseNotification object:nil];
   [center removeObserver:self name:NSApplicationWillHideNotification object:nil];
-  own(self, _cmd);
+  platformDismissPopUp(self, _cmd);
   const NSInteger selected = [self pullsDown] ? -1 : [self indexOfSelectedItem];
   [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
 }

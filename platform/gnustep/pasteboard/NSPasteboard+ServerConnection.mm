@@ -1,9 +1,9 @@
 #import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
 
 #import <GNUstepGUI/GSPasteboardServer.h>
-#import <objc/runtime.h>
 
 #import "platform/gnustep/connections/ConnectionTimeouts.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
 
@@ -14,9 +14,8 @@ constexpr NSTimeInterval kRequestSeconds = 10;
 constexpr NSTimeInterval kStartSeconds = 5;
 constexpr NSTimeInterval kPollSeconds = 0.02;
 
-using Connect = id (*)(id, SEL);
+constinit platform::ReplacedMethod<id()> platformConnect;
 
-Connect platformsConnect = nullptr;
 id server = nil;  // retained; nil when there is no connection
 bool isConnecting = false;
 
@@ -80,7 +79,7 @@ void use(id found) {
 id connectToServer(id cls, SEL selector) {
   // A server on another machine is the platform's own affair.
   if ([[[NSUserDefaults standardUserDefaults] stringForKey:@"NSHost"] length] > 0) {
-    return platformsConnect(cls, selector);
+    return platformConnect(cls, selector);
   }
   if (server != nil || isConnecting) return server;
   isConnecting = true;
@@ -97,9 +96,7 @@ id connectToServer(id cls, SEL selector) {
 @implementation NSPasteboard (ServerConnection)
 
 + (void)load {
-  Method const method = class_getClassMethod(self, sel_registerName("_pbs"));
-  platformsConnect = reinterpret_cast<Connect>(
-      method_setImplementation(method, reinterpret_cast<IMP>(connectToServer)));
+  platformConnect.install(object_getClass(self), sel_registerName("_pbs"), connectToServer);
 }
 
 + (BOOL)connectToServer {

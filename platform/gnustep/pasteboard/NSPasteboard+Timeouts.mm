@@ -6,7 +6,7 @@
 
 #include "platform/gnustep/pasteboard/LargeSelection.h"
 #import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 @interface NSPasteboard (PlatformPrivate)
 + (NSPasteboard *)_pasteboardWithTarget:(id)target name:(NSString *)name;
@@ -14,6 +14,16 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<NSPasteboard *(NSString *)> platformPasteboardWithName;
+constinit platform::ReplacedMethod<NSPasteboard *()> platformPasteboardWithUniqueName;
+constinit platform::ReplacedMethod<int(NSArray *, id)> platformDeclareTypes;
+constinit platform::ReplacedMethod<int(NSArray *, id)> platformAddTypes;
+constinit platform::ReplacedMethod<BOOL(NSData *, NSString *)> platformSetData;
+constinit platform::ReplacedMethod<NSArray *()> platformTypes;
+constinit platform::ReplacedMethod<NSString *(NSArray *)> platformAvailableType;
+constinit platform::ReplacedMethod<int()> platformChangeCount;
+constinit platform::ReplacedMethod<NSData *(NSString *)> platformData;
 
 /// As little as possible: 0 stands for no end.
 constexpr NSTimeInterval kNoWaitSeconds = 0.001;
@@ -87,9 +97,24 @@ NSArray *localCopy(NSArray *remote) {
 
 }  // namespace
 
-// Replacing the platform's own methods is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSPasteboard (Timeouts)
+
++ (void)load {
+  Class const metaclass = object_getClass(self);
+  platformPasteboardWithName.install(metaclass, @selector(pasteboardWithName:),
+                                     @selector(boundedPasteboardWithName:));
+  platformPasteboardWithUniqueName.install(metaclass, @selector(pasteboardWithUniqueName),
+                                           @selector(boundedPasteboardWithUniqueName));
+  platformDeclareTypes.install(self, @selector(declareTypes:owner:),
+                               @selector(boundedDeclareTypes:owner:));
+  platformAddTypes.install(self, @selector(addTypes:owner:), @selector(boundedAddTypes:owner:));
+  platformSetData.install(self, @selector(setData:forType:), @selector(boundedSetData:forType:));
+  platformTypes.install(self, @selector(types), @selector(boundedTypes));
+  platformAvailableType.install(self, @selector(availableTypeFromArray:),
+                                @selector(boundedAvailableTypeFromArray:));
+  platformChangeCount.install(self, @selector(changeCount), @selector(boundedChangeCount));
+  platformData.install(self, @selector(dataForType:), @selector(boundedDataForType:));
+}
 
 + (NSUInteger)timedOutRequests {
   return unanswered;
@@ -105,11 +130,10 @@ NSArray *localCopy(NSArray *remote) {
 
 #pragma mark - Getting one
 
-+ (NSPasteboard *)pasteboardWithName:(NSString *)name {
-  static const auto own = ownMethod<NSPasteboard *(*)(id, SEL, NSString *)>(
-      object_getClass([NSPasteboard class]), _cmd);
++ (NSPasteboard *)boundedPasteboardWithName:(NSString *)name {
   const auto ask = [&] {
-    return resultOr<NSPasteboard *>(nil, [&] { return own(self, _cmd, name); });
+    return resultOr<NSPasteboard *>(nil,
+                                    [&] { return platformPasteboardWithName(self, _cmd, name); });
   };
   const bool wasConnected = [NSPasteboard isConnectedToServer];
   NSPasteboard *found = ask();
@@ -126,19 +150,17 @@ NSArray *localCopy(NSArray *remote) {
   return found;
 }
 
-+ (NSPasteboard *)pasteboardWithUniqueName {
-  static const auto own =
-      ownMethod<NSPasteboard *(*)(id, SEL)>(object_getClass([NSPasteboard class]), _cmd);
-  NSPasteboard *const found = resultOr<NSPasteboard *>(nil, [&] { return own(self, _cmd); });
++ (NSPasteboard *)boundedPasteboardWithUniqueName {
+  NSPasteboard *const found =
+      resultOr<NSPasteboard *>(nil, [&] { return platformPasteboardWithUniqueName(self, _cmd); });
   return found ?: withoutServer([[NSProcessInfo processInfo] globallyUniqueString]);
 }
 
 #pragma mark - Writing
 
-- (int)declareTypes:(NSArray *)types owner:(id)newOwner {
-  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
+- (int)boundedDeclareTypes:(NSArray *)types owner:(id)newOwner {
   const auto ask = [&] {
-    return resultOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+    return resultOr(0, self, [&] { return platformDeclareTypes(self, _cmd, types, newOwner); });
   };
   if (const int count = ask()) return count;
   // The server has told the former owner first, which may hang. Now there is none any more.
@@ -147,18 +169,16 @@ NSArray *localCopy(NSArray *remote) {
   return 0;
 }
 
-- (int)addTypes:(NSArray *)types owner:(id)newOwner {
-  static const auto own = ownMethod<int (*)(id, SEL, NSArray *, id)>([NSPasteboard class], _cmd);
-  return resultOr(0, self, [&] { return own(self, _cmd, types, newOwner); });
+- (int)boundedAddTypes:(NSArray *)types owner:(id)newOwner {
+  return resultOr(0, self, [&] { return platformAddTypes(self, _cmd, types, newOwner); });
 }
 
-- (BOOL)setData:(NSData *)data forType:(NSString *)type {
-  static const auto own =
-      ownMethod<BOOL (*)(id, SEL, NSData *, NSString *)>([NSPasteboard class], _cmd);
+- (BOOL)boundedSetData:(NSData *)data forType:(NSString *)type {
   NSConnection *const connection = [[self _target] connectionForProxy];
   const NSTimeInterval former = [connection replyTimeout];
   [connection setReplyTimeout:former + static_cast<double>([data length]) / kBytesASecond];
-  const BOOL isTaken = resultOr<BOOL>(NO, self, [&] { return own(self, _cmd, data, type); });
+  const BOOL isTaken =
+      resultOr<BOOL>(NO, self, [&] { return platformSetData(self, _cmd, data, type); });
   [connection setReplyTimeout:former];
   return isTaken;
 }
@@ -177,30 +197,26 @@ NSArray *localCopy(NSArray *remote) {
 
 #pragma mark - Reading
 
-- (NSArray *)types {
-  static const auto own = ownMethod<NSArray *(*)(id, SEL)>([NSPasteboard class], _cmd);
-  return resultOr<NSArray *>(nil, self, [&] { return localCopy(own(self, _cmd)); });
+- (NSArray *)boundedTypes {
+  return resultOr<NSArray *>(nil, self, [&] { return localCopy(platformTypes(self, _cmd)); });
 }
 
-- (NSString *)availableTypeFromArray:(NSArray *)types {
-  static const auto own = ownMethod<NSString *(*)(id, SEL, NSArray *)>([NSPasteboard class], _cmd);
-  return resultOr<NSString *>(nil, self, [&] { return own(self, _cmd, types); });
+- (NSString *)boundedAvailableTypeFromArray:(NSArray *)types {
+  return resultOr<NSString *>(nil, self, [&] { return platformAvailableType(self, _cmd, types); });
 }
 
-- (int)changeCount {
-  static const auto own = ownMethod<int (*)(id, SEL)>([NSPasteboard class], _cmd);
-  return resultOr(0, self, [&] { return own(self, _cmd); });
+- (int)boundedChangeCount {
+  return resultOr(0, self, [&] { return platformChangeCount(self, _cmd); });
 }
 
-- (NSData *)dataForType:(NSString *)type {
-  static const auto own = ownMethod<NSData *(*)(id, SEL, NSString *)>([NSPasteboard class], _cmd);
+- (NSData *)boundedDataForType:(NSString *)type {
   const char *const selection = selectionOf([self name]);
   if (selection != nullptr && [type isEqualToString:NSStringPboardType] && [self hasServer]) {
     const LargeSelection large = largeSelection(nameOfDisplay(), selection, kOwnerSeconds);
     if (large.kind == LargeSelection::Kind::Text) return serialized(large.utf8);
     if (large.kind == LargeSelection::Kind::Broken) return nil;
   }
-  return resultOr<NSData *>(nil, self, [&] { return own(self, _cmd, type); });
+  return resultOr<NSData *>(nil, self, [&] { return platformData(self, _cmd, type); });
 }
 
 @end

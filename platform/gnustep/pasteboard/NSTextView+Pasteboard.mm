@@ -1,9 +1,15 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/pasteboard/NSPasteboard+Timeouts.h"
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
-// Replacing the platform's own methods is the point.
+namespace {
+
+constinit platform::ReplacedMethod<BOOL(id<NSValidatedUserInterfaceItem>)> platformValidate;
+
+}  // namespace
+
+// Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 
 @implementation NSText (Pasteboard)
@@ -23,15 +29,18 @@
 
 @implementation NSTextView (Pasteboard)
 
++ (void)load {
+  platformValidate.install(self, @selector(validateUserInterfaceItem:),
+                           @selector(validateUserInterfaceItemWithoutServer:));
+}
+
 /// The platform asks this of the main menu's items after each event. While the pasteboard's server
 /// is known to hang, each would wait seconds for it: then only the user's own try asks it again.
-- (BOOL)validateUserInterfaceItem:(id<NSValidatedUserInterfaceItem>)item {
-  static const auto own =
-      ownMethod<BOOL (*)(id, SEL, id<NSValidatedUserInterfaceItem>)>([NSTextView class], _cmd);
+- (BOOL)validateUserInterfaceItemWithoutServer:(id<NSValidatedUserInterfaceItem>)item {
   if (sel_isEqual([item action], @selector(paste:)) && [NSPasteboard isServerUnresponsive]) {
     return [self isEditable];
   }
-  return own(self, _cmd, item);
+  return platformValidate(self, _cmd, item);
 }
 
 @end

@@ -2,12 +2,12 @@
 
 #import <Foundation/Foundation.h>
 
-/// What is to happen when an object ends. On the Mac the runtime clears what refers weakly to an
-/// object that goes away; this runtime has no such thing.
+/// Called with an object at the beginning of its dealloc. On the Mac the runtime clears weak
+/// references to an object that is deallocated; this runtime has none.
 using DeallocAction = void (*)(id object);
 
-/// From now on every object of this class gives itself to `atEnd` at the beginning of its dealloc,
-/// on the thread that ends it. So do the objects of other classes that share the dealloc, where the
-/// class has none of its own, and `atEnd` may see an object more than once. Adding the same one
-/// again is harmless. Any thread.
-void addDeallocHook(Class cls, DeallocAction atEnd);
+/// From now on `action` is called for every object of the class, on the thread that deallocates it.
+/// Where the class has no dealloc of its own, also for objects of other classes that inherit the
+/// same one. `action` may be called more than once for an object. Adding the same one again has no
+/// effect. Any thread.
+void addDeallocHook(Class cls, DeallocAction action);

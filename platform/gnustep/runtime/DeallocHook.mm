@@ -1,12 +1,11 @@
 #import "platform/gnustep/runtime/DeallocHook.h"
 
-#import <objc/runtime.h>
-
 #include <algorithm>
-#include <cstdlib>
 #include <map>
 #include <mutex>
 #include <vector>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
 
@@ -14,7 +13,7 @@ using Dealloc = void (*)(id, SEL);
 
 struct Hooked {
   Dealloc original;
-  std::vector<DeallocAction> atEnd;
+  std::vector<DeallocAction> actions;
 };
 
 struct Hooks {
@@ -23,7 +22,7 @@ struct Hooks {
 };
 
 Hooks &hooks() {
-  static Hooks *const all = new Hooks;  // objects end after static destructors, too
+  static Hooks *const all = new Hooks;  // objects are deallocated after static destructors, too
   return *all;
 }
 
@@ -33,12 +32,12 @@ void runActions(id object, SEL dealloc, Class cls) {
     const std::lock_guard<std::mutex> guard(hooks().lock);
     hooked = hooks().classes.at(cls);
   }
-  for (const DeallocAction atEnd : hooked.atEnd) atEnd(object);
+  for (const DeallocAction action : hooked.actions) action(object);
   hooked.original(object, dealloc);
 }
 
-/// The objects that are ending on this thread, innermost last, each with the hooked class whose
-/// part of the dealloc is running. A superclass may be hooked as well: its turn comes through
+/// The objects that are being deallocated on this thread, innermost last, each with the hooked
+/// class whose implementation is running. A superclass may be hooked as well; it is reached through
 /// [super dealloc], and the object's class alone does not tell which of the two is meant.
 thread_local std::vector<std::pair<id, Class>> activeDeallocs;
 
@@ -64,53 +63,36 @@ void hookedDealloc(id object, SEL dealloc) {
   runActions(object, dealloc, cls);
 }
 
-/// By its name, because a class that is loaded before this file asks for a hook: @selector has no
-/// meaning in a file that the runtime has not loaded yet, whose place in the link decides about
-/// that.
+/// By its name, because the +load of a file that is linked before this one may add a hook:
+/// @selector is not resolved yet in a file that the runtime has not loaded.
 SEL deallocSelector() {
   return sel_registerName("dealloc");
 }
 
-bool hasOwnDealloc(Class cls) {
-  unsigned count = 0;
-  Method *const methods = class_copyMethodList(cls, &count);
-  const bool has = std::any_of(methods, methods + count, [](Method method) {
-    return sel_isEqual(method_getName(method), deallocSelector());
-  });
-  std::free(methods);
-  return has;
-}
-
-/// The class itself or the next above it with a dealloc of its own, so that a class is not given a
-/// method that it does not have; the class itself where only the root class has one, which all
-/// objects share.
+/// The nearest class, from the given one upwards, that implements dealloc; the given class where
+/// only the root class does, because all objects share that.
 Class withDealloc(Class cls) {
   for (Class above = cls; class_getSuperclass(above) != Nil; above = class_getSuperclass(above)) {
-    if (hasOwnDealloc(above)) return above;
+    if (platform::hasOwnMethod(above, deallocSelector())) return above;
   }
   return cls;
 }
 
 }  // namespace
 
-void addDeallocHook(Class given, DeallocAction atEnd) {
+void addDeallocHook(Class given, DeallocAction action) {
   Class const cls = withDealloc(given);
   const std::lock_guard<std::mutex> guard(hooks().lock);
   auto &classes = hooks().classes;
   const auto known = classes.find(cls);
   if (known != classes.end()) {
-    auto &present = known->second.atEnd;
-    if (std::find(present.begin(), present.end(), atEnd) == present.end()) present.push_back(atEnd);
+    auto &present = known->second.actions;
+    if (std::find(present.begin(), present.end(), action) == present.end())
+      present.push_back(action);
     return;
   }
-  const SEL dealloc = deallocSelector();
-  Method const inherited = class_getInstanceMethod(cls, dealloc);
-  const IMP original = method_getImplementation(inherited);
-  classes[cls] = {reinterpret_cast<Dealloc>(original), {atEnd}};
-  // Not class_replaceMethod: this runtime's replaces the superclass's method when the class has
-  // none of its own.
-  if (!class_addMethod(cls, dealloc, reinterpret_cast<IMP>(hookedDealloc),
-                       method_getTypeEncoding(inherited))) {
-    method_setImplementation(inherited, reinterpret_cast<IMP>(hookedDealloc));
-  }
+  // Before the hook can be called.
+  const IMP original = method_getImplementation(class_getInstanceMethod(cls, deallocSelector()));
+  classes[cls] = {reinterpret_cast<Dealloc>(original), {action}};
+  platform::replaceMethod(cls, deallocSelector(), reinterpret_cast<IMP>(hookedDealloc));
 }

@@ -1,7 +1,8 @@
 #import <AppKit/AppKit.h>
-#import <objc/runtime.h>
 
 #include <array>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // The platform keeps the attributes of all texts in one hash table, in which each set of attributes
 // is there once, and takes the number of attributes for a hash. So all texts with a picture, or a
@@ -31,9 +32,7 @@ NSUInteger hashOf(id attributes, SEL selector) {
   for (const char *name : kClasses) {
     // Initialised, because some take methods over from others then.
     Class const cls = [objc_getClass(name) class];
-    const Method method = class_getInstanceMethod(cls, @selector(hash));
-    class_replaceMethod(cls, @selector(hash), reinterpret_cast<IMP>(hashOf),
-                        method_getTypeEncoding(method));
+    platform::replaceMethod(cls, @selector(hash), reinterpret_cast<IMP>(hashOf));
   }
 }
 

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // A text that is too long for a field which truncates at the end stops with an ellipsis on the Mac.
 // The platform does so for buttons only and cuts the texts of fields off in the middle of a letter.
@@ -10,6 +10,8 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSRect, NSView *)> platformDrawInterior;
 
 NSString *const kEllipsis = @"\u2026";
 
@@ -40,20 +42,21 @@ NSAttributedString *truncated(NSAttributedString *text, CGFloat width) {
 
 }  // namespace
 
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSTextFieldCell (Truncation)
 
-- (void)drawInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
-  using Draw = void (*)(id, SEL, NSRect, NSView *);
-  static const auto own = ownMethod<Draw>([NSTextFieldCell class], _cmd);
++ (void)load {
+  platformDrawInterior.install(self, @selector(drawInteriorWithFrame:inView:),
+                               @selector(drawTruncatedInteriorWithFrame:inView:));
+}
+
+- (void)drawTruncatedInteriorWithFrame:(NSRect)frame inView:(NSView *)view {
   const BOOL mayBeCut = !_cell.in_editing && [self lineBreakMode] == NSLineBreakByTruncatingTail;
   NSAttributedString *const text = mayBeCut ? [self _drawAttributedString] : nil;
   const NSRect place = [self titleRectForBounds:frame];
   if ([text length] > 0 && [text size].width > NSWidth(place)) {
     [truncated(text, NSWidth(place)) drawInRect:place];
   } else {
-    own(self, _cmd, frame, view);
+    platformDrawInterior(self, _cmd, frame, view);
   }
 }
 

@@ -1,17 +1,22 @@
 #import <AppKit/AppKit.h>
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
+
+namespace {
+
+constinit platform::ReplacedMethod<id(NSString *)> platformInit;
+
+}  // namespace
 
 // On the Mac text fields allow undo from the start.
-//
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSTextFieldCell (Undo)
 
-- (id)initTextCell:(NSString *)text {
-  using InitTextCell = id (*)(id, SEL, NSString *);
-  static const auto platformsInit = ownMethod<InitTextCell>([NSTextFieldCell class], _cmd);
-  self = platformsInit(self, _cmd, text);
++ (void)load {
+  platformInit.install(self, @selector(initTextCell:), @selector(initTextCellThatAllowsUndo:));
+}
+
+- (id)initTextCellThatAllowsUndo:(NSString *)text {
+  self = platformInit(self, _cmd, text);
   [self setAllowsUndo:YES];
   return self;
 }

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // The platform ends the blinking of a text view's caret when the view loses the keyboard, but not
 // if text is selected at that moment: the timer then goes on, and keeps the view, as long as the
@@ -15,15 +15,22 @@
 @interface NSTextView (CaretTimer)
 @end
 
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+namespace {
+
+constinit platform::ReplacedMethod<void(NSTimer *)> platformBlink;
+
+}  // namespace
+
 @implementation NSTextView (CaretTimer)
 
-- (void)_blink:(NSTimer *)timer {
-  static const auto own = ownMethod<void (*)(id, SEL, NSTimer *)>([NSTextView class], _cmd);
++ (void)load {
+  platformBlink.install(self, @selector(_blink:), @selector(blinkWhileThereIsACaret:));
+}
+
+- (void)blinkWhileThereIsACaret:(NSTimer *)timer {
   const BOOL hasCaret = [self shouldDrawInsertionPoint] && [[self window] isVisible];
   // A last time for a caret that is still to be seen.
-  if (hasCaret || _drawInsertionPointNow) own(self, _cmd, timer);
+  if (hasCaret || _drawInsertionPointNow) platformBlink(self, _cmd, timer);
   // May be the end of the view, which the timer has kept.
   if (!hasCaret) [self _stopInsertionTimer];
 }

@@ -1,8 +1,8 @@
 #import "platform/gnustep/theme/ThemeHooks.h"
 
 #import <AppKit/AppKit.h>
-#import <objc/runtime.h>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/theme/ButtonShape.h"
 #import "platform/gnustep/theme/QuietTheme.h"
 #include "platform/gnustep/theme/ThemeDrawing.h"
@@ -13,33 +13,16 @@ using theme::GlyphState;
 
 namespace {
 
-using TextColorMethod = NSColor *(*)(id, SEL);
-using DrawImageMethod = void (*)(id, SEL, NSImage *, NSRect, NSView *);
-using OpaqueMethod = BOOL (*)(id, SEL);
-using ResponderMethod = BOOL (*)(id, SEL);
-using DrawRectMethod = void (*)(id, SEL, NSRect);
-using EndEditingMethod = void (*)(id, SEL, NSNotification *);
-
-TextColorMethod platformTextColor = nullptr;
-DrawImageMethod platformDrawImage = nullptr;
-OpaqueMethod platformIsOpaque = nullptr;
-ResponderMethod platformBecomeFirstResponder = nullptr;
-ResponderMethod platformResignFirstResponder = nullptr;
-EndEditingMethod platformTextDidEndEditing = nullptr;
-DrawRectMethod platformDrawToolTip = nullptr;
+constinit platform::ReplacedMethod<NSColor *()> platformTextColor;
+constinit platform::ReplacedMethod<void(NSImage *, NSRect, NSView *)> platformDrawImage;
+constinit platform::ReplacedMethod<BOOL()> platformIsOpaque;
+constinit platform::ReplacedMethod<BOOL()> platformBecomeFirstResponder;
+constinit platform::ReplacedMethod<BOOL()> platformResignFirstResponder;
+constinit platform::ReplacedMethod<void(NSNotification *)> platformTextDidEndEditing;
+constinit platform::ReplacedMethod<void(NSRect)> platformDrawToolTip;
 
 bool isThemeActive() {
   return [[GSTheme theme] isKindOfClass:[QuietTheme class]];
-}
-
-/// Replaces the method of exactly this class and answers the former one.
-template <class Implementation>
-Implementation replaceMethod(Class owner, SEL selector, Implementation ours) {
-  Method const method = class_getInstanceMethod(owner, selector);
-  if (method == nullptr) return nullptr;
-  const IMP former = method_getImplementation(method);
-  class_replaceMethod(owner, selector, reinterpret_cast<IMP>(ours), method_getTypeEncoding(method));
-  return reinterpret_cast<Implementation>(former);
 }
 
 #pragma mark - NSButtonCell
@@ -152,18 +135,15 @@ void drawToolTip(id self, SEL selector, NSRect rect) {
 }  // namespace
 
 void installThemeHooks() {
-  platformTextColor = replaceMethod([NSButtonCell class], @selector(textColor), textColorOfButton);
-  platformDrawImage = replaceMethod([NSButtonCell class], @selector(drawImage:withFrame:inView:),
-                                    drawImageOfButton);
-  platformBecomeFirstResponder =
-      replaceMethod([NSTextView class], @selector(becomeFirstResponder), becomeFirstResponder);
-  platformResignFirstResponder =
-      replaceMethod([NSTextView class], @selector(resignFirstResponder), resignFirstResponder);
-  platformTextDidEndEditing =
-      replaceMethod([NSTextField class], @selector(textDidEndEditing:), textDidEndEditing);
-  platformIsOpaque = replaceMethod([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
-  Class const toolTip = NSClassFromString(@"GSTTView");
-  if (toolTip != Nil) {
-    platformDrawToolTip = replaceMethod(toolTip, @selector(drawRect:), drawToolTip);
-  }
+  platformTextColor.install([NSButtonCell class], @selector(textColor), textColorOfButton);
+  platformDrawImage.install([NSButtonCell class], @selector(drawImage:withFrame:inView:),
+                            drawImageOfButton);
+  platformBecomeFirstResponder.install([NSTextView class], @selector(becomeFirstResponder),
+                                       becomeFirstResponder);
+  platformResignFirstResponder.install([NSTextView class], @selector(resignFirstResponder),
+                                       resignFirstResponder);
+  platformTextDidEndEditing.install([NSTextField class], @selector(textDidEndEditing:),
+                                    textDidEndEditing);
+  platformIsOpaque.install([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
+  platformDrawToolTip.install(NSClassFromString(@"GSTTView"), @selector(drawRect:), drawToolTip);
 }

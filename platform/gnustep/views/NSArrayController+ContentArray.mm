@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 /// An array controller whose content is bound to an array of another object removes from it through
 /// that object, so that the object knows; the platform's own takes things out of the array behind
@@ -9,6 +9,8 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSUInteger)> platformRemoveObject;
 
 /// removeObjectFrom<Key>AtIndex: for the key.
 SEL removerFor(NSString *key) {
@@ -22,28 +24,27 @@ SEL removerFor(NSString *key) {
 
 @implementation NSArrayController (ContentArray)
 
-// The category's method is the one that counts.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-- (void)removeObjectAtArrangedObjectIndex:(NSUInteger)index {
-  using Remove = void (*)(id, SEL, NSUInteger);
-  static const auto own = ownMethod<Remove>([NSArrayController class], _cmd);
++ (void)load {
+  platformRemoveObject.install(self, @selector(removeObjectAtArrangedObjectIndex:),
+                               @selector(removeObjectThroughModelAtArrangedObjectIndex:));
+}
+
+- (void)removeObjectThroughModelAtArrangedObjectIndex:(NSUInteger)index {
   NSDictionary *const binding = [self infoForBinding:NSContentArrayBinding];
   id const model = [binding objectForKey:NSObservedObjectKey];
   const SEL remover = removerFor([binding objectForKey:NSObservedKeyPathKey]);
   if (remover == nullptr || ![model respondsToSelector:remover]) {
-    own(self, _cmd, index);
+    platformRemoveObject(self, _cmd, index);
     return;
   }
   id const object = [[[[self arrangedObjects] objectAtIndex:index] retain] autorelease];
   const NSUInteger place = [[self content] indexOfObjectIdenticalTo:object];
   [self willChangeValueForKey:NSContentBinding];
   [self removeSelectedObjects:[NSArray arrayWithObject:object]];
+  using Remove = void (*)(id, SEL, NSUInteger);
   const auto removeFromModel = reinterpret_cast<Remove>([model methodForSelector:remover]);
   removeFromModel(model, remover, place);
   [self rearrangeObjects];
   [self didChangeValueForKey:NSContentBinding];
 }
-#pragma clang diagnostic pop
-
 @end

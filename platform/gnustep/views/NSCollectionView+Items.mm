@@ -2,7 +2,7 @@
 
 #import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/runtime/DeallocHook.h"
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // What the platform's collection view does to its items otherwise than the Mac's: it never ends
 // them, because each is bound to from its own view, and it forgets how small and how large they may
@@ -19,6 +19,9 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void()> platformRemoveItemsViews;
+constinit platform::ReplacedMethod<void()> platformResetItemSize;
 
 /// The size of an item while there is no prototype; it stands for none.
 constexpr NSSize kPlaceholderSize = {120, 100};
@@ -49,29 +52,25 @@ void unbindItems(id collection) {
 
 + (void)load {
   addDeallocHook(self, unbindItems);
+  platformRemoveItemsViews.install(self, @selector(_removeItemsViews),
+                                   @selector(unbindAndRemoveItemViews));
+  platformResetItemSize.install(self, @selector(_resetItemSize),
+                                @selector(resetItemSizesThatWereNotSet));
 }
 
-// The category's methods are the ones that count.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-
-- (void)_removeItemsViews {
-  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
+- (void)unbindAndRemoveItemViews {
   [self unbindItemViews];
-  own(self, _cmd);
+  platformRemoveItemsViews(self, _cmd);
 }
 
 /// The sizes that were asked for stay; those that were not are the prototype's.
-- (void)_resetItemSize {
-  static const auto own = ownMethod<void (*)(id, SEL)>([NSCollectionView class], _cmd);
+- (void)resetItemSizesThatWereNotSet {
   const NSSize smallest = _minItemSize;
   const NSSize largest = _maxItemSize;
-  own(self, _cmd);
+  platformResetItemSize(self, _cmd);
   if (isGiven(smallest)) _minItemSize = smallest;
   if (isGiven(largest)) _maxItemSize = largest;
 }
-
-#pragma clang diagnostic pop
 
 - (void)unbindItemViews {
   for (id item in _items) {

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/views/NSTabView+KeyLoop.h"
 
 // The controls in a collection view's items belong to the loop of the Tab key on the Mac: in the
@@ -11,6 +11,9 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSEvent *)> platformKeyDown;
+constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
 
 void addKeyViews(NSView *view, NSMutableArray *keyViews) {
   for (NSView *subview in [view subviews]) {
@@ -33,27 +36,28 @@ NSTabView *tabViewAround(NSView *view) {
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSCollectionView (Keyboard)
 
++ (void)load {
+  platformKeyDown.install(self, @selector(keyDown:), @selector(selectItemsByKey:));
+  platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndLinkKeyViews:));
+}
+
 /// Only for selecting items.
 - (BOOL)acceptsFirstResponder {
   return [self isSelectable];
 }
 
 /// Keys that a control in an item did not want come by: they are the window's, not the selection's.
-- (void)keyDown:(NSEvent *)event {
-  using KeyDown = void (*)(id, SEL, NSEvent *);
-  static const auto own = ownMethod<KeyDown>([NSCollectionView class], _cmd);
+- (void)selectItemsByKey:(NSEvent *)event {
   if ([[self window] firstResponder] == self) {
-    own(self, _cmd, event);
+    platformKeyDown(self, _cmd, event);
   } else {
     [[self nextResponder] keyDown:event];
   }
 }
 
-- (void)drawRect:(NSRect)rect {
-  using Draw = void (*)(id, SEL, NSRect);
-  static const auto own = ownMethod<Draw>([NSCollectionView class], _cmd);
+- (void)drawRectAndLinkKeyViews:(NSRect)rect {
   const NSUInteger before = [[self subviews] count];
-  own(self, _cmd, rect);
+  platformDrawRect(self, _cmd, rect);
   if ([[self subviews] count] != before) [self linkKeyViews];
 }
 

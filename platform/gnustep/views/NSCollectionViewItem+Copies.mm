@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/interface-files/NSObject+Accessibility.h"
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // A collection view makes its items by copying a prototype, and the platform copies by archiving,
 // which loses some of what a control is.
@@ -18,6 +18,9 @@
 @end
 
 namespace {
+
+constinit platform::ReplacedMethod<void(NSCollectionViewItem *, NSView *, NSView *)>
+    platformCopyBindings;
 
 /// The names that are read to users who do not see the control.
 void copyDescription(id element, id copy) {
@@ -40,12 +43,15 @@ void restoreItems(NSPopUpButton *popUp) {
 
 @implementation NSCollectionViewItem (Copies)
 
++ (void)load {
+  platformCopyBindings.install(self, @selector(copyBindingsTo:from:onto:),
+                               @selector(copyBindingsAndAttributesTo:from:onto:));
+}
+
 /// Called for the view of a new copy and, by the platform's own method, for everything in it.
-#pragma clang diagnostic push
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
-- (void)copyBindingsTo:(NSCollectionViewItem *)item from:(NSView *)view onto:(NSView *)newView {
-  using CopyBindings = void (*)(id, SEL, NSCollectionViewItem *, NSView *, NSView *);
-  static const auto own = ownMethod<CopyBindings>([NSCollectionViewItem class], _cmd);
+- (void)copyBindingsAndAttributesTo:(NSCollectionViewItem *)item
+                               from:(NSView *)view
+                               onto:(NSView *)newView {
   copyDescription(view, newView);
   [newView setToolTip:[view toolTip]];
   if ([view isKindOfClass:[NSControl class]]) {
@@ -55,8 +61,7 @@ void restoreItems(NSPopUpButton *popUp) {
   if ([newView isKindOfClass:[NSPopUpButton class]]) {
     restoreItems(static_cast<NSPopUpButton *>(newView));
   }
-  own(self, _cmd, item, view, newView);
+  platformCopyBindings(self, _cmd, item, view, newView);
 }
-#pragma clang diagnostic pop
 
 @end

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-#import "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // An indicator that is animated has a timer only while it can be seen, as on the Mac. The
 // platform's has one, or a thread, from startAnimation: to stopAnimation:, and the timer keeps it:
@@ -15,9 +15,19 @@
 - (void)suspendAnimation;
 @end
 
+namespace {
+
+constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
+
+}  // namespace
+
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSProgressIndicator (Animation)
+
++ (void)load {
+  platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndResumeAnimation:));
+}
 
 /// A bar with a value has none.
 - (BOOL)hasAnimation {
@@ -77,9 +87,8 @@
   [self suspendAnimation];
 }
 
-- (void)drawRect:(NSRect)rect {
-  static const auto own = ownMethod<void (*)(id, SEL, NSRect)>([NSProgressIndicator class], _cmd);
-  own(self, _cmd, rect);
+- (void)drawRectAndResumeAnimation:(NSRect)rect {
+  platformDrawRect(self, _cmd, rect);
   // Whether it can be seen is up to the timer: a window that is being ordered in is drawn before it
   // counts as visible.
   if (_isRunning && [self hasAnimation]) [self resumeAnimation];

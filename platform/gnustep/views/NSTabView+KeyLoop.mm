@@ -1,6 +1,6 @@
 #import "platform/gnustep/views/NSTabView+KeyLoop.h"
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // On the Mac a tab view is part of its window's loop of the Tab key, together with the controls of
 // the tab that is shown: the row of tabs comes in front of the first and behind the last of them.
@@ -25,17 +25,25 @@
 
 @end
 
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
+namespace {
+
+constinit platform::ReplacedMethod<void(NSTabViewItem *)> platformSelectTabViewItem;
+
+}  // namespace
+
 @implementation NSTabView (KeyLoop)
 
-- (void)selectTabViewItem:(NSTabViewItem *)item {
-  static const auto own = ownMethod<void (*)(id, SEL, NSTabViewItem *)>([NSTabView class], _cmd);
++ (void)load {
+  platformSelectTabViewItem.install(self, @selector(selectTabViewItem:),
+                                    @selector(selectTabViewItemAndLinkKeyViews:));
+}
+
+- (void)selectTabViewItemAndLinkKeyViews:(NSTabViewItem *)item {
   // The controls of a tab that is not shown must not lead to the row, nor the row back to them.
   NSTabViewItem *const former = [self selectedTabViewItem];
   NSView *const last = [former lastKeyView];
   if ([last nextKeyView] == self) [last setNextKeyView:[former initialFirstResponder]];
-  own(self, _cmd, item);
+  platformSelectTabViewItem(self, _cmd, item);
   [self linkKeyViews];
 }
 

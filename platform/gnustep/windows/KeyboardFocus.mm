@@ -2,10 +2,10 @@
 
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSDisplayServer.h>
-#import <objc/runtime.h>
 
 #include <X11/Xlib.h>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/windows/BackgroundApplication.h"
 #include "platform/gnustep/windows/ServerTime.h"
 
@@ -15,11 +15,8 @@
 
 namespace {
 
-using SetInputFocus = void (*)(id, SEL, int);
-using HandleTakeFocus = NSEvent *(*)(id, SEL, XEvent, NSGraphicsContext *);
-
-SetInputFocus platformsSetInputFocus;
-HandleTakeFocus platformsHandleTakeFocus;
+constinit platform::ReplacedMethod<void(int)> platformSetInputFocus;
+constinit platform::ReplacedMethod<NSEvent *(XEvent, NSGraphicsContext *)> platformHandleTakeFocus;
 
 /// Whether the focus is being taken because the window manager has just offered it.
 bool isOffered = false;
@@ -45,7 +42,7 @@ void setInputFocus(id self, SEL selector, int window) {
   if (!isOffered && !isSendingEvent()) {
     [self setLastTime:serverTime([self serverDevice])];
   }
-  platformsSetInputFocus(self, selector, window);
+  platformSetInputFocus(self, selector, window);
 }
 
 bool isKeyWindow(GSDisplayServer *server, Window window) {
@@ -58,7 +55,7 @@ bool isKeyWindow(GSDisplayServer *server, Window window) {
 /// window manager with nobody who has the focus, when the platform's own request came too early.
 NSEvent *handleTakeFocus(id self, SEL selector, XEvent event, NSGraphicsContext *context) {
   const Offer offer;
-  NSEvent *const made = platformsHandleTakeFocus(self, selector, event, context);
+  NSEvent *const made = platformHandleTakeFocus(self, selector, event, context);
   if (made == nil && ![NSApp isHidden] && isKeyWindow(self, event.xclient.window)) {
     // Does nothing where the platform has accepted the offer.
     [self setinputfocus:static_cast<int>([[NSApp keyWindow] windowNumber])];
@@ -66,21 +63,12 @@ NSEvent *handleTakeFocus(id self, SEL selector, XEvent event, NSGraphicsContext 
   return made;
 }
 
-template <class Function>
-void replace(Method method, Function replacement, Function &former) {
-  former = reinterpret_cast<Function>(
-      method_setImplementation(method, reinterpret_cast<IMP>(replacement)));
-}
-
 }  // namespace
 
 void installKeyboardFocus() {
-  if (platformsSetInputFocus != nullptr) return;
-  const Class server = NSClassFromString(@"XGServer");
-  const Method setting = class_getInstanceMethod(server, @selector(setinputfocus:));
-  const Method offer =
-      class_getInstanceMethod(server, NSSelectorFromString(@"_handleTakeFocusAtom:forContext:"));
-  if (setting == nullptr || offer == nullptr) return;
-  replace(setting, setInputFocus, platformsSetInputFocus);
-  replace(offer, handleTakeFocus, platformsHandleTakeFocus);
+  Class const server = NSClassFromString(@"XGServer");
+  SEL const offer = NSSelectorFromString(@"_handleTakeFocusAtom:forContext:");
+  if (![server instancesRespondToSelector:offer]) return;
+  platformSetInputFocus.install(server, @selector(setinputfocus:), setInputFocus);
+  platformHandleTakeFocus.install(server, offer, handleTakeFocus);
 }

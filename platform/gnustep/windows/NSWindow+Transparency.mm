@@ -1,10 +1,12 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 
-#include "platform/gnustep/runtime/OwnMethod.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #include "platform/gnustep/windows/WindowShape.h"
 
 namespace {
+
+constinit platform::ReplacedMethod<void(CGFloat)> platformSetAlphaValue;
 
 void setHasShape(NSWindow *window, bool hasShape) {
   GSDisplayServer *const server = GSServerForWindow(window);
@@ -18,16 +20,15 @@ void setHasShape(NSWindow *window, bool hasShape) {
 // A window of alpha value 0 is not seen, and clicks go through it. The platform leaves that to a
 // program that composes the screen; where none runs the window is opaque, and where one runs it
 // takes the clicks all the same.
-//
-// Replacing the platform's own method is the point.
-#pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSWindow (Transparency)
 
-- (void)setAlphaValue:(CGFloat)alpha {
-  using SetAlphaValue = void (*)(id, SEL, CGFloat);
-  static const auto platformsSetAlphaValue = ownMethod<SetAlphaValue>([NSWindow class], _cmd);
++ (void)load {
+  platformSetAlphaValue.install(self, @selector(setAlphaValue:), @selector(setAlphaValueAndShape:));
+}
+
+- (void)setAlphaValueAndShape:(CGFloat)alpha {
   const bool wasSeen = [self alphaValue] > 0;
-  platformsSetAlphaValue(self, _cmd, alpha);
+  platformSetAlphaValue(self, _cmd, alpha);
   const bool isSeen = alpha > 0;
   // One that the window server does not know yet (it is deferred) has no shape to change.
   if (isSeen != wasSeen && [self windowNumber] > 0) setHasShape(self, isSeen);
