@@ -9,7 +9,7 @@ NSInteger longerSideInPixels(NSImageRep *representation) {
   return std::max([representation pixelsWide], [representation pixelsHigh]);
 }
 
-/// Whether the first one suits better where that many pixels are wanted.
+/// Whether `side` is better than `other` where `pixels` are wanted.
 bool suitsBetter(NSInteger side, NSInteger other, NSInteger pixels) {
   if (side == NSImageRepMatchesDevice) side = pixels;
   if (other == NSImageRepMatchesDevice) other = pixels;
@@ -58,7 +58,7 @@ NSRect fitted(NSSize size, NSRect bounds) {
   const NSSize proportions = [representation size];
   if (proportions.width <= 0 || proportions.height <= 0) return;
   [[NSGraphicsContext currentContext] setImageInterpolation:NSImageInterpolationHigh];
-  // Not drawInRect:, which puts the transparent parts of a picture on as black.
+  // Not drawInRect:, which draws transparent pixels as black.
   [representation drawInRect:fitted(proportions, bounds)
                     fromRect:NSZeroRect
                    operation:NSCompositeSourceOver

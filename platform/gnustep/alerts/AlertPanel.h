@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-/// What an alert shows, for its panel.
+/// The contents of an alert's panel.
 struct AlertContents {
   NSImage *icon;
   NSString *message;
@@ -14,8 +14,8 @@ struct AlertContents {
 /// only.
 @interface AlertPanel : NSPanel
 
-/// Lays the contents out in place of the former ones. The buttons' targets become the panel, which
-/// ends itself when one is pressed: its sheet or modal session returns the button's tag.
+/// Replaces the contents and lays them out. The panel becomes the target of the buttons and ends
+/// its sheet or modal session with the tag of the button that is pressed.
 - (void)setContents:(const AlertContents &)contents;
 
 @end

@@ -22,11 +22,11 @@ constexpr CGFloat kButtonGap = 12;
 constexpr CGFloat kSmallestButtonWidth = 86;
 constexpr CGFloat kButtonPadding = 16;
 
-/// Of the screen, for the texts: leaves room for the buttons and for the window that the panel
-/// hangs from.
+/// The share of the screen's height for the texts: leaves room for the buttons and for the parent
+/// of a sheet.
 constexpr CGFloat kTallestTexts = 0.5;
 
-/// Of what the panel leaves free of the screen's height.
+/// The share of the free height that is below the panel.
 constexpr CGFloat kPartOfRoomBelow = 2.0 / 3;
 
 NSString *const kEscape = @"\x1b";
@@ -58,7 +58,7 @@ CGFloat widthOfRow(NSArray *buttons) {
   if (self) {
     [self setReleasedWhenClosed:NO];
     [self setHidesOnDeactivate:NO];
-    // Without any title, window managers write that there is none.
+    // Window managers show a text of their own for an empty title.
     [self setTitle:@" "];
   }
   return self;
@@ -98,8 +98,8 @@ CGFloat widthOfRow(NSArray *buttons) {
   [self layOutButtons:contents.buttons width:width - 2 * kRight];
 }
 
-/// From the right to the left. When there is too little room for all of them, each gets an equal
-/// share and truncates its title.
+/// From the right to the left. When they do not fit, all have the same width and truncate their
+/// titles.
 - (void)layOutButtons:(NSArray *)buttons width:(CGFloat)width {
   const NSUInteger count = [buttons count];
   const bool fit = widthOfRow(buttons) <= width;
@@ -123,9 +123,9 @@ CGFloat widthOfRow(NSArray *buttons) {
   [self makeFirstResponder:first];
 }
 
-/// Window managers show a close button although the Mac's alerts have none. Without the style mask
-/// for it, it would end the program; so it has one, and dismisses an alert that has one answer only
-/// or can be cancelled.
+/// Window managers show a close button although alerts on the Mac have none. Without the style mask
+/// for it, it would end the program; so the panel has it, and the button presses Cancel or the only
+/// button.
 - (void)performClose:(id)sender {
   NSMutableArray *const buttons = [NSMutableArray array];
   NSButton *answer = nil;
@@ -138,7 +138,7 @@ CGFloat widthOfRow(NSArray *buttons) {
   [answer performClick:sender];
 }
 
-/// The platform's panels with a close button close themselves here, with nobody told.
+/// The platform's panels with a close button would close without ending the session.
 - (void)keyDown:(NSEvent *)event {
   if (![[event charactersIgnoringModifiers] isEqualToString:kEscape]) [super keyDown:event];
 }

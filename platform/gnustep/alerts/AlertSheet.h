@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// Who is to be told of the end of an alert shown as a sheet. Lives with the sheet and keeps both
-/// the alert and its delegate alive.
+/// The delegate of the sheet of an alert. Retained by the sheet; retains the alert and its
+/// delegate.
 @interface AlertSheet : NSObject {
  @private
   NSAlert *_alert;
@@ -9,10 +9,11 @@
   SEL _didEndSelector;
 }
 
-/// delegate nil or selector NULL: nobody is told.
+/// delegate nil or selector NULL: no message is sent.
 - (id)initWithAlert:(NSAlert *)alert delegate:(id)delegate didEndSelector:(SEL)selector;
 
-/// The sheet's own did-end selector; passes the alert on instead of its panel.
+/// The did-end selector of the sheet; sends the delegate's selector with the alert instead of the
+/// panel.
 - (void)panelDidEnd:(NSWindow *)panel
          returnCode:(NSInteger)returnCode
         contextInfo:(void *)contextInfo;

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// A label of as many lines as its text needs in a given width. The platform's own draws the text
-/// of several lines as if it were one line high.
+/// A label that wraps its text to a given width. The platform's label positions a text of several
+/// lines as if it had one.
 @interface AlertText : NSTextField
 
 /// text: nil for none.

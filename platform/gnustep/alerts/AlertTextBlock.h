@@ -1,10 +1,10 @@
 #import <AppKit/AppKit.h>
 
-/// The texts of an alert, the message in bold above the smaller information, each wrapped. When
-/// they are too tall they scroll; the frame's height is what they take.
+/// The texts of an alert, the message in bold above the smaller information, each wrapped. They
+/// scroll when they are higher than maxHeight. The view sets its own frame size.
 @interface AlertTextBlock : NSView
 
-/// nil and empty texts take no room. In points.
+/// nil and empty texts have no height. In points.
 - (id)initWithMessage:(NSString *)message
           information:(NSString *)information
                 width:(CGFloat)width

@@ -24,7 +24,7 @@ constexpr CGFloat kScrollerGap = 4;
     CGFloat height = 0;
     for (AlertText *text in texts) {
       const CGFloat own = [text heightForWidth:width];
-      // An empty text stays in the view, so that what looks for it finds it, and takes no room.
+      // An empty text stays in the view, so that it can be found, and has no height.
       if (height > 0 && own > 0) height += kGap;
       [text setFrame:NSMakeRect(0, height, width, own)];
       [self addSubview:text];

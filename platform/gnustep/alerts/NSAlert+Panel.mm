@@ -13,8 +13,8 @@ NSString *platformText(NSString *english) {
 
 }  // namespace
 
-/// Alerts with the Mac's layout. The platform's panel can only be used in a modal session, so that
-/// none of its buttons would work in a sheet.
+/// Alerts with the Mac's layout. The buttons of the platform's panel work in a modal session only,
+/// not in a sheet.
 @interface NSAlert (Panel)
 @end
 
@@ -22,7 +22,7 @@ NSString *platformText(NSString *english) {
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSAlert (Panel)
 
-/// The alert's panel as it will be shown, from the first question on as on the Mac.
+/// The panel with its contents, laid out on the first call as on the Mac.
 - (id)window {
   return _window ?: [self layOut];
 }
@@ -45,7 +45,7 @@ NSString *platformText(NSString *english) {
     [self performSelectorOnMainThread:_cmd withObject:nil waitUntilDone:YES];
     return _result;
   }
-  // Whoever made the alert may release it while it is on the screen.
+  // The alert may be released while it is visible.
   [[self retain] autorelease];
   AlertPanel *const panel = [self layOut];
   _result = [NSApp runModalForWindow:panel];

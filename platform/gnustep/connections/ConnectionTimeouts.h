@@ -2,10 +2,10 @@
 
 #import <Foundation/Foundation.h>
 
-/// While one of these lives, the connections that this thread makes by looking up names wait no
-/// longer than this for the other process, in the look-up and for as long as they last: they take
-/// over the time-outs of the thread's default connection. The platform's own have no end, so that a
-/// process which has registered its name and hangs holds up whoever looks for it.
+/// Sets the time-outs of the thread's default connection, in seconds, while it is in scope.
+/// Connections that the thread makes by looking up a name meanwhile inherit them for good, and the
+/// look-up itself is bounded by them. Without it the platform waits for ever for a process that has
+/// registered its name and hangs.
 class ConnectionTimeouts {
  public:
   explicit ConnectionTimeouts(NSTimeInterval seconds)

@@ -8,8 +8,8 @@
 namespace platform {
 namespace {
 
-/// A file that somebody still has open is not deleted when it loses its name, but its number of
-/// names changes, which is one of its attributes.
+/// A file that is still open is not deleted when it is unlinked, but its number of links, one of
+/// its attributes, changes.
 constexpr std::uint32_t kAnyChange =
     IN_ATTRIB | IN_DELETE_SELF | IN_MODIFY | IN_MOVE_SELF | IN_DONT_FOLLOW;
 constexpr std::uint32_t kGone = IN_DELETE_SELF | IN_MOVE_SELF;

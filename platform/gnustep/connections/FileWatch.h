@@ -4,25 +4,25 @@
 
 namespace platform {
 
-/// Tells when files or folders are removed, moved, replaced, changed or get other permissions. The
-/// kernel does the looking, so nothing runs while nothing happens. What comes and goes inside a
-/// watched folder tells nothing.
+/// Watches files and folders for being removed, moved, replaced, changed or given other
+/// permissions. The kernel notifies, nothing is polled. Entries that are added to or removed from a
+/// watched folder are not reported.
 class FileWatch {
  public:
-  /// Watches nothing yet. Where the kernel has no more watches to give, it never will.
+  /// Watches nothing yet, and never will where the kernel's limit of watches is reached.
   FileWatch();
   ~FileWatch();
   FileWatch(const FileWatch &) = delete;
   FileWatch &operator=(const FileWatch &) = delete;
 
-  /// Becomes readable when something has happened; negative when nothing can be watched. A watch
-  /// has told all that it can with that: make a new one to go on.
+  /// Becomes readable after a change; negative when nothing can be watched. A watch reports once:
+  /// make a new one to go on.
   int descriptor() const { return descriptor_; }
 
-  /// From now on, what is at this path: not what comes there later. Nothing where nothing is.
+  /// Adds the file or folder that is at this path now. No effect where there is none.
   void add(const std::string &path);
 
-  /// The folders above a path, as far as moving or removing them takes it away.
+  /// Adds the folders above a path, for being moved or removed.
   void addFoldersAbove(const std::string &path);
 
  private:

@@ -20,8 +20,8 @@ constinit platform::ReplacedMethod<void(NSString *, NSString *, NSDictionary *, 
 NSString *const kServerName = @"GDNCServer";
 
 constexpr NSTimeInterval kReplySeconds = 2;
-/// How long a server that did not answer is left alone: every activation of the application and
-/// every deactivation would wait for it again.
+/// A server that did not reply is not asked again for so long, because every activation and
+/// deactivation of the application would wait for it.
 constexpr NSTimeInterval kSuspensionSeconds = 60;
 
 NSTimeInterval suspendedUntil = 0;
@@ -30,8 +30,8 @@ NSTimeInterval now() {
   return [[NSProcessInfo processInfo] systemUptime];
 }
 
-/// A server that has registered its name and hangs: the platform would try to start another one,
-/// and wait for that.
+/// Whether a server has registered its name and does not reply. The platform would try to start
+/// another one and wait for it.
 bool hangs() {
   if ([[NSMessagePortNameServer sharedInstance] portForName:kServerName onHost:@""] == nil) {
     return false;
@@ -43,8 +43,8 @@ bool hangs() {
                                    usingNameServer:[NSMessagePortNameServer sharedInstance]] == nil;
 }
 
-/// What goes wrong between here and the server, unlike what the caller does wrong, is nothing that
-/// he could do anything about.
+/// Only errors of the caller are raised: there is nothing that it could do about a server that
+/// fails.
 template <class Step>
 void ignoringServerFailure(Step step) {
   @try {
@@ -57,9 +57,9 @@ void ignoringServerFailure(Step step) {
 
 }  // namespace
 
-/// Distributed notifications that a hanging server does not take are lost, as on the Mac: there
-/// neither posting nor observing waits for it or raises an exception. The platform waits for ever,
-/// or raises one out of whatever has activated or hidden the application.
+/// Notifications are lost when the server hangs, as on the Mac, where neither posting nor observing
+/// blocks or raises an exception. The platform blocks for ever, or raises one out of whatever has
+/// activated or hidden the application.
 @implementation NSDistributedNotificationCenter (Timeouts)
 
 + (void)load {

@@ -9,11 +9,10 @@
 #import "platform/gnustep/runtime/MethodReplacement.h"
 #include "platform/gnustep/workspace/ProcessTable.h"
 
-// What was received from a process is released by a message to it, for which the platform connects
-// to its port once more when the process has ended meanwhile. That fails, which does no harm, but
-// the platform writes a line of its own into the log, which says nothing to anybody. On the Mac
-// there is none. The process may also be about to end: then the connection is reset before it has
-// been accepted.
+// A proxy is released by a message to its process, for which the platform connects to the process
+// again when that has exited meanwhile. The failure is harmless, but the platform logs it, and the
+// Mac does not. The process may also be exiting: then the connection is reset before it has been
+// accepted.
 
 /// Not in the platform's headers.
 @interface NSMessagePort (Name)

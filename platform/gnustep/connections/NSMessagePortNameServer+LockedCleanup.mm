@@ -2,11 +2,10 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// A process that is about to look up its first name goes through all names first and removes those
-// of processes that have ended, and those that are not whole. The platform does that without the
-// lock of the names. So it may take away the name of a program that is just being restarted, or has
-// just begun to write it: that program then is registered, as far as it knows, and can be reached
-// by nobody. Here it is done with the lock, as everything else about names is.
+// Before its first look-up a process removes the names of processes that have exited, and files
+// that are incomplete. The platform does that in +initialize without the lock for names, so it may
+// remove the name of a program that is just writing it, and that program cannot be reached from
+// then on. Here the lock is held meanwhile, as for every other access to names.
 
 /// Not in the platform's headers.
 @interface NSMessagePortNameServer (Lock)
@@ -18,7 +17,7 @@
 
 namespace {
 
-/// Each waits two seconds; a lock that has been left behind is broken when it is 15 seconds old.
+/// Each try waits two seconds, and a lock that was left behind is broken after 15 seconds.
 constexpr int kTries = 9;
 
 constinit platform::ReplacedMethod<void()> platformInitialize;

@@ -4,10 +4,10 @@
 #include "platform/gnustep/connections/TemporaryFolder.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// Tells RegisteredNames what this process registers and what it gives back. And makes the folder of
-// names again for whoever looks for one when it is gone: the platform makes it once in the life of
-// a process, and raises ever after. Nothing is made in a folder that has become another user's, or
-// a link, meanwhile.
+// Tells RegisteredNames which names this process registers and removes, and creates the folder of
+// names again when it is missing at a look-up: the platform creates it once in a process and raises
+// from then on. Nothing is created in a folder that belongs to another user, or is a link,
+// meanwhile.
 
 @interface NSMessagePortNameServer (Files)
 + (NSString *)_pathForName:(NSString *)name;
@@ -24,7 +24,7 @@ constinit platform::ReplacedMethod<BOOL(NSString *)> platformRemoveName;
 constinit platform::ReplacedMethod<NSDistributedLock *()> platformFileLock;
 constinit platform::ReplacedMethod<id()> platformNewPort;
 
-/// nil, as the platform's where there is no temporary folder at all.
+/// Answers nil, as the platform does where there is no temporary folder.
 id newPort(id cls, SEL selector) {
   return platform::temporaryFolder().problem.empty() ? platformNewPort(cls, selector) : nil;
 }
@@ -53,7 +53,7 @@ BOOL removeName(id server, SEL selector, NSString *name) {
   return platformRemoveName(server, selector, name);
 }
 
-/// nil, which the platform takes for no lock, where the names cannot be trusted.
+/// Answers nil, with which the platform goes on without a lock, where the names cannot be trusted.
 NSDistributedLock *fileLock(id cls, SEL selector) {
   const platform::TemporaryFolder temporary = platform::temporaryFolder();
   if (!temporary.problem.empty()) return nil;

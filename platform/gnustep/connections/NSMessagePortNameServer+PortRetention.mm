@@ -4,11 +4,10 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// All threads of a process share the one port object for a name. When the last to use it is a
-// background thread that ends, the port takes its connections off that thread's run loop only, and
-// the main thread's run loop goes on listening for a port that is gone. So a port that a background
-// thread has found stays for good: 1 KiB for each time that a background thread begins to talk to
-// another process.
+// All threads of a process share one port object for a name. When its last user is a background
+// thread that exits, the port is removed from that thread's run loop only, and the main run loop
+// keeps a dangling pointer to it. So a port that a background thread has looked up is retained for
+// good: 1 KiB for each connection of a background thread.
 
 @interface NSMessagePortNameServer (PortRetention)
 @end

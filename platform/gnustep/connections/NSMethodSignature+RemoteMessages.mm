@@ -1,8 +1,8 @@
 #import <Foundation/Foundation.h>
 
-// On the Mac a method signature travels by copy. Here a client that asks a vended object for one
-// gets a proxy, and through it could send the signature any message: a release too many ends the
-// process. A client needs to read the type and nothing else.
+// On the Mac a method signature is sent by copy. Here a client gets a proxy for one and could send
+// it any message: an extra release would crash this process. A client needs the type and nothing
+// else.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

@@ -13,7 +13,7 @@
 namespace platform {
 namespace {
 
-/// What the platform asks for, which the system limits.
+/// As the platform; the system limits it.
 constexpr int kBacklog = 10000;
 
 std::string contentsOf(const PortFiles &files) {
@@ -51,7 +51,7 @@ bool holdsOwnName(const PortFiles &files) {
 }
 
 bool writeName(const PortFiles &files) {
-  // Whole from the start: processes of other programs remove what is half written.
+  // Written under another name and renamed, because other processes remove incomplete files.
   const std::string draft = files.name + "." + std::to_string(getpid());
   const std::string contents = contentsOf(files);
   {
@@ -67,7 +67,7 @@ bool writeName(const PortFiles &files) {
 bool bindAgain(int listener, const std::string &path) {
   struct sockaddr_un address = {};
   address.sun_family = AF_LOCAL;
-  // As the platform cuts it; what connects does so, too.
+  // Truncated as the platform does it, for whoever connects as well.
   std::strncpy(address.sun_path, path.c_str(), sizeof address.sun_path - 1);
   const Descriptor fresh(socket(AF_LOCAL, SOCK_STREAM, 0));
   if (fresh.number() < 0) return false;

@@ -6,34 +6,34 @@
 
 namespace platform {
 
-/// The two files by which other processes reach a port of this one: the name's, which holds the
-/// socket's path and the number of the process, and the socket.
+/// The two files by which other processes reach a port of this one: the name, which holds the path
+/// of the socket and the process identifier, and the socket.
 struct PortFiles {
   std::string name;
   std::string socket;
 };
 
-/// Which file a path leads to.
+/// Identifies a file, whatever its path.
 struct FileIdentity {
   dev_t device = 0;
   ino_t number = 0;
   bool operator==(const FileIdentity &) const = default;
 };
 
-/// Of whatever is at the path, not of what a link leads to; all 0 when there is nothing.
+/// Of the file at the path, not of the target of a link; all 0 when there is none.
 FileIdentity identityOf(const std::string &path);
 
-/// Whether others who look for the name find this process's socket in it. The platform looks at the
-/// file's owner and permissions, too.
+/// Whether the file holds this process's socket, with the owner and permissions that the platform
+/// checks at a look-up.
 bool holdsOwnName(const PortFiles &files);
 
-/// Writes the name, in place of whatever is at its path. Answers whether it could. To be called
-/// with the lock of the names.
+/// Writes the name, replacing whatever is at its path. Answers whether it could. Call with the lock
+/// for names held.
 bool writeName(const PortFiles &files);
 
-/// Gives a listening socket whose file is gone a new one at its path, in place of whatever is there
-/// now: the descriptor then listens there. Connections that have been made go on; those that nobody
-/// has accepted yet are lost. Answers whether it could.
+/// Makes the descriptor of a listening socket whose file was removed listen at the same path again,
+/// replacing whatever is there. Accepted connections go on, others are lost. Answers whether it
+/// could.
 bool bindAgain(int listener, const std::string &path);
 
 }  // namespace platform

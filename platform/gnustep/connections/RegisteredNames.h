@@ -1,12 +1,12 @@
 #import <Foundation/Foundation.h>
 
-/// The names under which this process serves, and their repair. On the Mac a name lives in the
-/// kernel's bootstrap server until its port ends. Here it is a file in a temporary folder, and its
-/// socket another one: whoever cleans up there makes the process unreachable without its noticing.
-/// This notices, and registers again what was lost, also where the folders of both are gone.
+/// The names that this process has registered, which it registers again when their files are
+/// removed. On the Mac the bootstrap server keeps a name until its port is invalidated. Here the
+/// name and its socket are files in a temporary folder, and cleaning that up makes the process
+/// unreachable. The folders are created again where they are missing.
 ///
-/// The main run loop listens for it, in all modes in which the application waits; nothing runs
-/// until something is lost. Main thread only, where a port that was registered there must also end.
+/// The main run loop is notified by the kernel, in all modes in which the application waits. Main
+/// thread only, on which a port that was registered there must also be deallocated.
 @interface RegisteredNames : NSObject {
  @private
   struct RegisteredNamesState *_state;
@@ -14,12 +14,12 @@
 
 + (RegisteredNames *)sharedNames;
 
-/// The platform has registered the port under the name. port: not retained; it takes its names away
-/// when it ends.
+/// To be called when the platform has registered the port. port: not retained; its names are
+/// removed before it is deallocated.
 - (void)addName:(NSString *)name ofPort:(NSPort *)port;
 
-/// The name is to be given back. port: the one that has it; nil for whichever it is. Nothing when
-/// it has not got it.
+/// To be called before the platform removes the name. port: nil for any. No effect when the name is
+/// not this port's.
 - (void)removeName:(NSString *)name ofPort:(NSPort *)port;
 
 @end

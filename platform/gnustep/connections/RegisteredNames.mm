@@ -24,7 +24,7 @@
 
 namespace {
 
-/// How often to begin anew at once, because somebody who removes a folder goes on removing.
+/// Retries without a delay, because whoever removes a folder may still be removing.
 constexpr int kTries = 5;
 
 constexpr NSTimeInterval kFirstRetrySeconds = 1;
@@ -51,22 +51,21 @@ bool isIntact(const RegisteredName &registered) {
   return hasSocket(registered) && platform::holdsOwnName(registered.files);
 }
 
-/// The folder around the folders of ports and names.
+/// The parent of the folders of ports and names.
 std::string temporaryFolderOf(const platform::PortFiles &files) {
   std::string folder = files.socket;
   for (int i = 0; i < 3; ++i) folder.resize(folder.rfind('/'));
   return folder;
 }
 
-/// The platform accepts when the run loop has seen that somebody has connected. Whoever that was
-/// may have been accepted here in between (acceptWaiting), and a socket that blocks would then hold
-/// up the process until the next one connects.
+/// The platform accepts when the run loop reports a connection, which acceptWaiting may have
+/// accepted already. A blocking socket would then block the process until the next connection.
 void acceptWithoutBlocking(NSMessagePort *port) {
   const int listener = [port _listener];
   fcntl(listener, F_SETFL, fcntl(listener, F_GETFL) | O_NONBLOCK);
 }
 
-/// Accepts who has connected to the socket and would be lost with it.
+/// Accepts connections that would be lost with the socket.
 void acceptWaiting(NSMessagePort *port) {
   struct pollfd listener = {[port _listener], POLLIN, 0};
   while (poll(&listener, 1, 0) == 1 && (listener.revents & POLLIN) != 0) {
@@ -109,12 +108,12 @@ State repair(RegisteredName &registered) {
   @try {
     return repairSocket(registered) ? repairName(registered) : State::Lost;
   } @catch (NSException *exception) {
-    // The lock of the names was removed while it was held.
+    // The lock for names was removed while it was held.
     return State::Lost;
   }
 }
 
-/// Once for each change.
+/// Logs each change once.
 void logState(RegisteredName &registered) {
   const bool wasRepaired = registered.wasLost && registered.state == State::Intact;
   if (registered.state == registered.loggedState && !wasRepaired) return;
@@ -136,7 +135,7 @@ void logState(RegisteredName &registered) {
   }
 }
 
-/// The last two are AppKit's, by their values: its constants would make every program load it.
+/// The last two are AppKit's, by value, because its constants would make every program load it.
 NSArray *modes() {
   return @[
     NSDefaultRunLoopMode, NSConnectionReplyMode, @"NSModalPanelRunLoopMode",
@@ -189,7 +188,7 @@ struct RegisteredNamesState {
     if (port != nil && port != registered->port) continue;
     [registered->name release];
     _state->names.erase(registered);
-    // The others are not looked after: when the process ends, their sockets may be gone by now.
+    // The others are not checked: at the end of the process their sockets may be removed already.
     if (_state->names.empty()) [self stopWatching];
     return;
   }
@@ -207,7 +206,7 @@ struct RegisteredNamesState {
   _state->watch.reset();
 }
 
-/// Before the files are looked at, so that nothing is lost unseen in between.
+/// Called before the files are checked, so that no removal in between is missed.
 - (void)startWatching {
   auto watch = std::make_unique<platform::FileWatch>();
   if (watch->descriptor() < 0) return;
@@ -258,7 +257,7 @@ struct RegisteredNamesState {
   }
 }
 
-/// Answers whether there are new files, which are not watched yet.
+/// Answers whether there are new files, which need a new watch.
 - (BOOL)repairLostNames {
   BOOL hasChanged = NO;
   for (RegisteredName &registered : _state->names) {
@@ -270,7 +269,8 @@ struct RegisteredNamesState {
   return hasChanged;
 }
 
-/// Nothing tells when a folder comes back, or when a process that has taken a name is killed.
+/// There is no notification for a folder that is created again, or for the exit of a process that
+/// has taken a name.
 - (void)retryLater {
   _state->retrySeconds = MIN(MAX(2 * _state->retrySeconds, kFirstRetrySeconds), kLastRetrySeconds);
   [self performSelector:@selector(checkNames)

@@ -14,7 +14,7 @@ namespace {
 
 constexpr mode_t kOwnersOnly = 0700;
 constexpr mode_t kWritableByOthers = 022;
-/// The platform makes the folder first and takes the others' permissions away then.
+/// The platform creates the folder first and restricts its permissions then.
 constexpr int kLooksWhileItIsMade = 50;
 constexpr auto kBetweenLooks = std::chrono::milliseconds(10);
 
@@ -25,7 +25,7 @@ std::string baseFolder() {
   return "/tmp";
 }
 
-/// Whether the platform takes a folder as it is.
+/// Whether the platform uses a folder as it is.
 bool isThisUsersAlone(const struct stat &status) {
   const mode_t permissions = status.st_mode & 0777;
   return status.st_uid == geteuid() && (permissions == 0700 || permissions == 0600);
@@ -38,12 +38,12 @@ std::string problemOfOwnFolder(const std::string &path) {
   }
   for (int i = 0; i < kLooksWhileItIsMade; ++i) {
     struct stat status = {};
-    // Not what a link leads to: its owner can let it lead elsewhere at any time.
+    // Not the target of a link, which its owner can change at any time.
     if (lstat(path.c_str(), &status) != 0) return folder + " is gone again";
     if (S_ISLNK(status.st_mode)) return folder + " is a symbolic link";
     if (!S_ISDIR(status.st_mode)) return folder + " is not a folder";
     if (status.st_uid != geteuid()) return folder + " belongs to another user";
-    // One that others may only read has nothing of theirs in it; the platform closes it to them.
+    // One that others may only read holds nothing of theirs, and the platform restricts it.
     if ((status.st_mode & kWritableByOthers) == 0) return "";
     std::this_thread::sleep_for(kBetweenLooks);
   }

@@ -12,15 +12,14 @@
 
 namespace {
 
-/// Readable while events have been handled that the run loop has not counted as input.
+/// Readable after events that the run loop has not counted as input.
 int handledEvents = -1;
 
 constinit platform::ReplacedMethod<BOOL(BOOL *)> platformShouldBlock;
 
-/// Around the platform's answer to the run loop's question whether it has to wait. Asked for that,
-/// the platform looks whether events have arrived, by which it takes them from the connection. The
-/// run loop then has them handled, which puts them into the application's queue, but does not count
-/// that as input: it would wait for more before it returns to whoever wanted an event.
+/// The run loop asks this before it waits. The platform reads the events that have arrived from the
+/// connection and queues them for the application, but the run loop does not count them as input
+/// and would wait for more before it returns.
 BOOL runLoopShouldBlock(id self, SEL selector, BOOL *trigger) {
   const BOOL shouldBlock = platformShouldBlock(self, selector, trigger);
   if (!shouldBlock) eventfd_write(handledEvents, 1);
@@ -29,7 +28,7 @@ BOOL runLoopShouldBlock(id self, SEL selector, BOOL *trigger) {
 
 }  // namespace
 
-/// What the run loop counts as input when events have been handled.
+/// The input that the run loop counts for such events.
 @interface HandledEvents : NSObject <RunLoopEvents>
 @end
 
@@ -57,7 +56,7 @@ void installEventArrival() {
   if (handledEvents < 0) return;
   static HandledEvents *const source = [[HandledEvents alloc] init];
   void *const descriptor = reinterpret_cast<void *>(static_cast<std::intptr_t>(handledEvents));
-  // Those in which the platform looks for events.
+  // The modes in which the platform reads events.
   for (NSString *mode in @[
          NSDefaultRunLoopMode, NSConnectionReplyMode, NSModalPanelRunLoopMode,
          NSEventTrackingRunLoopMode

@@ -15,9 +15,9 @@ void show(NSCell *cell, BOOL highlighted, NSRect frame, NSView *view) {
 
 }  // namespace
 
-/// A key that stands for a button shows it pressed for a moment first. The platform runs the run
-/// loop's default mode meanwhile: what it serves there may close the button's window, and the
-/// action then goes to a controller that is gone.
+/// A button that is pressed by a key is highlighted for a moment before its action. The platform
+/// runs the default mode meanwhile, in which a request may close the window, and the action is then
+/// sent to a deallocated controller. Here nothing runs.
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 @implementation NSCell (PerformClick)

@@ -2,7 +2,7 @@
 
 namespace {
 
-/// The setting by which the platform counts clicks, and what it takes for missing and small values.
+/// The default by which the platform counts clicks, and its values for a missing and a small one.
 NSString *const kSetting = @"GSDoubleClickTime";
 constexpr NSInteger kLeastMilliseconds = 200;
 constexpr NSInteger kUsualMilliseconds = 300;
@@ -10,7 +10,7 @@ constexpr NSTimeInterval kMillisecondsInASecond = 1000;
 
 }  // namespace
 
-// The platform answers 0 to everybody, and keeps the time by which it counts clicks to itself.
+// The platform always answers 0 and does not publish the interval that it uses.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

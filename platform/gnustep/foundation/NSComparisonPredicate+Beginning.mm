@@ -2,9 +2,9 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-/// BEGINSWITH as on the Mac. The platform raises an exception when the string is shorter than what
-/// it should begin with, and takes "É" and "é" for different letters, or "É" for different from
-/// itself, depending on how each of the strings happens to be stored.
+/// BEGINSWITH as on the Mac. The platform raises an exception when the string is shorter than the
+/// prefix, and finds "É" different from "é", or even from "É", depending on how the strings are
+/// stored.
 @interface NSComparisonPredicate (Beginning)
 @end
 

@@ -2,15 +2,15 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// The record of an object's observers, which the platform leaves behind when the object ends while
-// it is observed: 2 KiB for each window whose controller observes itself.
+// Releases the observation info of an object that is deallocated while it is observed. The platform
+// leaks it: 2 KiB for each window whose controller observes itself.
 
 namespace {
 
 constinit platform::ReplacedMethod<void()> platformDealloc;
 
 void dealloc(id object, SEL selector) {
-  // The platform holds it with the one reference from its making, and forgets it here.
+  // The platform owns it by its one reference and drops the pointer here.
   id const record = static_cast<id>([object observationInfo]);
   platformDealloc(object, selector);
   [record release];
@@ -18,8 +18,7 @@ void dealloc(id object, SEL selector) {
 
 }  // namespace
 
-/// What the platform gives to the class of each object that is observed; its own header is not
-/// public.
+/// The class from which observed objects get their dealloc; its header is not public.
 @interface GSKVOBase : NSObject
 @end
 
@@ -28,7 +27,7 @@ void dealloc(id object, SEL selector) {
 
 @implementation GSKVOBase (Observed)
 
-/// Before the first object is observed, because the classes of those take copies of the method.
+/// Before the first object is observed, because the class of each takes a copy of the method.
 + (void)load {
   platformDealloc.install(self, @selector(dealloc), dealloc);
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-/// Leaves the reading of images to the platform's own readers (PNG, TIFF, JPEG, GIF, icon
-/// families). The first look at any image also asks ImageMagick for the types that it knows, and
-/// for that it loads more than a hundred libraries: 60 ms and 10 MB at each start, for pictures
-/// that nobody here has. To be called before the first image is asked for. Main thread.
+/// Reads images by the platform's own readers only (PNG, TIFF, JPEG, GIF, icon families). Otherwise
+/// the first image makes ImageMagick load more than a hundred libraries to list its types, which
+/// takes 60 ms and 10 MB at each launch. To be called before the first image is loaded. Main
+/// thread.
 void useOwnImageReadersOnly();

@@ -6,8 +6,8 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-/// The platform reads the pictures of an icon file in all sizes but 64 pixels, the size at which
-/// alerts show it, and would scale another one.
+/// The platform reads all sizes of an icon file but 64 pixels, at which alerts show it, and would
+/// scale another one.
 @interface NSBitmapImageRep (IconFamily)
 @end
 
@@ -41,8 +41,8 @@ NSData *sixtyFourPixels(NSData *file) {
   return nil;
 }
 
-/// What the platform reads, and the 64-pixel picture in front of the first larger one: the first
-/// decides on the image's size, and the last is what is scaled up where none is large enough.
+/// The 64-pixel picture goes in front of the first larger one, because the first representation
+/// decides on the size of the image, and the last one is scaled up where none is large enough.
 NSArray *representations(id self, SEL selector, NSData *data) {
   NSArray *const known = platformReader(self, selector, data);
   NSData *const content = sixtyFourPixels(data);

@@ -2,15 +2,14 @@
 
 #import <AppKit/AppKit.h>
 
-/// What the platform lacks of the informal protocol for users who do not see the screen: attributes
-/// that an interface file or the program gives to an element. The platform's loader does not read
-/// <accessibility description="..."/>; that is supplied as well, for views and cells.
+/// What the platform lacks of the informal protocol for accessibility: attributes that an interface
+/// file or the program sets for an element. XibLoading.mm reads them from interface files.
 @interface NSObject (AccessibilityOverride)
 
 /// The value that was set last, nil when there is none. Main thread.
 - (id)accessibilityAttributeValue:(NSString *)attribute;
 
-/// Sets an attribute of this element for as long as it lives; nil takes it away again. Answers YES.
+/// Sets an attribute of this element until it is deallocated; nil removes it. Answers YES.
 /// Main thread.
 - (BOOL)accessibilitySetOverrideValue:(id)value forAttribute:(NSString *)attribute;
 

@@ -6,8 +6,8 @@
 
 namespace {
 
-/// Elements by address: each has a dictionary from attributes to values. An element's entry goes
-/// with it.
+/// By address, for each element a dictionary from attributes to values, which is removed when the
+/// element is deallocated.
 NSMapTable *overrides() {
   static NSMapTable *const table = [[NSMapTable alloc]
       initWithKeyOptions:NSPointerFunctionsOpaqueMemory | NSPointerFunctionsOpaquePersonality

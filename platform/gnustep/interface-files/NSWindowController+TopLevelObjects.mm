@@ -1,13 +1,13 @@
 #import <AppKit/AppKit.h>
 
-/// A window controller that owns all top-level objects of its interface file and lets them go with
-/// itself, as the Mac's does. The platform's own leaves every one of them behind.
+/// A window controller owns the top-level objects of its interface file and releases them in
+/// dealloc, as on the Mac. The platform leaks them.
 @interface NSWindowController (TopLevelObjects)
 @end
 
 @implementation NSWindowController (TopLevelObjects)
 
-// The category's method is the one that counts: the platform's stays unused.
+// Replacing the platform's own method is the point.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
 - (void)loadWindow {
@@ -15,8 +15,8 @@
   NSMutableArray *const loaded = [[NSMutableArray alloc] init];
   NSString *const path = [self windowNibPath];
   BOOL isLoaded = NO;
-  // What the loader leaves in the pool refers to the owner, and an owner may end before the event
-  // in which it was loaded.
+  // Objects that the loader autoreleases refer to the owner, which may be deallocated before the
+  // end of the event.
   @autoreleasepool {
     // Without a file the platform's loader raises; the Mac's says that there is none.
     NSDictionary *const context = [NSDictionary
@@ -25,7 +25,7 @@
                                   externalNameTable:context
                                            withZone:[self zone]];
   }
-  // The loader has given each of them to us with a reference, which dealloc releases.
+  // The loader has retained each of them for the caller, and dealloc releases them.
   _top_level_objects = loaded;
   _wcFlags.nib_is_loaded = isLoaded;
   if (!isLoaded) NSLog(@"%@: could not load nib named %@", [self class], [self windowNibName]);

@@ -6,8 +6,8 @@
 #import "platform/gnustep/interface-files/NSObject+Accessibility.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// What the platform's loader does not read of an interface file as the Mac's tools write it, and
-// what it leaves behind.
+// Reads what the platform's loader ignores in interface files of the Mac's tools, and releases what
+// it leaks.
 
 @interface GSXibElement : NSObject
 - (GSXibElement *)elementForKey:(NSString *)key;
@@ -40,7 +40,7 @@ id decodeObject(id unarchiver, SEL selector, GSXibElement *element, NSString *cl
 
 constinit platform::ReplacedMethod<NSSize(NSString *)> platformDecodeSize;
 
-/// The sizes of a collection view's items have other names in an archive than in an interface file.
+/// The item sizes of a collection view have other keys in an archive than in an interface file.
 NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   NSString *name = key;
   if ([key isEqualToString:@"NSMinGridSize"]) name = @"minItemSize";
@@ -50,16 +50,16 @@ NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
 
 constinit platform::ReplacedMethod<void(GSXibElement *, NSString *)> platformSetElement;
 
-/// The platform never gives back the element in which it notes whether a window is visible at
-/// launch. In the releases up to 0.29; who takes a later one looks again.
+/// Up to release 0.29 the platform leaks the element that says whether a window is visible at
+/// launch. A later release is to be checked.
 void setElement(id owner, SEL selector, GSXibElement *element, NSString *key) {
   platformSetElement(owner, selector, element, key);
   constexpr bool kIsLeftBehind = GNUSTEP_GUI_MAJOR_VERSION == 0 && GNUSTEP_GUI_MINOR_VERSION <= 29;
   if (kIsLeftBehind && [key hasSuffix:@"NSWindowTemplate.visibleAtLaunch"]) [element release];
 }
 
-/// Whether the file is of today's form: its outermost element is "document". The platform reads the
-/// whole file as a tree for that and never gives the tree back, 300 KiB for each window.
+/// Whether the file has the current format, with "document" as the root element. The platform
+/// parses the whole file for that and leaks the tree, 300 KiB for each window.
 BOOL isDocument(id, SEL, NSData *data) {
   const std::string_view text(static_cast<const char *>([data bytes]), [data length]);
   size_t tag = text.find('<');

@@ -10,12 +10,10 @@ struct Key {
   std::uint8_t mac;
 };
 
-// A keyboard with 105 keys, row by row. Where the Mac's keyboard has another key in the same place
-// (Help for Insert, F13 to F15 for Print, Scroll Lock and Pause, Clear for Num Lock), it is that
-// key. The left Windows key is the left Command key by its place; which of these keys works as
-// Command is another matter.
-// The formatter would take the rows apart.
-// clang-format off
+// A keyboard with 105 keys, row by row. A key that the Mac does not have gets the code of the key
+// in the same place (Help for Insert, F13 to F15 for Print, Scroll Lock and Pause, Clear for Num
+// Lock). The left Windows key has the code of the left Command key; which key works as Command is
+// decided elsewhere. The formatter would break the rows. clang-format off
 constexpr Key kKeys[] = {
     {9, 53},                                        // Escape
     {67, 122},  {68, 120},  {69, 99},   {70, 118},  // F1 to F4

@@ -2,17 +2,15 @@
 
 #import <Foundation/Foundation.h>
 
-/// Makes the keyboard the Mac's: -[NSEvent keyCode] of what the user types is the Mac's code of the
-/// key, the Control keys are the Command keys (see registerModifierKeys), and with Command the
-/// characters of an event are those of the key without it, never control characters. Events that
-/// the program makes itself stay as they are made.
-/// To be called before the application object is made, which is when the platform settles how it
-/// reads the window server's events; raises NSInternalInconsistencyException when the window server
-/// is connected already. Further calls do nothing. Main thread.
+/// Gives key events from the window server the values that they have on the Mac: -[NSEvent keyCode]
+/// is the Mac's key code, Control is the Command key (see registerModifierKeys), and with Command
+/// the characters are those of the key without it, never control characters. Events that the
+/// program creates are not changed. To be called before the application object is created, because
+/// the platform then caches the method that reads events; raises NSInternalInconsistencyException
+/// when the window server is connected already. Further calls have no effect. Main thread.
 void installMacKeys();
 
-/// Registers the modifier keys of a keyboard that has the Command keys' shortcuts on Control:
-/// Control is Command, the Windows keys are Control, Alt is Alternate. Does nothing when a default
-/// for any of them is set already: a user who chose some of the keys chose them beside the
-/// platform's own for the rest, and a mixture with ours would take keys away.
+/// Registers Control as the Command key, the Windows keys as Control and Alt as Alternate. No
+/// effect when the user has set a default for any of them: the others then are the platform's, and
+/// a mixture with these could leave a modifier without a key.
 void registerModifierKeys(NSUserDefaults *defaults);

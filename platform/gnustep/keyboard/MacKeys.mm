@@ -73,8 +73,8 @@ NSEvent *makeKeyEvent(id self, SEL selector, NSEventType type, NSPoint location,
 
 }  // namespace
 
-/// Waits for the bundle that talks to the window server: after it is loaded, and before its one
-/// object is made, which keeps the implementation that it finds.
+/// Installs the replacements when the bundle of the window server has been loaded and before its
+/// object is created, which caches the implementation.
 @interface WindowServerBundle : NSObject
 + (void)bundleDidLoad:(NSNotification *)notification;
 @end

@@ -6,7 +6,7 @@ constexpr unichar kEscape = 0x1B;
 constexpr unichar kFirstFunctionKey = 0xF700;
 constexpr unichar kLastFunctionKey = 0xF8FF;
 
-/// Whether the key writes something, as arrows, Tab, Return and the like do not.
+/// Whether the key inserts text, as arrows, Tab, Return and the like do not.
 bool writesText(NSEvent *event) {
   NSString *const characters = [event charactersIgnoringModifiers];
   if ([characters length] == 0) return false;
@@ -15,8 +15,8 @@ bool writesText(NSEvent *event) {
   return ![[NSCharacterSet controlCharacterSet] characterIsMember:character];
 }
 
-/// The command that the platform's table of keys has another one for, or none; NULL for all other
-/// keys.
+/// The command of a key for which the platform's key bindings have none or another one; NULL for
+/// all other keys.
 SEL commandOf(NSEvent *event) {
   constexpr NSUInteger kOthers =
       NSShiftKeyMask | NSControlKeyMask | NSAlternateKeyMask | NSCommandKeyMask;
@@ -36,10 +36,9 @@ SEL commandOf(NSEvent *event) {
 
 }  // namespace
 
-// The keys of a text view as on the Mac. A shortcut that nobody took must not end as a letter in
-// the text: the platform's text views do not look at the Command key. In a text of several lines
-// Escape is a command of its own, which its delegate may take, and Tab with another key writes a
-// tab.
+// The keys of a text view as on the Mac. An unhandled shortcut must not insert a letter: the
+// platform's text views ignore the Command key. In a text of several lines Escape sends
+// cancelOperation:, and Tab with a modifier inserts a tab.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -56,7 +55,7 @@ SEL commandOf(NSEvent *event) {
   }
 }
 
-/// What Escape does in a text whose delegate does not want it.
+/// The default for Escape, if the delegate does not handle it.
 - (void)cancelOperation:(id)sender {
   [self complete:sender];
 }

@@ -4,10 +4,10 @@
 
 @interface NSTextView (PlainKeys)
 
-/// Whether a key without Command is for this text although a button of its window answers to it:
-/// Return, Enter and Escape in a text of several lines, where a line break is one, and the other is
-/// for an input method first and for the text's delegate then. Field editors want none: there both
-/// are also the window's. Main thread.
+/// Whether this text handles a key without Command that is also the key equivalent of a button in
+/// its window: Return, Enter and Escape in a text of several lines, where the former insert a line
+/// break and the latter is for the input method and the delegate. NO for field editors. Main
+/// thread.
 - (BOOL)wantsKeyEquivalent:(NSEvent *)event;
 
 @end

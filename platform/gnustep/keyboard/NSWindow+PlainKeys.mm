@@ -7,7 +7,7 @@ namespace {
 
 constinit platform::ReplacedMethod<void(NSEvent *)> platformKeyDown;
 
-/// The key without Command that a window is looking at because nobody in it wanted it.
+/// The key event without Command that no responder has handled and the window is handling.
 NSEvent *unwantedPlainKey = nil;
 
 class UnwantedPlainKey {
@@ -24,7 +24,7 @@ class UnwantedPlainKey {
   NSEvent *outer_;
 };
 
-/// Whether the event is the unwanted key once more, with a Command key that nobody holds.
+/// Whether the event is the same key again, with a Command key that is not pressed.
 bool isUnwantedKeyWithCommand(NSEvent *event) {
   return unwantedPlainKey != nil &&
          [event modifierFlags] == ([unwantedPlainKey modifierFlags] | NSCommandKeyMask) &&
@@ -32,7 +32,8 @@ bool isUnwantedKeyWithCommand(NSEvent *event) {
          [event timestamp] == [unwantedPlainKey timestamp];
 }
 
-/// Whether the key belongs to the text that has the keyboard, whatever button answers to it.
+/// Whether the first responder is a text that handles the key, even if it is the key equivalent of
+/// a button.
 bool isForText(NSResponder *responder, NSEvent *event) {
   return [responder isKindOfClass:[NSTextView class]] &&
          [static_cast<NSTextView *>(responder) wantsKeyEquivalent:event];
@@ -40,9 +41,8 @@ bool isForText(NSResponder *responder, NSEvent *event) {
 
 }  // namespace
 
-// Where nobody wants a key, the platform's windows try it as a shortcut, with the Command key
-// thought in addition: "c" typed over the selected text of a label would copy it. On the Mac a
-// shortcut needs its Command key.
+// The platform's windows try an unhandled key as a shortcut, as if Command were pressed: "c" typed
+// over the selected text of a label would copy it. On the Mac a shortcut needs its Command key.
 //
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -59,8 +59,8 @@ bool isForText(NSResponder *responder, NSEvent *event) {
 
 - (BOOL)performKeyEquivalent:(NSEvent *)event {
   if (isUnwantedKeyWithCommand(event)) return NO;
-  // The platform offers every key to the window's buttons before the text being edited sees it. On
-  // the Mac only keys with Command go this way.
+  // The platform sends every key to the buttons of the window before the text that is edited. On
+  // the Mac only keys with Command are.
   if (isForText([self firstResponder], event)) return NO;
   return [[self contentView] performKeyEquivalent:event];
 }

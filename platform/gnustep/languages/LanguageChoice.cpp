@@ -21,7 +21,7 @@ bool namesALanguage(const std::string &name) {
   return !bare.empty() && bare != "C" && bare != "POSIX";
 }
 
-bool saysSomething(const char *variable) {
+bool isSet(const char *variable) {
   return variable != nullptr && *variable != '\0';
 }
 
@@ -34,15 +34,15 @@ std::string part(Part get, const std::string &name) {
   return U_SUCCESS(status) ? buffer : "";
 }
 
-/// The region stays empty where the name has none: that the language is usual somewhere does not
-/// make a localisation one for that place.
+/// The region stays empty where the name has none: the likely region of a language does not make a
+/// localisation one for that region.
 Language parsed(const std::string &name) {
   const std::string bare = bareName(name);
   const std::string full = part(uloc_addLikelySubtags, bare);
   return {part(uloc_getLanguage, bare), part(uloc_getScript, full), part(uloc_getCountry, bare)};
 }
 
-/// How far the region is from the wanted one.
+/// 0 for the wanted region, 1 for none, 2 for another one.
 int distance(const Language &wanted, const Language &available) {
   if (available.region == wanted.region) return 0;
   return available.region.empty() ? 1 : 2;
@@ -52,7 +52,7 @@ int distance(const Language &wanted, const Language &available) {
 
 LanguageNames languagesWanted(const LanguageEnvironment &environment) {
   LanguageNames names;
-  if (saysSomething(environment.language)) {
+  if (isSet(environment.language)) {
     std::istringstream list(environment.language);
     for (std::string name; std::getline(list, name, ':');) {
       if (namesALanguage(name)) names.push_back(name);
@@ -60,7 +60,7 @@ LanguageNames languagesWanted(const LanguageEnvironment &environment) {
   }
   if (!names.empty()) return names;
   for (const char *variable : {environment.lcAll, environment.lcMessages, environment.lang}) {
-    if (!saysSomething(variable)) continue;
+    if (!isSet(variable)) continue;
     if (namesALanguage(variable)) names.emplace_back(variable);
     break;
   }

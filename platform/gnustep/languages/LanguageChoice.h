@@ -16,17 +16,16 @@ struct LanguageEnvironment {
 };
 
 /// The languages that an environment asks for: those of LANGUAGE, otherwise that of the first of
-/// LC_ALL, LC_MESSAGES and LANG that says something. Whether a locale of that name is installed
-/// does not matter. Empty for the plain C locale, which is no language.
+/// LC_ALL, LC_MESSAGES and LANG that is set and not empty. Whether a locale of that name is
+/// installed does not matter. Empty for the plain C locale, which is no language.
 LanguageNames languagesWanted(const LanguageEnvironment &environment);
 
-/// The localisation among those available that suits a wanted language best, as its folder is
-/// named; empty when none is in that language and in that script. Without a script, the one that
-/// the language is usually written in there decides: "zh_TW" is not "zh-Hans". The same region
-/// comes before none, and none before another ("pt_PT" gets "pt-BR" rather than nothing).
+/// The best available localisation for a wanted language, as its folder is named; empty when none
+/// has that language and script. A name without a script has the likely one of its region: "zh_TW"
+/// is not "zh-Hans". The same region comes before none, and none before another ("pt_PT" gets
+/// "pt-BR" rather than nothing).
 std::string localizationFor(const std::string &wanted, const LanguageNames &available);
 
-/// What to look localisations up by: for each wanted language the localisation that suits it, then
-/// the bare language, for the sake of other bundles than the one with the localisations. No name
-/// stands twice; one that is no language is left out.
+/// What to look localisations up by: for each wanted language the best localisation, then the bare
+/// language, for other bundles. No name stands twice; one that is no language is left out.
 LanguageNames lookupOrder(const LanguageNames &wanted, const LanguageNames &available);

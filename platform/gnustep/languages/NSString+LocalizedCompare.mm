@@ -11,17 +11,16 @@ struct CloseCollator {
   void operator()(UCollator *collator) const { ucol_close(collator); }
 };
 
-/// The collator's name for the user's locale. The plain C locale, in which the platform would sort
-/// by code points, gets the order that all languages share: on the Mac there is no such locale, and
-/// an address book that lists "Zoe" before "anna" is of no use to anybody.
+/// The collator's name for the user's locale. For the plain C locale, in which the platform sorts
+/// by code points, it is the root collation: the Mac has no such locale, and "Zoe" must not come
+/// before "anna" in an address book.
 std::string collatorName() {
   const char *const identifier = [[[NSLocale currentLocale] localeIdentifier] UTF8String];
   const std::string name = identifier != nullptr ? identifier : "";
   return name == "en_US_POSIX" || name == "C" || name == "POSIX" ? "" : name;
 }
 
-/// The collator that the platform would open for one comparison, kept for the thread as long as the
-/// user's locale stays the same.
+/// Cached for the thread as long as the user's locale stays the same.
 UCollator *collatorForCurrentLocale() {
   thread_local std::unique_ptr<UCollator, CloseCollator> collator;
   thread_local std::string collatorLocale;
@@ -38,7 +37,7 @@ UCollator *collatorForCurrentLocale() {
   return collator.get();
 }
 
-/// A string's UTF-16 units: on the stack for names and addresses, which are short.
+/// The UTF-16 units of a string, on the stack for a short one as names and addresses are.
 class Units {
  public:
   explicit Units(NSString *string) : length_([string length]) {
@@ -61,8 +60,8 @@ class Units {
 
 }  // namespace
 
-// The platform opens and closes a collator for every single comparison, most of the time that
-// sorting an address book takes.
+// The platform opens and closes a collator for each comparison, which takes most of the time of
+// sorting an address book.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

@@ -9,13 +9,13 @@
 /// installed; and it finds nothing for a "de-DE" in the user's settings.
 @interface NSUserDefaults (Languages)
 
-/// Puts the languages that the user wants in front of those that localisations are looked up by
-/// (NSLanguages), named as the main bundle's localisations are. The user's own setting of
-/// NSLanguages, on the command line or stored, comes before the environment (LANGUAGE, LC_ALL,
-/// LC_MESSAGES, LANG). How texts are compared and dates and numbers written stays as it is.
+/// Puts the user's languages, named as the localisations of the main bundle, in front of those by
+/// which localisations are looked up (NSLanguages). The user's own setting of NSLanguages, on the
+/// command line or stored, comes before the environment (LANGUAGE, LC_ALL, LC_MESSAGES, LANG). How
+/// texts are compared and dates and numbers written stays as it is.
 ///
-/// To be called before the first text is looked up: a bundle keeps the table that it found first.
-/// Later calls do nothing. Main thread.
+/// To be called before the first text is looked up, because a bundle caches its tables. Later calls
+/// have no effect. Main thread.
 + (void)adoptLanguagesOfUser;
 
 @end

@@ -20,9 +20,8 @@ NSArray *arrayOf(const LanguageNames &names) {
   return strings;
 }
 
-/// What the user set, or for all users who administers the machine. The value that the defaults
-/// answer is no help: the platform writes the list that it made up itself over it, in a domain of
-/// its own.
+/// What the user has set, or the administrator for all users. Not the value that the defaults
+/// answer, because the platform overrides it by a list of its own, in a domain of its own.
 NSArray *languagesSetIn(NSUserDefaults *defaults) {
   NSArray *const domains = @[
     NSArgumentDomain, [[NSProcessInfo processInfo] processName], NSGlobalDomain, GSConfigDomain
@@ -36,7 +35,7 @@ NSArray *languagesSetIn(NSUserDefaults *defaults) {
   return nil;
 }
 
-/// Settings may have the platform's own names, like "German".
+/// Settings may hold the platform's own names, like "German".
 NSArray *canonical(NSArray *languages) {
   NSMutableArray *const names = [NSMutableArray array];
   for (id language in languages) {
@@ -68,8 +67,7 @@ LanguageNames languagesInEnvironment() {
   for (NSString *language in [defaults stringArrayForKey:kLanguages]) {
     if (![languages containsObject:language]) [languages addObject:language];
   }
-  // Formats come from domains that the platform chose when it made the defaults; this does not
-  // reach them.
+  // Formats come from domains that were chosen when the defaults were created, and do not change.
   [self setUserLanguages:languages];
 }
 

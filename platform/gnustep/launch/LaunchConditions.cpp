@@ -11,7 +11,7 @@
 namespace platform {
 namespace {
 
-/// For the error handler, which gets nothing but the display.
+/// For the error handler, whose only argument is the display.
 std::string &programName() {
   static std::string *const name = new std::string;
   return *name;

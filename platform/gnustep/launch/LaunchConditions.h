@@ -4,11 +4,11 @@
 
 namespace platform {
 
-/// How a program ends that must not go on. The Mac never starts one then.
+/// The exit codes of a program that must not run. The Mac does not launch it in these cases.
 enum class LaunchFailure : int {
   /// There is no display, or no temporary folder that could be trusted.
   NoPlaceToRun = 1,
-  /// It runs already.
+  /// An instance is running.
   RunsAlready = 3,
 };
 
@@ -16,17 +16,17 @@ enum class LaunchFailure : int {
 [[noreturn]] void endLaunch(const std::string &program, LaunchFailure failure,
                             const std::string &reason);
 
-/// Ends the program where its named connections could lead to another user, or where an instance of
-/// this user's is running that shares them: on the Mac launching an application that runs starts no
-/// second process. That other one is told nothing and goes on. program: its name for the user and
-/// among its connections.
+/// Ends the program where its named connections could lead to processes of another user, or where
+/// this user is running an instance that has the same names: on the Mac launching an application
+/// that is running starts no second process. The running instance is not notified. program: its
+/// name, for the message and its connections.
 void endUnlessLaunchable(const std::string &program);
 
 /// Why the window server cannot be reached.
 std::string displayProblem();
 
-/// When the display goes away while the program runs, it ends with one line about that. To be
-/// called once the display is open.
+/// Makes the program end with one line when the connection to the display is lost. To be called
+/// once the display is open.
 void endWithDisplay(const std::string &program);
 
 }  // namespace platform

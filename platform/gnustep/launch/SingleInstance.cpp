@@ -15,7 +15,7 @@ struct Address {
   struct sockaddr_un value = {};
   socklen_t length = 0;
 
-  /// Of no file: the kernel keeps it as long as its socket is open.
+  /// An abstract address, which the kernel keeps as long as its socket is open.
   explicit Address(const std::string &name) {
     value.sun_family = AF_LOCAL;
     const std::size_t count = std::min(name.size(), sizeof value.sun_path - 1);
@@ -28,12 +28,12 @@ struct Address {
   }
 };
 
-/// Not handed on to the programs that this one starts, which may outlive it.
+/// Not inherited by child processes, which may outlive this one.
 int newSocket() {
   return socket(AF_LOCAL, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
 }
 
-/// The process that listens at an address, if it is one of this user's; 0 otherwise.
+/// The process that listens at an address, if it belongs to this user; 0 otherwise.
 pid_t ownProcessAt(const Address &address) {
   const int asking = newSocket();
   if (asking < 0) return 0;
@@ -51,7 +51,7 @@ pid_t becomeSingleInstance(const std::string &name) {
   const Address address(name);
   const int listening = newSocket();
   if (listening < 0) return 0;
-  // Stays open. Nobody ever accepts: whoever connects only wants to know who listens.
+  // Stays open. Connections are never accepted: clients only read the credentials of the listener.
   const bool isBound = bind(listening, address.generic(), address.length) == 0;
   if (isBound && listen(listening, SOMAXCONN) == 0) return 0;
   const int error = errno;

@@ -6,13 +6,13 @@
 
 namespace platform {
 
-/// Makes this process the one that runs under a name of this user's, until it ends. Answers the
-/// process that is it already; 0 when this one is it now, or when that cannot be told, because
-/// another user has taken the name, for one: nobody else may keep this user's programs from
-/// starting. Not a file: files can be removed while the process runs.
+/// Makes this process the single instance under a name of this user, until it exits. Answers the
+/// process that is the instance already; 0 when this one is it now, or when that is unknown, for
+/// example because another user has taken the name: no other user may keep this program from
+/// starting. Uses no file, because files can be removed while the process runs.
 ///
-/// name: unique among all programs and users of this machine, for which a path of this user's will
-/// do; cut to what has room in a socket's address. To be called once in a process.
+/// name: unique among all programs and users of this machine, as a path in this user's folder is;
+/// truncated to the length of a socket address. To be called once in a process.
 pid_t becomeSingleInstance(const std::string &name);
 
 }  // namespace platform

@@ -1,7 +1,7 @@
 #pragma once
 
-/// What a press of the mouse on a pop-up button, and the release that follows it, mean for the menu
-/// that the press opens.
+/// Interprets a press of the mouse on a pop-up button, which opens the menu, and the release that
+/// follows it.
 namespace menus {
 
 /// In points of the screen, y upwards.
@@ -16,11 +16,11 @@ struct Area {
   double width = 0;
   double height = 0;
 
-  /// As the platform assigns pixels: with the left and the upper edge, without the others.
+  /// Includes the left and the upper edge, as the platform assigns pixels.
   bool contains(Point point) const;
 };
 
-/// What the system takes for a click.
+/// What counts as a click.
 struct ClickLimits {
   /// From the press to the release.
   double seconds = 0;
@@ -28,22 +28,23 @@ struct ClickLimits {
   double points = 0;
 };
 
-/// One press, from the moment at which it opens the menu until the menu is closed.
+/// One press, from the opening of the menu until it is closed.
 ///
-/// Until the mouse has been moved away from where the press was, and out of `home`, it counts as
-/// being over the item that was selected when the menu opened, wherever the other items lie: who
-/// presses the edge of a button does not mean the neighbour of the button's title.
+/// Until the mouse has moved away from the press and out of `selectedArea`, it counts as being over
+/// the item that was selected when the menu opened, because at the edge of the button another item
+/// may lie under the mouse.
 class MenuPress {
  public:
-  /// seconds: when it was pressed, by the event's own clock. home: the part of the screen that
-  /// belongs to the selected item; it may be empty.
+  /// seconds: the timestamp of the press. selectedArea: the area on the screen that belongs to the
+  /// selected item; it may be empty.
   MenuPress(double seconds, Point place, const Area &selectedArea, const ClickLimits &limits);
 
-  /// To be called for every place at which the mouse is seen.
+  /// To be called for every location of the mouse.
   void moveTo(Point place);
 
-  /// Whether a release then and there makes a click of the press: such a menu stays open. Of the
-  /// events' times only, so that an application that is busy or stopped decides alike.
+  /// Whether a release at that time and place makes the press a click, after which the menu stays
+  /// open. Uses timestamps of events only, so that the result is the same when the application is
+  /// busy.
   bool isClickWithReleaseAt(double seconds, Point place) const;
 
   /// Whether the mouse still counts as being over the selected item.

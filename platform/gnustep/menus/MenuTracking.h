@@ -9,8 +9,8 @@
 /// chosen by keyboard, until Escape, a click elsewhere, or the loss of the keyboard to another
 /// window; a press that was held, or moved, chooses by its release.
 ///
-/// All events of the mouse and the keyboard are taken, and nobody else hears of them; the run loop
-/// runs in the mode for tracking. Main thread. The cell, the view and their window must outlast it.
+/// Consumes all events of the mouse and the keyboard; the run loop runs in the event tracking mode.
+/// Main thread. The cell, the view and their window must outlast it.
 class MenuTracking {
  public:
   /// cell: its menu is open. buttonFrame: in the view. press: the event that opened the menu, of
@@ -20,15 +20,15 @@ class MenuTracking {
   MenuTracking(const MenuTracking &) = delete;
   MenuTracking &operator=(const MenuTracking &) = delete;
 
-  /// Returns when the menu has to be closed, or has been: with the index of the item that was
-  /// chosen, NSNotFound for none.
+  /// Returns when the menu is to be closed or has been closed: the index of the chosen item, or
+  /// NSNotFound.
   NSInteger chosenItem();
 
  private:
-  /// What an event means for the menu.
+  /// The effect of an event on the menu.
   enum class Step { Continue, Close, Choose };
-  /// The button is down since the press; it has been released and the menu stays open; it has been
-  /// pressed again in the open menu.
+  /// The button has been down since the press; it has been released and the menu stays open; it has
+  /// been pressed again in the open menu.
   enum class Phase { Pressed, Open, PressedAgain };
 
   NSEvent *nextEvent();

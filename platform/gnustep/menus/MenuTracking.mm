@@ -8,11 +8,10 @@ namespace {
 
 constexpr unichar kEscape = 0x1B;
 
-/// How far the mouse may move during a click. A hand is not steadier than that.
+/// How far the mouse may move during a click.
 constexpr double kClickPoints = 4;
 
-/// How often the tracking looks whether its menu is still open and has the mouse, when there are no
-/// events.
+/// How often to check, without events, whether the menu is still open and has captured the mouse.
 constexpr NSTimeInterval kLookSeconds = 0.1;
 
 constexpr NSUInteger kPressed = NSLeftMouseDownMask | NSRightMouseDownMask | NSOtherMouseDownMask;
@@ -33,7 +32,7 @@ menus::Area onScreen(NSView *view, NSRect rect) {
   return {origin.x, origin.y, NSWidth(rect), NSHeight(rect)};
 }
 
-/// How far the middle of a button and that of the item over it may be apart.
+/// How far the centres of a button and of the item over it may be apart.
 constexpr double kAlignedPoints = 1;
 
 bool isOver(const menus::Area &item, const menus::Area &button) {
@@ -41,9 +40,8 @@ bool isOver(const menus::Area &item, const menus::Area &button) {
   return std::abs(apart) <= kAlignedPoints;
 }
 
-/// The part of the screen that belongs to the selected item of a menu that has been opened by a
-/// press: the button, if the item lies over it. A menu at the edge of the screen may lie otherwise;
-/// there the user sees which item is meant as soon as the mouse moves.
+/// The area that belongs to the selected item of a menu that was opened by a press: the button, if
+/// the item lies over it. At the edge of the screen the menu may be shifted, and the area is empty.
 menus::Area areaOfSelectedItem(NSPopUpButtonCell *cell, const menus::Area &button) {
   if ([cell pullsDown]) return button;
   const NSInteger selected = [cell indexOfSelectedItem];
@@ -75,7 +73,7 @@ MenuTracking::~MenuTracking() {
 NSInteger MenuTracking::chosenItem() {
   [menuView_ setHighlightedItemIndex:selected_];
   while ([[menuView_ window] isVisible]) {
-    // Fails until the window server has put the menu on the screen.
+    // Fails until the window server has mapped the menu.
     if (!hasMouse_) {
       hasMouse_ = [GSCurrentServer() capturemouse:[[menuView_ window] windowNumber]] != NO;
     }
@@ -114,7 +112,7 @@ MenuTracking::Step MenuTracking::stepFor(NSEvent *event) {
   if ((kind & kPressed) != 0) return stepForPress(place);
   if ((kind & kReleased) != 0) return stepForRelease(event, place);
   if ((kind & kMoved) != 0) {
-    // The mouse is moved without a button: the release has been lost.
+    // The mouse moves without a button pressed, so the release was lost.
     if ([event type] == NSMouseMoved) phase_ = Phase::Open;
     pointTo(place);
   }
@@ -132,7 +130,7 @@ MenuTracking::Step MenuTracking::stepForPress(menus::Point place) {
 
 MenuTracking::Step MenuTracking::stepForRelease(NSEvent *event, menus::Point place) {
   const Phase phase = phase_;
-  // Of a press before the menu was open.
+  // The release of an earlier press.
   if (phase == Phase::Open) return Step::Continue;
   if (phase == Phase::Pressed && [event type] != NSLeftMouseUp) return Step::Continue;
   phase_ = Phase::Open;
@@ -168,7 +166,7 @@ MenuTracking::Step MenuTracking::stepForKey(NSEvent *event) {
 }
 
 MenuTracking::Step MenuTracking::stepForPlatformEvent(NSEvent *event) {
-  // Closing a window ends what belongs to it, such as the pop-up, which is being used here.
+  // Closing a window may deallocate the pop-up, which is in use here.
   if ([event subtype] == GSAppKitWindowClose) {
     [NSApp postEvent:event atStart:YES];
     return Step::Close;
@@ -194,9 +192,9 @@ bool MenuTracking::canChoose(NSInteger item) const {
   return [menuItem isEnabled] && ![menuItem isSeparatorItem];
 }
 
-/// The next one that can be chosen, `from` itself when there is none.
+/// The next item that can be chosen, or `from` when there is none.
 NSInteger MenuTracking::nextItem(NSInteger from, NSInteger direction) const {
-  // The first item of a menu that hangs from its button is the button's title and not shown.
+  // The first item of a pull-down menu is the title of the button and not shown.
   const NSInteger first = [cell_ pullsDown] ? 1 : 0;
   for (NSInteger item = from + direction; item >= first && item < [menu_ numberOfItems];
        item += direction) {

@@ -2,14 +2,14 @@
 
 #import <AppKit/AppKit.h>
 
-// On the Mac an open menu has the keyboard to itself. Here the platform opens a pop-up's menu by
-// keyboard and goes on, so that Return would press the window's default button, and the pop-up can
-// end with its menu on the screen. Main thread.
+// On the Mac an open menu receives all keys. The platform does not track a pop-up's menu that was
+// opened by keyboard, so that Return would press the default button of the window, and the pop-up
+// could be deallocated while its menu is open. Main thread.
 
-/// Gives a key without Command to the pop-up whose menu has been opened by keyboard, and closes
-/// that menu at a press of the mouse elsewhere, which does nothing else; answers whether the event
-/// has been dealt with.
+/// Sends a key without Command to the pop-up whose menu was opened by keyboard, and closes that
+/// menu at a press of the mouse elsewhere, which has no other effect; answers whether the event has
+/// been handled.
 BOOL deliverToOpenMenu(NSEvent *event);
 
-/// Closes the menu of a pop-up that is about to go away, if it is open.
+/// Closes the menu of a pop-up that is about to be removed, if it is open.
 void closeMenuOf(NSPopUpButton *popUp);

@@ -11,7 +11,7 @@ NSWindow *menuWindowOf(NSPopUpButton *popUp) {
   return [[[popUp menu] menuRepresentation] window];
 }
 
-/// The pop-up that has the window's keyboard, if its menu is open.
+/// The pop-up that is the first responder, if its menu is open.
 NSPopUpButton *popUpWithOpenMenu(NSWindow *window) {
   id const responder = [window firstResponder];
   if (![responder isKindOfClass:[NSPopUpButton class]]) return nil;
@@ -50,8 +50,8 @@ void closeMenuOf(NSPopUpButton *popUp) {
 - (void)closeOpenMenu:(NSNotification *)notification;
 @end
 
-// The menu must not outlive its window on the screen: hidden with the application, it would come
-// back with it, and refer to a pop-up and a window that have ended.
+// Closes the menu with its window and when the application is hidden. Otherwise it would appear
+// again with the application and refer to a deallocated pop-up and window.
 @implementation NSPopUpButtonCell (OpenMenu)
 
 + (void)load {

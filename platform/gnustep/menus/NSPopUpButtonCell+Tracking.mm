@@ -21,7 +21,7 @@
     NSBeep();
     return NO;
   }
-  // What is chosen may end the pop-up, as a list that is loaded anew ends its rows.
+  // The action may release the pop-up, as reloading a list does.
   [[self retain] autorelease];
   [[view retain] autorelease];
   // It may have been opened by keyboard.
@@ -30,7 +30,7 @@
   const NSInteger chosen = MenuTracking(self, frame, view, event).chosenItem();
   [self dismissPopUp];
   if (chosen == NSNotFound) return NO;
-  // Before the action, which may take long.
+  // Before the action, which may take a while.
   [self selectItemAtIndex:chosen];
   [self synchronizeTitleAndSelectedItem];
   [[self menu] performActionForItemAtIndex:chosen];

@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 using Kind = LargeSelection::Kind;
 
 constexpr int kWholeInAnswers = 10;
-/// The most that is read at once, in units of four bytes: more than a part ever has.
+/// The most that is read at once, in units of four bytes: more than the length of a part.
 constexpr long kPartUnits = 16L * 1024 * 1024;
 
 struct DisplayCloser {
@@ -34,9 +34,9 @@ bool hasReply(Display *display) {
   return false;
 }
 
-/// Keeps the window of a question that was given up until its answer has come, or eight later ones
-/// were given up. An owner that answers later would write to a window that has gone, which ends
-/// many programs: GNUstep's pasteboard server, and with it what is on the clipboard.
+/// Keeps the window of a request that timed out until its reply has arrived, or until eight later
+/// ones have timed out. An owner that replies to a destroyed window gets an X error, which ends
+/// many programs: GNUstep's pasteboard server, and with it the contents of the clipboard.
 void keepForLateReply(Connection connection) {
   constexpr std::size_t kMost = 8;
   static std::mutex mutex;
@@ -52,7 +52,7 @@ struct Property {
   std::string bytes;
 };
 
-/// The text as UTF-8, of a selection that was handed over as ISO Latin 1.
+/// Converts ISO Latin 1 to UTF-8.
 std::string utf8OfLatin1(const std::string &latin1) {
   std::string utf8;
   for (const char character : latin1) {
@@ -67,7 +67,7 @@ std::string utf8OfLatin1(const std::string &latin1) {
   return utf8;
 }
 
-/// One question for a selection, with a window of its own that goes with the connection.
+/// One request for a selection. Its window is destroyed with the connection.
 class Question {
  public:
   Question(Display *display, const char *selection, double seconds)
@@ -89,9 +89,10 @@ class Question {
       if (!wait(event, [](const XEvent &each) { return each.type == SelectionNotify; })) {
         return {Kind::Broken, ""};
       }
-      // This owner has no such text.
+      // The owner does not convert to this target.
       if (event.xselection.property == None) continue;
-      // Taking it away asks for the first part. What is there already is read by the server too.
+      // Deleting the property requests the first part. A text that is complete can be read by the
+      // server.
       if (take().type != atom("INCR")) return {};
       LargeSelection received = parts();
       if (target == XA_STRING) received.utf8 = utf8OfLatin1(received.utf8);
@@ -103,7 +104,7 @@ class Question {
  private:
   Atom atom(const char *name) const { return XInternAtom(display_, name, False); }
 
-  /// Part after part up to an empty one.
+  /// Reads the parts up to an empty one, which ends the transfer.
   LargeSelection parts() {
     LargeSelection received{Kind::Text, ""};
     XEvent event;
@@ -120,7 +121,7 @@ class Question {
            event.xproperty.state == PropertyNewValue;
   }
 
-  /// Reads the property and takes it away.
+  /// Reads the property and deletes it.
   Property take() const {
     Property property;
     int format = 0;
@@ -137,7 +138,7 @@ class Question {
     return property;
   }
 
-  /// Waits for an event that is wanted; all others are forgotten.
+  /// Waits for a wanted event; all others are discarded.
   template <class Wanted>
   bool wait(XEvent &event, Wanted wanted) const {
     const Clock::time_point limit = std::min(end_, Clock::now() + answer_);

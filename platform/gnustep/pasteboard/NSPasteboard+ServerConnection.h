@@ -1,15 +1,15 @@
 #import <AppKit/AppKit.h>
 
-/// The connection with the pasteboard's server. The server lives at least as long as this program,
-/// whoever started it: what was copied outlives the other programs that look at the clipboard.
-/// Starting it does not run the run loop's default mode, in which anything may be served.
+/// The connection to the pasteboard server. The server lives at least as long as this program,
+/// whoever started it, so that the contents of the clipboard survive the exit of other programs.
+/// Starting it does not run the default mode, in which requests may be served.
 @interface NSPasteboard (ServerConnection)
 
-/// Connects to the server, and starts it first where none runs, unless that has been done. Waits a
-/// few seconds at most. Whether there is a connection now. Main thread.
+/// Connects to the server unless connected, and starts it if none is running. Blocks for a few
+/// seconds at most. Answers whether it is connected. Main thread.
 + (BOOL)connectToServer;
 
-/// Whether there is a connection. A server that hangs keeps it, one that has ended does not.
+/// Whether the connection is valid. It is while the server hangs, but not when it has exited.
 + (BOOL)isConnectedToServer;
 
 @end

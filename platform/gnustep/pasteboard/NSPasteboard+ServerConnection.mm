@@ -7,9 +7,9 @@
 
 namespace {
 
-/// As long as the platform waits for an answer of the server.
+/// The same time-out as the platform's.
 constexpr NSTimeInterval kReplySeconds = 2;
-/// For the server to take what may be megabytes.
+/// Long enough to send megabytes.
 constexpr NSTimeInterval kRequestSeconds = 10;
 constexpr NSTimeInterval kStartSeconds = 5;
 constexpr NSTimeInterval kPollSeconds = 0.02;
@@ -19,25 +19,25 @@ constinit platform::ReplacedMethod<id()> platformConnect;
 id server = nil;  // retained; nil when there is no connection
 bool isConnecting = false;
 
-/// Whether a server has registered its name, be it that it hangs.
+/// Whether a server has registered its name, even if it hangs.
 bool isRunning() {
   NSPortNameServer *const names = [NSPortNameServer systemDefaultPortNameServer];
   return [names portForName:PBSNAME onHost:@""] != nil;
 }
 
-/// The server, nil when there is none or when it does not answer.
+/// The server, nil when there is none or when it does not reply.
 id lookUp() {
   @try {
     const ConnectionTimeouts bounded(kReplySeconds);
     return isRunning() ? [NSConnection rootProxyForConnectionWithRegisteredName:PBSNAME host:@""]
                        : nil;
   } @catch (NSException *exception) {
-    return nil;  // for one, because a dead process has locked the names
+    return nil;  // for example when a process has died with the lock for names
   }
 }
 
-/// Starts a server and waits until it has registered its name. It ends when no program is left that
-/// owns a pasteboard.
+/// Starts a server and waits until it has registered its name. It exits when no program owns a
+/// pasteboard any more.
 bool start() {
   NSString *const tool = [NSTask launchPathForTool:@"gpbs"];
   if (tool == nil) return false;
@@ -54,9 +54,8 @@ bool start() {
   }
 }
 
-/// The platform starts the server so that it ends, and the clipboard with it, when a program that
-/// has used it does; only those that have ever owned a pasteboard keep it alive. So this program
-/// owns one, of which nobody else knows.
+/// The server exits, and the clipboard is lost, with the last program that has owned a pasteboard.
+/// So this program owns one with a unique name.
 void keepAlive() {
   [[NSPasteboard pasteboardWithUniqueName] declareTypes:[NSArray array]
                                                   owner:[[[NSObject alloc] init] autorelease]];
@@ -77,14 +76,14 @@ void use(id found) {
 }
 
 id connectToServer(id cls, SEL selector) {
-  // A server on another machine is the platform's own affair.
+  // For a server on another machine.
   if ([[[NSUserDefaults standardUserDefaults] stringForKey:@"NSHost"] length] > 0) {
     return platformConnect(cls, selector);
   }
   if (server != nil || isConnecting) return server;
   isConnecting = true;
   id found = lookUp();
-  // Not another one for a server that hangs: it could not have the name.
+  // Not while a server hangs, because another one could not register the name.
   if (found == nil && !isRunning() && start()) found = lookUp();
   isConnecting = false;
   if (found != nil) use(found);

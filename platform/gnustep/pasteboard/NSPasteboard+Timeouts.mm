@@ -25,13 +25,13 @@ constinit platform::ReplacedMethod<NSString *(NSArray *)> platformAvailableType;
 constinit platform::ReplacedMethod<int()> platformChangeCount;
 constinit platform::ReplacedMethod<NSData *(NSString *)> platformData;
 
-/// As little as possible: 0 stands for no end.
+/// As short as possible; 0 means no time-out.
 constexpr NSTimeInterval kNoWaitSeconds = 0.001;
 
-/// For the owner of a selection to answer, as long as for the server.
+/// The time-out for the owner of a selection, the same as for the server.
 constexpr double kOwnerSeconds = 2;
 
-/// What the server takes in of a large text on a busy machine, beside the time of any answer.
+/// What the server receives of a large text on a busy machine, in addition to the time-out.
 constexpr double kBytesASecond = 500'000;
 
 NSUInteger unanswered = 0;
@@ -39,7 +39,7 @@ bool isSilent = false;
 id serverGeneralPasteboard =
     nil;  // retained: the server's object for the general pasteboard, last known
 
-/// The answer, or `none` when the server does not answer.
+/// The reply, or `none` when the server does not reply.
 template <class Answer, class Question>
 Answer resultOr(Answer none, Question question) {
   @try {
@@ -53,7 +53,7 @@ Answer resultOr(Answer none, Question question) {
   }
 }
 
-/// The same for a question that one pasteboard asks.
+/// The same for a request of one pasteboard.
 template <class Answer, class Question>
 Answer resultOr(Answer none, NSPasteboard *pasteboard, Question question) {
   return [pasteboard hasServer] ? resultOr(none, question) : none;
@@ -72,13 +72,13 @@ const char *selectionOf(NSString *name) {
   return nullptr;
 }
 
-/// The display that the server looks at; null for the environment's.
+/// The display of the application; null for the environment's.
 const char *nameOfDisplay() {
   auto *const display = static_cast<Display *>([GSCurrentServer() serverDevice]);
   return display != nullptr ? DisplayString(display) : nullptr;
 }
 
-/// The text as the platform puts it on pasteboards; nil when it is none.
+/// The text as the platform stores it on pasteboards; nil when it is not UTF-8.
 NSData *serialized(const std::string &utf8) {
   NSString *const text = [[[NSString alloc] initWithBytes:utf8.data()
                                                    length:utf8.size()
@@ -86,7 +86,7 @@ NSData *serialized(const std::string &utf8) {
   return text == nil ? nil : [NSSerializer serializePropertyList:text];
 }
 
-/// The platform hands out the server's array, of which every element is another question.
+/// The platform answers a proxy for the server's array, and each element is another request.
 NSArray *localCopy(NSArray *remote) {
   if (remote == nil) return nil;
   NSMutableArray *const copy = [NSMutableArray array];
@@ -137,7 +137,7 @@ NSArray *localCopy(NSArray *remote) {
   };
   const bool wasConnected = [NSPasteboard isConnectedToServer];
   NSPasteboard *found = ask();
-  // It has ended, and the question was how that was noticed.
+  // It has exited, which this request has revealed.
   if (found == nil && wasConnected && ![NSPasteboard isConnectedToServer]) found = ask();
   if (found == nil) {
     ++unanswered;
@@ -163,7 +163,7 @@ NSArray *localCopy(NSArray *remote) {
     return resultOr(0, self, [&] { return platformDeclareTypes(self, _cmd, types, newOwner); });
   };
   if (const int count = ask()) return count;
-  // The server has told the former owner first, which may hang. Now there is none any more.
+  // The server notifies the former owner first, which may hang. At the second request it has none.
   if (const int count = ask()) return count;
   withoutServer([self name]);
   return 0;
@@ -186,7 +186,7 @@ NSArray *localCopy(NSArray *remote) {
 - (void)clearWhenServerResumes {
   NSConnection *const connection = [serverGeneralPasteboard connectionForProxy];
   if (![[self name] isEqualToString:NSGeneralPboard] || ![connection isValid]) return;
-  // Sent and not waited for. What is sent to a process that stands still is there when it goes on.
+  // Sent without waiting for the reply. A process that is stopped receives it when it resumes.
   const NSTimeInterval former = [connection replyTimeout];
   [connection setReplyTimeout:kNoWaitSeconds];
   resultOr(0, [&] {

@@ -14,7 +14,7 @@ constinit platform::ReplacedMethod<BOOL(id<NSValidatedUserInterfaceItem>)> platf
 
 @implementation NSText (Pasteboard)
 
-/// What could not be put on the clipboard stays in the text.
+/// Deletes the text only when it has been copied.
 - (void)cut:(id)sender {
   const NSUInteger before = [NSPasteboard timedOutRequests];
   [self copy:sender];
@@ -34,8 +34,8 @@ constinit platform::ReplacedMethod<BOOL(id<NSValidatedUserInterfaceItem>)> platf
                            @selector(validateUserInterfaceItemWithoutServer:));
 }
 
-/// The platform asks this of the main menu's items after each event. While the pasteboard's server
-/// is known to hang, each would wait seconds for it: then only the user's own try asks it again.
+/// The platform validates the main menu after each event, which would block for seconds while the
+/// pasteboard server hangs. Then only the command itself asks the server again.
 - (BOOL)validateUserInterfaceItemWithoutServer:(id<NSValidatedUserInterfaceItem>)item {
   if (sel_isEqual([item action], @selector(paste:)) && [NSPasteboard isServerUnresponsive]) {
     return [self isEditable];

@@ -30,29 +30,28 @@ SheetBorder *borderIn(NSView *decoration) {
   return [[self parentWindow] attachedSheet] == self;
 }
 
-/// A window without a title bar cannot have the keyboard as a rule, but a sheet must.
+/// A window without a title bar cannot become key, but a sheet must.
 - (BOOL)canBecomeKeyWindow {
   constexpr NSUInteger kFramed = NSTitledWindowMask | NSResizableWindowMask;
   return (_styleMask & kFramed) != 0 || [self isSheet];
 }
 
-/// The window that a sheet belongs to stays the main window.
+/// The parent of a sheet stays the main window.
 - (BOOL)canBecomeMainWindow {
   constexpr NSUInteger kFramed = NSTitledWindowMask | NSResizableWindowMask;
   return [self isVisible] && (_styleMask & kFramed) != 0 && ![self isSheet];
 }
 
-/// A window with a sheet passes the keyboard on to it, whoever gives it, and takes it to the front.
-/// Not to one that is off the screen: while a sheet is being ordered out the platform hands its
-/// keyboard to this window, and ordered in again in the middle of that the sheet would count as
-/// visible for ever.
+/// A window with a sheet makes the sheet key and orders it front. Not one that is not visible:
+/// while a sheet is being ordered out the platform makes its parent key, and a sheet that is
+/// ordered in meanwhile would count as visible for ever.
 - (void)makeKeyWindow {
   if ([_attachedSheet isVisible]) {
     [_attachedSheet orderInAsSheet];
     [_attachedSheet makeKeyWindow];
     return;
   }
-  // A click has just ordered it in.
+  // A click orders the window in, which resets this.
   [self acceptCloseRequests];
   if (![self isVisible] || [self isMiniaturized] || [self isKeyWindow]) return;
   if (![self canBecomeKeyWindow]) return;
@@ -95,12 +94,12 @@ SheetBorder *borderIn(NSView *decoration) {
   const NSSize smallest = [self contentMinSize];
   const NSSize largest = [self contentMaxSize];
 
-  // The window server gives a window its title bar when it makes the window and takes it away from
-  // no living one. Ordered in, the window is made again, as deferred and one-shot windows are.
+  // The window server adds a title bar when it creates a window and never removes it. Ordering in
+  // creates the window again, as for deferred and one-shot windows.
   [self releaseBackendWindow];
   _styleMask = mask;
 
-  // The platform keeps these for the frame, which has just become another for the same contents.
+  // The platform stores these for the frame, whose size for the same contents has changed.
   [self setContentMinSize:smallest];
   [self setContentMaxSize:largest];
   [self setFrame:[self frameRectForContentRect:content] display:NO];

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// One sheet, from beginSheet:... to its end. Keeps its window and its delegate alive, and the
-/// window that it belongs to not: that one may be freed while the sheet waits or is up (see
+/// One sheet, from beginSheet:... to its end. Retains its window and its delegate, but not its
+/// parent, which may be deallocated while the sheet is waiting or visible (see
 /// dismissWithoutParent). Main thread only.
 @interface Sheet : NSObject {
  @private
@@ -17,8 +17,8 @@
   BOOL _formerlyHidOnDeactivate;
 }
 
-/// parent nil: the sheet is a window of its own, in the middle of the screen. delegate nil or
-/// selector NULL: nobody is told of the end.
+/// parent nil: the sheet is a separate window in the centre of the screen. delegate nil or selector
+/// NULL: no message at the end.
 - (id)initWithWindow:(NSWindow *)window
               parent:(NSWindow *)parent
             delegate:(id)delegate
@@ -27,40 +27,39 @@
 
 - (NSWindow *)window;
 
-/// nil when there was none from the start or when it is gone.
+/// nil when there was none or when it has been deallocated.
 - (NSWindow *)parent;
 
 - (BOOL)isWaiting;
 - (BOOL)isUp;
 
-/// Ended, and its delegate is being told.
+/// Ended, and its delegate is being sent the message.
 - (BOOL)isEnding;
 
-/// Attaches the sheet to its parent and puts it on the screen; while the application is hidden,
-/// showAgain does the latter. Only for a waiting sheet.
+/// Attaches the sheet to its parent and orders it in; while the application is hidden, showAgain
+/// does the latter. Only for a waiting sheet.
 - (void)show;
 
-/// Puts the attached sheet on the screen in its place once more.
+/// Orders the attached sheet in again, in its place.
 - (void)showAgain;
 
-/// Puts the sheet under its parent's title bar, in the middle, where it is.
+/// Moves the sheet below its parent's title bar, centred.
 - (void)followParent;
 
-/// Brings the sheet in front of its parent and gives it the keyboard; the application becomes the
-/// active one.
+/// Orders the sheet in front of its parent and makes it key; activates the application.
 - (void)takeFocus;
 
-/// Detaches the sheet, which stays on the screen for now, and hands the keyboard back to its
-/// parent. Only for a sheet that is up or waits.
+/// Detaches the sheet, which stays visible for now, and makes its parent key. Only for a visible or
+/// waiting sheet.
 - (void)end;
 
-/// Sends the delegate the selector that it named, if it has it.
+/// Sends the delegate its didEndSelector, if it implements it.
 - (void)tellDelegateReturnCode:(NSInteger)code;
 
-/// Takes the sheet off the screen and makes its window what it was before. Harmless in every state.
+/// Orders the sheet out and restores its window. Allowed in every state.
 - (void)dismiss;
 
-/// As dismiss, when the parent is being freed: does not touch it any more.
+/// As dismiss, without sending the parent a message, while that is being deallocated.
 - (void)dismissWithoutParent;
 
 @end

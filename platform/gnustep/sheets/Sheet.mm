@@ -9,20 +9,21 @@
 
 namespace {
 
-/// Where a sheet of that size lies: its upper edge at the lower edge of the parent's title bar.
+/// The origin of a sheet of that size: its upper edge is at the lower edge of the parent's title
+/// bar.
 NSPoint placeUnder(NSWindow *parent, NSSize size) {
   const NSRect content = [parent contentRectForFrameRect:[parent frame]];
   return NSMakePoint(std::floor(NSMidX(content) - size.width / 2), NSMaxY(content) - size.height);
 }
 
-/// How far the span from low to high must be moved to lie within the bounds; when it is too long
-/// for them, its low end wins, where a sheet has its buttons.
+/// How far the span from low to high must be moved to lie within the bounds. When it is too long,
+/// its low end is inside, where a sheet has its buttons.
 CGFloat shiftInto(CGFloat low, CGFloat high, CGFloat lowest, CGFloat highest) {
   if (low < lowest || high - low > highest - lowest) return lowest - low;
   return std::min<CGFloat>(0, highest - high);
 }
 
-/// A sheet that would hang over the edge of the screen pulls its parent with it, as on the Mac.
+/// Moves the parent so that the sheet lies on the screen, as on the Mac.
 void makeRoomUnder(NSWindow *parent, NSSize size) {
   const NSRect screen = [([parent screen] ?: [NSScreen mainScreen]) visibleFrame];
   const NSPoint place = placeUnder(parent, size);
@@ -99,9 +100,9 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   } else if (![_window isVisible]) {
     [_window center];
   }
-  // A panel would leave the screen when the user turns to another application; a sheet stays.
+  // A panel would be hidden when the application is deactivated; a sheet is not.
   [_window setHidesOnDeactivate:NO];
-  // Tells the window manager that the parent waits for this window and that it is none of its own.
+  // Makes the window manager treat this window as a dialog of the parent.
   [_window setLevel:NSModalPanelWindowLevel];
   if (![NSApp isHidden]) [self showAgain];
 }
@@ -116,9 +117,9 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   makeRoomUnder(_parent, [_window frame].size);
   [self followParent];
   [_window orderInAsSheet];
-  // Not the keyboard of another application's window.
+  // Does not take the keyboard from another application.
   if ([NSApp isActive] || [_parent isKeyWindow]) [_window makeKeyWindow];
-  // Window managers choose a place of their own for a window that appears.
+  // Window managers place a window when it is mapped.
   [self followParent];
   [_window display];
 }
@@ -133,8 +134,8 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   if (![NSApp isActive]) [NSApp activateIgnoringOtherApps:YES];
   [_window orderInAsSheet];
   [_window makeKeyWindow];
-  // The sheet may count as the key window already and not have the window server's focus, when the
-  // user has clicked on its parent's title bar.
+  // After a click on its parent's title bar the sheet may be the key window without having the
+  // focus of the window server.
   [GSServerForWindow(_window) setinputfocus:static_cast<int>([_window windowNumber])];
 }
 
@@ -147,8 +148,8 @@ void makeRoomUnder(NSWindow *parent, NSSize size) {
   [self detach];
 }
 
-/// Also gives the keyboard back, before the sheet leaves the screen and the platform looks for a
-/// key window of its own choice.
+/// Also makes the parent key, before the sheet is ordered out and the platform chooses a key
+/// window.
 - (void)detach {
   [_parent attachSheet:nil];
   if ([_window isKeyWindow] && [_parent isVisible]) [_parent makeKeyWindow];

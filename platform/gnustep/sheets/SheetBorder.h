@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-/// The thin line round a window that has no title bar. Lies above the window's contents, lets every
-/// click through.
+/// The line round a window without a title bar. Lies above the window's contents and ignores
+/// clicks.
 @interface SheetBorder : NSView
 @end

@@ -1,34 +1,34 @@
 #import <AppKit/AppKit.h>
 
-/// All sheets of the application: which are up, and which wait because their window has one
-/// already. Main thread only.
+/// All sheets of the application: the visible ones, and those that wait because their parent has a
+/// sheet already. Main thread only.
 ///
-/// A window that is closed or freed takes its sheets with it, the waiting ones too: they leave the
-/// screen and are released, and their delegates hear nothing, because there is nothing left to
-/// decide. Ending such a sheet later does nothing.
+/// When a window is closed or deallocated, its sheets, also the waiting ones, are ordered out and
+/// released without a message to their delegates, because there is nothing left to decide. Ending
+/// such a sheet later has no effect.
 @interface SheetQueue : NSObject {
  @private
   NSMutableArray *_sheets;
 }
 
-/// See -[NSApplication beginSheet:modalForWindow:modalDelegate:didEndSelector:contextInfo:]. Does
-/// nothing when window is nil or a sheet already, or when it would end up above itself.
+/// See -[NSApplication beginSheet:modalForWindow:modalDelegate:didEndSelector:contextInfo:]. No
+/// effect when window is nil or a sheet already, or when parent is the window itself or one of its
+/// sheets.
 - (void)beginSheet:(NSWindow *)window
     modalForWindow:(NSWindow *)parent
      modalDelegate:(id)delegate
     didEndSelector:(SEL)selector
        contextInfo:(void *)contextInfo;
 
-/// Ends the sheet, waiting or up, tells its delegate, and takes it off the screen where the
-/// delegate has not done so. What is attached to it in turn is dropped. Does nothing for any other
-/// window.
+/// Ends a visible or waiting sheet, sends its delegate the message, and orders it out if the
+/// delegate has not done so. Sheets of the sheet are dropped. No effect for any other window.
 - (void)endSheet:(NSWindow *)window returnCode:(NSInteger)code;
 
-/// What is to be delivered instead of the event, nil for nothing: a window with a sheet gets no
-/// clicks, what is typed there goes to the sheet, and its close button is dead.
+/// The event to send instead, nil for none: a window with a sheet gets no clicks, its keys go to
+/// the sheet, and its close button has no effect.
 - (NSEvent *)eventToDeliver:(NSEvent *)event;
 
-/// To be called when a window is being freed.
+/// To be called from the dealloc of a window.
 - (void)windowWillDealloc:(NSWindow *)window;
 
 @end

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A sheet can have a sheet: the one in front, nil when the window has none.
+/// The frontmost of the window's sheets, because a sheet can have one; nil for none.
 NSWindow *frontSheet(NSWindow *window) {
   NSWindow *sheet = [window attachedSheet];
   while ([sheet attachedSheet] != nil) sheet = [sheet attachedSheet];
@@ -56,7 +56,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   [super dealloc];
 }
 
-/// For every window: an observation of one window would have to end with it.
+/// For all windows, because the observation of one window would have to be removed with it.
 - (void)observe:(NSString *)name with:(SEL)selector {
   [[NSNotificationCenter defaultCenter] addObserver:self selector:selector name:name object:nil];
 }
@@ -69,7 +69,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
     didEndSelector:(SEL)selector
        contextInfo:(void *)contextInfo {
   Sheet *const former = [self sheetOfWindow:window];
-  // Begun again by the delegate that is just being told of the end.
+  // Begun again by its delegate in the did-end message.
   if ([former isEnding]) {
     [self finish:former];
   } else if (former != nil) {
@@ -86,7 +86,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 }
 
 - (void)endSheet:(NSWindow *)window returnCode:(NSInteger)code {
-  // The delegate may do anything, and end the queue's own hold of the sheet with it.
+  // The delegate may remove the sheet from the queue.
   Sheet *const sheet = [[[self sheetOfWindow:window] retain] autorelease];
   if (sheet == nil || [sheet isEnding]) return;
   [self dropSheetsOf:window];
@@ -95,8 +95,8 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   [self finish:sheet];
 }
 
-/// Shows the first sheet that waits for the parent, unless one is up, or has ended and is still to
-/// be seen because its delegate is at work. Sheets without a parent do not wait for each other.
+/// Shows the first waiting sheet of the parent, unless one is visible, also one that has ended and
+/// whose delegate has not returned. Sheets without a parent do not wait for each other.
 - (void)showNextSheetOf:(NSWindow *)parent {
   for (Sheet *sheet in [[_sheets copy] autorelease]) {
     if ([sheet parent] != parent) continue;
@@ -112,7 +112,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   }
 }
 
-/// Harmless when the sheet is finished already.
+/// No effect when the sheet is finished already.
 - (void)finish:(Sheet *)sheet {
   if ([_sheets indexOfObjectIdenticalTo:sheet] == NSNotFound) return;
   NSWindow *const parent = [sheet parent];
@@ -132,8 +132,8 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
 
 - (void)windowWillDealloc:(NSWindow *)window {
   NSArray *const sheets = [self sheetsOf:window];
-  // When a sheet leaves the screen the platform looks through the windows that are on it, and would
-  // retain and release this one.
+  // When a sheet is ordered out the platform retains and releases the visible windows, and this one
+  // is being deallocated.
   if ([sheets count] > 0) [window releaseBackendWindow];
   for (Sheet *sheet in sheets) {
     [self dropSheetsOf:[sheet window]];
@@ -151,7 +151,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   return nil;
 }
 
-/// Those of nobody when parent is nil: none.
+/// Empty when parent is nil.
 - (NSArray *)sheetsOf:(NSWindow *)parent {
   NSMutableArray *const sheets = [NSMutableArray array];
   for (Sheet *sheet in _sheets) {
@@ -160,8 +160,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   return sheets;
 }
 
-/// Whether window is the other one, or the other one is a sheet of window, of its sheets, and so
-/// on.
+/// Whether both are the same, or other is a sheet of window, or of one of its sheets, and so on.
 - (BOOL)isWindow:(NSWindow *)window sameAsOrAncestorOf:(NSWindow *)other {
   while (other != nil && other != window) other = [[self sheetOfWindow:other] parent];
   return other != nil;
@@ -200,14 +199,13 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   }
 }
 
-/// Whether what the window server says of a window with a sheet has been dealt with here.
+/// Handles an event of the window server for a window with a sheet; NO when it is not handled here.
 - (BOOL)handlesWindowServerEvent:(NSEvent *)event
                        forWindow:(NSWindow *)window
                       frontSheet:(NSWindow *)front {
   if ([event subtype] == GSAppKitWindowClose) return YES;
   if ([event subtype] != GSAppKitWindowFocusIn) return NO;
-  // The window was brought back from its icon, or is none of a modal session's business: both are
-  // the window's own affair.
+  // Not for a window that is deminiaturized or during a modal session.
   if ([window isMiniaturized] || [NSApp modalWindow] != nil) return NO;
   [[self sheetOfWindow:front] takeFocus];
   return YES;
@@ -232,7 +230,7 @@ NSEvent *keyEventFor(NSWindow *window, NSEvent *event) {
   }
 }
 
-/// The platform has ordered the key window in.
+/// The platform has ordered the key window in, which resets this.
 - (void)applicationDidBecomeActive:(NSNotification *)notification {
   (void)notification;
   for (Sheet *sheet in _sheets) [[sheet window] acceptCloseRequests];

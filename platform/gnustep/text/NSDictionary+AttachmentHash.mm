@@ -4,11 +4,10 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// The platform keeps the attributes of all texts in one hash table, in which each set of attributes
-// is there once, and takes the number of attributes for a hash. So all texts with a picture, or a
-// token of a token field, come to lie in one bucket: each is compared with all others whenever a
-// text is put together, changed or freed, and a list of 5,000 tokens takes seconds. Here a set of
-// attributes with an attachment has the attachment's hash: equal ones have the same attachment.
+// The platform stores the attribute dictionaries of all texts in one hash table, and the hash of a
+// dictionary is its count. So those with an attachment, as each token of a token field has, fall
+// into one bucket and are compared with each other whenever a text is created, changed or
+// deallocated: a list of 5,000 tokens takes seconds. Here the hash of the attachment is added.
 
 @interface NSDictionary (AttachmentHash)
 @end
@@ -25,12 +24,12 @@ NSUInteger hashOf(id attributes, SEL selector) {
 @implementation NSDictionary (AttachmentHash)
 
 + (void)load {
-  // Each by itself, because replacing a method does not reach all subclasses. Of those that are not
-  // among them, none is used for attributes.
+  // Each of the classes that are used for attributes, because they do not all inherit the method:
+  // some copy it from another class.
   constexpr std::array kClasses = {"NSDictionary", "NSMutableDictionary", "GSDictionary",
                                    "GSMutableDictionary", "GSCachedDictionary"};
   for (const char *name : kClasses) {
-    // Initialised, because some take methods over from others then.
+    // By a message, because some classes copy methods from others in +initialize.
     Class const cls = [objc_getClass(name) class];
     platform::replaceMethod(cls, @selector(hash), reinterpret_cast<IMP>(hashOf));
   }

@@ -1,12 +1,12 @@
 #import <AppKit/AppKit.h>
 
-/// What the platform draws for a field that is not being edited.
+/// The text that the platform draws for a field that is not being edited.
 @interface NSTextFieldCell (Drawing)
 - (NSAttributedString *)_drawAttributedString;
 @end
 
-/// The platform shows a placeholder only in a field that was never given a text: to its taste the
-/// empty text is one, too.
+/// The platform shows a placeholder only in a field whose value was never set, even to an empty
+/// text.
 @implementation NSTextFieldCell (Placeholder)
 
 - (NSAttributedString *)drawnPlaceholder {

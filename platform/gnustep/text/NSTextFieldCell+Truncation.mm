@@ -2,8 +2,8 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// A text that is too long for a field which truncates at the end stops with an ellipsis on the Mac.
-// The platform does so for buttons only and cuts the texts of fields off in the middle of a letter.
+// On the Mac a field with NSLineBreakByTruncatingTail ends a long text with an ellipsis. The
+// platform does so for buttons only and clips the texts of fields.
 
 @interface NSCell (PlatformDrawing)
 - (NSAttributedString *)_drawAttributedString;
@@ -18,14 +18,14 @@ NSString *const kEllipsis = @"\u2026";
 NSAttributedString *beginningOf(NSAttributedString *text, NSUInteger length) {
   NSMutableAttributedString *const shorter = [[text mutableCopy] autorelease];
   const NSUInteger whole = [text length];
-  // Never half a character, and no accent without its letter.
+  // Composed character sequences are kept whole.
   const NSUInteger end =
       length == 0 ? 0 : [[text string] rangeOfComposedCharacterSequenceAtIndex:length].location;
   [shorter replaceCharactersInRange:NSMakeRange(end, whole - end) withString:kEllipsis];
   return shorter;
 }
 
-/// The longest beginning of the text, with an ellipsis, that is not wider than `width`.
+/// The longest prefix of the text that, with an ellipsis, is not wider than `width`.
 NSAttributedString *truncated(NSAttributedString *text, CGFloat width) {
   NSUInteger fits = 0;
   NSUInteger tooLong = [text length];

@@ -2,10 +2,10 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// The platform ends the blinking of a text view's caret when the view loses the keyboard, but not
-// if text is selected at that moment: the timer then goes on, and keeps the view, as long as the
-// application lives. So it ends itself where there is no caret. Setting the selection and getting
-// the keyboard start another one.
+// The platform stops the timer of the caret when a text view resigns first responder, but not if
+// text is selected then: the timer keeps firing, and retains the view, until the application exits.
+// So it stops itself when there is no caret. Setting the selection and becoming first responder
+// start another one.
 
 @interface NSTextView (PlatformCaret)
 - (void)_blink:(NSTimer *)timer;
@@ -29,9 +29,9 @@ constinit platform::ReplacedMethod<void(NSTimer *)> platformBlink;
 
 - (void)blinkWhileThereIsACaret:(NSTimer *)timer {
   const BOOL hasCaret = [self shouldDrawInsertionPoint] && [[self window] isVisible];
-  // A last time for a caret that is still to be seen.
+  // Once more for a caret that is still visible.
   if (hasCaret || _drawInsertionPointNow) platformBlink(self, _cmd, timer);
-  // May be the end of the view, which the timer has kept.
+  // May deallocate the view, which the timer has retained.
   if (!hasCaret) [self _stopInsertionTimer];
 }
 

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-// The platform's text views say from the beginning that an input method is at work in them: they
-// never set the range that it marks.
+// The platform's text views always claim to have marked text, because they never initialise the
+// range.
 //
 // Replacing the platform's own method is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"

@@ -2,17 +2,17 @@
 
 #import <AppKit/AppKit.h>
 
-/// Where the theme draws a button inside its frame, and what kind of button it is. Frames of push
-/// buttons on the Mac are larger than what is seen of them; these are the same distances.
+/// Where the theme draws a button inside its frame, and of which kind it is. As on the Mac, the
+/// frame of a push button is larger than the visible button.
 namespace theme {
 
 constexpr double kButtonRadius = 5;
 
-/// What is seen of the push or pop-up button of `cell` in `frame`; the frame itself for the square
-/// styles.
+/// The visible rectangle of the push or pop-up button of `cell` in `frame`; the frame itself for
+/// the square styles.
 NSRect visibleButtonRect(NSRect frame, NSCell *cell);
 
-/// What is seen of a pop-up button with that frame, wherever its frame is measured.
+/// The visible rectangle of a pop-up button with that frame, in the same coordinates.
 NSRect visiblePopUpRect(NSRect frame);
 
 /// Whether the Return key presses the button, which is then drawn in the accent colour.

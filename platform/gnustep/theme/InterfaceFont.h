@@ -1,7 +1,7 @@
 #pragma once
 
-/// Registers fonts for the interface as defaults, in the sizes of the Mac: the first family that
-/// is installed of a list of quiet sans-serif ones; and names installed fonts for the scripts that
-/// it lacks. Whatever the user set wins, and where none of them is installed the platform's own
-/// choice stays. To be called once, before the first font is asked for; main thread.
+/// Registers fonts for the interface as defaults, in the sizes of the Mac: the first installed
+/// family of a list of sans-serif ones, and installed fallback fonts for other scripts. The user's
+/// settings override them, and without an installed family the platform's fonts are used. To be
+/// called once, before the first font is created; main thread.
 void registerInterfaceFonts();

@@ -3,8 +3,8 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSFontInfo.h>
 
-/// Loads the platform's drawing backend, which knows the fonts. NSApplication does so too early
-/// in its own initialisation for us to come in between; a second call does nothing.
+/// Loads the platform's drawing backend, which lists the fonts. Called here because NSApplication
+/// uses fonts right after it; a second call has no effect.
 extern "C" BOOL initialize_gnustep_backend(void);
 
 namespace {
@@ -21,8 +21,8 @@ const Family kFamilies[] = {
     {@"DejaVuSans", @"DejaVuSans-Bold"},
 };
 
-/// Fonts that between them cover most scripts, in the order in which they are asked for a character
-/// that the interface's own font lacks.
+/// Fonts that together cover most scripts, in the order in which they are searched for a character
+/// that the interface's font lacks.
 NSArray *fallbackFonts() {
   return @[
     @"DejaVuSans", @"NotoSans-Regular", @"DroidSansFallback", @"DroidSansFallbackFull",
@@ -31,8 +31,8 @@ NSArray *fallbackFonts() {
   ];
 }
 
-/// The platform's own search for such a font ends with the name of a family where it needs that of
-/// a font, and draws question marks.
+/// The platform's own search answers the name of a family instead of a font, and question marks are
+/// drawn.
 void nameFallbackFonts(NSArray *installed) {
   if ([[NSFont preferredFontNames] count] > 0) return;
   NSMutableArray *const fallbacks = [NSMutableArray array];

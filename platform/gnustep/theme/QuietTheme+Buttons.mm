@@ -11,7 +11,7 @@ namespace theme {
 namespace {
 
 constexpr double kVisibleHeight = 22;
-/// At least this much of the frame above and below is left for the focus ring.
+/// The minimum space above and below for the focus ring.
 constexpr double kVisibleMargin = 2;
 /// Frames from this height on are push buttons as Interface Builder makes them.
 constexpr double kPushFrameHeight = 28;
@@ -36,7 +36,7 @@ bool isRounded(NSCell *cell) {
   }
 }
 
-/// The visible height in the middle of the frame, without the margin at its sides.
+/// The visible rectangle, vertically centred in the frame and inset by `side`.
 NSRect middleOf(NSRect frame, double side) {
   const double room = frame.size.height - 2 * kVisibleMargin;
   const double height = std::min(kVisibleHeight, std::max(room, 0.0));
@@ -66,7 +66,7 @@ void drawPlainButton(NSRect rect, double radius, bool isEnabled, bool isPressed,
     drawSurface(rect, radius, color(kSurfaceDisabled), color(kLineDisabled));
     return;
   }
-  // The lower edge a little darker than the others, as if the button stood out.
+  // A shadow at the lower edge.
   fillRounded(NSOffsetRect(rect, 0, isFlipped ? 0.5 : -0.5), radius, color(kLineShadow));
   drawSurface(rect, radius, color(isPressed ? kSurfacePressed : kSurface), color(kLine));
 }
@@ -108,7 +108,7 @@ bool isMarkableButton(NSCell *cell) {
 
 @implementation QuietTheme (Buttons)
 
-/// The platform would add a picture of the Return key.
+/// The platform would add an image of the Return key.
 - (void)setKeyEquivalent:(NSString *)key forButtonCell:(NSButtonCell *)cell {
   (void)key;
   (void)cell;
@@ -140,8 +140,7 @@ bool isMarkableButton(NSCell *cell) {
   const double height = isRounded ? 4 : 2;
   GSThemeMargins margins = {side, side, height, height};
   if (state == GSThemeSelectedState || state == GSThemeSelectedFirstResponderState) {
-    // The platform moves the title of a pressed button to the lower right by a point, as if it
-    // sank; a flat one stays where it is.
+    // Undoes that the platform moves the title of a pressed button to the lower right by a point.
     margins.left -= 1;
     margins.right += 1;
     margins.top -= 1;
@@ -153,7 +152,7 @@ bool isMarkableButton(NSCell *cell) {
 - (void)drawFocusFrame:(NSRect)frame view:(NSView *)view {
   NSCell *const cell =
       [view isKindOfClass:[NSControl class]] ? [static_cast<NSControl *>(view) cell] : nil;
-  // Their ring goes round the box instead of the label and is drawn with it.
+  // Their focus ring is round the box, not the label, and drawn with it.
   if (theme::isMarkableButton(cell)) return;
   if ([cell isKindOfClass:[NSButtonCell class]] && [cell isBordered]) {
     const NSRect rect = theme::visibleButtonRect([view bounds], cell);

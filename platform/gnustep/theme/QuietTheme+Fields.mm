@@ -12,14 +12,14 @@ bool isEdited(NSView *view) {
          [static_cast<NSTextField *>(view) currentEditor] != nil;
 }
 
-/// Whether what scrolls in the view has the keyboard.
+/// Whether the document view is the first responder.
 bool scrollsFirstResponder(NSScrollView *view) {
   id responder = [[view window] firstResponder];
   return [responder isKindOfClass:[NSTextView class]] && responder == [view documentView];
 }
 
-/// The line round a field, thicker and in the accent colour where the keyboard is. The ring cannot
-/// lie outside as on the Mac, because a view here cannot draw beyond its bounds.
+/// The border of a field, thicker and in the accent colour with the keyboard focus. A view here
+/// cannot draw a ring outside its bounds as on the Mac.
 void drawFieldLine(NSRect rect, bool hasFocus, bool isEnabled) {
   if (hasFocus) {
     theme::strokeRounded(rect, kFieldRadius, kFocusLineWidth, theme::color(theme::kAccent, 0.8));
@@ -29,7 +29,7 @@ void drawFieldLine(NSRect rect, bool hasFocus, bool isEnabled) {
   }
 }
 
-/// What is drawn next leaves out `hole`: the title of a box stands on its line.
+/// Excludes `hole` from drawing: the title of a box is on its border.
 void clipAround(NSRect hole, NSRect bounds) {
   NSBezierPath *const path = [NSBezierPath bezierPathWithRect:bounds];
   [path appendBezierPathWithRect:hole];
@@ -78,7 +78,7 @@ void clipAround(NSRect hole, NSRect bounds) {
   (void)rect;
   NSScrollView *const scrollView = static_cast<NSScrollView *>(view);
   const NSRect bounds = [view bounds];
-  // A scroller with nothing to scroll leaves its own edge as it is.
+  // A disabled scroller does not draw its own edge.
   [theme::color(theme::kSurface) set];
   if ([scrollView hasVerticalScroller]) NSRectFill([[scrollView verticalScroller] frame]);
   if ([scrollView hasHorizontalScroller]) NSRectFill([[scrollView horizontalScroller] frame]);

@@ -15,7 +15,7 @@ constexpr double kHighlightRadius = 4;
 /// From the visible edge of a pop-up button to its text, and from its text to the arrows.
 constexpr double kPopUpTextMargin = 9;
 constexpr double kPopUpArrowsWidth = 20;
-/// What the platform leaves left of an item for the lines of the menu and of the item.
+/// The platform's space left of an item for the borders of the menu and of the item.
 constexpr double kItemBorders = 2;
 
 NSDictionary *titleAttributes(NSCell *cell) {
@@ -31,8 +31,8 @@ NSRect popUpTextRect(NSRect visible) {
                     NSWidth(visible) - kPopUpTextMargin - kPopUpArrowsWidth, NSHeight(visible));
 }
 
-/// On the Mac the selected item is ticked. The platform makes the items without a tick, and marks
-/// the selected one only in menus from an interface file.
+/// On the Mac the selected item has a tick. The platform sets it only in menus from an interface
+/// file.
 void tickSelectedItem(NSMenu *menu, int selected) {
   NSImage *const tick = [NSImage imageNamed:@"NSMenuCheckmark"];
   int index = 0;
@@ -44,15 +44,15 @@ void tickSelectedItem(NSMenu *menu, int selected) {
   }
 }
 
-/// Gives the window of an open menu the height of its items, of which the platform takes all for as
-/// high as the button, and keeps it on the screen. `selected` is below zero for a menu that hangs
-/// from its button, else the item that lies over it.
+/// Resizes the window of an open menu to its items, for all of which the platform assumes the
+/// height of the button, and keeps it on the screen. `selected`: negative for a pull-down menu,
+/// else the item that lies over the button.
 void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   NSWindow *const window = [menuView window];
   const NSRect screen = [([window screen] ?: [NSScreen mainScreen]) visibleFrame];
   NSRect frame = [window frame];
   const double top = NSMaxY(frame);
-  // The first item of a menu that hangs from its button is the button's title and not shown.
+  // The first item of a pull-down menu is the title of the button and not shown.
   const NSRect first = [menuView rectOfItemAtIndex:selected < 0 ? 1 : 0];
   frame.size.height = NSMaxY(first) + 1;
   frame.origin.y = selected < 0 ? top - NSHeight(frame)
@@ -94,9 +94,9 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   return kSeparatorHeight;
 }
 
-/// The platform expects that a menu is popped up by a press of the mouse, and takes the release of
-/// the user's first click for the end of it. A press that a program has made up (it counts no
-/// clicks) has no end: that comes from here, so that the user's first click counts.
+/// The platform expects that a menu is popped up by a press of the mouse and ignores its release,
+/// which would be that of the user's first click if the program has created the press (its click
+/// count is 0). So this posts a release for such a press.
 - (void)rightMouseDisplay:(NSMenu *)menu forEvent:(NSEvent *)event {
   const bool waitsForEnd =
       NSInterfaceStyleForKey(@"NSMenuInterfaceStyle", nil) == NSWindows95InterfaceStyle;
@@ -133,7 +133,7 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
                                   isHorizontal:(BOOL)isHorizontal {
   (void)state;
   (void)isHorizontal;
-  // The menu has drawn the white behind all items, and its line round them.
+  // The menu has drawn the background and the border.
   if (![cell isHighlighted] || ![cell isEnabled]) return;
   const NSRect bounds = [view bounds];
   const NSRect row = NSMakeRect(NSMinX(bounds), NSMinY(frame), NSWidth(bounds), NSHeight(frame));
@@ -141,8 +141,8 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
                      theme::color(theme::kAccent));
 }
 
-/// The title of a pop-up button stands where the button's shape wants it, however wide the pictures
-/// of the menu's items are; all others where the menu lays them out.
+/// The title of a pop-up button has the margin of the button, whatever the width of the images in
+/// its menu; other titles are laid out by the menu.
 - (void)drawTitleForMenuItemCell:(NSMenuItemCell *)cell
                        withFrame:(NSRect)frame
                           inView:(NSView *)view
@@ -161,7 +161,7 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
                   NSLeftTextAlignment);
 }
 
-/// Opens the menu so that the selected title does not move: it lies over the button's own.
+/// Opens the menu with the selected title exactly over that of the button.
 - (void)displayPopUpMenu:(NSMenuView *)menuView
            withCellFrame:(NSRect)frame
        controlViewWindow:(NSWindow *)window

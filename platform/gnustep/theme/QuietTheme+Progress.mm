@@ -7,10 +7,10 @@
 namespace {
 
 constexpr int kSpokes = 8;
-/// From this radius on a spinning indicator counts as one of the regular size.
+/// The minimum radius of a spinning indicator of the regular size.
 constexpr double kRegularRadius = 12;
 constexpr double kBarHeight = 6;
-/// The moving piece of a bar without a value, and the steps of its way to and fro.
+/// The moving part of an indeterminate bar, and its steps in one direction.
 constexpr double kMovingPiece = 0.3;
 constexpr int kMovingSteps = 20;
 
@@ -27,7 +27,7 @@ void drawSpinner(NSRect bounds, int count) {
                                   middle.y + direction.y * radius * 0.5)];
     [path
         lineToPoint:NSMakePoint(middle.x + direction.x * radius, middle.y + direction.y * radius)];
-    // The darkest spoke is the one that the count has come to; those behind it fade.
+    // The spoke at the count is the darkest, and the others fade.
     const int age = ((count - spoke) % kSpokes + kSpokes) % kSpokes;
     [theme::color(theme::kText, 0.65 - 0.5 * age / (kSpokes - 1)) set];
     [path stroke];
@@ -61,7 +61,7 @@ void drawBar(NSRect bounds, double from, double to) {
                       atCount:(int)count
                      forValue:(double)value {
   (void)clip;
-  // The platform draws one that is not displayed when stopped all the same.
+  // The platform also draws an indicator that is not displayed when stopped.
   if ([indicator isHidden]) return;
   if ([indicator style] == NSProgressIndicatorSpinningStyle) {
     drawSpinner(bounds, count);

@@ -7,7 +7,7 @@ namespace {
 
 constexpr double kKnobThickness = 7;
 
-/// The middle of `rect` across the direction of scrolling.
+/// `rect` narrowed to the knob's thickness, across the direction of scrolling.
 NSRect narrowed(NSRect rect, bool isHorizontal) {
   const double width = isHorizontal ? NSHeight(rect) : NSWidth(rect);
   const double inset = std::max(0.0, (width - kKnobThickness) / 2);
@@ -37,7 +37,7 @@ NSRect narrowed(NSRect rect, bool isHorizontal) {
                  hitPart:(NSScrollerPart)part
             isHorizontal:(BOOL)isHorizontal {
   NSScroller *const scroller = static_cast<NSScroller *>(view);
-  // Otherwise the platform keeps room for them at the end of the knob's way.
+  // Otherwise the platform reserves space for them.
   [scroller setArrowsPosition:NSScrollerArrowsNone];
   [theme::color(theme::kSurface) set];
   NSRectFill(NSIntersectionRect([view bounds], rect));

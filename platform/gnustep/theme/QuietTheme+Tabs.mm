@@ -6,9 +6,8 @@
 
 namespace {
 
-// The distances of the Mac, so that what is laid out for it fits: from the frame of a tab view to
-// the row of segments, to the box whose upper edge runs through the middle of the row, and to the
-// contents.
+// The Mac's distances from the frame of a tab view to the row of segments, to the box, whose upper
+// edge is at the centre of the row, and to the contents.
 constexpr double kSegmentsTop = 5;
 constexpr double kSegmentsHeight = 24;
 constexpr double kSegmentsSide = 16;
@@ -21,7 +20,7 @@ constexpr double kContentBottom = 13;
 
 constexpr double kBoxRadius = 6;
 constexpr double kSegmentsRadius = 6;
-/// From the row's edge to the piece under the selected label.
+/// From the edge of the row to the background of the selected label.
 constexpr double kPieceInset = 2;
 constexpr double kPieceRadius = kSegmentsRadius - kPieceInset;
 
@@ -46,15 +45,14 @@ std::vector<NSRect> segmentRects(NSTabView *view, NSArray *items, NSDictionary *
   return rects;
 }
 
-/// Tells the item where it can be clicked. The platform itself does so only together with drawing
-/// the label its own way.
+/// Sets where the item can be clicked, which the platform does only when it draws the label itself.
 void setClickableRect(NSTabViewItem *item, NSRect rect) {
   Ivar const field = class_getInstanceVariable([NSTabViewItem class], "_rect");
   if (field == nullptr) return;
   *reinterpret_cast<NSRect *>(reinterpret_cast<char *>(item) + ivar_getOffset(field)) = rect;
 }
 
-/// A line between two segments neither of which is the selected one.
+/// A line between two segments that are not selected.
 void drawSeparator(NSRect left) {
   [theme::color(theme::kLine) set];
   NSRectFill(NSMakeRect(NSMaxX(left) - 1, NSMinY(left) + 6, 1, NSHeight(left) - 12));
@@ -107,7 +105,7 @@ bool hasSegments(NSTabViewType type) {
   const std::vector<NSRect> segments = segmentRects(tabView, items, attributes);
   const NSRect row = NSUnionRect(segments.front(), segments.back());
   if ([[view window] firstResponder] == view) theme::drawFocusRing(row, kSegmentsRadius);
-  // Opaque, because the upper edge of the box runs behind it.
+  // Opaque, because it covers the upper edge of the box.
   theme::drawSurface(row, kSegmentsRadius, theme::color(theme::kSegments),
                      theme::color(theme::kLine));
   const NSUInteger selectedIndex = [items indexOfObjectIdenticalTo:selected];

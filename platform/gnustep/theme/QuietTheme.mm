@@ -65,8 +65,8 @@ const NamedColor kThemeColors[] = {
     {@"windowBorderColor", theme::kLine},
 };
 
-/// Without a bundle: in one the platform would look for each picture under every name, folder and
-/// extension that a theme could have it in, for a good part of the time that a launch takes.
+/// Without a bundle, in which the platform would search for each image under many names, folders
+/// and extensions, which would take a good part of the launch.
 QuietTheme *sharedTheme() {
   static QuietTheme *const theme = [[QuietTheme alloc] initWithBundle:nil];
   return theme;
@@ -76,8 +76,8 @@ QuietTheme *sharedTheme() {
 
 @implementation QuietTheme
 
-/// The platform comes here whenever the user's choice of theme changes while the application runs,
-/// and would look for a bundle on the disk.
+/// Called when the default for the theme changes. The platform would search for a bundle on the
+/// disk.
 + (GSTheme *)loadThemeNamed:(NSString *)name {
   return [name isEqual:kThemeName] ? sharedTheme() : [super loadThemeNamed:name];
 }
@@ -86,14 +86,14 @@ QuietTheme *sharedTheme() {
   return kThemeName;
 }
 
-/// "GSThemeDomain" holds defaults that are in force while the theme is; the user's own settings
-/// go before them.
+/// "GSThemeDomain" holds defaults that apply while the theme is active; the user's own settings
+/// override them.
 - (NSDictionary *)infoDictionary {
   return @{
     @"GSThemeDomain" : @{
       @"NSScrollViewInterfaceStyle" : @"NSMacintoshInterfaceStyle",
       @"NSScrollerInterfaceStyle" : @"NSMacintoshInterfaceStyle",
-      // Menus in windows, which then stay away because the theme shows none there (see below).
+      // Menus in windows, where the theme shows none (see below).
       @"NSMenuInterfaceStyle" : @"NSWindows95InterfaceStyle",
       @"GSScrollerDefaultWidth" : @"12",
       @"GSScrollViewUseBottomCorner" : @"NO",
@@ -127,7 +127,7 @@ QuietTheme *sharedTheme() {
   return nil;
 }
 
-/// Nothing is drawn from pictures; without this the platform would look for them on the disk.
+/// Nothing is drawn from images; without this the platform would search for them on the disk.
 - (GSDrawTiles *)tilesNamed:(NSString *)name state:(GSThemeControlState)state {
   (void)name;
   (void)state;
@@ -162,7 +162,7 @@ void installQuietTheme() {
   if ([[defaults stringForKey:kThemeDefault] length] > 0) return;
   installThemeHooks();
   [QuietTheme setTheme:sharedTheme()];
-  // After that, because the platform would look for the theme on the disk. From now on the name is
-  // compared whenever a default changes, and another theme would come in without it.
+  // After setTheme:, because the platform would search for the theme on the disk. Whenever a
+  // default changes the platform compares the name, and would set another theme without this.
   [defaults registerDefaults:@{kThemeDefault : kThemeName}];
 }

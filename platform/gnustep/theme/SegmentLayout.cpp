@@ -14,7 +14,7 @@ double sum(const std::vector<double> &values) {
   return std::accumulate(values.begin(), values.end(), 0.0);
 }
 
-/// Cuts the widest values so far that all together are at most `available`.
+/// Reduces the widest values so that the sum is at most `available`.
 void cutWidest(std::vector<double> &widths, double available) {
   std::vector<double> sorted = widths;
   std::sort(sorted.begin(), sorted.end());
@@ -43,7 +43,7 @@ std::vector<Segment> segmentsForLabels(const std::vector<double> &labelWidths, d
   std::vector<Segment> segments;
   double x = std::max(0.0, std::floor((room - sum(widths)) / 2));
   for (const double width : widths) {
-    // Ends are rounded down one by one, so that the last one stays inside.
+    // Each end is rounded down, so that the last one stays inside.
     const double end = std::floor(x + width);
     segments.push_back({std::floor(x), end - std::floor(x)});
     x += width;

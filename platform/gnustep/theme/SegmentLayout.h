@@ -2,7 +2,7 @@
 
 #include <vector>
 
-/// A row of segments, as the tabs of a tab view.
+/// The layout of a row of segments, for the tabs of a tab view.
 namespace theme {
 
 struct Segment {
@@ -10,9 +10,9 @@ struct Segment {
   double width;
 };
 
-/// Places a segment for each label (its width in points), side by side in the middle of
-/// `available` points. Where there is too little room the space round the labels shrinks first,
-/// then the longest segments; they never reach beyond the room.
+/// Places a segment for each label (its width in points), side by side in the middle of `available`
+/// points. Where there is too little space, first the padding of the labels shrinks, then the
+/// longest segments; they never exceed it.
 std::vector<Segment> segmentsForLabels(const std::vector<double> &labelWidths, double available);
 
 /// The least space at each side of a label.

@@ -25,7 +25,7 @@ constexpr Rgb kTextDisabled = 0x9C9CA1;
 constexpr Rgb kLine = 0xC5C5C8;
 constexpr Rgb kLineDisabled = 0xD9D9DB;
 constexpr Rgb kLineFaint = 0xDFDFE1;
-/// The lower edge of what stands out of the window.
+/// The shadow at the lower edge of a button.
 constexpr Rgb kLineShadow = 0xB0B0B4;
 
 constexpr Rgb kBox = 0xE4E4E5;
@@ -39,7 +39,7 @@ constexpr Rgb kKnob = 0xC1C1C4;
 constexpr Rgb kKnobPressed = 0x8E8E93;
 constexpr Rgb kToolTip = 0xF7F7F7;
 
-/// How much of the accent the ring round what has the keyboard lets through.
+/// The alpha value of the focus ring.
 constexpr double kFocusRingAlpha = 0.5;
 
 }  // namespace theme

@@ -4,8 +4,8 @@
 
 #include "platform/gnustep/theme/ThemeColors.h"
 
-/// The strokes that all of the theme's parts are drawn with. They draw into the current graphics
-/// context, in points; main thread only.
+/// Drawing functions for the whole theme. They draw into the current graphics context, in points;
+/// main thread only.
 namespace theme {
 
 /// An autoreleased colour.
@@ -16,10 +16,10 @@ void fillRounded(NSRect rect, double radius, NSColor *color);
 /// A line that lies wholly inside `rect`.
 void strokeRounded(NSRect rect, double radius, double width, NSColor *color);
 
-/// A surface with a line round it, one point wide.
+/// A filled rectangle with a border of one point.
 void drawSurface(NSRect rect, double radius, NSColor *surface, NSColor *line);
 
-/// The ring round a shape that has the keyboard. It reaches two points beyond `rect`.
+/// The focus ring of a shape. It extends two points beyond `rect`.
 void drawFocusRing(NSRect rect, double radius);
 constexpr double kFocusRingReach = 2;
 
@@ -30,7 +30,7 @@ NSString *textCutTo(NSString *text, double width, NSDictionary *attributes);
 /// One line of text in the middle of the height of `rect`, cut to its width.
 void drawLine(NSString *text, NSRect rect, NSDictionary *attributes, NSTextAlignment alignment);
 
-/// `rect` with whole numbers for its origin and size, so that lines one point wide stay sharp.
+/// `rect` rounded to whole points, so that lines of one point are sharp.
 NSRect onPixels(NSRect rect);
 
 }  // namespace theme

@@ -12,7 +12,7 @@ constexpr double kFocusRingWidth = 3;
 constexpr unichar kEllipsis = 0x2026;
 
 NSBezierPath *rounded(NSRect rect, double radius) {
-  // The platform draws arcs that do not meet for a radius of more than half a side.
+  // For a radius of more than half a side the platform's arcs are not connected.
   const double fitting =
       std::max(0.0, std::min({radius, rect.size.width / 2, rect.size.height / 2}));
   return [NSBezierPath bezierPathWithRoundedRect:rect xRadius:fitting yRadius:fitting];
@@ -60,7 +60,7 @@ NSString *textCutTo(NSString *text, double width, NSDictionary *attributes) {
   NSString *cut = ellipsis;
   while (fits + 1 < tooLong) {
     const NSUInteger tried = (fits + tooLong) / 2;
-    // Never through the middle of a composed character.
+    // Composed character sequences are kept whole.
     const NSUInteger end = [text rangeOfComposedCharacterSequenceAtIndex:tried].location;
     NSString *const candidate = [[text substringToIndex:end] stringByAppendingString:ellipsis];
     if ([candidate sizeWithAttributes:attributes].width <= width) {

@@ -12,7 +12,7 @@ constexpr double kBoxRadius = 3.5;
 constexpr double kTickWidth = 1.8;
 constexpr double kArrowWidth = 1.5;
 
-/// The box or circle in the middle of the room for its ring.
+/// The box or circle, centred in a rectangle with space for the focus ring.
 NSRect boxIn(NSRect rect) {
   return onPixels(
       NSMakeRect(NSMidX(rect) - kBoxSide / 2, NSMidY(rect) - kBoxSide / 2, kBoxSide, kBoxSide));

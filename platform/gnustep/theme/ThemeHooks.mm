@@ -44,7 +44,8 @@ GlyphState glyphState(NSButtonCell *cell, NSView *view) {
   return state;
 }
 
-/// The arrows of a pop-up button; the platform gives its titles as if they were its pictures.
+/// Draws the arrows of a pop-up button at its right edge, for which the platform passes the frame
+/// of the title.
 void drawPopUpArrows(NSPopUpButtonCell *cell, Glyph glyph, NSView *view) {
   constexpr double kArrowsSide = 16;
   constexpr double kArrowsMargin = 4;
@@ -61,7 +62,7 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
   const Glyph glyph = isOurs ? [static_cast<ThemeImage *>(image) glyph] : Glyph::None;
   const bool isArrow = glyph == Glyph::PopUpArrows || glyph == Glyph::PullDownArrow;
   if (isThemeActive() && [self isKindOfClass:[NSPopUpButtonCell class]]) {
-    // What is not the arrows is the selected item's tick, which belongs into the open menu.
+    // Other images are the tick of the selected item, which is only for the open menu.
     if (isArrow) drawPopUpArrows(self, glyph, view);
     return;
   }
@@ -69,7 +70,7 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
     platformDrawImage(self, selector, image, frame, view);
     return;
   }
-  // The platform gives the selected item of a pop-up menu the arrows of the button.
+  // The platform draws the arrows of the button in the selected item of its menu, too.
   if (isArrow && [self isKindOfClass:[NSMenuItemCell class]]) return;
   const NSSize size = [image size];
   const NSRect rect = theme::onPixels(NSMakeRect(
@@ -79,8 +80,8 @@ void drawImageOfButton(id self, SEL selector, NSImage *image, NSRect frame, NSVi
 
 #pragma mark - NSTextFieldCell
 
-/// A field with round corners shows what is behind it; drawn anew alone, it would keep traces of
-/// its former line there.
+/// A field with round corners is not opaque: drawn alone, it would leave traces of its former
+/// border there.
 BOOL isFieldOpaque(id self, SEL selector) {
   if (isThemeActive() && [self isBezeled]) return NO;
   return platformIsOpaque(self, selector);
@@ -88,14 +89,14 @@ BOOL isFieldOpaque(id self, SEL selector) {
 
 #pragma mark - NSTextView
 
-/// What shows by its line that the text view has the keyboard: the field that it edits for, or the
-/// scroll view that it lies in; nil for neither.
+/// The view whose border shows the keyboard focus of a text view: the field that it edits, or its
+/// scroll view; nil for neither.
 NSView *viewWithFocusLine(NSTextView *text) {
   id const field = [text isFieldEditor] ? (id)[text delegate] : nil;
   return [field isKindOfClass:[NSView class]] ? field : [text enclosingScrollView];
 }
 
-/// With what lies around it: a field shows its surroundings at its round corners.
+/// With the background, which is visible at the round corners of a field.
 void redrawFocusLine(NSView *view) {
   [[view superview] setNeedsDisplayInRect:NSInsetRect([view frame], -1, -1)];
 }
@@ -107,15 +108,15 @@ BOOL becomeFirstResponder(id self, SEL selector) {
 }
 
 BOOL resignFirstResponder(id self, SEL selector) {
-  // Asked before, because a field editor has no delegate any more afterwards; redrawn after,
-  // because the platform draws the field anew in between, when it still has its editor.
+  // Before, because the field editor loses its delegate; redrawn afterwards, because the platform
+  // draws the field while it still has its editor.
   NSView *const view = [[viewWithFocusLine(self) retain] autorelease];
   const BOOL resigned = platformResignFirstResponder(self, selector);
   redrawFocusLine(view);
   return resigned;
 }
 
-/// A field that is left by Tab gives its editor back before that gives the keyboard back.
+/// At the Tab key a field removes its editor before that resigns first responder.
 void textDidEndEditing(id self, SEL selector, NSNotification *notification) {
   NSView *const field = [[static_cast<NSView *>(self) retain] autorelease];
   platformTextDidEndEditing(self, selector, notification);
@@ -127,7 +128,7 @@ void textDidEndEditing(id self, SEL selector, NSNotification *notification) {
 void drawToolTip(id self, SEL selector, NSRect rect) {
   platformDrawToolTip(self, selector, rect);
   if (!isThemeActive()) return;
-  // Over the platform's black frame.
+  // Covers the platform's black border.
   [theme::color(theme::kLine) set];
   NSFrameRect([self bounds]);
 }

@@ -4,7 +4,7 @@
 
 namespace theme {
 
-/// What the theme draws where the platform has a picture in a file.
+/// What the theme draws instead of an image file of the platform.
 enum class Glyph {
   None,
   CheckBox,
@@ -18,7 +18,7 @@ enum class Glyph {
   SubmenuArrow,
 };
 
-/// How a glyph is to look.
+/// The state in which a glyph is drawn.
 struct GlyphState {
   bool isEnabled = true;
   bool isPressed = false;
@@ -34,15 +34,14 @@ void drawGlyph(Glyph glyph, NSRect rect, const GlyphState &state, bool isFlipped
 
 }  // namespace theme
 
-/// The class of the platform's named pictures while the theme is active: those that the theme
-/// draws are drawn when they are needed, from no file and into no cache; all others are the
-/// platform's own.
+/// The class of the platform's named images while the theme is active: glyphs of the theme are
+/// drawn without a file or a cache, all others are the platform's.
 @interface ThemeImage : NSImage {
  @private
   theme::Glyph _glyph;
 }
 
-/// What is drawn; Glyph::None for a picture from a file.
+/// The glyph; Glyph::None for an image from a file.
 - (theme::Glyph)glyph;
 
 @end

@@ -13,8 +13,8 @@ struct NamedGlyph {
   NSSize size;
 };
 
-/// The platform's files, by their names without extension. A check box has room for the focus ring
-/// round it, so that its label begins where it does on the Mac.
+/// The platform's files, by their names without extension. The size of a check box includes its
+/// focus ring, so that its label begins where it does on the Mac.
 const NamedGlyph kGlyphs[] = {
     {@"common_SwitchOff", Glyph::CheckBox, {18, 18}},
     {@"common_SwitchOn", Glyph::CheckBoxOn, {18, 18}},
@@ -37,8 +37,8 @@ const NamedGlyph *glyphOfFile(NSString *path) {
 
 }  // namespace
 
-/// Draws a glyph straight into the destination. The platform would draw any other representation
-/// into a window of its own first, for each use.
+/// Draws a glyph directly into the destination. The platform draws other representations into a
+/// cache window first, for each use.
 @interface ThemeImageRep : NSImageRep {
  @private
   Glyph _glyph;

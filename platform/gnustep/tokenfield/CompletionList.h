@@ -3,7 +3,7 @@
 @class CompletionList;
 @class CompletionListView;
 
-/// Whoever shows a completion list.
+/// The owner of a completion list.
 @protocol CompletionListUser <NSObject>
 
 /// The user has clicked an item.
@@ -11,9 +11,9 @@
 
 @end
 
-/// A list of texts below a view, in a window that never takes the keyboard. It closes by itself
-/// when the view's window moves, is resized, loses the keyboard, gets a sheet, closes or is
-/// miniaturised, and when the application hides. Main thread only.
+/// A list of texts below a view, in a window that never becomes key. It closes when the view's
+/// window moves, is resized, resigns key, begins a sheet, closes or is miniaturised, and when the
+/// application is hidden. Main thread only.
 @interface CompletionList : NSObject {
  @private
   id<CompletionListUser> _user;
@@ -22,14 +22,14 @@
   NSView *_view;
 }
 
-/// How many rows are in sight at most; the rest is reached by scrolling.
+/// The maximum number of visible rows; the others are reached by scrolling.
 + (NSUInteger)visibleRows;
 
 /// user: not retained.
 - (id)initWithUser:(id<CompletionListUser>)user;
 
-/// Opens the list, or changes what an open one shows. items: strings, at least one; retained and
-/// read only where a row is in sight. selected: the highlighted row; -1 for none.
+/// Opens the list, or changes the items of an open one. items: strings, at least one; retained, and
+/// only visible ones are read. selected: the highlighted row; -1 for none.
 - (void)showItems:(NSArray *)items
          selected:(NSInteger)selected
              font:(NSFont *)font
@@ -41,7 +41,7 @@
 /// The highlighted text; nil when there is none.
 - (NSString *)selectedItem;
 
-/// Moves the highlight by rows, to the first or last one at most, and scrolls it into sight.
+/// Moves the highlight by rows, to the first or last one at most, and makes it visible.
 - (void)moveSelectionBy:(NSInteger)rows;
 
 @end

@@ -2,7 +2,7 @@
 
 #import "platform/gnustep/tokenfield/CompletionListView.h"
 
-/// Takes neither the keyboard nor the place of the window that it belongs to.
+/// Becomes neither the key nor the main window.
 @interface CompletionPanel : NSPanel
 @end
 
@@ -94,7 +94,7 @@ constexpr CGFloat kBorder = 1;
   [_panel displayIfNeeded];
 }
 
-/// Below the view, or above it where there is no room, and inside the screen.
+/// Below the view, or above it where it does not fit, and within the screen.
 - (NSRect)frameWithHeight:(CGFloat)height {
   const NSRect inWindow = [_view convertRect:[_view bounds] toView:nil];
   const NSPoint corner = [[_view window] convertBaseToScreen:inWindow.origin];
@@ -149,7 +149,7 @@ constexpr CGFloat kBorder = 1;
 - (void)moveSelectionBy:(NSInteger)rows {
   const NSInteger last = static_cast<NSInteger>([[_rows items] count]) - 1;
   const NSInteger current = [_rows selectedRow];
-  // Upwards from no selection there is nothing; downwards lies the first row.
+  // Without a selection, moving down selects the first row and moving up nothing.
   if (current < 0 && rows < 0) return;
   [_rows setSelectedRow:MAX(0, MIN(current + rows, last))];
   [_panel displayIfNeeded];

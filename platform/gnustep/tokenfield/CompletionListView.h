@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// The rows of a completion list. Draws those in sight. The mouse highlights the row below it and a
-/// click sends the action. Main thread only.
+/// The rows of a completion list. Draws the visible ones. The row under the mouse is highlighted
+/// and a click sends the action. Main thread only.
 @interface CompletionListView : NSView {
  @private
   NSArray *_items;
@@ -17,11 +17,11 @@
 /// target: not retained. action: sent with the view when the selected row has been clicked.
 - (void)setTarget:(id)target action:(SEL)action;
 
-/// items: retained. The view takes the height of all rows.
+/// items: retained. Sets the height of the view to that of all rows.
 - (void)setItems:(NSArray *)items font:(NSFont *)font;
 - (NSArray *)items;
 
-/// -1: none. Scrolls the row into sight.
+/// -1: none. Scrolls the row to visible.
 - (void)setSelectedRow:(NSInteger)row;
 - (NSInteger)selectedRow;
 

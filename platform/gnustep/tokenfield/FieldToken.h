@@ -15,9 +15,9 @@
   NSString *_displayString;
 }
 
-/// representedObject: what the token stands for, not nil. editingString: what the user typed or
-/// chose, and gets back to edit; nil takes the represented string. displayString: what the pill
-/// shows; nil takes the represented string.
+/// representedObject: not nil. editingString: the text that the user typed or chose and edits
+/// again; nil for the represented string. displayString: the text of the pill; nil for the
+/// represented string.
 + (FieldToken *)tokenWithRepresentedObject:(id)representedObject
                              editingString:(NSString *)editingString
                              displayString:(NSString *)displayString;
@@ -35,10 +35,10 @@
 /// The token at a character of a field's text; nil when there is none.
 FieldToken *tokenAt(NSAttributedString *text, NSUInteger index);
 
-/// Foundation's texts and sets as the rules of TokenList.h want them.
+/// Conversions between Foundation's types and those of TokenList.h.
 std::u16string utf16Of(NSString *string);
 NSString *stringOf(std::u16string_view text);
 NSRange rangeOf(tokens::Range range);
 
-/// Keeps no reference: for the duration of a call.
+/// Does not retain the set: for the duration of a call.
 tokens::IsTokenizing tokenizingOf(NSCharacterSet *set);

@@ -4,16 +4,16 @@
 @protocol NSTokenFieldDelegate <NSTextFieldDelegate>
 @optional
 
-/// What to offer for the text being typed; the index of the token that it would become. The item
-/// at *selectedIndex is highlighted at first; -1 for none, which is also what it is before the
-/// call. Asked once a change, on the main thread, when nothing else has been typed since. The list
-/// keeps the array and reads the rows in sight from it.
+/// The completions for the text being typed, which would become the token at tokenIndex. The item
+/// at *selectedIndex is highlighted at first; -1, its value before the call, for none. Called once
+/// for each change, on the main thread, when nothing else has been typed since. The array is
+/// retained and only its visible rows are read.
 - (NSArray *)tokenField:(NSTokenField *)tokenField
     completionsForSubstring:(NSString *)substring
                indexOfToken:(NSInteger)tokenIndex
         indexOfSelectedItem:(NSInteger *)selectedIndex;
 
-/// What a finished text stands for; nil: for itself.
+/// The represented object of a token; nil: the text itself.
 - (id)tokenField:(NSTokenField *)tokenField
     representedObjectForEditingString:(NSString *)editingString;
 
@@ -25,7 +25,7 @@
 - (NSString *)tokenField:(NSTokenField *)tokenField
     editingStringForRepresentedObject:(id)representedObject;
 
-/// Those of the objects that may become tokens.
+/// The objects that are accepted as tokens.
 - (NSArray *)tokenField:(NSTokenField *)tokenField
        shouldAddObjects:(NSArray *)tokens
                 atIndex:(NSUInteger)index;
@@ -37,7 +37,7 @@
 /// The field's cell (TokenFieldCell.h) has the values.
 @interface NSTokenField (Tokens)
 
-/// Makes the half-typed texts tokens. Called when editing ends.
+/// Makes tokens of the typed texts. Called when editing ends.
 - (void)finishTokens;
 
 @end

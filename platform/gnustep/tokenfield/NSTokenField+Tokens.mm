@@ -15,7 +15,7 @@ constexpr CGFloat kWheelPoints = 20;
 @implementation NSTokenField (Tokens)
 
 - (id)initWithFrame:(NSRect)frame {
-  // The platform's sends its cell two messages that only the cell's class understands.
+  // Not the platform's, which sends the cell two messages that only its class implements.
   return [super initWithFrame:frame];
 }
 
@@ -32,8 +32,8 @@ constexpr CGFloat kWheelPoints = 20;
   [super dealloc];
 }
 
-/// The platform tells a cell its field only when it draws it, but the delegate has a say in every
-/// token from the start.
+/// The platform sets the control view only when it draws the cell, but the field's delegate is
+/// asked for every token.
 - (void)setCell:(NSCell *)cell {
   if (cell != _cell && [_cell isKindOfClass:[TokenFieldCell class]]) {
     [self abortEditing];
@@ -44,7 +44,7 @@ constexpr CGFloat kWheelPoints = 20;
   [cell setControlView:self];
 }
 
-/// An interface file may give a text field this class, and then a text field's cell with it.
+/// An interface file may contain a token field with the cell of a text field.
 - (void)adoptLookOfCell:(NSTextFieldCell *)former {
   TokenFieldCell *const cell = [[[TokenFieldCell alloc] initTextCell:@""] autorelease];
   [cell setFont:[former font]];
@@ -99,7 +99,7 @@ constexpr CGFloat kWheelPoints = 20;
       sender == self && [event type] == NSLeftMouseDown &&
       NSPointInRect([self convertPoint:[event locationInWindow] fromView:nil], [self bounds]);
   _text_object = [_cell setUpFieldEditorAttributes:[[self tokenCell] fieldEditorForView:self]];
-  // A click puts the caret or selects a token by itself.
+  // A click sets the caret or selects a token itself.
   const NSUInteger selected = byClick ? 0 : [[[self tokenCell] tokenText] length];
   [_cell selectWithFrame:[self bounds]
                   inView:self

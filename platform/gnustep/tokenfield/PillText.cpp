@@ -24,7 +24,7 @@ std::u16string withoutControls(std::u16string_view text) {
 std::u16string joined(const std::u16string &text) {
   std::u16string result(text.size(), u'\0');
   UErrorCode status = U_ZERO_ERROR;
-  // At the same length, so that letters and their joined forms correspond one to one.
+  // With the same length, so that letters and their shaped forms correspond one to one.
   const std::int32_t length = u_shapeArabic(
       text.data(), static_cast<std::int32_t>(text.size()), result.data(),
       static_cast<std::int32_t>(result.size()),
@@ -35,7 +35,7 @@ std::u16string joined(const std::u16string &text) {
   return result;
 }
 
-/// Where each character, as a reader sees it, begins, and the end of the text.
+/// The beginnings of all composed characters, and the end of the text.
 std::vector<std::size_t> characterBoundaries(std::u16string_view text) {
   UErrorCode status = U_ZERO_ERROR;
   const std::unique_ptr<icu::BreakIterator> iterator(

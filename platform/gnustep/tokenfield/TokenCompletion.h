@@ -4,9 +4,9 @@
 
 @class TokenEditor;
 
-/// Completion of what is typed in a token editor: asks the field's delegate once for each change,
-/// shows its answer in a list below the field, and puts in what the user chooses. Never changes the
-/// text otherwise. Main thread only.
+/// Completes the text that is typed in a token editor: asks the field's delegate once for each
+/// change, shows the completions in a list below the field, and inserts the one that the user
+/// chooses. Main thread only.
 @interface TokenCompletion : NSObject <CompletionListUser> {
  @private
   TokenEditor *_editor;
@@ -17,19 +17,19 @@
 /// editor: the owner; not retained.
 - (id)initWithEditor:(TokenEditor *)editor;
 
-/// The editor goes away.
+/// To be called before the editor is deallocated.
 - (void)invalidate;
 
-/// Asks after the field's completion delay, unless another change or close comes first. While
-/// typed keys are waiting it waits, too: their answer is the one that counts.
+/// Asks after the field's completion delay, unless another change or close comes first, and after
+/// all key events in the queue, which change the text again.
 - (void)textChanged;
 
 /// Asks without delay.
 - (void)askNow;
 
-/// The keys that an open list takes: up and down, by rows and pages, Return, Tab, Escape. YES when
-/// the command is done with; Tab also goes on to the editor. A list that is not of the last change
-/// is brought up to date first.
+/// Handles the keys of an open list: up and down, by rows and pages, Return, Tab, Escape. YES when
+/// the command has been handled; Tab is also handled by the editor. Updates a list that is not for
+/// the last change first.
 - (BOOL)handleCommand:(SEL)command;
 
 - (void)close;

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// How soon to look again whether the waiting keys are done with.
+/// The interval at which to check whether the queued keys have been handled.
 constexpr NSTimeInterval kKeysWaitingSeconds = 0.01;
 
 struct ListKey {
@@ -13,7 +13,8 @@ struct ListKey {
   NSInteger rows;
 };
 
-/// Only the one that runs: in another the platform would keep each of these timers until that runs.
+/// Only the mode that is running: the platform would retain the timers in another one until that
+/// runs.
 NSString *runningMode() {
   return [NSApp modalWindow] == nil ? NSDefaultRunLoopMode : NSModalPanelRunLoopMode;
 }
@@ -84,7 +85,7 @@ BOOL keysAreWaiting() {
   [self cancelAsking];
   const NSRange fragment = [_editor fragmentRange];
   NSWindow *const window = [_editor window];
-  // The window may have been closed, and its delegate have ended, since the text changed.
+  // The window may have been closed, and its delegate deallocated, since the text changed.
   if (fragment.length == 0 || [window firstResponder] != _editor || ![window isVisible]) {
     [self close];
     return;
@@ -126,7 +127,7 @@ BOOL keysAreWaiting() {
   }
 }
 
-/// Whether there was one.
+/// Answers whether there was one.
 - (BOOL)chooseSelectedItem {
   NSString *const item = [_list selectedItem];
   if (item == nil) return NO;

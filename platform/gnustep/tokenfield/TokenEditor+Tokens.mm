@@ -17,8 +17,7 @@ NSString *const kListJoint = @", ";
 
 #pragma mark - Keys
 
-/// Selects the token on that side of the caret. NO when something is selected already, or when
-/// there is no token.
+/// Selects the token at the index. NO when the selection is not empty, or when there is no token.
 - (BOOL)selectTokenAtIndex:(NSUInteger)index {
   if ([self selectedRange].length > 0 || [self tokenAtIndex:index] == nil) return NO;
   [self setSelectedRange:NSMakeRange(index, 1)];
@@ -63,7 +62,7 @@ NSString *const kListJoint = @", ";
   return tokenIndexAtPoint([self layoutManager], [self containerPointForEvent:event]);
 }
 
-/// Where a caret put by this event belongs.
+/// The index of a caret that is set by this event.
 - (NSUInteger)caretIndexForEvent:(NSEvent *)event {
   if ([[self string] length] == 0) return 0;
   CGFloat fraction = 0;
@@ -89,7 +88,7 @@ NSString *const kListJoint = @", ";
     [super mouseDown:event];
     return;
   }
-  // The platform takes a click behind a token at the end for one on the token.
+  // The platform treats a click behind a token at the end as one on the token.
   [self setSelectedRange:NSMakeRange(caret, 0)];
   [self extendSelectionFrom:[self selectedRange]];
 }
@@ -106,7 +105,7 @@ NSString *const kListJoint = @", ";
   [self extendSelectionFrom:anchor];
 }
 
-/// While the button is down, the selection reaches from the anchor to the mouse.
+/// Extends the selection from the anchor to the mouse until the button is released.
 - (void)extendSelectionFrom:(NSRange)anchor {
   constexpr NSUInteger kMask = NSLeftMouseDraggedMask | NSLeftMouseUpMask;
   for (;;) {
@@ -135,7 +134,7 @@ NSString *const kListJoint = @", ";
   [self didChangeText];
 }
 
-/// The wheel moves a one-line field's text to the side: there is nothing below.
+/// The wheel scrolls a field of one line horizontally.
 - (void)scrollWheel:(NSEvent *)event {
   NSClipView *const clipView = static_cast<NSClipView *>([self superview]);
   if (![clipView isKindOfClass:[NSClipView class]]) return;
@@ -151,7 +150,7 @@ NSString *const kListJoint = @", ";
 - (NSString *)plainTextOfRange:(NSRange)range {
   NSAttributedString *const text = [[self textStorage] attributedSubstringFromRange:range];
   const std::u16string units = utf16Of([text string]);
-  // A list has tokens. Anything else is text, of which every character counts, white space as well.
+  // Text without tokens is copied unchanged, with its white space.
   if (tokens::tokensBefore(units, units.size()) == 0) return [text string];
   NSMutableArray *const parts = [NSMutableArray array];
   for (const tokens::Element &element :

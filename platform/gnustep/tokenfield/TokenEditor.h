@@ -3,8 +3,8 @@
 @class TokenCompletion;
 @class TokenFieldCell;
 
-/// The field editor of one token field. Finished tokens and typed text stand in its text side by
-/// side, so selecting, copying, undoing and scrolling treat them alike. Main thread only.
+/// The field editor of one token field. Its text contains finished tokens and typed text, so that
+/// selecting, copying, undoing and scrolling work for both. Main thread only.
 @interface TokenEditor : NSTextView {
  @private
   TokenFieldCell *_cell;
@@ -12,17 +12,17 @@
   NSUndoManager *_undoManager;
 }
 
-/// The cell that owns the editor; not retained. nil when the cell goes away.
+/// The cell that owns the editor; not retained. nil when the cell is deallocated.
 - (void)setCell:(TokenFieldCell *)cell;
 - (TokenFieldCell *)cell;
 
-/// Starts editing a text, at the place to which the field is scrolled.
+/// Begins editing a text, scrolled as the field is.
 - (void)beginWithText:(NSAttributedString *)text scrolledTo:(NSPoint)point;
 
-/// There are this many points for a token now.
+/// The maximum width of a token has changed, in points.
 - (void)tokenRoomChanged:(CGFloat)width;
 
-/// The half-typed texts become tokens, for good: not an undoable change, as editing ends.
+/// Makes tokens of the typed texts. Cannot be undone, because editing ends.
 - (void)finishFragments;
 
 /// The text being typed at the caret, without white space around it. Empty range: none.
@@ -37,14 +37,14 @@
 
 @end
 
-/// What the user does to tokens, in TokenEditor+Tokens.mm.
+/// Selecting, editing, copying and pasting tokens, in TokenEditor+Tokens.mm.
 @interface TokenEditor (Tokens)
 
 /// The text to put on a pasteboard for a range: its characters as they are, or, with tokens in it,
 /// the tokens' editing strings and the typed text, joined by ", ".
 - (NSString *)plainTextOfRange:(NSRange)range;
 
-/// Puts a text in: a list becomes tokens, anything else is typed text.
+/// Inserts a text: a list becomes tokens, anything else is typed text.
 - (void)insertPastedText:(NSString *)text;
 
 @end

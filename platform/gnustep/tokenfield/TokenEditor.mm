@@ -18,7 +18,7 @@ BOOL isReturn(unichar character) {
          character == NSNewlineCharacter;
 }
 
-/// A token's character, wherever the text comes from, would be taken for a token.
+/// A text may contain the character that stands for a token.
 NSString *withoutMarks(NSString *string) {
   const unichar mark = NSAttachmentCharacter;
   return [string stringByReplacingOccurrencesOfString:[NSString stringWithCharacters:&mark length:1]
@@ -37,8 +37,8 @@ NSString *withoutMarks(NSString *string) {
   [self setSmartInsertDeleteEnabled:NO];
   breakLinesBetweenTokens([self layoutManager]);
   _completion = [[TokenCompletion alloc] initWithEditor:self];
-  // Ending a field editor's work empties its undo manager, which must not be the window's: other
-  // text views undo with that.
+  // A separate undo manager, because the end of editing removes all its actions, and other text
+  // views use that of the window.
   _undoManager = [[NSUndoManager alloc] init];
   return self;
 }
@@ -71,7 +71,7 @@ NSString *withoutMarks(NSString *string) {
   [self fitTokens];
   [self setTypingAttributes:nil];
   [self sizeToFit];
-  // The cell puts it where the clip view lies in the field.
+  // The cell sets the origin to that of the clip view in the field.
   [self setFrameOrigin:NSZeroPoint];
   NSClipView *const clipView = static_cast<NSClipView *>([self superview]);
   if ([clipView isKindOfClass:[NSClipView class]]) {
@@ -90,7 +90,7 @@ NSString *withoutMarks(NSString *string) {
   return resigns;
 }
 
-/// Always the cell's: what is typed next to a token must not become an attachment as well.
+/// Always the cell's, because text that is typed next to a token must not get its attachment.
 - (void)setTypingAttributes:(NSDictionary *)attributes {
   [super setTypingAttributes:_cell == nil ? attributes : [_cell textAttributes]];
 }
@@ -121,7 +121,7 @@ NSString *withoutMarks(NSString *string) {
 
 - (void)drawRect:(NSRect)rect {
   [super drawRect:rect];
-  // Of the field: drawing a text view removes the tool tips of its own.
+  // Of the field, because drawing a text view removes its own tool tips.
   [_cell updateToolTipsOfView:[_cell controlView]];
 }
 
@@ -131,7 +131,7 @@ NSString *withoutMarks(NSString *string) {
   return tokenizingOf([_cell tokenizingCharacterSet]);
 }
 
-/// With the white space around it, which goes when the fragment becomes a token.
+/// With the white space around it, which is removed when the fragment becomes a token.
 - (NSRange)wholeFragmentRange {
   const std::u16string text = utf16Of([self string]);
   return rangeOf(tokens::fragmentAt(text, NSMaxRange([self selectedRange]), [self isTokenizing]));
@@ -158,7 +158,7 @@ NSString *withoutMarks(NSString *string) {
   [self replaceRange:range withText:[self textForStrings:strings atIndex:index]];
 }
 
-/// As the user's change: the delegate is asked and told, and it can be undone.
+/// As a change by the user: the delegate is asked and notified, and it can be undone.
 - (void)replaceRange:(NSRange)range withText:(NSAttributedString *)text {
   if (![self shouldChangeTextInRange:range replacementString:[text string]]) return;
   [[self textStorage] replaceCharactersInRange:range withAttributedString:text];
@@ -166,7 +166,7 @@ NSString *withoutMarks(NSString *string) {
   [self didChangeText];
 }
 
-/// Whether there was one.
+/// Answers whether there was one.
 - (BOOL)finishFragmentAtCaret {
   const NSRange fragment = [self fragmentRange];
   if (fragment.length == 0) return NO;
@@ -191,7 +191,7 @@ NSString *withoutMarks(NSString *string) {
   NSUInteger index = static_cast<NSUInteger>(std::count_if(
       elements.begin(), elements.end(),
       [](const tokens::Element &element) { return element.kind == tokens::Element::Kind::Token; }));
-  // From the end, so that the ranges in front stay right.
+  // From the end, so that the ranges in front stay valid.
   std::reverse(elements.begin(), elements.end());
   for (const tokens::Element &element : elements) {
     if (element.kind == tokens::Element::Kind::Token) --index;
@@ -220,8 +220,8 @@ NSString *withoutMarks(NSString *string) {
     if (i > start) [super insertText:[typed substringWithRange:NSMakeRange(start, i - start)]];
     start = i + 1;
     if ([self finishFragmentAtCaret]) continue;
-    // Nothing stands before it: it stays to be seen, and counts as an empty piece. Nobody types a
-    // line break to say that.
+    // Without a text before it a separator stays visible and ends an empty piece, but a line break
+    // is dropped.
     NSString *const separator = [typed substringWithRange:NSMakeRange(i, 1)];
     if (isTokenizing(character)) [super insertText:separator];
   }
@@ -259,7 +259,7 @@ NSString *withoutMarks(NSString *string) {
   [_completion askNow];
 }
 
-/// Return while there is something to finish, Escape while there is a list to close.
+/// Return while there is a fragment or a list, Escape while there is a list.
 - (BOOL)wantsKeyEquivalent:(NSEvent *)event {
   if (([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
   NSString *const characters = [event charactersIgnoringModifiers];

@@ -70,7 +70,7 @@
   for (id object in [delegate tokenField:[self tokenField]
                         shouldAddObjects:objects
                                  atIndex:index]) {
-    // An object that was offered keeps the text that it came from.
+    // An object that was offered keeps its token and its editing string.
     const auto known = offered.find(object);
     [accepted
         addObject:known == offered.end() ? [self tokenForRepresentedObject:object] : known->second];

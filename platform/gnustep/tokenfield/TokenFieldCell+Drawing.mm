@@ -21,7 +21,7 @@ constexpr CGFloat kSideMargin = 2;
   const NSRect inside = NSInsetRect([self drawingRectForBounds:bounds], kSideMargin, 0);
   const CGFloat line = [self lineHeight];
   const CGFloat above = [TokenPill spaceAbovePills];
-  // The first line's space above may lie on the border.
+  // The space above the first line may overlap the border.
   const CGFloat lines = MAX(1, floor((NSHeight(inside) + above) / line));
   const CGFloat rest = NSHeight(inside) - (lines * line - above);
   return NSMakeRect(NSMinX(inside), floor(NSMinY(inside) + rest / 2) - above, NSWidth(inside),

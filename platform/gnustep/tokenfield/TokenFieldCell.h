@@ -5,13 +5,13 @@
 @class TokenLayout;
 @class TokenToolTips;
 
-/// What every NSTokenFieldCell is here: the cell that holds a token field's tokens and whatever is
-/// typed between them, and lends the field an editor of its own.
+/// The class of every NSTokenFieldCell here. Holds the tokens of a token field and the text that is
+/// typed between them, and has a field editor of its own.
 ///
-/// Values. stringValue joins the tokens' represented strings and the typed rest with ",", in their
-/// order; an empty piece between two separators stays one, so a list set as "a,,b" or "a," is
-/// answered as it was set. objectValue is the array of the represented objects and typed rests.
-/// Setting a string, or nil, makes tokens of its pieces; setting an array makes one of each object.
+/// Values. stringValue joins the tokens' represented strings and the typed texts by ",", in their
+/// order; an empty piece between two separators is kept, so that a list set as "a,,b" or "a," is
+/// answered unchanged. objectValue is the array of the represented objects and typed texts. Setting
+/// a string, or nil, makes tokens of its pieces; setting an array makes a token of each object.
 @interface TokenFieldCell : NSTokenFieldCell {
  @private
   NSAttributedString *_tokenText;
@@ -30,10 +30,10 @@
 /// The cell's own editor, as macOS asks a cell for one. Made when first asked for.
 - (NSTextView *)fieldEditorForView:(NSView *)view;
 
-/// Whether that editor is at work in the field.
+/// Whether the field is being edited by that editor.
 - (BOOL)isBeingEdited;
 
-/// Takes what the editor holds, so that nothing typed is lost when the value is asked for.
+/// Takes the text of the editor, so that the value contains what has been typed.
 - (void)takeTextFromEditor;
 
 @end
@@ -41,24 +41,24 @@
 /// Drawing, in TokenFieldCell+Drawing.mm.
 @interface TokenFieldCell (Drawing)
 
-/// Where the text is, in the field's coordinates; its height is a whole number of lines.
+/// The rectangle of the text in the field's coordinates; its height is a whole number of lines.
 - (NSRect)titleRectForBounds:(NSRect)bounds;
 
-/// How typed text looks.
+/// The attributes of typed text.
 - (NSDictionary *)textAttributes;
 
-/// Tells the tokens how much room there is. The editor lays out again when it has changed.
+/// Sets the maximum width of tokens. The editor lays out again when it has changed.
 - (void)fitTokensInto:(NSRect)titleRect;
 - (void)forgetLayout;
 
-/// Shows another part of a text that is longer than the field, while nobody edits it. Positive:
-/// towards the end, in points.
+/// Scrolls a text that is longer than the field while it is not being edited. Positive: towards the
+/// end, in points.
 - (void)scrollBy:(CGFloat)distance inBounds:(NSRect)bounds;
 - (NSPoint)scrolled;
 
-/// Says each token's represented string where the token is in sight.
+/// Adds a tool tip with the represented string of each visible token.
 - (void)updateToolTipsOfView:(NSView *)view;
-/// When it is no longer the view's cell, or the view ends.
+/// To be called when the cell is replaced, or before the view is deallocated.
 - (void)removeToolTipsOfView:(NSView *)view;
 
 @end
@@ -66,11 +66,11 @@
 /// The delegate's part, in TokenFieldCell+Delegate.mm. The delegate is that of the cell's field.
 @interface TokenFieldCell (Delegate)
 
-/// The token for a typed or chosen text; the delegate says what it stands for.
+/// The token for a typed or chosen text, with the represented object that the delegate answers.
 - (FieldToken *)tokenForEditingString:(NSString *)string;
 - (FieldToken *)tokenForRepresentedObject:(id)object;
 
-/// Those that the delegate lets in at a place among the field's tokens.
+/// Those of the tokens that the delegate accepts at an index.
 - (NSArray *)acceptedTokens:(NSArray *)tokens atIndex:(NSUInteger)index;
 
 /// The delegate's completions; nil when it has none. selected: -1, unless the delegate changes it.
@@ -78,7 +78,7 @@
                         indexOfToken:(NSInteger)index
                             selected:(NSInteger *)selected;
 
-/// The tokens as text in the field's font, ready to be put into its text.
+/// The tokens as an attributed string in the field's font.
 - (NSAttributedString *)textWithTokens:(NSArray *)tokens;
 
 @end

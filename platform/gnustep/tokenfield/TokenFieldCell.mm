@@ -8,8 +8,7 @@ namespace {
 
 NSString *const kJoint = @",";
 
-/// The text for an empty piece: what its separator looks like when it stands by itself. Empty when
-/// the piece ended with its line.
+/// The separator that stands for an empty piece. Empty when the piece ended with a line break.
 NSString *separatorFor(const std::u16string &text, tokens::Range piece,
                        const tokens::IsTokenizing &isTokenizing) {
   if (isTokenizing(u',')) return kJoint;
@@ -21,8 +20,8 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 
 }  // namespace
 
-// Every token field's cell is ours, also one that an interface file or a copy of the field asks for
-// by the platform's name.
+// Every token field's cell is a TokenFieldCell, also in interface files and copies, which name the
+// platform's class.
 @implementation NSTokenFieldCell (Tokens)
 
 + (id)allocWithZone:(NSZone *)zone {
@@ -61,13 +60,13 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 
 - (id)copyWithZone:(NSZone *)zone {
   TokenFieldCell *const copy = [super copyWithZone:zone];
-  // The platform copies the bits only.
+  // The platform copies the pointers only.
   [copy->tokenizingCharacterSet retain];
   copy->_editor = nil;
   copy->_layout = nil;
   copy->_toolTips = nil;
   copy->_tokenText = nil;
-  // It may be meant for a field of another size.
+  // The copy may be for a field of another size.
   copy->_layoutSize = NSZeroSize;
   copy->_tokenRoom = 0;
   NSMutableArray *const tokens = [NSMutableArray array];
@@ -119,7 +118,7 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 
 #pragma mark - Values
 
-/// What the elements are worth, in order; an empty string for an empty piece.
+/// The values of the elements, in order; an empty string for an empty piece.
 - (NSArray *)values {
   NSView *const view = [self controlView];
   if ([view respondsToSelector:@selector(validateEditing)]) {
@@ -187,7 +186,7 @@ NSString *separatorFor(const std::u16string &text, tokens::Range piece,
 }
 
 - (void)setObjectValue:(id)object {
-  // What an interface file holds.
+  // From an interface file.
   if ([object isKindOfClass:[NSAttributedString class]]) object = [object string];
   if (object == nil || [object isKindOfClass:[NSString class]]) {
     [self setStringValue:object ?: @""];

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-/// A token field's text laid out to be looked at, while nobody edits it. Main thread only.
+/// The layout of a token field's text while it is not being edited. Main thread only.
 @interface TokenLayout : NSObject {
  @private
   NSTextStorage *_text;
@@ -13,7 +13,7 @@
 
 - (NSSize)size;
 
-/// Draws the lines that meet a rectangle. Both in the coordinates of the view that is drawn into.
+/// Draws the lines that intersect a rectangle. Both are in the coordinates of the focused view.
 - (void)drawAtPoint:(NSPoint)origin inRect:(NSRect)rect;
 
 - (NSLayoutManager *)layoutManager;
@@ -23,7 +23,7 @@
 /// Makes the layout manager break its lines between tokens.
 void breakLinesBetweenTokens(NSLayoutManager *layoutManager);
 
-/// Where the token of this character is, from the container's upper left corner.
+/// The rectangle of the token at this character, in the coordinates of the container.
 NSRect tokenRect(NSLayoutManager *layoutManager, NSUInteger index);
 
 /// The characters that are laid out in a rectangle of the container.

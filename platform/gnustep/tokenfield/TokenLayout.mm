@@ -57,8 +57,8 @@ void breakLinesBetweenTokens(NSLayoutManager *layoutManager) {
 }
 
 NSRect tokenRect(NSLayoutManager *layoutManager, NSUInteger index) {
-  // Lays out everything. Asked for a place in text that is not laid out yet, the platform complains
-  // and answers nothing.
+  // Lays out the whole text, because the platform logs an error for a location that is not laid
+  // out.
   [layoutManager glyphRangeForTextContainer:[[layoutManager textContainers] objectAtIndex:0]];
   const NSUInteger glyph = [layoutManager glyphRangeForCharacterRange:NSMakeRange(index, 1)
                                                  actualCharacterRange:NULL]

@@ -28,21 +28,21 @@ bool separates(char16_t character, const IsTokenizing &isTokenizing);
 /// `range` of `text` without the white space at both ends.
 Range trimmed(std::u16string_view text, Range range);
 
-/// A list as it is pasted or set, cut at every separator, each piece trimmed. Empty pieces are
+/// Splits a list that is pasted or set at every separator and trims the pieces. Empty pieces are
 /// included; a text without separators is one piece.
 std::vector<Range> pieces(std::u16string_view text, const IsTokenizing &isTokenizing);
 
-/// The run of plain text around `position`, up to the next token or separator on both sides. Empty
-/// when nothing is being typed there.
+/// The run of plain text around `position`, up to the next token or separator on both sides. May be
+/// empty.
 Range fragmentAt(std::u16string_view text, std::size_t position, const IsTokenizing &isTokenizing);
 
-/// What a field's text is worth.
+/// An element of a field's text.
 struct Element {
   enum class Kind {
     Token,
     /// Typed text that is not a token yet, trimmed.
     Fragment,
-    /// Nothing, ended by a separator: the second of two in a row.
+    /// An empty piece that is ended by a separator: the second of two in a row.
     Nothing,
   };
   Kind kind = Kind::Nothing;
@@ -53,7 +53,7 @@ struct Element {
 /// The elements of the text in their order. Blank text between two tokens is no element.
 std::vector<Element> elements(std::u16string_view text, const IsTokenizing &isTokenizing);
 
-/// How many tokens stand in front of `position`.
+/// The number of tokens in front of `position`.
 std::size_t tokensBefore(std::u16string_view text, std::size_t position);
 
 /// The part of "Name<address>" to show to the user: the name, trimmed. The whole text, trimmed,

@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// Draws one token: its display string on a rounded ground. Narrower than its text it shows the
-/// beginning and the end. Main thread only.
+/// Draws one token: its display string on a rounded background, truncated in the middle if it is
+/// too long. Main thread only.
 @interface TokenPill : NSTextAttachmentCell {
  @private
   CGFloat _maximumWidth;
@@ -16,13 +16,13 @@
 /// How many points of a line lie between its top and the pills.
 + (CGFloat)spaceAbovePills;
 
-/// The room for the whole pill in points. Laying out again is the caller's affair.
+/// The maximum width of the pill in points. The caller lays out again.
 - (void)setMaximumWidth:(CGFloat)width;
 
-/// Plain: the text with a comma, without a ground.
+/// Plain: the text with a comma, without a background.
 - (void)setPlain:(BOOL)isPlain;
 
-/// What is drawn: the display string, cut in the middle when it is too long, in screen order.
+/// The text that is drawn: the display string in visual order, truncated in the middle.
 - (NSString *)shownText;
 
 @end

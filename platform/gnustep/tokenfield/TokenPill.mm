@@ -88,8 +88,8 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
   const std::u16string text =
       utf16Of([[token displayString] precomposedStringWithCanonicalMapping]);
   const CGFloat room = _maximumWidth - [self margins];
-  // Measuring is what takes the time when a long list is pasted, so the usual case is measured
-  // once.
+  // Measured once in the usual case, because measuring takes most of the time when a long list is
+  // pasted.
   _shownText = [stringOf(pill_text::inScreenOrder(text)) retain];
   _shownWidth = [self widthOf:_shownText];
   if (_shownWidth <= room) return _shownText;
@@ -99,7 +99,7 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
       });
   [_shownText release];
   _shownText = [stringOf(pill_text::inScreenOrder(fitting)) retain];
-  // Kept, because every change of the field's text lays out all its tokens.
+  // Cached, because every change of the field's text lays out all its tokens.
   _shownWidth = [self widthOf:_shownText];
   return _shownText;
 }
@@ -110,7 +110,7 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
                     [TokenPill lineHeightForFont:[self font]]);
 }
 
-/// As deep as the letters of a line without tokens, so that the first token does not move them.
+/// The descent of a line without tokens, so that the first token does not move the text.
 - (NSPoint)cellBaselineOffset {
   return NSMakePoint(0, [[self font] descender]);
 }
@@ -126,7 +126,7 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
   NSTextView *const editor = [layoutManager firstTextView];
   const BOOL isSelected = editor != nil && NSLocationInRange(index, [editor selectedRange]);
   if (isSelected) {
-    // The editor has marked the whole rectangle as selected text.
+    // The editor has filled the whole rectangle with the colour of the selection.
     [[editor backgroundColor] set];
     NSRectFill(frame);
   }
@@ -150,7 +150,7 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
       [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, color(look.text),
                                                  NSForegroundColorAttributeName, nil];
   const NSSize size = [text sizeWithAttributes:attributes];
-  // The text view is flipped: down is larger.
+  // The text view is flipped.
   const NSPoint origin =
       NSMakePoint(NSMinX(ground) + kTextMargin, floor(NSMidY(ground) - size.height / 2));
   [text drawAtPoint:origin withAttributes:attributes];

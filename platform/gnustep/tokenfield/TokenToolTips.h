@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// The tool tips over a view's tokens: each says its token's represented string. The view's other
-/// tool tips stay. Main thread only.
+/// The tool tips of a view's tokens, with their represented strings. Other tool tips of the view
+/// are not changed. Main thread only.
 @interface TokenToolTips : NSObject {
  @private
   NSArray *_tokens;
@@ -9,16 +9,16 @@
   NSMutableArray *_tags;
 }
 
-/// Replaces the former ones when anything has changed.
-/// layoutManager: has laid out a text with FieldTokens. sight: what is seen of its container.
-/// origin: where the container's upper left corner is in the view.
+/// Replaces the tool tips if tokens or rectangles have changed. layoutManager: has laid out a text
+/// with FieldTokens. sight: the visible rectangle of its container. origin: of the container in the
+/// view.
 - (void)showTokensOf:(NSLayoutManager *)layoutManager
              inSight:(NSRect)sight
                   at:(NSPoint)origin
               ofView:(NSView *)view;
 
-/// Takes them all away: to be called before the view ends, because the platform forgets to give
-/// back every second one then. view: the one that they were shown over.
+/// Removes all tool tips. To be called before the view is deallocated, because the platform leaks
+/// every second one then. view: the same as before.
 - (void)removeFromView:(NSView *)view;
 
 @end

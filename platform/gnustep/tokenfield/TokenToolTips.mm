@@ -35,13 +35,13 @@
 }
 
 - (void)showTokens:(NSArray *)tokens inRects:(NSArray *)rects ofView:(NSView *)view {
-  // Unchanged ones must stay: replacing a tool tip takes it off the screen.
+  // Unchanged ones are kept, because replacing a tool tip hides it.
   if ([tokens isEqual:_tokens] && [rects isEqual:_rects]) return;
   for (NSNumber *tag in _tags) [view removeToolTip:[tag integerValue]];
   [_tags release];
   _tags = [[NSMutableArray alloc] init];
   for (NSUInteger i = 0; i < [tokens count]; ++i) {
-    // The owner of a tool tip may be its text.
+    // The owner of a tool tip may be a string, which is its text.
     NSString *const tip = [[tokens objectAtIndex:i] representedString];
     const NSToolTipTag tag = [view addToolTipRect:[[rects objectAtIndex:i] rectValue]
                                             owner:tip

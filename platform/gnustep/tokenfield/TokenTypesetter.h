@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSHorizontalTypesetter.h>
 
-/// Breaks lines between tokens, too. The platform's breaks them only at spaces, and otherwise
-/// within a word, although a finished token is a word of its own.
+/// Also breaks lines between tokens. The platform's typesetter breaks them at spaces, or within a
+/// word, and treats adjacent tokens as one word.
 @interface TokenTypesetter : GSHorizontalTypesetter
 @end

@@ -7,7 +7,7 @@
 
 @implementation TokenTypesetter
 
-/// glyph: the first one that has no room in the line. The answer is the first one of the next line.
+/// glyph: the first one that does not fit. Answers the first one of the next line.
 - (unsigned int)breakLineByWordWrappingBefore:(unsigned int)glyph {
   NSString *const text = [curTextStorage string];
   for (unsigned int i = glyph; i > cache_base; --i) {

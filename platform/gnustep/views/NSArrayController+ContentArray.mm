@@ -2,9 +2,8 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-/// An array controller whose content is bound to an array of another object removes from it through
-/// that object, so that the object knows; the platform's own takes things out of the array behind
-/// its back, and all that are equal to the one that is meant.
+/// An array controller whose content is bound to an array of a model removes objects through the
+/// model's accessor. The platform removes from the array directly, and all objects that are equal.
 @interface NSArrayController (ContentArray)
 @end
 

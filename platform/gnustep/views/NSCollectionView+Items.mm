@@ -4,9 +4,8 @@
 #import "platform/gnustep/runtime/DeallocHook.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// What the platform's collection view does to its items otherwise than the Mac's: it never ends
-// them, because each is bound to from its own view, and it forgets how small and how large they may
-// be.
+// The platform's collection view leaks its items, because bindings of an item's view retain the
+// item, and it resets the minimum and maximum size of items.
 
 @interface NSCollectionView (PlatformItems)
 - (void)_resetItemSize;
@@ -14,7 +13,7 @@
 @end
 
 @interface NSCollectionView (Items)
-/// To be done before item views are let go of.
+/// Removes the bindings of all item views. To be called before these are released.
 - (void)unbindItemViews;
 @end
 
@@ -23,15 +22,15 @@ namespace {
 constinit platform::ReplacedMethod<void()> platformRemoveItemsViews;
 constinit platform::ReplacedMethod<void()> platformResetItemSize;
 
-/// The size of an item while there is no prototype; it stands for none.
+/// The platform's size of an item without a prototype.
 constexpr NSSize kPlaceholderSize = {120, 100};
 
 bool isGiven(NSSize size) {
   return size.width > 0 && size.height > 0 && !NSEqualSizes(size, kPlaceholderSize);
 }
 
-/// Makes an item's view ready to go. A binding keeps what it is bound to: the view's keep the item,
-/// which keeps the view.
+/// Removes the bindings of a view and its subviews. A binding retains the object that it is bound
+/// to: those of the view retain the item, which retains the view.
 void unbindView(NSView *view) {
   if ([view isKindOfClass:[NSPopUpButton class]]) closeMenuOf(static_cast<NSPopUpButton *>(view));
   for (NSString *binding in [view exposedBindings]) {
@@ -42,7 +41,7 @@ void unbindView(NSView *view) {
 
 void unbindItems(id collection) {
   [collection unbindItemViews];
-  // What the prototype's controls are bound to is the prototype.
+  // The controls of the prototype are bound to the prototype.
   unbindView([[collection itemPrototype] view]);
 }
 
@@ -63,7 +62,7 @@ void unbindItems(id collection) {
   platformRemoveItemsViews(self, _cmd);
 }
 
-/// The sizes that were asked for stay; those that were not are the prototype's.
+/// Sizes that were set are kept; others are those of the prototype.
 - (void)resetItemSizesThatWereNotSet {
   const NSSize smallest = _minItemSize;
   const NSSize largest = _maxItemSize;
@@ -74,7 +73,7 @@ void unbindItems(id collection) {
 
 - (void)unbindItemViews {
   for (id item in _items) {
-    // Of an item that has not been in sight there is only a placeholder.
+    // An item that has not been visible is only a placeholder.
     if ([item respondsToSelector:@selector(view)]) unbindView([item view]);
   }
 }

@@ -3,9 +3,9 @@
 #import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/views/NSTabView+KeyLoop.h"
 
-// The controls in a collection view's items belong to the loop of the Tab key on the Mac: in the
-// order of the items, after the collection and before what follows its scroll view. The platform
-// makes items while it draws, and leaves them out.
+// On the Mac the controls in a collection view's items belong to the key view loop, in the order of
+// the items, after the collection view and before the next key view of its scroll view. The
+// platform creates items while it draws and does not add them.
 
 @interface NSCollectionView (Keyboard)
 @end
@@ -41,12 +41,12 @@ NSTabView *tabViewAround(NSView *view) {
   platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndLinkKeyViews:));
 }
 
-/// Only for selecting items.
+/// Only if items can be selected.
 - (BOOL)acceptsFirstResponder {
   return [self isSelectable];
 }
 
-/// Keys that a control in an item did not want come by: they are the window's, not the selection's.
+/// Keys that a control in an item has not handled are passed on, not used for the selection.
 - (void)selectItemsByKey:(NSEvent *)event {
   if ([[self window] firstResponder] == self) {
     platformKeyDown(self, _cmd, event);

@@ -3,8 +3,8 @@
 #import "platform/gnustep/interface-files/NSObject+Accessibility.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// A collection view makes its items by copying a prototype, and the platform copies by archiving,
-// which loses some of what a control is.
+// A collection view copies its items from a prototype. The platform copies by archiving, which
+// loses some attributes of controls.
 
 @interface NSCollectionViewItem (PlatformCopies)
 - (void)copyBindingsTo:(NSCollectionViewItem *)item from:(NSView *)view onto:(NSView *)newView;
@@ -22,15 +22,15 @@ namespace {
 constinit platform::ReplacedMethod<void(NSCollectionViewItem *, NSView *, NSView *)>
     platformCopyBindings;
 
-/// The names that are read to users who do not see the control.
+/// The accessibility description.
 void copyDescription(id element, id copy) {
   NSString *const attribute = NSAccessibilityDescriptionAttribute;
   id const description = [element accessibilityAttributeValue:attribute];
   if (description != nil) [copy accessibilitySetOverrideValue:description forAttribute:attribute];
 }
 
-/// An archived pop-up's items have lost the action by which a choice reaches what the pop-up is
-/// bound to, and have got a tick as a picture that the theme's own tick makes superfluous.
+/// The items of an archived pop-up have lost the action that updates the bindings of the pop-up,
+/// and have an image for the tick in addition to the theme's.
 void restoreItems(NSPopUpButton *popUp) {
   for (NSMenuItem *item in [popUp itemArray]) {
     [item setTarget:[popUp cell]];
@@ -48,7 +48,7 @@ void restoreItems(NSPopUpButton *popUp) {
                                @selector(copyBindingsAndAttributesTo:from:onto:));
 }
 
-/// Called for the view of a new copy and, by the platform's own method, for everything in it.
+/// Called for the view of a new copy and, by the former implementation, for all its subviews.
 - (void)copyBindingsAndAttributesTo:(NSCollectionViewItem *)item
                                from:(NSView *)view
                                onto:(NSView *)newView {

@@ -2,13 +2,13 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// An indicator that is animated has a timer only while it can be seen, as on the Mac. The
-// platform's has one, or a thread, from startAnimation: to stopAnimation:, and the timer keeps it:
-// one that was hidden or whose window was closed went on waking the processor twelve times a second
-// as long as the application lived.
+// An animated indicator has a timer only while it is visible, as on the Mac. The platform's has
+// one, or a thread, from startAnimation: to stopAnimation:, and the timer retains it: an indicator
+// that is hidden or whose window is closed would wake the processor twelve times a second until the
+// application exits.
 //
-// Whatever puts an indicator on the screen again (its window, its tab, setHidden:) draws it, and
-// drawing resumes the animation. The timer itself looks whether it is still needed.
+// Whatever makes an indicator visible again (its window, its tab, setHidden:) draws it, and drawing
+// resumes the animation. The timer stops itself when it is not needed.
 
 @interface NSProgressIndicator (Animation)
 - (void)resumeAnimation;
@@ -29,7 +29,7 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndResumeAnimation:));
 }
 
-/// A bar with a value has none.
+/// A determinate bar has none.
 - (BOOL)hasAnimation {
   return _isIndeterminate || _style == NSProgressIndicatorSpinningStyle;
 }
@@ -56,8 +56,8 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   [self suspendAnimation];
 }
 
-/// Also for a threaded animation: the platform's thread does no more than ask the main thread to
-/// draw, and could not be told to pause.
+/// Also for a threaded animation: the platform's thread only makes the main thread draw, and cannot
+/// be paused.
 - (void)resumeAnimation {
   if (_timer != nil) return;
   _timer = [[NSTimer scheduledTimerWithTimeInterval:_animationDelay
@@ -68,7 +68,7 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   [[NSRunLoop currentRunLoop] addTimer:_timer forMode:NSModalPanelRunLoopMode];
 }
 
-/// May be the end of the indicator, which the timer has kept.
+/// May deallocate the indicator, which the timer has retained.
 - (void)suspendAnimation {
   NSTimer *const timer = _timer;
   _timer = nil;
@@ -82,19 +82,19 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
     [self animate:nil];
     return;
   }
-  // To be drawn, and so to go on, when its window comes back.
+  // So that it is drawn, and resumes, when its window is visible again.
   [self setNeedsDisplay:YES];
   [self suspendAnimation];
 }
 
 - (void)drawRectAndResumeAnimation:(NSRect)rect {
   platformDrawRect(self, _cmd, rect);
-  // Whether it can be seen is up to the timer: a window that is being ordered in is drawn before it
-  // counts as visible.
+  // Not if it is visible: a window that is being ordered in is drawn before it counts as visible.
+  // The timer checks it.
   if (_isRunning && [self hasAnimation]) [self resumeAnimation];
 }
 
-/// At once: nothing but its timer may be left to keep it.
+/// At once, because the timer may be the last to retain it.
 - (void)viewWillMoveToWindow:(NSWindow *)window {
   [super viewWillMoveToWindow:window];
   if (window == nil) [self suspendAnimation];

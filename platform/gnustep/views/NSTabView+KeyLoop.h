@@ -2,12 +2,12 @@
 
 #import <AppKit/AppKit.h>
 
-/// A tab view in its window's loop of the Tab key: the row of tabs comes in front of the first and
-/// behind the last control of the tab that is shown. Main thread.
+/// A tab view in the key view loop of its window: the row of tabs comes before the first and after
+/// the last control of the selected tab. Main thread.
 @interface NSTabView (KeyLoop)
 
-/// To be called when the controls of the tab that is shown follow each other otherwise than before.
-/// Does nothing for a tab without a first control.
+/// To be called when the order of the controls in the selected tab has changed. No effect for a tab
+/// without an initial first responder.
 - (void)linkKeyViews;
 
 @end

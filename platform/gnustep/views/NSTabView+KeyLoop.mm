@@ -2,9 +2,9 @@
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
-// On the Mac a tab view is part of its window's loop of the Tab key, together with the controls of
-// the tab that is shown: the row of tabs comes in front of the first and behind the last of them.
-// The platform closes the controls' loop without the row, which no key reaches then.
+// On the Mac a tab view is part of the key view loop of its window, with the controls of the
+// selected tab after it. The platform links these controls in a loop of their own, from which the
+// row of tabs cannot be reached.
 
 @interface NSTabViewItem (KeyLoop)
 - (NSView *)lastKeyView;
@@ -12,7 +12,8 @@
 
 @implementation NSTabViewItem (KeyLoop)
 
-/// The last of the controls in the item's view that follow its first one; nil without a first one.
+/// The last of the item's controls in the loop that begins at its initial first responder; nil
+/// without that.
 - (NSView *)lastKeyView {
   NSMutableArray *const seen = [NSMutableArray array];
   NSView *next = [self initialFirstResponder];
@@ -39,7 +40,7 @@ constinit platform::ReplacedMethod<void(NSTabViewItem *)> platformSelectTabViewI
 }
 
 - (void)selectTabViewItemAndLinkKeyViews:(NSTabViewItem *)item {
-  // The controls of a tab that is not shown must not lead to the row, nor the row back to them.
+  // The controls of a tab that is not selected must not be linked with the row.
   NSTabViewItem *const former = [self selectedTabViewItem];
   NSView *const last = [former lastKeyView];
   if ([last nextKeyView] == self) [last setNextKeyView:[former initialFirstResponder]];
@@ -55,8 +56,9 @@ constinit platform::ReplacedMethod<void(NSTabViewItem *)> platformSelectTabViewI
   NSTabViewItem *const item = [self selectedTabViewItem];
   NSView *const last = [item lastKeyView];
   if (last == nil) return;
-  // By the method of all views, as the tab view's own gives what it is told to the last control.
-  // Anew each time: of several views that lead to the same one, Shift-Tab goes to the latest.
+  // By the method of NSView, because the tab view's sets the next key view of its last control.
+  // Reset each time, because of several views with the same next key view Shift-Tab selects the
+  // latest.
   views(self, setter, nil);
   views(self, setter, [item initialFirstResponder]);
   [last setNextKeyView:self];

@@ -1,6 +1,6 @@
 #import <AppKit/AppKit.h>
 
-/// Tabs by keyboard: the Tab key stops at the row of tabs, and the left and right arrow keys then
-/// choose the neighbouring tab. The platform's own tabs listen to the mouse only.
+/// Full keyboard access for tabs: the row of tabs is a key view, in which the left and right arrow
+/// keys select the neighbouring tab. The platform's tabs handle the mouse only.
 @interface NSTabView (Keyboard)
 @end

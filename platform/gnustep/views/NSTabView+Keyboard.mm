@@ -3,7 +3,7 @@
 @implementation NSTabView (Keyboard)
 
 - (BOOL)acceptsFirstResponder {
-  // A click on a tab or on the empty space among the contents leaves the keyboard where it is.
+  // A click on a tab or between the contents does not change the first responder.
   const NSEventType type = [[NSApp currentEvent] type];
   return type != NSLeftMouseDown && [[self tabViewItems] count] > 1;
 }
@@ -31,8 +31,8 @@
   }
 }
 
-/// Chooses the tab that is `step` further, if there is one, and keeps the keyboard at the tabs: the
-/// platform hands it to the contents of a chosen tab.
+/// Selects the tab `step` further, if there is one, and stays first responder, which the platform
+/// makes a control of the selected tab.
 - (void)selectNeighbour:(NSInteger)step {
   const NSInteger next = [self indexOfTabViewItem:[self selectedTabViewItem]] + step;
   if (next < 0 || next >= [self numberOfTabViewItems]) return;

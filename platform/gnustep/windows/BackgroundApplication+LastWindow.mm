@@ -1,8 +1,8 @@
 #import "platform/gnustep/windows/BackgroundApplication.h"
 
-/// With menus in windows, which is how the platform is told to show none on the screen, it quits an
-/// application with its last window unless the delegate objects. On the Mac an application goes on
-/// unless its delegate wants to quit.
+/// With menus in windows, the setting by which none is shown on the screen, the platform terminates
+/// an application with its last window unless the delegate says no. On the Mac the delegate has to
+/// say yes.
 @implementation BackgroundApplication (LastWindow)
 
 - (void)_lastWindowClosed {

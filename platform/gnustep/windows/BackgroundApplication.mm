@@ -28,18 +28,18 @@
 
 namespace {
 
-/// The platform vends every application under its name, and lets whoever runs as the same user send
-/// its delegate and itself any message, unless this default lists those that are allowed. On the
-/// Mac nobody can. The bundle's description may name exceptions under the same key.
+/// The platform vends every application under its name, and any process of the same user may send
+/// it and its delegate any message, unless this default lists the permitted ones. The Mac vends
+/// nothing. Info.plist may permit messages under the same key.
 NSString *const kPermittedMessages = @"GSPermittedMessages";
 
-/// Shorter than anybody notices.
+/// Too short to be noticed.
 constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
 constexpr int kPasteboardAttempts = 5;
 constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
 
-/// A flag that is set while this lives, also when an exception ends that.
+/// Sets a flag while in scope, also when an exception leaves the scope.
 class ScopedFlag {
  public:
   explicit ScopedFlag(BOOL &flag) : flag_(flag), former_(flag) { flag = YES; }
@@ -60,7 +60,7 @@ class ScopedFlag {
   const std::string program = [[[NSProcessInfo processInfo] processName] UTF8String];
   if (NSApp == nil) platform::endUnlessLaunchable(program);
   id const permitted = [[[NSBundle mainBundle] infoDictionary] objectForKey:kPermittedMessages];
-  // Before the platform first uses the defaults. The user's own settings still win.
+  // Before the platform first uses the defaults. The user's own settings override them.
   [[NSUserDefaults standardUserDefaults] registerDefaults:@{
     @"GSSuppressAppIcon" : @"YES",
     kPermittedMessages : permitted ?: [NSArray array]
@@ -68,7 +68,7 @@ class ScopedFlag {
   useOwnImageReadersOnly();
   installMacKeys();
   installQuietTheme();
-  // Left out of the build where the platform does it by itself.
+  // Not in the build where the platform does it itself.
   if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
     [NSUserDefaults adoptLanguagesOfUser];
   }
@@ -76,7 +76,7 @@ class ScopedFlag {
   @try {
     application = [super sharedApplication];
   } @catch (NSException *exception) {
-    // Nobody could handle it: without a display there is no application.
+    // It cannot be handled: without a display there is no application.
     if (![[exception name] isEqualToString:NSWindowServerCommunicationException]) @throw;
     platform::endLaunch(program, platform::LaunchFailure::NoPlaceToRun, platform::displayProblem());
   }
@@ -94,19 +94,18 @@ class ScopedFlag {
   [self performSelector:@selector(startPasteboardServer) withObject:nil afterDelay:0];
 }
 
-/// The platform would read these at the first click, and then ask the server of distributed
-/// notifications, which it may have to start, to tell it of changes. What comes from the mouse
-/// while it waits is put before that click: a control gets the press after the release, stays
-/// pressed and waits.
+/// The platform reads these at the first click and registers with the server of distributed
+/// notifications, which it may have to start. Mouse events that arrive meanwhile are queued before
+/// that click: a control gets the press after the release and tracks the mouse for ever.
 - (void)readMouseOptions {
   if ([GSCurrentServer() respondsToSelector:@selector(mouseOptionsChanged:)]) {
     [GSCurrentServer() mouseOptionsChanged:nil];
   }
 }
 
-/// On the Mac the pasteboard server always runs. Here the first use starts it, and whoever uses the
-/// pasteboard first waits for that: better nobody than the user. On a busy machine it may take
-/// longer than anybody waits for it.
+/// On the Mac the pasteboard server is always running. Here it is started by the first use, which
+/// blocks meanwhile, so it is started before the user needs it. On a busy machine a try may time
+/// out.
 - (void)startPasteboardServer {
   if ([NSPasteboard connectToServer] || ++_pasteboardAttempts == kPasteboardAttempts) return;
   [self performSelector:@selector(startPasteboardServer)
@@ -115,8 +114,7 @@ class ScopedFlag {
 }
 
 - (void)activateIgnoringOtherApps:(BOOL)ignoringOtherApps {
-  // The platform activates every application at its start, in the middle of what the user types
-  // elsewhere.
+  // The platform activates every application at launch, while the user may be typing elsewhere.
   if (!_isLaunching) [super activateIgnoringOtherApps:ignoringOtherApps];
 }
 
@@ -125,12 +123,12 @@ class ScopedFlag {
   if (_app_is_hidden) return;
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center postNotificationName:NSApplicationWillHideNotification object:self];
-  // First, because it notes which window has the keyboard.
+  // First, because it stores the key window.
   [self deactivate];
   for (NSWindow *window in [self windows]) {
     if (![window isVisible] || ![window canHide]) continue;
-    // One that is being closed is visible until its observers have been told, and must not come
-    // back with the others. Sheets are brought back by their queue, if they are still to be seen.
+    // A window that is being closed is visible until its observers have been notified, and must not
+    // be shown again with the others. Sheets are shown again by their queue.
     if (![window hasBeenClosed] && ![window isSheet]) [_hidden addObject:window];
     [window orderOut:self];
   }
@@ -181,7 +179,7 @@ class ScopedFlag {
   return _isSendingEvent;
 }
 
-/// The platform's word from a window's dealloc: nothing here may retain it.
+/// Called by the platform from a window's dealloc, so nothing here may retain it.
 - (void)_windowWillDealloc:(NSWindow *)window {
   [super _windowWillDealloc:window];
   [_sheetQueue windowWillDealloc:window];
@@ -189,9 +187,9 @@ class ScopedFlag {
 
 #pragma mark - Modal sessions
 
-/// The platform's modal loop looks at its state when an event arrives, and at its events when one
-/// of its run loop's sources wakes it. A session that a timer ends would go on until the user moves
-/// the mouse, so this sees to both.
+/// The platform's modal loop checks its state only after an event, and reads events only after an
+/// input of the run loop. A session that is stopped by a timer would go on until the user moves the
+/// mouse, so this posts an event and schedules an input.
 - (void)stopModalWithCode:(NSInteger)code {
   NSWindow *const window = [self modalWindow];
   [super stopModalWithCode:code];
@@ -206,7 +204,7 @@ class ScopedFlag {
                                         data1:0
                                         data2:0]
           atStart:NO];
-  // Also in the default mode, so that none is left over when the session has ended without it.
+  // Also in the default mode, so that none is left when the session has ended without it.
   [self performSelector:@selector(wake)
              withObject:nil
              afterDelay:kWakeAfterSeconds

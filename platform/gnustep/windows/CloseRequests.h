@@ -1,8 +1,8 @@
 #pragma once
 
-/// Tells the window manager that a window wants to be asked before it is closed. The platform says
-/// so for windows with a close button only, and a window manager that is told to close another one
-/// (by Alt+F4, which works for every window) ends the whole program instead.
+/// Adds WM_DELETE_WINDOW to the protocols of a window, so that the window manager sends a request
+/// to close it. The platform does so for windows with a close button only, and to close another one
+/// (by Alt+F4) the window manager kills the whole program.
 ///
-/// display, window: the X display connection and the window's number on it. May be repeated.
+/// display, window: a Display and the identifier of the window. May be repeated.
 void acceptCloseRequests(void *display, unsigned long window);

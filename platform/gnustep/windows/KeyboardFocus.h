@@ -1,9 +1,8 @@
 #pragma once
 
-/// Sees to it that the key window gets what the user types, on the X window system: without this a
-/// window that is opened soon after another one was closed may never have the keyboard, and only a
-/// click cures it.
+/// Gives the key window the keyboard focus on the X window system. Without this a window that is
+/// opened soon after another one was closed may not get it until the user clicks it.
 ///
-/// To be called on the main thread when the application object exists, which is when the window
-/// server is connected. Does nothing the second time, and nothing on another window server.
+/// To be called on the main thread once the application object exists, because the window server is
+/// connected then. No effect when called again or on another window server.
 void installKeyboardFocus();

@@ -18,7 +18,7 @@ namespace {
 constinit platform::ReplacedMethod<void(int)> platformSetInputFocus;
 constinit platform::ReplacedMethod<NSEvent *(XEvent, NSGraphicsContext *)> platformHandleTakeFocus;
 
-/// Whether the focus is being taken because the window manager has just offered it.
+/// Whether the focus is being set in reply to WM_TAKE_FOCUS.
 bool isOffered = false;
 
 class Offer {
@@ -33,11 +33,11 @@ bool isSendingEvent() {
   return [static_cast<BackgroundApplication *>(NSApp) isSendingEvent];
 }
 
-/// The server ignores a request for the focus that bears an earlier time than the latest change of
-/// the focus. The platform's requests bear the time of the latest event, for half a second. That is
-/// right where the event is why the focus is asked for: the user may have turned to another program
-/// since. Where another program or a timer makes a window key, it is the time of a key or click on
-/// another window, which may have been closed since, and with its end the focus has changed.
+/// The server ignores a request for the focus with an earlier timestamp than the latest change of
+/// the focus. The platform uses the timestamp of the latest event, for half a second. That is right
+/// while an event is being handled, because the user may have changed to another program since.
+/// When a request of another process or a timer makes a window key, it is the timestamp of a key or
+/// click on another window, which may have been closed since, and the focus has changed with that.
 void setInputFocus(id self, SEL selector, int window) {
   if (!isOffered && !isSendingEvent()) {
     [self setLastTime:serverTime([self serverDevice])];
@@ -50,14 +50,14 @@ bool isKeyWindow(GSDisplayServer *server, Window window) {
   return number != 0 && reinterpret_cast<Window>([server windowDevice:number]) == window;
 }
 
-/// The platform declines the first offer of the focus to a window that it has ordered in, because
-/// not every such window is to have the keyboard. To decline it for the key window leaves the
-/// window manager with nobody who has the focus, when the platform's own request came too early.
+/// The platform ignores the first WM_TAKE_FOCUS for a window that it has ordered in, because not
+/// every such window is to become key. For the key window no window has the focus then, if the
+/// platform's own request was ignored.
 NSEvent *handleTakeFocus(id self, SEL selector, XEvent event, NSGraphicsContext *context) {
   const Offer offer;
   NSEvent *const made = platformHandleTakeFocus(self, selector, event, context);
   if (made == nil && ![NSApp isHidden] && isKeyWindow(self, event.xclient.window)) {
-    // Does nothing where the platform has accepted the offer.
+    // No effect where the platform has set the focus.
     [self setinputfocus:static_cast<int>([[NSApp keyWindow] windowNumber])];
   }
   return made;

@@ -2,8 +2,8 @@
 
 @interface NSWindow (Closing)
 
-/// Whether the window has been closed and not been shown again since; already while it tells that
-/// it will close. Main thread only.
+/// Whether the window has been closed and not been shown again since; YES already in
+/// NSWindowWillCloseNotification. Main thread only.
 - (BOOL)hasBeenClosed;
 
 @end

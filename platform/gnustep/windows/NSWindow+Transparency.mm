@@ -17,9 +17,9 @@ void setHasShape(NSWindow *window, bool hasShape) {
 
 }  // namespace
 
-// A window of alpha value 0 is not seen, and clicks go through it. The platform leaves that to a
-// program that composes the screen; where none runs the window is opaque, and where one runs it
-// takes the clicks all the same.
+// A window with an alpha value of 0 is invisible and does not receive clicks. The platform leaves
+// that to a compositing manager: without one the window is opaque, and with one it still receives
+// clicks.
 @implementation NSWindow (Transparency)
 
 + (void)load {
@@ -30,7 +30,7 @@ void setHasShape(NSWindow *window, bool hasShape) {
   const bool wasSeen = [self alphaValue] > 0;
   platformSetAlphaValue(self, _cmd, alpha);
   const bool isSeen = alpha > 0;
-  // One that the window server does not know yet (it is deferred) has no shape to change.
+  // A deferred window does not exist on the window server yet.
   if (isSeen != wasSeen && [self windowNumber] > 0) setHasShape(self, isSeen);
 }
 

@@ -7,8 +7,7 @@ unsigned long serverTime(void *display) {
   auto *const connection = static_cast<Display *>(display);
   XSetWindowAttributes attributes = {};
   attributes.event_mask = PropertyChangeMask;
-  // The time is only told with events, and this one, unlike those of a window on the screen, is
-  // nobody else's.
+  // The server sends its time in events only, and no other code expects events of this window.
   const Window window = XCreateWindow(connection, DefaultRootWindow(connection), 0, 0, 1, 1, 0, 0,
                                       InputOnly, nullptr, CWEventMask, &attributes);
   XChangeProperty(connection, window, XA_WM_NAME, XA_STRING, 8, PropModeReplace, nullptr, 0);

@@ -2,8 +2,8 @@
 
 #include "platform/gnustep/workspace/ProcessTable.h"
 
-/// A running application, known by its process and its bundle. The platform's own class answers
-/// nothing to every question. Two of the same process and bundle are equal.
+/// A running application, identified by its process and its bundle. The methods of the platform's
+/// own class answer nil. Two of the same process and bundle are equal.
 @interface ApplicationProcess : NSRunningApplication {
  @private
   pid_t _processIdentifier;

@@ -4,8 +4,7 @@
 
 namespace {
 
-/// The identifier in a bundle's description, read once for each path: reading a description takes
-/// longer than everything else about a running application.
+/// The bundle identifier in Info.plist, cached by path, because reading it takes most of the time.
 NSString *identifierOfBundle(NSString *path) {
   static std::mutex mutex;
   static NSMutableDictionary *const identifiers = [[NSMutableDictionary alloc] init];

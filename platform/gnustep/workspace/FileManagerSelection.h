@@ -2,9 +2,10 @@
 
 #import <Foundation/Foundation.h>
 
-/// What is selected in GWorkspace, the file manager of this platform, in its order: full paths
-/// without a trailing slash, as it has them. nil when it is not running, refuses, breaks off, or
-/// has not answered when the time is over. Empty when nothing is selected.
+/// The selection of GWorkspace, the file manager of this platform, in its order: full paths without
+/// a trailing slash. nil when it is not running, fails, or has not replied in time. Empty when
+/// nothing is selected.
 ///
-/// seconds: for the whole exchange; more than 0. Autoreleased; blocks the calling thread.
+/// seconds: the time-out for the whole exchange; more than 0. Autoreleased; blocks the calling
+/// thread.
 NSArray *selectionOfFileManager(NSTimeInterval seconds);

@@ -2,18 +2,18 @@
 
 #include <algorithm>
 
-/// The part of the file manager's application that is asked of it.
+/// The method of the file manager's application that is called.
 @protocol FileManagerSelecting
 - (NSArray *)selectedPaths;
 @end
 
-/// And of the array that it answers with, which stays in its process.
+/// The method of the array that it returns, which is a proxy.
 @protocol RemotePaths
 - (NSString *)componentsJoinedByString:(NSString *)separator;
 @end
 
-// Only a protocol that a class of this program adopts is known at run time, as it must be to be set
-// on a proxy. Without it each message would take two more exchanges, to ask for its signature.
+// setProtocolForProxy: needs a protocol that a class of this program adopts. Without it each
+// message takes two more round trips, for its signature.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wprotocol"
 #pragma clang diagnostic ignored "-Wincomplete-implementation"
@@ -25,17 +25,17 @@
 
 namespace {
 
-/// An application of this platform answers under its process's name.
+/// The platform vends an application under the name of its process.
 NSString *const kFileManager = @"GWorkspace";
 
-/// Between two paths: two slashes in a row stand in no path of the file manager.
+/// Two slashes in a row do not occur in paths of the file manager.
 NSString *const kSeparator = @"\n//";
 
-/// Less would be taken for no time-out at all.
+/// Less would mean no time-out.
 constexpr NSTimeInterval kShortestWaitSeconds = 0.001;
 
-/// A connection of its own to the file manager, which ends with this object: one that was given up
-/// while it waited must not be used again.
+/// A separate connection to the file manager, which is invalidated with this object, because a
+/// connection must not be used again after a time-out.
 class Exchange {
  public:
   explicit Exchange(NSTimeInterval seconds)
@@ -63,14 +63,14 @@ class Exchange {
     if (![selection isProxy]) return nil;
     [selection setProtocolForProxy:@protocol(RemotePaths)];
     bounded();
-    // All of them at once: one by one, a folder with all its files selected would take seconds.
+    // All paths in one message: one by one, a large selection would take seconds.
     NSString *const joined = [selection componentsJoinedByString:kSeparator];
     if (joined == nil || [joined isProxy]) return nil;
     return [joined length] == 0 ? [NSArray array] : [joined componentsSeparatedByString:kSeparator];
   }
 
  private:
-  /// The connection, which from now on waits no longer than what is left of the time.
+  /// The connection, with the time left as its time-outs.
   NSConnection *bounded() const {
     const NSTimeInterval left =
         std::max(deadline_ - [NSDate timeIntervalSinceReferenceDate], kShortestWaitSeconds);
@@ -95,7 +95,7 @@ NSArray *selectionOfFileManager(NSTimeInterval seconds) {
       paths = [exchange.paths() retain];
     }
   } @catch (NSException *) {
-    // It has gone, refuses, or does not answer in time; all that is the same to the caller.
+    // It has exited, fails, or does not reply in time, which is the same to the caller.
   }
   return [paths autorelease];
 }

@@ -3,8 +3,8 @@
 #import <Foundation/NSAppleScript.h>
 
 /// What the platform's empty classes lack of macOS 10.6, as far as one script goes: the one that
-/// reads what is selected in the Finder. Here GWorkspace plays the Finder. Any other script does
-/// not compile. Main thread.
+/// reads what is selected in the Finder. Here it reads the selection of GWorkspace. Any other
+/// script does not compile. Main thread.
 
 /// Keys of the error information: a text, and a number as on the Mac.
 extern NSString *const NSAppleScriptErrorMessage;
@@ -20,9 +20,9 @@ extern NSString *const NSAppleScriptErrorNumber;
 - (BOOL)compileAndReturnError:(NSDictionary **)errorInfo;
 
 /// Compiles first if need be. The POSIX paths of what is selected, each followed by a line feed; a
-/// folder's ends with a slash. As the script says, its text grows when it is executed again. nil
-/// when the file manager does not answer within five seconds, or when one of the items is not there
-/// any more: the script fails as a whole then. errorInfo: as above.
+/// folder's ends with a slash. The script's text is a property, so executing it again appends to
+/// it. nil when the file manager does not reply within five seconds, or when one of the items does
+/// not exist any more. errorInfo: as above.
 - (NSAppleEventDescriptor *)executeAndReturnError:(NSDictionary **)errorInfo;
 
 @end

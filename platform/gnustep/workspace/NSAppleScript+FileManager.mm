@@ -21,7 +21,7 @@ NSString *const kSelectionScript = @"property stdout : \"\"\n"
                                    @"stdout\n"
                                    @"end tell";
 
-/// The calling thread waits that long for a file manager that hangs.
+/// Blocks the calling thread when the file manager hangs.
 constexpr NSTimeInterval kReplyTimeoutSeconds = 5;
 
 // The Mac's numbers.
@@ -36,7 +36,7 @@ void report(NSDictionary **errorInfo, int number, NSString *message) {
                                                           NSAppleScriptErrorNumber, nil];
 }
 
-/// The item's path as the Finder gives it, nil when there is no such item.
+/// The item's path in the Finder's form, nil when there is no such item.
 NSString *posixPath(NSString *path) {
   BOOL isFolder = NO;
   if (![[NSFileManager defaultManager] fileExistsAtPath:path isDirectory:&isFolder]) return nil;
@@ -45,7 +45,8 @@ NSString *posixPath(NSString *path) {
 
 }  // namespace
 
-/// What NSAppleScript's alloc makes: the platform's class has no room for a source.
+/// The class of the objects that +[NSAppleScript alloc] creates, because the platform's has no
+/// instance variables.
 @interface SelectionScript : NSAppleScript {
  @private
   NSString *_source;
@@ -132,7 +133,7 @@ NSString *posixPath(NSString *path) {
 
 @end
 
-// The platform's classes have no room for what they hold, so these two stand in for them.
+// The platform's classes have no instance variables, so their objects are of these subclasses.
 
 @implementation NSAppleScript (Allocation)
 

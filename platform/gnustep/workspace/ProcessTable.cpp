@@ -56,7 +56,7 @@ bool hasExited(pid_t process) {
   std::ifstream file("/proc/" + std::to_string(process) + "/stat");
   std::string status;
   std::getline(file, status);
-  // The state follows the program's name in brackets, which may itself hold any character.
+  // The state follows the program's name in brackets, which may contain any character.
   const auto name = status.rfind(')');
   return name != std::string::npos && status.size() > name + 2 &&
          (status[name + 2] == 'Z' || status[name + 2] == 'X');

@@ -22,15 +22,14 @@ struct ApplicationProcessEntry {
 std::optional<std::string> bundleOfExecutable(std::string_view executablePath);
 
 /// All processes of this machine that run as applications, in the order of the process table, as
-/// far as this user may see them. Reads the kernel's table anew at each call: one short question a
-/// process, about 4 microseconds each. Any thread.
+/// far as this user may see them. Reads /proc at each call, about 4 microseconds for each process.
+/// Any thread.
 std::vector<ApplicationProcessEntry> runningApplicationProcesses();
 
-/// Whether the process of an entry still runs the application of the entry. One short question.
+/// Whether the process of an entry still runs the application of the entry. One system call.
 bool isStillRunning(const ApplicationProcessEntry &entry);
 
-/// Whether a process has ended, also when its parent has not heard of it yet. Two short questions.
-/// Any thread.
+/// Whether a process has exited, also when its parent has not waited for it yet. Any thread.
 bool hasExited(pid_t process);
 
 }  // namespace platform

@@ -1,9 +1,9 @@
 #import <Foundation/Foundation.h>
 
-/// The running applications at the moment of its making, as ApplicationProcess objects. Those that
-/// ran when somebody last looked and still do come first; the rest of the process table is only
-/// read when somebody goes on past them. So the question whether a certain application runs, asked
-/// again and again while it does, costs one look at its own process. Any thread, one at a time.
+/// The running applications at the time of its creation, as ApplicationProcess objects. Those of
+/// the last reading that are still running come first; the process table is only read when the
+/// enumeration goes on past them. So repeated checks whether an application is running take one
+/// system call while it is. Any thread, one at a time.
 @interface RunningApplicationList : NSArray {
  @private
   NSMutableArray *_found;

@@ -9,7 +9,7 @@ namespace {
 
 using Entries = std::vector<platform::ApplicationProcessEntry>;
 
-/// What the last reading of the whole process table found.
+/// The result of the last reading of the whole process table.
 class LastSeen {
  public:
   Entries stillRunning() {

@@ -45,7 +45,7 @@ struct AlertLooks : AlertTest {
     return [view convertRect:[view bounds] toView:[panel() contentView]];
   }
 
-  /// What the icon draws in its middle.
+  /// The colour in the centre of the icon.
   NSColor *drawnColor() {
     [panel() display];
     [icon() lockFocus];
@@ -55,7 +55,7 @@ struct AlertLooks : AlertTest {
     return [bitmap colorAtX:kIconSide / 2 y:kIconSide / 2];
   }
 
-  /// Shows the alert as a sheet and modally.
+  /// Shows the alert both as a sheet and modally.
   void expectUsable() {
     begin();
     handlePostedEvents();

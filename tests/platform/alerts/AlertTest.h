@@ -6,16 +6,16 @@
 #import "tests/platform/sheets/SheetTest.h"
 #include "tests/support/RepeatingTimer.h"
 
-/// While one of these lives, the given steps are done one by one, each when a modal session's
-/// window is on the screen and the queue of events has been worked off. A session that goes on
-/// after the last one is aborted after a while, so that a test fails instead of waiting for ever.
+/// While in scope, takes the given steps one by one, each when the window of a modal session is on
+/// the screen and the event queue is empty. A session that goes on after the last step is aborted,
+/// so that a test fails instead of blocking for ever.
 class ModalUser {
  public:
   explicit ModalUser(std::vector<std::function<void(NSWindow *)>> steps);
   ModalUser(const ModalUser &) = delete;
   ModalUser &operator=(const ModalUser &) = delete;
 
-  /// Whether it came to that.
+  /// Whether a session was aborted.
   bool hadToAbort() const { return looksAfterLast_ > kLooksUntilAborted; }
 
  private:
@@ -29,7 +29,7 @@ class ModalUser {
   RepeatingTimer timer_;
 };
 
-/// An alert with a window to be the sheet of.
+/// An alert and a parent for its sheet.
 struct AlertTest : SheetTest {
   NSAlert *alert = [[NSAlert alloc] init];
 

@@ -28,7 +28,7 @@ void ModalUser::look() {
     steps_[next_++](window);
   } else if (++looksAfterLast_ > kLooksUntilAborted) {
     [NSApp abortModal];
-    // The loop looks up only when there is something to do.
+    // The modal loop checks its state only after an event.
     postKeys(window, @"x");
   }
 }

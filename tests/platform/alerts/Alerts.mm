@@ -5,7 +5,7 @@
 
 namespace {
 
-/// How many there are, on the screen or not. Other windows come and go with the platform's caches.
+/// The number of panels, visible or not. Not of all windows, because the platform caches some.
 int alertPanels() {
   int count = 0;
   for (NSWindow *window in [NSApp windows]) count += [window isKindOfClass:[AlertPanel class]];
@@ -13,7 +13,7 @@ int alertPanels() {
 }
 
 struct Alerts : AlertTest {
-  /// Runs the alert modally while the user does these things.
+  /// Runs the alert modally while these steps are taken.
   NSInteger run(std::vector<std::function<void(NSWindow *)>> steps) {
     const ModalUser user(std::move(steps));
     const NSInteger code = [alert runModal];

@@ -98,7 +98,7 @@ TEST_F(BackgroundLock, TheTimeThatUnlockingWaitsForTheMainThreadDoesNotCount) {
     hasLocked = [NSConnection lockForBackgroundThreadWithTimeout:kLimit];
     if (hasLocked) [NSConnection unlockForBackgroundThread];
   });
-  // The main thread is at work and runs no mode.
+  // The main thread is busy and does not run its run loop.
   const double busyUntil = detail::secondsNow() + 1.5 * kLimit;
   while (detail::secondsNow() < busyUntil) {
     ASSERT_FALSE(waiter->isOver);

@@ -18,8 +18,8 @@
 - (id)handleForPort:(NSMessagePort *)receiving beforeDate:(NSDate *)limit;
 @end
 
-/// A socket, named as that of a process that lives, which somebody listens at until the run loop
-/// waits for a connection to it.
+/// A socket with the name of one of this process, which is listened to until the run loop waits for
+/// a connection to it.
 @interface EndingListener : NSObject {
  @private
   int _socket;

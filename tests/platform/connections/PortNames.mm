@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// The platform's folder of names, which there is once somebody has looked for one.
+/// The platform's folder of names, which the first look-up creates.
 fs::path namesFolder() {
   [[NSMessagePortNameServer sharedInstance] portForName:@"nobody" onHost:nil];
   return fs::path([NSTemporaryDirectory() fileSystemRepresentation]) / "NSMessagePort" / "names";
@@ -27,7 +27,7 @@ TEST(PortNames, ANameThatIsJustBeingWrittenIsNotTakenAwayByAProcessThatStarts) {
   const fs::path half = folder / "SGFsZg==";
   std::ofstream(half) << "/tmp/its-port";
   ChildProcess starting({PLUGIN_CALL, "id-1"});
-  // It has come to the names and waits for them.
+  // It is waiting for the lock for names.
   EXPECT_TRUE(starting.waitForOutput("Failed to lock names"));
   EXPECT_TRUE(fs::exists(half));
   [lock unlock];

@@ -2,7 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-// The repair of lost names listens in these modes by their values, in programs without AppKit too.
+// RegisteredNames uses these modes by value, also in programs without AppKit.
 TEST(RunLoopModes, HaveTheValuesThatTheRepairOfLostNamesKnows) {
   EXPECT_TRUE([NSModalPanelRunLoopMode isEqualToString:@"NSModalPanelRunLoopMode"]);
   EXPECT_TRUE([NSEventTrackingRunLoopMode isEqualToString:@"NSEventTrackingRunLoopMode"]);

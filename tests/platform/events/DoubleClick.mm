@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The time of a click with the setting, which is gone afterwards.
+/// The interval with a default, which is removed afterwards.
 NSTimeInterval intervalWith(NSInteger milliseconds) {
   NSUserDefaults *const defaults = [NSUserDefaults standardUserDefaults];
   [defaults setInteger:milliseconds forKey:@"GSDoubleClickTime"];

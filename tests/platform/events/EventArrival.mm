@@ -13,7 +13,7 @@ Display *display() {
   return static_cast<Display *>([GSCurrentServer() serverDevice]);
 }
 
-/// Has the server send the release of a mouse button to a window.
+/// Makes the server send the release of a mouse button to a window.
 void sendRelease(NSWindow *window) {
   XEvent event = {};
   event.xbutton.type = ButtonRelease;
@@ -27,8 +27,8 @@ void sendRelease(NSWindow *window) {
 
 }  // namespace
 
-/// Lets an event arrive, and be read, when the application has looked at its events and the run
-/// loop is about to wait for more: that is when it fires its timers.
+/// Makes an event arrive, and be read, after the application has checked its queue and before the
+/// run loop waits, which is when timers fire.
 @interface LateArrival : NSObject {
  @private
   NSWindow *_window;
@@ -63,7 +63,7 @@ struct EventArrival : testing::Test {
   EventArrival() {
     [window setReleasedWhenClosed:NO];
     [window orderFront:nil];
-    // What comes of that has come when nothing has come for a while.
+    // The reaction is complete when no event has arrived for a while.
     while ([NSApp nextEventMatchingMask:NSAnyEventMask
                               untilDate:[NSDate dateWithTimeIntervalSinceNow:0.2]
                                  inMode:NSDefaultRunLoopMode
@@ -72,7 +72,7 @@ struct EventArrival : testing::Test {
   }
   ~EventArrival() override { [window close]; }
 
-  /// Whether a loop that tracks the mouse gets the release that arrives late.
+  /// Whether a mouse tracking loop gets a release that arrives late.
   bool hearsLateRelease() const {
     LateArrival *const late = [[[LateArrival alloc] initWithWindow:window] autorelease];
     [[NSRunLoop currentRunLoop] addTimer:[NSTimer timerWithTimeInterval:0
@@ -86,7 +86,7 @@ struct EventArrival : testing::Test {
                                               untilDate:limit
                                                  inMode:NSEventTrackingRunLoopMode
                                                 dequeue:YES];
-    // The last look, when the time is over, finds what the wait has not.
+    // The last check, after the time-out, finds an event that has not ended the wait.
     return event != nil && [limit timeIntervalSinceNow] > 0;
   }
 };

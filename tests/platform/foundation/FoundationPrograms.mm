@@ -4,7 +4,7 @@
 
 namespace {
 
-/// The libraries that a program is linked with, and theirs: the loader tells them in place of
+/// The libraries that a program is linked with, and theirs, which the loader lists instead of
 /// running it.
 std::string librariesOf(const std::string &program) {
   ChildProcess listing({program}, {{"LD_TRACE_LOADED_OBJECTS", "1"}});
@@ -17,7 +17,7 @@ class FoundationPrograms : public testing::TestWithParam<const char *> {};
 }  // namespace
 
 // These are started hundreds of times, by the file managers' entries and by tests. AppKit would
-// more than double what a start takes.
+// more than double the time of a start.
 TEST_P(FoundationPrograms, LoadFoundationAndNoAppKit) {
   const std::string libraries = librariesOf(GetParam());
   EXPECT_NE(libraries.find("libgnustep-base"), std::string::npos) << libraries;

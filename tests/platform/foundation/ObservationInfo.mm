@@ -24,7 +24,8 @@
 
 namespace {
 
-/// Ends an object that is observed by `observer`, and answers how many hold the record of that.
+/// Deallocates an object that is observed by `observer`, and answers the number of references to
+/// its observation info.
 NSUInteger holdersOfTheRecordAfter(Observed *observed, NSObject *observer) {
   id record = nil;
   @autoreleasepool {

@@ -43,7 +43,7 @@ TEST(PercentEscapes, EveryPlaneIsWrittenInUtf8) {
 }
 
 TEST(PercentEscapes, ASurrogateWithoutItsPairBecomesTheReplacementCharacter) {
-  // Only a mutable string can hold one here.
+  // Only a mutable string can contain an unpaired surrogate here.
   NSMutableString *const broken = [NSMutableString string];
   for (const unichar unit : {u'a', u'\xD83D', u'b', u'\xDE00'}) [broken appendFormat:@"%C", unit];
   ASSERT_EQ([broken length], 4u);

@@ -22,7 +22,7 @@ NSData *picture(int side) {
   return [bitmap representationUsingType:NSPNGFileType properties:nil];
 }
 
-/// Type, length, content; `length` stands for the true one where it is given.
+/// Type, length, content; `length`, if given, replaces the correct one.
 NSData *element(const char *type, NSData *content, NSUInteger length = NSNotFound) {
   if (length == NSNotFound) length = [content length] + 8;
   const uint32_t written = NSSwapHostIntToBig(static_cast<unsigned>(length));
@@ -38,7 +38,7 @@ NSData *family(NSArray *elements) {
   return element("icns", content);
 }
 
-/// The sides in pixels of what is read from an icon file, in their order.
+/// The sizes in pixels of the representations that are read from an icon file, in their order.
 std::vector<NSInteger> sides(NSData *file) {
   std::vector<NSInteger> result;
   for (NSImageRep *each in [NSBitmapImageRep imageRepsWithData:file]) {

@@ -8,13 +8,14 @@
 
 namespace {
 
-/// The platform's keep a dictionary when they end; the application has the standard ones only.
+/// The platform's class leaks a dictionary in dealloc; the application uses the standard defaults
+/// only.
 NSUserDefaults *newDefaults() {
   const PlatformLoss dictionary;
   return [[NSUserDefaults alloc] init];
 }
 
-/// Defaults in which nobody has set a modifier key yet.
+/// Defaults without a modifier key.
 struct ModifierKeys : testing::Test {
   NSUserDefaults *defaults = newDefaults();
 

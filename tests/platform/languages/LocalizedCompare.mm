@@ -8,7 +8,7 @@
 
 namespace {
 
-/// What the platform itself answers, by the longer way, for a user who writes English.
+/// The result of the platform's own method for an English locale.
 NSComparisonResult platformsAnswer(NSString *left, NSString *right) {
   static NSLocale *const english = [[NSLocale alloc] initWithLocaleIdentifier:@"en_US"];
   return [left compare:right
@@ -38,7 +38,7 @@ TEST(LocalizedCompare, AnswersAsThePlatformDoesWhereThatTellsStringsApart) {
       NSString *const left = randomString(random);
       NSString *const right = randomString(random);
       const NSComparisonResult expected = platformsAnswer(left, right);
-      // What differs in accents alone is the same to the platform and in order here.
+      // Strings that differ in accents only are equal for the platform and ordered here.
       if (expected == NSOrderedSame) continue;
       ASSERT_EQ([left localizedCaseInsensitiveCompare:right], expected)
           << text(left) << " | " << text(right);

@@ -6,8 +6,7 @@
 #import "platform/gnustep/languages/NSUserDefaults+Languages.h"
 #include "tests/support/ProgramEnd.h"
 
-// A program in a language of its own, for the tests to start with an environment and settings of
-// their choice.
+// A localised program that tests start with an environment and settings of their choice.
 //
 //   localized_text KEY                 prints the text of a key in the user's language
 //   localized_text --application KEY   the same, as an application with a screen

@@ -1,7 +1,7 @@
 #include "tests/platform/theme/Themed.h"
 #import "tests/support/Tracking.h"
 
-/// Counts the actions of a control, and notes what the pop-up that is watched shows meanwhile.
+/// Counts the actions of a control, and stores the selection and whether the menu is open.
 @interface ChoiceCounter : NSObject {
  @public
   int count;
@@ -26,7 +26,7 @@ namespace {
 constexpr unichar kEscape = 0x1B;
 constexpr unichar kReturn = 0x0D;
 
-/// By the events' clocks, within a click and longer.
+/// Between the timestamps of the press and the release: a click, and longer than one.
 constexpr NSTimeInterval kShortSeconds = 0.1;
 constexpr NSTimeInterval kLongSeconds = 1;
 
@@ -94,8 +94,7 @@ struct PopUpClicks : Themed {
              atStart:NO];
   }
 
-  /// Clicks, and then does what somebody does while the menu is open; answers how many of the steps
-  /// were taken.
+  /// Clicks, and then takes the steps while the menu is open; answers the number of steps taken.
   std::size_t clickAnd(NSPoint place, std::vector<std::function<void()>> steps) const {
     const TrackingSteps user(std::move(steps));
     postClick(place);

@@ -4,7 +4,8 @@
 
 namespace {
 
-/// What the window manager finds: without this it ends the program when the user closes the window.
+/// Whether the window accepts WM_DELETE_WINDOW. Without it the window manager kills the program
+/// when the user closes the window.
 bool acceptsCloseRequests(NSWindow *window) {
   const auto number = reinterpret_cast<unsigned long>([window windowRef]);
   ChildProcess asking({"/usr/bin/xprop", "-id", std::to_string(number), "WM_PROTOCOLS"});

@@ -5,19 +5,19 @@
 namespace {
 
 constexpr int kCycles = 200;
-/// Far less than a window.
+/// Far less than the size of a window.
 constexpr size_t kFlatBytesPerCycle = 256;
 
 /// What this process has allocated and not freed, in bytes. (A sanitizer's build always answers 0
 /// and looks for leaks itself.)
 size_t allocatedBytes() {
-  // Throws away the dead timers (of blinking cursors) that the mode has kept since it last ran.
+  // Releases invalid timers (of blinking carets) that the mode retains until it runs.
   [[NSRunLoop currentRunLoop] runMode:NSModalPanelRunLoopMode beforeDate:[NSDate distantPast]];
   return mallinfo2().uordblks;
 }
 
 struct SheetLifetimes : SheetTest {
-  /// A sheet from nothing to nothing, through the event queue.
+  /// Begins and ends a sheet, through the event queue.
   void cycle() {
     @autoreleasepool {
       NSWindow *const window = newWindow(NSMakeRect(0, 0, 300, 120));

@@ -6,7 +6,7 @@
 
 #import "tests/support/Events.h"
 
-/// What a modal delegate was told.
+/// The arguments of a did-end message.
 struct SheetEnd {
   id subject;
   NSInteger code;
@@ -28,23 +28,23 @@ struct SheetEnd {
 }
 /// For sheets. Closes the one window and begins the other one, when there are any.
 - (void)sheetDidEnd:(NSWindow *)sheet returnCode:(NSInteger)code contextInfo:(void *)context;
-/// For alerts. Does not retain what it notes.
+/// For alerts. Does not retain the alert.
 - (void)alertDidEnd:(NSAlert *)alert returnCode:(NSInteger)code contextInfo:(void *)context;
 - (void)clicked:(id)sender;
 - (void)ticked:(NSTimer *)timer;
 - (void)endSheetOfTimer:(NSTimer *)timer;
 @end
 
-/// A window that says when it is freed, and that goes where it is put, as under a user's hand: the
-/// platform keeps others on the screen.
+/// A window that counts its instances, and that can be moved off the screen, as by the user: the
+/// platform keeps others on it.
 @interface CountedWindow : NSWindow
 + (int)liveCount;
 @end
 
 /// A window with a title bar, a button and a field, and a delegate for its sheets; sheets have a
-/// button and a field of their own. The application is active, as while somebody works with it.
+/// button and a field of their own. The application is active.
 struct SheetTest : testing::Test {
-  /// What the platform autoreleases in a test ends with it, as with an event.
+  /// Drained at the end of a test, as at the end of an event.
   NSAutoreleasePool *pool = [[NSAutoreleasePool alloc] init];
   SheetDelegate *delegate = [[SheetDelegate alloc] init];
   NSWindow *parent = newWindow(NSMakeRect(300, 300, 480, 320));
@@ -54,8 +54,8 @@ struct SheetTest : testing::Test {
   SheetTest();
   ~SheetTest() override;
 
-  /// With a title bar, a button that counts the delegate's clicks, and an empty field that has the
-  /// keyboard first. The caller owns it.
+  /// With a title bar, a button that counts clicks in the delegate, and an empty field, which is
+  /// the initial first responder. The caller owns it.
   NSWindow *newWindow(NSRect content);
   static NSButton *button(NSWindow *window);
   static NSTextField *field(NSWindow *window);
@@ -64,6 +64,6 @@ struct SheetTest : testing::Test {
   void begin(NSWindow *window) { begin(window, parent); }
   void begin(NSWindow *window, NSWindow *on);
 
-  /// Frees the parent without closing it.
+  /// Deallocates the parent without closing it.
   void freeParent();
 };

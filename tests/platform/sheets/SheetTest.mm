@@ -135,7 +135,7 @@ void SheetTest::begin(NSWindow *window, NSWindow *on) {
 }
 
 void SheetTest::freeParent() {
-  // What the platform has autoreleased must not keep it.
+  // Objects that the platform has autoreleased may retain it.
   @autoreleasepool {
     [parent release];
     parent = nil;

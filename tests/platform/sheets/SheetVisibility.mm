@@ -7,7 +7,8 @@ struct SheetVisibility : SheetTest {
   const CountsAsRunning running;
 
   SheetVisibility() {
-    // As a window of an interface file: its window server's part goes whenever it is ordered out.
+    // As windows of interface files: the window server's window is destroyed when it is ordered
+    // out.
     [sheet setOneShot:YES];
     EXPECT_TRUE([NSApp isRunning]);
   }

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// A window with a text in it that has the keyboard.
+/// A window whose first responder is a text view.
 struct CaretTimer : testing::Test {
   NSWindow *window = [[NSWindow alloc] initWithContentRect:NSMakeRect(200, 200, 300, 200)
                                                  styleMask:NSTitledWindowMask

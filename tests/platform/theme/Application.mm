@@ -62,7 +62,8 @@ TEST_F(MainMenu, ItTakesNoRoomInWindows) {
 }
 
 TEST(Application, ItGoesOnAfterItsLastWindowHasClosed) {
-  // The platform asks itself this after the last one; an end would be the test program's.
+  // The platform sends this after the last window has closed. Terminating would end the test
+  // program.
   EXPECT_EXIT(
       {
         [NSApp _lastWindowClosed];

@@ -17,7 +17,7 @@ struct Indicators : Themed {
 
   NSProgressIndicator *bar() { return indicator(NSProgressIndicatorBarStyle, NSMakeSize(200, 20)); }
 
-  /// A view of 200 x 100 points that shows a part of one that is five times as high.
+  /// A scroll view of 200 x 100 points whose document view is five times as high.
   NSScrollView *scrolled() {
     NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
     [scroll setHasVerticalScroller:YES];

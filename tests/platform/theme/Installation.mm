@@ -8,10 +8,9 @@
 
 namespace {
 
-/// What an application, started on a desktop with these arguments, says about its look and writes
-/// into its log (see Report.mm).
+/// The output and the log of an application that is launched with these arguments (see Report.mm).
 std::string report(const std::vector<std::string> &arguments = {}) {
-  // Of its own, because without a window manager the platform complains.
+  // On a desktop of its own, because the platform logs an error without a window manager.
   std::vector<std::string> command = {PRIVATE_DESKTOP_TOOL, "--window-manager", THEME_REPORT};
   command.insert(command.end(), arguments.begin(), arguments.end());
   ChildProcess program(command);

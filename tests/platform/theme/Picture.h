@@ -8,14 +8,14 @@
 
 #include "platform/gnustep/theme/ThemeColors.h"
 
-/// What a view in a window on the screen looks like, pixel by pixel.
+/// The pixels of a view in a window on the screen.
 class Picture {
  public:
-  /// Draws the view's whole window anew and takes the picture of the view, or of `part` of it.
+  /// Draws the view's whole window and reads the pixels of the view, or of `part` of it.
   explicit Picture(NSView *view);
   Picture(NSView *view, NSRect part);
 
-  /// The view as the user sees it: what nobody asked to be drawn anew stays as it was.
+  /// The view as it is displayed, without drawing more than is marked for display.
   static Picture onScreen(NSView *view);
 
   using Matches = std::function<bool(theme::Rgb)>;
@@ -23,7 +23,7 @@ class Picture {
   int width() const { return width_; }
   int height() const { return height_; }
 
-  /// How many pixels are that colour, give or take what rounding does to it.
+  /// The number of pixels of that colour, with a tolerance for rounding.
   int count(theme::Rgb color) const;
   int count(const Matches &matches) const;
   bool shows(theme::Rgb color) const { return count(color) > 0; }
@@ -42,7 +42,7 @@ class Picture {
   std::vector<theme::Rgb> pixels_;
 };
 
-/// A blue that the accent colour was mixed into, as in the ring round what has the keyboard.
+/// A mixture with the accent colour, as in the focus ring.
 bool isBluish(theme::Rgb color);
 
 /// What GoogleTest shows of a picture.

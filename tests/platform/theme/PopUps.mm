@@ -17,7 +17,7 @@ struct PopUps : Themed {
 
   Picture item(NSInteger index) const { return {menu(), [menu() rectOfItemAtIndex:index]}; }
 
-  /// The room for the tick left of an item's title.
+  /// The space for the tick, left of an item's title.
   Picture tickOf(NSInteger index) const {
     NSRect rect = [menu() rectOfItemAtIndex:index];
     rect.size.width = [menu() imageAndTitleOffset];

@@ -1,4 +1,4 @@
-// Starts as the application does, opens and closes a window, and says what it looks like.
+// Launches as the application does, opens and closes a window, and prints its theme and fonts.
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSTheme.h>
 

@@ -6,7 +6,7 @@ namespace {
 struct Tabs : Themed {
   NSTabView *view = tabs(@[ @"Send File", @"Copy Link" ]);
 
-  /// Where the tab's segment lies, asked of the view as the mouse would. Needs a drawn view.
+  /// The rectangle of the tab's segment, found by hit tests. The view must have been drawn.
   static NSRect segment(NSTabView *tabs, NSInteger index) {
     [[tabs window] display];
     NSRect found = NSZeroRect;

@@ -13,7 +13,7 @@ struct Themed : testing::Test {
   Themed(const Themed &) = delete;
   Themed &operator=(const Themed &) = delete;
 
-  /// Puts a view, whose ownership is handed over, into the window.
+  /// Adds a view to the window and releases it.
   template <class View>
   View *show(View *view) {
     [[window contentView] addSubview:view];
@@ -34,7 +34,7 @@ struct Themed : testing::Test {
   NSWindow *const window;
 };
 
-/// Handles the events that are waiting.
+/// Handles the events in the queue.
 void handleEvents();
 
 /// Presses and releases the mouse at a point of the view, as the user would.

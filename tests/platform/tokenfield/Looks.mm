@@ -47,7 +47,7 @@ class Looks : public TokenField {
            part([seen blueComponent]);
   }
 
-  /// Inside the first token's ground, left of its text.
+  /// Inside the first token's background, left of its text.
   NSPoint edgeOfFirstToken() {
     const NSRect titleRect = [[field cell] titleRectForBounds:[field bounds]];
     return NSMakePoint(NSMinX(titleRect) + 7, NSMidY(titleRect) + 1);

@@ -54,7 +54,7 @@ TEST(PillText, WithoutAnyRoomTheEllipsisStays) {
 }
 
 TEST(PillText, AFamilyOfEmojiIsKeptOrDroppedWhole) {
-  // Man, woman and girl joined to one picture: 8 units.
+  // Man, woman and girl joined to one emoji: 8 units.
   const std::u16string family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467";
   const std::u16string text = u"ab" + family + u"cd" + family;
   EXPECT_EQ(pill_text::truncatedInTheMiddle(text, atMost(11)), u"ab\u2026" + family);

@@ -2,7 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-/// A subclass as an application has it: it answers key equivalents without asking its superclass.
+/// A subclass as in an application: it handles key equivalents without calling super.
 @interface RecipientField : NSTokenField {
  @public
   /// The texts of the tool tips that it has.
@@ -10,7 +10,7 @@
 }
 @end
 
-/// Completes from a list and knows addresses written as "Name<address>".
+/// A delegate that completes from a list and recognises addresses written as "Name<address>".
 @interface RecipientDelegate : NSObject <NSTokenFieldDelegate> {
  @public
   NSArray *book;
@@ -30,7 +30,7 @@
 - (void)clicked:(id)sender;
 @end
 
-/// What an array of a hundred thousand entries costs: how many of them were read.
+/// An array of a hundred thousand entries that counts how many of them are read.
 @interface CountingArray : NSArray {
  @public
   NSUInteger length;
@@ -38,7 +38,7 @@
 }
 @end
 
-/// Counts itself while it lives.
+/// Counts its instances.
 @interface Witness : NSObject {
  @private
   int *_alive;

@@ -12,8 +12,8 @@
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Strings.h"
 
-/// A key window with a token field, a text field after it and a default button. What the user does
-/// goes through the application's event queue.
+/// A key window with a token field, a text field after it and a default button. Keys and clicks go
+/// through the application's event queue.
 class TokenField : public testing::Test {
  protected:
   void SetUp() override;
@@ -23,11 +23,11 @@ class TokenField : public testing::Test {
   void type(NSString *characters);
   /// One key, with its character or function key code.
   void press(unichar key, NSUInteger modifiers = 0);
-  /// Queues a key without letting the application see it yet.
+  /// Queues a key event without handling it.
   void queueKey(unichar key, NSUInteger modifiers = 0);
-  /// Lets the application handle everything that is in the queue.
+  /// Makes the application handle all events in the queue.
   void settle();
-  /// Goes on handling events until something holds, at most for kPatienceSeconds.
+  /// Handles events until the condition holds, at most for kPatienceSeconds.
   bool eventually(const std::function<bool()> &condition);
 
   void click(NSPoint inField, int count = 1, NSUInteger modifiers = 0);

@@ -71,7 +71,7 @@ void TokenField::queueKey(unichar key, NSUInteger modifiers) {
 void TokenField::press(unichar key, NSUInteger modifiers) {
   queueKey(key, modifiers);
   settle();
-  // Keys come one by one: what is undone as one step ends between them.
+  // Each key is an event of its own, which ends the undo group.
   [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate date]];
 }
 

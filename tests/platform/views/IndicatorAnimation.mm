@@ -16,7 +16,7 @@ int livingIndicators = 0;
 
 }  // namespace
 
-/// Counts how often it turns, and how many of it there are.
+/// Counts the steps of its animation, and its instances.
 @interface CountingIndicator : NSProgressIndicator
 @end
 
@@ -74,7 +74,7 @@ struct IndicatorAnimation : testing::Test {
     return handleEventsUntil([&] { return turns >= before + 2; });
   }
 
-  /// Starts it and sees it turn.
+  /// Starts the animation and waits for a step.
   bool start() {
     [indicator startAnimation:nil];
     return turnsTwice();

@@ -9,7 +9,7 @@
 
 namespace {
 
-/// Longer than a file manager that hangs is waited for, shorter than for ever.
+/// Longer than the time-out for a file manager that hangs.
 constexpr NSTimeInterval kBoundSeconds = 15;
 
 NSString *const kScript = @"property stdout : \"\"\ntell application \"Finder\"\n"
@@ -36,7 +36,7 @@ struct FinderScript : testing::Test {
     return [NSString stringWithUTF8String:(folder + "/" + name).c_str()];
   }
 
-  /// What the script answers, "(nil)" for no answer.
+  /// The result of the script, "(nil)" for none.
   static std::string answer() {
     return text([[script() executeAndReturnError:nullptr] stringValue]);
   }
