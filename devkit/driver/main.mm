@@ -39,7 +39,7 @@ namespace devkit {
 namespace {
 
 /// For an application to come up on a busy machine, and to answer.
-constexpr Patience kPatience = {std::chrono::seconds(60), std::chrono::seconds(10)};
+constexpr Timeouts kTimeouts = {std::chrono::seconds(60), std::chrono::seconds(10)};
 constexpr int kSelectionAttempts = 300;
 constexpr NSTimeInterval kPauseSeconds = 0.1;
 
@@ -47,7 +47,7 @@ constexpr NSTimeInterval kPauseSeconds = 0.1;
 template <class Call>
 std::optional<Failure> withApplication(NSString *name, Protocol *protocol, Call call) {
   const char *const who = [name UTF8String];
-  const auto found = lookUp(name, protocol, who, kPatience);
+  const auto found = lookUp(name, protocol, who, kTimeouts);
   if (const auto *failure = std::get_if<Failure>(&found)) return *failure;
   id const proxy = std::get<id>(found);
   @try {

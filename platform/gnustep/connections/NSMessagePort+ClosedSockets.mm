@@ -1,5 +1,6 @@
 #import <Foundation/Foundation.h>
-#import <objc/runtime.h>
+
+#import "platform/gnustep/runtime/MethodReplacement.h"
 
 // A connection ends when the other process closes its socket, but GNUstep ends it only with the
 // last socket to the same port. Where two threads have a connection to one process that dies, the
@@ -18,8 +19,8 @@
 
 namespace {
 
-using ReceivedEvent = void (*)(id, SEL, void *, RunLoopEventType, void *, NSString *);
-ReceivedEvent platformReceivedEvent = nullptr;
+constinit platform::ReplacedMethod<void(void *, RunLoopEventType, void *, NSString *)>
+    platformReceivedEvent;
 
 void receivedEvent(id handle, SEL selector, void *data, RunLoopEventType type, void *extra,
                    NSString *mode) {
@@ -41,11 +42,8 @@ void receivedEvent(id handle, SEL selector, void *data, RunLoopEventType type, v
 @implementation NSMessagePort (ClosedSockets)
 
 + (void)load {
-  Method const method = class_getInstanceMethod(objc_getClass("GSMessageHandle"),
-                                                @selector(receivedEvent:type:extra:forMode:));
-  if (method == nullptr) return;
-  platformReceivedEvent = reinterpret_cast<ReceivedEvent>(
-      method_setImplementation(method, reinterpret_cast<IMP>(receivedEvent)));
+  platformReceivedEvent.install(objc_getClass("GSMessageHandle"),
+                                @selector(receivedEvent:type:extra:forMode:), receivedEvent);
 }
 
 @end
