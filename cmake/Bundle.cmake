@@ -19,7 +19,8 @@ function(add_bundle_resource target file name)
   if(APPLE)
     cmake_path(GET name PARENT_PATH folder)
     target_sources(${target} PRIVATE ${file})
-    set_source_files_properties(${file} PROPERTIES MACOSX_PACKAGE_LOCATION Resources/${folder})
+    set_source_files_properties(${file} TARGET_DIRECTORY ${target}
+        PROPERTIES MACOSX_PACKAGE_LOCATION Resources/${folder})
     if(ARGN)
       add_dependencies(${target} ${ARGN})
     endif()
@@ -36,6 +37,36 @@ function(add_bundle_resource target file name)
     add_dependencies(${id} ${ARGN})
   endif()
 endfunction()
+
+# encode_string_tables(NAME FOLDER): NAME is a target that makes, of the string tables
+# FOLDER/*.lproj/*.strings, those for bundles. They are written in UTF-8; what both platforms read is
+# UTF-16 with a byte order mark. (What has no mark GNUstep 1.28.0 reads in the encoding of the user's
+# locale, with a warning.)
+find_program(ICONV iconv REQUIRED)
+function(encode_string_tables name folder)
+  set(output ${PROJECT_BINARY_DIR}/${name})
+  file(GLOB tables CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*.lproj/*.strings)
+  foreach(table IN LISTS tables)
+    cmake_path(GET table PARENT_PATH language)
+    file(MAKE_DIRECTORY ${output}/${language})
+    add_custom_command(OUTPUT ${output}/${table} DEPENDS ${folder}/${table}
+        COMMAND ${ICONV} -f UTF-8 -t UTF-16 ${folder}/${table} > ${output}/${table})
+  endforeach()
+  list(TRANSFORM tables PREPEND ${output}/ OUTPUT_VARIABLE encoded)
+  add_custom_target(${name} DEPENDS ${encoded})
+  set_target_properties(${name} PROPERTIES STRING_TABLES "${tables}" STRING_TABLE_FOLDER ${output})
+endfunction()
+
+# add_string_tables(TARGET NAME): copies them into the bundle.
+function(add_string_tables target name)
+  get_target_property(tables ${name} STRING_TABLES)
+  get_target_property(folder ${name} STRING_TABLE_FOLDER)
+  foreach(table IN LISTS tables)
+    add_bundle_resource(${target} ${folder}/${table} ${table} ${name})
+  endforeach()
+endfunction()
+
+encode_string_tables(string_tables ${PROJECT_SOURCE_DIR}/resources)
 
 # The application's icon, drawn from its master. Alerts ask for it by this very name.
 find_package(Python3 REQUIRED COMPONENTS Interpreter)
@@ -55,9 +86,5 @@ function(add_application_resources target)
   endforeach()
   cmake_path(GET APPLICATION_ICON FILENAME icon)
   add_bundle_resource(${target} ${APPLICATION_ICON} ${icon} application_icon)
-  file(GLOB tables CONFIGURE_DEPENDS ${resources}/*.lproj/*.strings)
-  foreach(table IN LISTS tables)
-    file(RELATIVE_PATH name ${resources} ${table})
-    add_bundle_resource(${target} ${table} ${name})
-  endforeach()
+  add_string_tables(${target} string_tables)
 endfunction()

@@ -44,7 +44,7 @@ def tables():
     """{language: {key: text}}"""
     found = {}
     for language in LANGUAGES:
-        text, _ = text_of(ROOT / "resources" / f"{language}.lproj" / TABLE_NAME)
+        text = text_of(ROOT / "resources" / f"{language}.lproj" / TABLE_NAME)
         found[language] = {key: unescaped(value) for _, key, value in entries_of(text)}
     return found
 

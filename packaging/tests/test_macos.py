@@ -39,8 +39,7 @@ class Description(unittest.TestCase):
     def test_why_the_finder_is_asked_is_told_in_every_language(self):
         told = {}
         for language in LANGUAGES:
-            text, portable = text_of(MACOS / f"{language}.lproj" / "InfoPlist.strings")
-            self.assertTrue(portable, language)
+            text = text_of(MACOS / f"{language}.lproj" / "InfoPlist.strings")
             told[language] = {key: unescaped(value) for _, key, value in entries_of(text)}[USAGE]
             self.assertIn("Finder" if language != "zh-Hans" else "访达", told[language])
         self.assertEqual(told[REFERENCE], self.info[USAGE])

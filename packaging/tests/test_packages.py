@@ -1,6 +1,7 @@
 #!/usr/bin/env python3
 """What is in the Debian packages, and whether those who read its files can."""
 
+import codecs
 import gzip
 import os
 import re
@@ -54,8 +55,16 @@ class Packages(unittest.TestCase):
         for name in ("MainMenu.xib", "MainWindow.xib", "ShareFolder.xib", "Info-gnustep.plist",
                      "025_Ostrel_Combo_Mac.icns"):
             self.assertIn(name, names)
-        for table in (ROOT / "resources").glob("*.lproj/*.strings"):
-            self.assertIn(table.relative_to(ROOT / "resources").as_posix(), names)
+
+    def test_the_string_tables_are_encoded_as_the_platform_reads_them(self):
+        resources = "usr/lib/GNUstep/Applications/ContextMenuApp.app/Resources"
+        tables = list((ROOT / "resources").glob("*.lproj/*.strings"))
+        self.assertEqual(len(tables), 8)
+        for table in tables:
+            name = table.relative_to(ROOT / "resources")
+            installed = self.path(APPLICATION, f"{resources}/{name}").read_bytes()
+            self.assertIn(installed[:2], (codecs.BOM_UTF16_LE, codecs.BOM_UTF16_BE), name)
+            self.assertEqual(installed.decode("utf-16"), table.read_text(encoding="utf-8"), name)
 
     def test_every_file_manager_gets_its_entries(self):
         for manager in ("nautilus", "nemo", "caja"):

@@ -21,7 +21,7 @@ struct Languages : WindowTest, testing::WithParamInterface<Language> {
         bundle / "Resources" / (std::string(GetParam().folder) + ".lproj") / "Localizable.strings";
     NSString *const table =
         [NSString stringWithContentsOfFile:[NSString stringWithUTF8String:path.c_str()]
-                                  encoding:NSUTF8StringEncoding
+                                  encoding:NSUTF16StringEncoding
                                      error:nullptr];
     NSString *const found = [[table propertyListFromStringsFileFormat] objectForKey:key];
     return found == nil ? "" : text(found);

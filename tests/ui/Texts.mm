@@ -23,7 +23,7 @@ NSDictionary *tableOf(NSString *language) {
                                                     inDirectory:nil
                                                 forLocalization:language];
   NSString *const content = [NSString stringWithContentsOfFile:path
-                                                      encoding:NSASCIIStringEncoding
+                                                      encoding:NSUTF16StringEncoding
                                                          error:NULL];
   return [content propertyListFromStringsFileFormat];
 }

@@ -24,7 +24,7 @@ def text_keys(root):
     path = root / "resources" / f"{REFERENCE}.lproj" / TABLE_NAME
     keys = set()
     try:
-        keys.update(key for _, key, _ in entries_of(text_of(path)[0]))
+        keys.update(key for _, key, _ in entries_of(text_of(path)))
     except (OSError, ValueError):
         pass
     return keys

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Checks the string tables: each language has one, with the same keys and format arguments, every
-text is there, translated and well formed, every key that the application looks up has a text, and
-every key is used, in a source or as a visible text of an interface file."""
+"""Checks the string tables: they are UTF-8, each language has one, with the same keys and format
+arguments, every text is there, translated and well formed, every key that the application looks up
+has a text, and every key is used, in a source or as a visible text of an interface file."""
 
-import codecs
 import re
+import unicodedata
 import xml.etree.ElementTree as ElementTree
 from collections import Counter
 from pathlib import Path
@@ -32,7 +32,12 @@ UNSEEN = ("customClass", "id", "key", "keyPath", "property", "selector", "userLa
 COLONS = (":", "\uff1a")
 
 TOKEN = re.compile(r'\s+|//[^\n]*|/\*.*?\*/|(?P<string>"(?:\\.|[^"\\])*")|(?P<mark>[=;])', re.DOTALL)
-ESCAPE = re.compile(r"\\(U[0-9a-fA-F]{4}|.)", re.DOTALL)
+# A pair of escapes that are one character together, or any other escape.
+ESCAPE = re.compile(
+    r"\\(U[dD][89abAB][0-9a-fA-F]{2}\\U[dD][c-fC-F][0-9a-fA-F]{2}|U[0-9a-fA-F]{4}|.)", re.DOTALL)
+ESCAPED = {"a": "\a", "b": "\b", "f": "\f", "n": "\n", "r": "\r", "t": "\t", "v": "\v"}
+# Kinds of characters that a translator does not see: controls, formats, separators.
+UNSEEN_CHARACTERS = ("Cc", "Cf", "Zl", "Zp", "Zs")
 # %%, or a conversion: position, width, precision, length, type. Without the flags that C has
 # besides, which no text needs: with them "100% sure" would be a conversion.
 CONVERSION = re.compile(
@@ -41,13 +46,8 @@ LOOKUP = re.compile(r'\blocalizedText\s*\(\s*@"((?:\\.|[^"\\])*)"')
 
 
 def text_of(path):
-    """The table's text, and whether its encoding is one that every platform recognises."""
-    data = path.read_bytes()
-    if data.startswith((codecs.BOM_UTF16_LE, codecs.BOM_UTF16_BE)):
-        return data.decode("utf-16"), True
-    if data.startswith(codecs.BOM_UTF8):
-        return data.decode("utf-8-sig"), True
-    return data.decode("utf-8"), data.isascii()
+    """The text of a table; raises UnicodeDecodeError, a ValueError, where it is not UTF-8."""
+    return path.read_bytes().decode("utf-8")
 
 
 def entries_of(text):
@@ -71,13 +71,28 @@ def entries_of(text):
 
 def unescaped(value):
     """The text with its characters for their escapes, and U+FFFD for half a character."""
-    def character(match):
-        escape = match.group(1)
-        if len(escape) == 1:
-            return {"n": "\n", "t": "\t"}.get(escape, escape)
-        return chr(int(escape[1:], 16))
-    text = ESCAPE.sub(character, value)
-    return text.encode("utf-16", "surrogatepass").decode("utf-16", "replace")
+    return ESCAPE.sub(lambda match: character(match.group(1)), value)
+
+
+def character(escape):
+    """What an escape, without its first backslash, stands for."""
+    if len(escape) == 1:
+        return ESCAPED.get(escape, escape)
+    units = bytes.fromhex(escape.replace("\\", "").replace("U", ""))
+    return units.decode("utf-16-be", "replace")
+
+
+def is_seen(char):
+    return char == " " or unicodedata.category(char) not in UNSEEN_CHARACTERS
+
+
+def escape_of(char):
+    """How a character that cannot be seen is written."""
+    letters = {value: letter for letter, value in ESCAPED.items()}
+    if char in letters:
+        return f"\\{letters[char]}"
+    units = char.encode("utf-16-be").hex().upper()
+    return "".join(f"\\U{units[index:index + 4]}" for index in range(0, len(units), 4))
 
 
 def arguments(value):
@@ -93,11 +108,17 @@ def arguments(value):
 
 def check_entry(path, line, key, value, findings):
     """What can be told of an entry by itself."""
-    for escape in ESCAPE.findall(key + value):
+    for escape in dict.fromkeys(ESCAPE.findall(key + value)):
+        char = character(escape)
         if escape == "U":
             findings.add(path, line, f'"{key}": \\U needs four hexadecimal digits')
-        elif len(escape) == 1 and escape not in 'abfnrtv"\\\'':
+        elif len(escape) == 1 and escape not in (*ESCAPED, '"', "\\", "'"):
             findings.add(path, line, f'"{key}": unknown escape \\{escape}')
+        elif is_seen(char) and char not in '"\\\ufffd':
+            findings.add(path, line, f'"{key}": write {char} instead of \\{escape}')
+    for char in dict.fromkeys(key + value):
+        if not is_seen(char):
+            findings.add(path, line, f'"{key}": write {escape_of(char)} for what cannot be seen')
     text = unescaped(value)
     if "\ufffd" in text:
         findings.add(path, line, f'"{key}": half of a pair of \\U escapes')
@@ -110,10 +131,15 @@ def check_entry(path, line, key, value, findings):
 
 
 def table(root, path, findings):
-    """One table as {key: (line, text)}."""
-    text, portable = text_of(root / path)
-    if not portable:
-        findings.add(path, 0, r"not plain ASCII: write \Uxxxx for other characters")
+    """One table as {key: (line, text)}; None when it cannot be read."""
+    try:
+        text = text_of(root / path)
+    except UnicodeDecodeError as error:
+        findings.add(path, error.object.count(b"\n", 0, error.start) + 1, "not UTF-8")
+        return None
+    if text.startswith("\ufeff"):
+        findings.add(path, 1, "begins with a byte order mark, which UTF-8 has no need of")
+        text = text[1:]
     found = {}
     try:
         for line, key, value in entries_of(text):
@@ -183,8 +209,11 @@ def check_uses(root, reference_path, reference, findings):
 
 def lint(root):
     findings = Findings()
-    tables = {path: table(root, path, findings) for path in tracked(root, folders=("resources",))
-              if path.name == TABLE_NAME}
+    found = {path: table(root, path, findings) for path in tracked(root, suffixes=(".strings",))}
+    tables = {path: entries for path, entries in found.items()
+              if path.parts[0] == "resources" and path.name == TABLE_NAME}
+    if None in tables.values():
+        return findings  # whatever else would be said follows from that
     paths = {language_of(path): path for path in tables}
     for language in LANGUAGES:
         if language not in paths:
