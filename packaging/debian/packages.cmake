@@ -6,12 +6,17 @@
 # The extension for Thunar is one, too: Thunar ends at its start where there is any extension and its
 # Python support lacks the description of the interface, which Debian's package of it does not depend
 # on. This one does.
+set(control ${CMAKE_CURRENT_BINARY_DIR}/debian)
+foreach(file conffiles prerm thunar/prerm)
+  configure_file(${CMAKE_CURRENT_LIST_DIR}/${file}.in ${control}/${file} @ONLY)
+endforeach()
+
 set(CPACK_GENERATOR DEB)
 set(CPACK_PACKAGE_NAME brisvale-context-menu)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
 set(CPACK_PACKAGE_VENDOR Veldane)
 set(CPACK_PACKAGE_DIRECTORY ${PROJECT_BINARY_DIR}/packages)
-set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
+set(CPACK_PACKAGING_INSTALL_PREFIX ${CMAKE_INSTALL_PREFIX})
 set(CPACK_SET_DESTDIR ON)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -50,7 +55,7 @@ set(CPACK_DEBIAN_APPLICATION_PACKAGE_RECOMMENDS
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_SUGGESTS
     "brisvale-context-menu-thunar, fonts-droid-fallback, gworkspace.app, libfm-modules, nemo-python, python3-caja, python3-nautilus")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_CONTROL_EXTRA
-    "${CMAKE_CURRENT_LIST_DIR}/conffiles;${CMAKE_CURRENT_LIST_DIR}/prerm")
+    "${control}/conffiles;${control}/prerm")
 
 set(CPACK_DEBIAN_THUNAR_PACKAGE_NAME brisvale-context-menu-thunar)
 set(CPACK_DEBIAN_THUNAR_PACKAGE_SECTION utils)
@@ -62,7 +67,7 @@ Thunar.")
 set(CPACK_DEBIAN_THUNAR_PACKAGE_SHLIBDEPS OFF)
 set(CPACK_DEBIAN_THUNAR_PACKAGE_DEPENDS
     "brisvale-context-menu (>= ${PROJECT_VERSION}), thunarx-python, gir1.2-thunarx-3.0")
-set(CPACK_DEBIAN_THUNAR_PACKAGE_CONTROL_EXTRA "${CMAKE_CURRENT_LIST_DIR}/thunar/prerm")
+set(CPACK_DEBIAN_THUNAR_PACKAGE_CONTROL_EXTRA "${control}/thunar/prerm")
 
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_NAME brisvale-context-menu-devkit)
 set(CPACK_DEBIAN_DEVELOPMENT_PACKAGE_SECTION devel)

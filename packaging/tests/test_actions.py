@@ -10,7 +10,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import ACTIONS, DesktopTest, NOT_REACHED, ROOT, output, wait_until
+from desktop import ACTIONS, BUILD, DesktopTest, NOT_REACHED, output, wait_until
 
 sys.path.insert(0, str(ACTIONS))
 
@@ -233,7 +233,7 @@ class Launcher(DesktopTest):
 
     def launched(self):
         """The exit code and what is said; the application itself is not installed here."""
-        done = subprocess.run([ROOT / "packaging" / "linux" / "brisvale-context-menu"], text=True,
+        done = subprocess.run([BUILD / "packaging" / "linux" / "brisvale-context-menu"], text=True,
                               stderr=subprocess.PIPE, check=False)
         return done.returncode, done.stderr
 

@@ -66,6 +66,14 @@ class Packages(unittest.TestCase):
             self.assertIn(installed[:2], (codecs.BOM_UTF16_LE, codecs.BOM_UTF16_BE), name)
             self.assertEqual(installed.decode("utf-16"), table.read_text(encoding="utf-8"), name)
 
+    def test_everything_but_the_settings_is_installed_below_the_prefix(self):
+        root = self.folder / "another_prefix"
+        run("env", f"DESTDIR={root}", "cmake", "--install", BUILD, "--prefix", "/opt/brisvale")
+        self.assertTrue((root / "opt/brisvale/bin/contextmenu").exists())
+        elsewhere = [path.relative_to(root).as_posix() for path in root.rglob("*")
+                     if path.is_file() and not path.is_relative_to(root / "opt/brisvale")]
+        self.assertEqual(elsewhere, ["etc/xdg/autostart/com.veldane.wayfold.contextmenu.desktop"])
+
     def test_every_file_manager_gets_its_entries(self):
         for manager in ("nautilus", "nemo", "caja"):
             self.path(APPLICATION, f"usr/share/{manager}-python/extensions/brisvale.py")
