@@ -57,5 +57,28 @@ class Warnings(unittest.TestCase):
         self.assertTrue(self.builds("OFF"))
 
 
+class TestPresets(unittest.TestCase):
+    def setUp(self):
+        presets = read_presets(ROOT, "testPresets")
+        self.presets = {name: preset for name, preset in presets.items() if "hidden" not in preset}
+
+    def test_every_build_with_tests_has_one(self):
+        self.assertEqual({preset["configurePreset"] for preset in self.presets.values()},
+                         {"default", "asan", "tsan", "coverage"})
+
+    def test_each_tells_of_failures_and_has_limits(self):
+        for name, preset in self.presets.items():
+            with self.subTest(name):
+                self.assertTrue(preset["output"]["outputOnFailure"])
+                self.assertEqual(preset["execution"]["noTestsAction"], "error")
+                self.assertGreater(preset["execution"]["jobs"], 0)
+                self.assertGreater(preset["execution"]["timeout"], 0)
+
+    def test_every_case_is_run_by_the_thorough_ones_only(self):
+        thorough = {name for name, preset in self.presets.items()
+                    if "CHECK_THOROUGHLY" in preset.get("environment", {})}
+        self.assertEqual(thorough, {"thorough", "asan-thorough", "tsan-thorough"})
+
+
 if __name__ == "__main__":
     unittest.main()

@@ -1,5 +1,6 @@
 """What is kept of the tests that fail."""
 
+import json
 import os
 import re
 import subprocess
@@ -32,9 +33,21 @@ class Build(unittest.TestCase):
         self.source = Path(folder.name).resolve() / "project"
         self.build = self.source / "build"
         self.build.mkdir(parents=True)
-        (self.build / "CMakeCache.txt").write_text(
-            f"CMAKE_HOME_DIRECTORY:INTERNAL={self.source}\n")
+        (self.build / "CMakeCache.txt").touch()
+        self.write_presets(timeout=60)
         self.failed = self.build / "failed"
+
+    def write_presets(self, timeout):
+        """The presets "default", and "thorough", which sets a variable."""
+        folder = {"name": "folder", "hidden": True, "binaryDir": "${sourceDir}/build"}
+        build = {"name": "build", "generator": "Ninja", "inherits": "folder"}
+        default = {"name": "default", "configurePreset": "build",
+                   "execution": {"noTestsAction": "error", "timeout": timeout}}
+        every = {"name": "every", "hidden": True, "environment": {"CHECK_THOROUGHLY": "1"}}
+        thorough = {"name": "thorough", "inherits": ["default", "every"]}
+        (self.source / "CMakePresets.json").write_text(json.dumps(
+            {"version": 4, "configurePresets": [folder, build],
+             "testPresets": [default, every, thorough]}))
 
     def add_test(self, name, *command, **properties):
         with open(self.build / "CTestTestfile.cmake", "a", encoding="utf-8") as file:
@@ -48,9 +61,10 @@ class Build(unittest.TestCase):
         program.chmod(0o755)
         self.add_test(name, program, **properties)
 
-    def run_tests(self, *arguments, anew=False, **environment):
-        return subprocess.run([PROGRAM, *(["--anew"] if anew else []), str(self.build), *arguments],
-                              capture_output=True, text=True, env={**os.environ, **environment})
+    def run_tests(self, *arguments, preset="default", anew=False, **environment):
+        return subprocess.run([PROGRAM, *(["--anew"] if anew else []), preset, *arguments],
+                              cwd=self.source, capture_output=True, text=True,
+                              env={**os.environ, **environment})
 
 
 class FailedTests(Build):
@@ -92,6 +106,27 @@ class FailedTests(Build):
         self.run_tests()
         self.assertEqual(self.run_tests("-R", "fine").returncode, 0)
         self.assertFalse(self.failed.exists())
+
+
+class Presets(Build):
+    def test_one_that_is_not_there_is_told(self):
+        done = self.run_tests(preset="other")
+        self.assertEqual(done.returncode, 1)
+        self.assertIn('no test preset "other"', done.stderr)
+
+    def test_its_limits_hold(self):
+        self.add("slow", "#!/bin/sh\nexec sleep 60\n")
+        self.write_presets(timeout=1)
+        self.assertIn("***Timeout", self.run_tests().stdout)
+
+    def test_that_there_are_no_tests_is_an_error(self):
+        self.add("one", "#!/bin/sh\n")
+        self.assertNotEqual(self.run_tests("-R", "two").returncode, 0)
+
+    def test_its_variables_reach_the_tests(self):
+        self.add("one", "#!/bin/sh\n[ \"$CHECK_THOROUGHLY\" = 1 ]\n")
+        self.assertEqual(self.run_tests(preset="thorough").returncode, 0)
+        self.assertNotEqual(self.run_tests().returncode, 0)
 
 
 class PassedTests(Build):
@@ -248,6 +283,12 @@ class PassedTests(Build):
         self.add_compiled("one")
         self.assertEqual(self.ran(), ["one"])
         self.assertEqual(self.ran(CHECK_THOROUGHLY="1"), ["one"])
+
+    def test_it_is_when_its_preset_asks_for_more(self):
+        self.add_compiled("one")
+        self.assertEqual(self.ran(), ["one"])
+        self.assertEqual(self.ran(preset="thorough"), ["one"])
+        self.assertEqual(self.ran(preset="thorough"), [])
 
     def test_only_those_that_were_asked_for_are(self):
         self.add_compiled("one")
