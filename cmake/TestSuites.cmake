@@ -12,16 +12,10 @@ set(list_test_suites ${CMAKE_CURRENT_LIST_DIR}/ListTestSuites.cmake)
 
 # test_command(RESULT TARGET): the command that runs the tests of a program, in its private session:
 # otherwise it would load all its libraries only to start itself over in one
-# (tests/support/PrivateSession.h).
+# (tests/support/PrivateSession.h). The target's property PRIVATE_DESKTOP is what starts that.
 function(test_command result target)
-  set(command $<TARGET_FILE:${target}>)
-  get_target_property(sources ${target} SOURCES)
-  if(sources MATCHES "/main_without_screen[.]mm")
-    list(PREPEND command ${PROJECT_SOURCE_DIR}/tools/private-desktop --no-display)
-  elseif(sources MATCHES "/main_with_screen[.]mm")
-    list(PREPEND command ${PROJECT_SOURCE_DIR}/tools/private-desktop)
-  endif()
-  set(${result} ${command} PARENT_SCOPE)
+  get_property(desktop TARGET ${target} PROPERTY PRIVATE_DESKTOP)
+  set(${result} ${desktop} $<TARGET_FILE:${target}> PARENT_SCOPE)
 endfunction()
 
 function(discover_test_suites target timeout)
