@@ -6,11 +6,8 @@ stays visible, since every compile command includes it.
     api_floor.py [ROOT [BUILD]]
 """
 
-import sys
-from pathlib import Path
-
 from compilation import check_all, units
-from project import APPLICATION_FOLDERS, ROOT
+from project import APPLICATION_FOLDERS, run_with_build
 
 HEADER = "tools/lint/api_floor.h"
 HIDE_NEWER = ["-DNO_GNUSTEP=1", "-DMAC_OS_X_VERSION_MAX_ALLOWED=1060"]
@@ -34,7 +31,4 @@ def lint(root, build):
 
 
 if __name__ == "__main__":
-    project = Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT
-    found = lint(project, Path(sys.argv[2]).resolve() if len(sys.argv) > 2 else project / "build")
-    print(*found, sep="\n", end="\n" if found else "")
-    sys.exit(1 if found else 0)
+    run_with_build(lint)

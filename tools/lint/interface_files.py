@@ -1,14 +1,18 @@
-#!/usr/bin/env python3
+#!/usr/bin/python3
 """Checks the interface files: that they can be read, that each connection joins two things that
 exist and fit, that nothing declared is left unconnected, and (interface_looks.py) that each control
-can be seen, read and named."""
+can be seen, read and named. What the program's classes declare is read with the commands of the
+build.
+
+    interface_files.py [ROOT [BUILD]]
+"""
 
 from xml.parsers import expat
 
 import appkit
 import interface_looks
-from objc_classes import program_classes
-from project import Findings, read, run, tracked
+from objc_classes import Unreadable, program_classes
+from project import Findings, read, run_with_build, tracked
 from xib import REFERENCES, parse
 
 # Outlets that no interface file connects, each with its reason.
@@ -53,7 +57,8 @@ class Interface:
         return name in appkit.SUPERCLASSES or (own is not None and own.superclass is not None)
 
     def fits(self, name, wanted):
-        """Whether an object of the class may stand where the other class is wanted. Yes in doubt."""
+        """Whether an object of the class may stand where the other class is wanted. Yes in
+        doubt."""
         chain = self.ancestry(name)
         in_doubt = not chain or chain[-1] != "NSObject" or not self.is_declared(wanted)
         return wanted == "id" or in_doubt or wanted in chain
@@ -89,7 +94,8 @@ class Interface:
     def identifier(self, element):
         first = self.elements.setdefault(element.get("id"), element)
         if first is not element:
-            self.add(element, f'the id "{element.get("id")}" stands twice, first in line {first.line}')
+            self.add(element, f'the id "{element.get("id")}" stands twice,'
+                              f" first in line {first.line}")
 
     def references(self, element):
         for attribute in REFERENCES:
@@ -104,7 +110,8 @@ class Interface:
             self.add(element, f"no header declares the class {name}; the whole file would not load")
 
     def is_undeclared(self, element):
-        """Whether nothing can be said of the element, because of its class, which is told already."""
+        """Whether nothing can be said of the element, because its class is not declared, which is
+        told already."""
         return bool(element.get("customClass")) and not self.is_declared(element.get("customClass"))
 
     def outlet(self, element):
@@ -161,9 +168,8 @@ def unconnected(interfaces, classes, findings):
                              f"no interface file connects the outlet {outlet} of {name}")
 
 
-def lint(root):
+def check(root, classes):
     findings = Findings()
-    classes = program_classes(root)
     keys = interface_looks.text_keys(root)
     interfaces = []
     paths = tracked(root, suffixes=(".xib",), folders=("resources",))
@@ -182,5 +188,12 @@ def lint(root):
     return findings
 
 
+def lint(root, build):
+    try:
+        return check(root, program_classes(root, build))
+    except Unreadable as error:
+        return [str(error)]
+
+
 if __name__ == "__main__":
-    run(lint)
+    run_with_build(lint)

@@ -75,11 +75,20 @@ def literals(text):
     return found
 
 
-def run(lint):
-    """Runs a lint, a function from the project's root to Findings, as a program. Another root may
-    be given as the only argument."""
-    root = Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT
-    findings = lint(root)
+def finish(findings):
+    """Ends a lint that runs as a program."""
     for finding in findings:
         print(finding)
     sys.exit(1 if findings else 0)
+
+
+def run(lint):
+    """Runs a lint, a function from the project's root to Findings, as a program. Another root may
+    be given as the only argument."""
+    finish(lint(Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT))
+
+
+def run_with_build(lint):
+    """The same for a lint that wants the build folder, too, which may be given after the root."""
+    root = Path(sys.argv[1]).resolve() if len(sys.argv) > 1 else ROOT
+    finish(lint(root, Path(sys.argv[2]).resolve() if len(sys.argv) > 2 else root / "build"))

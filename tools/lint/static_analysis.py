@@ -9,11 +9,10 @@ many paths.
 
 import argparse
 import re
-import sys
 from pathlib import Path
 
 from compilation import check_all, units
-from project import APPLICATION_FOLDERS, ROOT, SOURCES, Findings, read, tracked
+from project import APPLICATION_FOLDERS, ROOT, SOURCES, Findings, finish, read, tracked
 
 PRODUCT = (*APPLICATION_FOLDERS, "platform", "devkit", "packaging")
 
@@ -54,19 +53,22 @@ def suppressions(root):
     for path in tracked(root, suffixes=SOURCES):
         for number, line in enumerate(read(root, path).splitlines(), 1):
             if SUPPRESSION.search(line) and not WITH_REASON.search(line):
-                findings.add(path, number, "a NOLINT names its check and its reason: NOLINT(check): why")
+                findings.add(path, number,
+                             "a NOLINT names its check and its reason: NOLINT(check): why")
     return findings
 
 
 def lint(root, build, folders=PRODUCT, thorough=False):
     return suppressions(root) + check_all(
         build, "clang-tidy", units(root, build, folders, (".mm", ".cpp")),
-        lambda unit, source: command(root, unit, source, thorough), [root / CONFIGURATION], BATCH_SIZE)
+        lambda unit, source: command(root, unit, source, thorough), [root / CONFIGURATION],
+        BATCH_SIZE)
 
 
 def parse():
     parser = argparse.ArgumentParser(description=__doc__.split("\n\n", maxsplit=1)[0])
-    parser.add_argument("--all", action="store_true", help="the tests and benchmarks, too, and more of each function")
+    parser.add_argument("--all", action="store_true",
+                        help="the tests and benchmarks, too, and more of each function")
     parser.add_argument("root", nargs="?", type=Path, default=ROOT)
     parser.add_argument("build", nargs="?", type=Path)
     return parser.parse_args()
@@ -75,7 +77,5 @@ def parse():
 if __name__ == "__main__":
     options = parse()
     project = options.root.resolve()
-    found = lint(project, (options.build or project / "build").resolve(),
-                 FOLDERS if options.all else PRODUCT, thorough=options.all)
-    print(*found, sep="\n", end="\n" if found else "")
-    sys.exit(1 if found else 0)
+    finish(lint(project, (options.build or project / "build").resolve(),
+                FOLDERS if options.all else PRODUCT, thorough=options.all))

@@ -4,6 +4,7 @@ import subprocess
 import sys
 import tempfile
 import unittest
+from functools import lru_cache
 from pathlib import Path
 
 TOOLS = Path(__file__).resolve().parents[1]
@@ -38,6 +39,7 @@ class SampleProject(unittest.TestCase):
             self.assertIn(part, findings[0])
 
 
+@lru_cache(maxsize=None)
 def platform_flags():
     """What the build compiles Objective-C++ with, as far as the samples need it."""
     def answer(*command):
@@ -54,18 +56,25 @@ def platform_flags():
 class SampleBuild(SampleProject):
     """A sample project that is built, so that the lints which compile find their commands."""
 
-    def build(self):
+    def configure(self, *flags):
+        """Writes the commands of the build; returns its folder."""
         folder = self.root / "build"
         folder.mkdir(exist_ok=True)
         rule = ["rule compile",
-                f"  command = clang++ -I{self.root} {' '.join(platform_flags())}"
+                f"  command = clang++ -I{self.root} {' '.join([*platform_flags(), *flags])}"
                 " -MD -MF $out.d -c $in -o $out",
                 "  deps = gcc", "  depfile = $out.d"]
-        sources = sorted(path for suffix in ("mm", "cpp") for path in self.root.glob(f"*/*.{suffix}"))
+        sources = sorted(path for suffix in ("mm", "cpp")
+                         for path in self.root.glob(f"*/*.{suffix}"))
         edges = [f"build {path.name}.o: compile {path}" for path in sources]
         (folder / "build.ninja").write_text("\n".join([*rule, *edges, ""]))
-        subprocess.run(["ninja", "-C", str(folder), "--quiet"], check=True, stdout=subprocess.DEVNULL)
         commands = subprocess.run(["ninja", "-C", str(folder), "-t", "compdb"], check=True,
                                   capture_output=True, text=True).stdout
         (folder / "compile_commands.json").write_text(commands)
+        return folder
+
+    def build(self):
+        folder = self.configure()
+        subprocess.run(["ninja", "-C", str(folder), "--quiet"], check=True,
+                       stdout=subprocess.DEVNULL)
         return folder

@@ -1,8 +1,9 @@
 """A small interface file for its lint to be tried on."""
 
-from sample import SampleProject
+from sample import SampleBuild
 
 import interface_files
+import objc_classes
 
 HEAD = """<?xml version="1.0" encoding="UTF-8"?>
 <document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0">
@@ -41,8 +42,11 @@ def button(name="box", cell='title="known"', inside="", frame="", in_cell="", at
             f"</buttonCell>{inside}</button>\n")
 
 
-class SampleInterface(SampleProject):
+class SampleInterface(SampleBuild):
     """A test with the class Tab and a string table whose only key is "known"."""
+
+    # What the compiler read before, by its sources: reading the platform's headers takes long.
+    read = {}
 
     def setUp(self):
         super().setUp()
@@ -52,10 +56,25 @@ class SampleInterface(SampleProject):
     def interface(self, *objects, name="A"):
         self.write(f"resources/{name}.xib", HEAD + "".join(objects) + TAIL)
 
+    def classes(self):
+        """What the sources declare, with every header included somewhere."""
+        headers = sorted(path.relative_to(self.root) for path in self.root.glob("*/*.h"))
+        self.write("windows/headers.mm", "".join(f'#import "{path}"\n' for path in headers))
+        sources = sorted(self.root.glob("*/*.mm"))
+        key = tuple((str(path), (self.root / path).read_text()) for path in headers) + tuple(
+            (str(path.relative_to(self.root)), path.read_text()) for path in sources)
+        if key not in self.read:
+            build = self.configure("-include", "AppKit/AppKit.h")
+            self.read[key] = objc_classes.program_classes(self.root, build)
+        return self.read[key]
+
+    def lint(self):
+        return interface_files.check(self.root, self.classes())
+
     def findings(self, *objects):
         """What is found in a file of these objects."""
         self.interface(*objects)
-        return interface_files.lint(self.root)
+        return self.lint()
 
     def passes(self, *objects):
         self.assertEqual(self.findings(*objects), [])

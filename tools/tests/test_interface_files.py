@@ -3,7 +3,6 @@
 from sample_interface import FIRST, HEAD, HEADER, TAB, SampleInterface, button
 
 import interface_files
-import objc_classes
 
 GOOD = TAB + button()
 
@@ -14,12 +13,12 @@ class RecordReader(SampleInterface):
 
     def test_what_is_no_xml_is_found_where_it_breaks(self):
         self.write("resources/A.xib", HEAD + "<window>\n</windows>\n")
-        self.assert_finds(interface_files.lint(self.root), f"A.xib:{FIRST + 1}:", "mismatched tag")
+        self.assert_finds(self.lint(), f"A.xib:{FIRST + 1}:", "mismatched tag")
 
     def test_a_broken_file_does_not_hide_the_others(self):
         self.write("resources/A.xib", "<document>")
         self.interface('<textField id="a" customClass="Nowhere"/>\n', name="B")
-        self.assertEqual(len(interface_files.lint(self.root)), 2)
+        self.assertEqual(len(self.lint()), 2)
 
     def test_an_id_that_stands_twice_is_found(self):
         self.fails(2, '<view id="a"/>\n<view id="a"/>\n', '"a"', f"line {FIRST}")
@@ -43,10 +42,10 @@ class References(SampleInterface):
         self.passes(binding, '<customObject id="-2" customClass="NSApplication"/>')
 
     def test_a_connection_without_an_end_is_found(self):
-        self.fails(1, '<window id="a"><connections><outlet property="delegate" id="b"/></connections></window>',
-                   "delegate", "no destination")
-        self.fails(1, '<menuItem id="a"><connections><action selector="copy:" id="b"/></connections></menuItem>',
-                   "copy:", "no target")
+        self.fails(1, '<window id="a"><connections><outlet property="delegate" id="b"/>'
+                      "</connections></window>", "delegate", "no destination")
+        self.fails(1, '<menuItem id="a"><connections><action selector="copy:" id="b"/>'
+                      "</connections></menuItem>", "copy:", "no target")
 
 
 class Classes(SampleInterface):
@@ -56,16 +55,21 @@ class Classes(SampleInterface):
                    "Nowhere", "would not load")
 
     def test_the_platforms_and_the_programs_classes_are_known(self):
-        self.write("platform/gnustep/Gap.h", "@interface NSGap : NSView\n@end\n")
+        self.write("platform/Gap.h", "@interface NSGap : NSView\n@end\n")
         self.passes('<customObject id="-2" customClass="NSApplication"/>'
                     '<customObject id="-1" customClass="FirstResponder"/>'
-                    '<window id="w" customClass="NSPanel"/><customView id="v" customClass="NSGap"/>')
+                    '<window id="w" customClass="NSPanel"/>'
+                    '<customView id="v" customClass="NSGap"/>')
 
     def test_only_the_first_responder_may_be_called_one(self):
         self.fails(1, '<customObject id="a" customClass="FirstResponder"/>', "FirstResponder")
 
     def test_adding_to_a_class_does_not_declare_it(self):
-        self.write("platform/gnustep/Gap.h", "@interface NSGap (More)\n@end\n")
+        self.write("platform/Gap.h", "@interface NSSlider (More)\n@end\n")
+        self.fails(1, '<customView id="v" customClass="NSSlider"/>', "NSSlider")
+
+    def test_nor_does_a_forward_declaration(self):
+        self.write("platform/Gap.h", "@class NSGap;\n")
         self.fails(1, '<customView id="v" customClass="NSGap"/>', "NSGap")
 
 
@@ -79,20 +83,26 @@ class Outlets(SampleInterface):
         self.fails(2, self.connect("wrong", "window"), "Tab has no outlet wrong")
 
     def test_an_outlet_of_a_superclass_or_a_class_extension_will_do(self):
-        self.write("windows/Other.h", "@interface Other : Tab\n@end\n")
-        self.write("windows/Other.mm", "@interface Other () {\n IBOutlet id hidden;\n}\n@end\n")
+        self.write("windows/Other.h", '#import "windows/Tab.h"\n@interface Other : Tab\n@end\n')
+        self.write("windows/Other.mm", '#import "windows/Other.h"\n'
+                                    "@interface Other ()\n"
+                                    "@property (assign) IBOutlet id hidden;\n@end\n")
         hidden = ('<customObject id="y" customClass="Other"><connections>'
-                  '<outlet property="hidden" destination="x" id="y1"/></connections></customObject>')
+                  '<outlet property="hidden" destination="x" id="y1"/>'
+                  "</connections></customObject>")
         self.passes(self.connect("sheet", "window", hidden, of="Other"))
 
     def test_a_method_or_another_property_is_no_outlet(self):
-        self.write("windows/Tab.h", HEADER.replace("@end", "@property (assign) NSWindow *plain;\n@end"))
+        self.write("windows/Tab.h",
+                   HEADER.replace("@end", "@property (assign) NSWindow *plain;\n@end"))
         self.fails(2, self.connect("plain", "window"), "plain")
 
     def test_the_platforms_outlets_are_known(self):
         def window(outlet):
-            return (f'<window id="w"><connections>\n<outlet property="{outlet}" destination="v" id="c"/>\n'
+            return ('<window id="w"><connections>\n'
+                    f'<outlet property="{outlet}" destination="v" id="c"/>\n'
                     '</connections></window><customView id="v"/>')
+
         self.passes(window("initialFirstResponder"))
         self.fails(2, window("nextKeyView"), "NSWindow has no outlet nextKeyView")
 
@@ -112,7 +122,8 @@ class Outlets(SampleInterface):
 
     def test_the_platforms_outlets_take_their_class_only(self):
         item = ('<collectionView id="c"><connections>\n'
-                '<outlet property="itemPrototype" destination="d" id="e"/>\n</connections></collectionView>')
+                '<outlet property="itemPrototype" destination="d" id="e"/>\n'
+                "</connections></collectionView>")
         self.passes(item + '<collectionViewItem id="d"/>')
         self.fails(2, item + '<view id="d"/>', "NSCollectionViewItem")
 
@@ -138,7 +149,8 @@ class Outlets(SampleInterface):
 
 class Actions(SampleInterface):
     def send(self, selector, target="tab"):
-        connection = f'<connections>\n<action selector="{selector}" target="{target}" id="a1"/>\n</connections>'
+        connection = (f'<connections>\n<action selector="{selector}" target="{target}" id="a1"/>\n'
+                      "</connections>")
         return TAB.replace("\n", "") + button(inside=connection)
 
     def test_an_action_must_be_declared_as_one(self):
@@ -146,7 +158,8 @@ class Actions(SampleInterface):
         self.fails(2, self.send("notAnAction:"), "Tab declares no action notAnAction:")
 
     def test_an_action_of_a_category_will_do(self):
-        self.write("windows/Tab+More.h", "@interface Tab (More)\n- (IBAction)more:(id)sender;\n@end\n")
+        self.write("windows/Tab+More.h", '#import "windows/Tab.h"\n@interface Tab (More)\n'
+                                      "- (IBAction)more:(id)sender;\n@end\n")
         self.passes(self.send("more:"))
 
     def test_the_platforms_actions_are_known(self):
@@ -160,32 +173,91 @@ class Actions(SampleInterface):
 
 
 class Declarations(SampleInterface):
-    def classes(self, text):
+    def declared(self, text):
         self.write("windows/Tab.h", text)
-        return objc_classes.program_classes(self.root)
+        return self.classes()
 
     def outlets(self, declarations):
-        found = self.classes(f"@interface A : NSObject {{\n{declarations}\n}}\n@end\n")["A"].outlets
-        return {name: outlet.type for name, outlet in found.items()}
+        found = self.declared(f"@interface A : NSObject {{\n{declarations}\n}}\n@end\n")
+        return {name: outlet.type for name, outlet in found["A"].outlets.items()}
 
     def test_outlets_are_read_in_every_form(self):
-        self.assertEqual(self.outlets("IBOutlet NSButton *a;\n@private IBOutlet NSTextField *b, *c;"),
+        self.assertEqual(self.outlets("IBOutlet NSButton *a;\n"
+                                      "@private IBOutlet NSTextField *b, *c;"),
                          {"a": "NSButton", "b": "NSTextField", "c": "NSTextField"})
-        self.assertEqual(self.outlets("IBOutlet id a; IBOutlet id<B, C> d; NSButton *e;"),
-                         {"a": "id", "d": "id"})
-        self.assertEqual(self.outlets("@property (nonatomic, retain) IBOutlet NSMenu *a"
-                                      " __attribute__((unused));"),
-                         {"a": "NSMenu"})
+        self.assertEqual(self.outlets("IBOutlet id a; IBOutlet id<NSCopying, NSCoding> d;"
+                                      " NSButton *e; IBOutlet NSArray<NSString *> *f;"),
+                         {"a": "id", "d": "id", "f": "NSArray"})
 
-    def test_what_is_commented_out_is_not_declared(self):
-        self.assertEqual(self.outlets("// IBOutlet NSButton *a;\n/* IBOutlet NSButton *b; */"), {})
+    def test_a_property_may_be_an_outlet_whatever_its_attributes(self):
+        found = self.declared(
+            "@interface A : NSObject\n"
+            "@property (nonatomic, retain) IBOutlet NSMenu *a __attribute__((unused));\n"
+            "@property (getter=isB, assign) IBOutlet id b;\n"
+            "@property (assign) NSMenu *c;\n@end\n")
+        self.assertEqual({name: outlet.type for name, outlet in found["A"].outlets.items()},
+                         {"a": "NSMenu", "b": "id"})
+
+    def test_what_is_not_compiled_is_not_declared(self):
+        self.assertEqual(self.outlets("// IBOutlet NSButton *a;\n/* IBOutlet NSButton *b; */\n"
+                                      "#if 0\nIBOutlet NSButton *c;\n#endif"), {})
+
+    def test_what_a_macro_declares_is_declared(self):
+        self.assertEqual(self.outlets("#define FIELD(name) IBOutlet NSTextField *name\n"
+                                      "FIELD(a);\nFIELD(b);"),
+                         {"a": "NSTextField", "b": "NSTextField"})
+        found = self.declared("#define SENT_BY(name) - (IBAction)name:(id)sender\n"
+                              "@interface A : NSObject\nSENT_BY(button);\n@end\n")
+        self.assertEqual(found["A"].actions, {"button:"})
+
+    def test_a_class_by_another_name_is_that_class(self):
+        found = self.declared("typedef NSTextField Field;\ntypedef id Anything;\n"
+                              "@interface A : NSObject {\n IBOutlet Field *a;\n"
+                              " IBOutlet Anything b;\n}\n@end\n")
+        self.assertEqual({name: outlet.type for name, outlet in found["A"].outlets.items()},
+                         {"a": "NSTextField", "b": "id"})
+
+    def test_what_a_class_extension_declares_belongs_to_the_class(self):
+        self.write("windows/Tab.mm", '#import "windows/Tab.h"\n'
+                                  "@interface A ()\n"
+                                  "@property (assign) IBOutlet NSMenu *a;\n"
+                                  "- (IBAction)b:(id)sender;\n@end\n")
+        found = self.declared("@interface A : NSObject\n@end\n")["A"]
+        outlet = found.outlets["a"]
+        self.assertEqual((outlet.type, str(outlet.path), outlet.line), ("NSMenu", "windows/Tab.mm", 3))
+        self.assertEqual((found.superclass, found.actions), ("NSObject", {"b:"}))
 
     def test_actions_are_read_in_every_form(self):
-        found = self.classes("@interface A : B <C>\n- (IBAction) a : (id) sender;\n-(IBAction)b;\n"
-                             "- (IBAction)c:(NSArray<id> *)x with:(void (*)(int))y;\n- (void)d:(id)x;\n@end\n")
+        found = self.declared(
+            "@interface A : NSView <NSCoding>\n- (IBAction) a : (id) sender;\n-(IBAction)b;\n"
+            "- (IBAction)c:(NSArray<id> *)x with:(void (*)(int))y;\n- (void)d:(id)x;\n@end\n")
         self.assertEqual(found["A"].actions, {"a:", "b", "c:with:"})
-        self.assertEqual(found["A"].superclass, "B")
+        self.assertEqual(found["A"].superclass, "NSView")
 
     def test_classes_that_follow_one_another_are_told_apart(self):
-        found = self.classes("@class C;\n@interface A : B\n@end\n@interface C : D\n- (IBAction)e:(id)x;\n@end\n")
+        found = self.declared("@class C;\n@interface A : NSObject\n@end\n"
+                              "@interface C : NSView\n- (IBAction)e:(id)x;\n@end\n")
         self.assertEqual((found["A"].actions, found["C"].actions), (set(), {"e:"}))
+
+    def test_a_superclass_may_be_declared_in_another_header(self):
+        self.write("ui/Base.h", "#define BASE NSPanel\n@interface Base : BASE\n"
+                                "@property (assign) IBOutlet NSMenu *inherited;\n@end\n")
+        found = self.declared('#import "ui/Base.h"\n@interface A : Base\n@end\n')
+        self.assertEqual((found["A"].superclass, found["Base"].superclass), ("Base", "NSPanel"))
+        self.assertEqual(list(found["Base"].outlets), ["inherited"])
+
+
+class Sources(SampleInterface):
+    def test_sources_that_do_not_go_together_are_read_each(self):
+        for name in ("A", "B"):
+            self.write(f"windows/{name}.mm", "enum { kSame };\n"
+                                          f"@interface {name} : NSObject {{\n IBOutlet id a;\n}}\n"
+                                          "@end\n")
+        self.assertEqual({name for name, each in self.classes().items() if "a" in each.outlets},
+                         {"A", "B"})
+
+    def test_a_source_that_does_not_compile_is_found(self):
+        self.write("windows/Good.mm", "@interface Good : NSObject\n@end\n")
+        self.write("windows/Bad.mm", "@interface Bad : Nowhere\n@end\n")
+        build = self.configure("-include", "AppKit/AppKit.h")
+        self.assert_finds(interface_files.lint(self.root, build), "windows/Bad.mm:1:", "Nowhere")
