@@ -19,7 +19,8 @@ ROOT = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tools" / "lint"))
 sys.dont_write_bytecode = True  # the tools' folder stays as it is
 
-from string_tables import LANGUAGES, REFERENCE, TABLE_NAME, entries_of, text_of, unescaped  # noqa: E402
+from string_tables import (  # noqa: E402
+    LANGUAGES, REFERENCE, TABLE_NAME, entries_of, text_of, unescaped)
 
 # The locales of desktop entries that a localisation is for. A name without a country is for all of
 # them; simplified Chinese is not.
@@ -73,7 +74,11 @@ def property_list_line(line, texts):
     """The line with a dictionary for what is after its first "=" and before its ";"."""
     head, _, value = line.partition("=")
     value = value.strip().rstrip(";").strip().strip('"')
-    entries = [f"{name} = {quoted(TEXT.sub(lambda match, table=texts[language]: table[match[1]], value))};"
+
+    def text(language):
+        return quoted(TEXT.sub(lambda match: texts[language][match[1]], value))
+
+    entries = [f"{name} = {text(language)};"
                for language, names in GNUSTEP_LANGUAGES.items() for name in names]
     indent = " " * (len(head) - len(head.lstrip()) + 4)
     yield f"{head.rstrip()} = {{"

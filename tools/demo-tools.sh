@@ -1,10 +1,10 @@
+# shellcheck shell=bash
 # What ./run and tools/demo share: starting the programs and waiting for them. To be sourced from the
 # project's folder, with `die` defined.
 
 readonly agent_program=build/devkit/VeldaneKRVAgent.app/VeldaneKRVAgent
 readonly application_program=build/ContextMenuApp.app/ContextMenuApp
 readonly contextmenu=build/devkit/contextmenu
-readonly desktop_driver=build/devkit/desktop_driver
 # For a program to come up on a busy machine.
 readonly start_seconds=60
 

@@ -1,5 +1,6 @@
 """What the tests of the file managers' actions share: a synced folder, the real agent, application
-and plug-in client, and the screen with somebody in front of it. For use in a private desktop only."""
+and plug-in client, and the screen with somebody in front of it. For use in a private desktop
+only."""
 
 import json
 import os

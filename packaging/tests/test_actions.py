@@ -78,7 +78,6 @@ class Places(DesktopTest):
         self.synced.rmdir()
         self.assertIsNone(self.relative(self.synced / "a.txt"))
 
-
     def test_no_path_is_no_item_even_in_a_folder_that_is_one(self):
         os.chdir(self.folder("MyDocs"))
         self.assertIsNone(self.relative(""))
@@ -141,9 +140,10 @@ class Texts(unittest.TestCase):
     def test_a_language_without_texts_falls_back_to_the_next(self):
         code = ("import sys; sys.path.insert(0, sys.argv[1]);"
                 "from brisvale_actions.texts import text; print(text('copyLinkMenuTitleKey'))")
+
         def label(languages):
-            return subprocess.run([sys.executable, "-B", "-c", code, ACTIONS], text=True, check=True,
-                                  env={"LANGUAGE": languages, "PYTHONUTF8": "1"},
+            return subprocess.run([sys.executable, "-B", "-c", code, ACTIONS], text=True,
+                                  check=True, env={"LANGUAGE": languages, "PYTHONUTF8": "1"},
                                   stdout=subprocess.PIPE).stdout.strip()
         self.assertEqual(label("nl:fr"), "Copier le lien")
         self.assertEqual(label("nl"), "Copy Link")
@@ -225,7 +225,8 @@ class Choices(DesktopTest):
         self.start_application()
         self.file("MyDocs/-- ä.txt")
         (self.home / "link").symlink_to(self.synced)
-        self.assertEqual(self.told("copy-link", self.home / "link" / "MyDocs" / "-- ä.txt"), (0, ""))
+        self.assertEqual(self.told("copy-link", self.home / "link" / "MyDocs" / "-- ä.txt"),
+                         (0, ""))
         self.assert_clipboard_gets_link_of("getLinkForFile")
 
 

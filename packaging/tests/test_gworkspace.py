@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""The services that GWorkspace's users find in its menu Services, performed as that menu does. Each test
-runs in a desktop of its own."""
+"""The services that GWorkspace's users find in its menu Services, performed as that menu does. Each
+test runs in a desktop of its own."""
 
 import os
 import subprocess

@@ -103,8 +103,8 @@ OUTLETS = {
 }
 
 ACTIONS = {
-    "NSApplication": {"hide:", "hideOtherApplications:", "orderFrontStandardAboutPanel:", "terminate:",
-                      "unhideAllApplications:"},
+    "NSApplication": {"hide:", "hideOtherApplications:", "orderFrontStandardAboutPanel:",
+                      "terminate:", "unhideAllApplications:"},
     "NSArrayController": {"add:", "insert:", "remove:", "selectNext:", "selectPrevious:"},
     "NSText": {"copy:", "cut:", "delete:", "paste:", "selectAll:"},
     "NSWindow": {"makeKeyAndOrderFront:", "orderFront:", "orderOut:", "performClose:",

@@ -137,7 +137,8 @@ NOT_COMPILED = "[clang-diagnostic-error"
 # The name that a line at file scope declares or defines, roughly: the last one before its value,
 # parameters or body. The format does not indent what is in a namespace.
 FILE_SCOPE_NAME = re.compile(
-    r"^(?!namespace\b|using\b|template\b|extern\b|#import|#include|[A-Z_]+\()(?=[\w#])[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
+    r"^(?!namespace\b|using\b|template\b|extern\b|#import|#include|[A-Z_]+\()(?=[\w#])"
+    r"[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
     re.MULTILINE)
 
 
@@ -158,13 +159,64 @@ def batches(checked, size):
     return [batch.units for batch in found]
 
 
+class Checks:
+    """Runs command_for(unit, source) for units and remembers which passed, each by its key."""
+
+    def __init__(self, command_for, cache, keys):
+        self.command_for = command_for
+        self.cache = cache
+        self.keys = keys
+
+    def run(self, unit, source):
+        return subprocess.run(self.command_for(unit, source), cwd=unit.directory,
+                              capture_output=True, text=True)
+
+    def alone(self, unit):
+        """What the command printed if the unit does not pass."""
+        result = self.run(unit, unit.path)
+        if result.returncode == 0:
+            self.cache.passed(self.keys[unit])
+            return None
+        said = f"{result.stdout}\n{result.stderr}".splitlines()
+        return "\n".join(line for line in said if line and not COUNT.match(line))
+
+    def run_together(self, batch):
+        with tempfile.NamedTemporaryFile("w", prefix=UNIFIED_SOURCE,
+                                         suffix=batch[0].source.suffix) as together:
+            # The includes themselves would be found fault with.
+            together.writelines(f'#include "{unit.path}"  // NOLINT\n' for unit in batch)
+            together.flush()
+            return self.run(batch[0], together.name)
+
+    def suspects(self, batch):
+        """Those that may not pass by themselves; the others are done with."""
+        result = self.run_together(batch)
+        if result.returncode == 0:
+            return []
+        said = result.stdout + result.stderr
+        at_fault = set(PLACE_OF_FINDING.findall(said))
+        paths = {str(unit.path) for unit in batch}
+        # Where the compilation broke off or a header is at fault, each may be.
+        if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
+            return batch
+        return [unit for unit in batch if str(unit.path) in at_fault]
+
+    def batch(self, batch):
+        """What the command printed of the units that do not pass, one text each."""
+        to_check = self.suspects(batch) if len(batch) > 1 else batch
+        for unit in batch:
+            if unit not in to_check:
+                self.cache.passed(self.keys[unit])
+        return [*filter(None, map(self.alone, to_check))]
+
+
 def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
     """Runs command_for(unit, source) for every unit and returns what the failing ones printed.
 
-    extra_inputs are files besides sources and headers that decide the outcome. With a batch_size the
-    source is one that includes up to so many units' sources, because reading the platform's headers
-    takes longer than checking a source. Of a batch that fails, each unit that may be the reason is
-    checked by itself.
+    extra_inputs are files besides sources and headers that decide the outcome. With a batch_size
+    the source is one that includes up to so many units' sources, because reading the platform's
+    headers takes longer than checking a source. Of a batch that fails, each unit that may be the
+    reason is checked by itself.
     """
     depends_on = dependencies(build)
     cache = Cache(build / "lint-cache" / name)
@@ -177,49 +229,10 @@ def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
             return None
         return key(command_for(unit, unit.path), inputs)
 
-    def run(unit, source):
-        return subprocess.run(command_for(unit, source), cwd=unit.directory, capture_output=True,
-                              text=True)
-
-    def check_alone(unit):
-        result = run(unit, unit.path)
-        if result.returncode == 0:
-            cache.passed(keys[unit])
-            return None
-        said = f"{result.stdout}\n{result.stderr}".splitlines()
-        return "\n".join(line for line in said if line and not COUNT.match(line))
-
-    def run_together(batch):
-        with tempfile.NamedTemporaryFile("w", prefix=UNIFIED_SOURCE,
-                                         suffix=batch[0].source.suffix) as together:
-            # The includes themselves would be found fault with.
-            together.writelines(f'#include "{unit.path}"  // NOLINT\n' for unit in batch)
-            together.flush()
-            return run(batch[0], together.name)
-
-    def suspects(batch):
-        """Those that may not pass by themselves; the others are done with."""
-        result = run_together(batch)
-        if result.returncode == 0:
-            return []
-        said = result.stdout + result.stderr
-        at_fault = set(PLACE_OF_FINDING.findall(said))
-        paths = {str(unit.path) for unit in batch}
-        # Where the compilation broke off or a header is at fault, each may be.
-        if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
-            return batch
-        return [unit for unit in batch if str(unit.path) in at_fault]
-
-    def check_batch(batch):
-        to_check = suspects(batch) if len(batch) > 1 else batch
-        for unit in batch:
-            if unit not in to_check:
-                cache.passed(keys[unit])
-        return [*filter(None, map(check_alone, to_check))]
-
+    keys = {unit: remembered(unit) for unit in checked}
+    to_check = [unit for unit in checked if not cache.has_passed(keys[unit])]
+    checks = Checks(command_for, cache, keys)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        keys = {unit: remembered(unit) for unit in checked}
-        to_check = [unit for unit in checked if not cache.has_passed(keys[unit])]
-        findings = Findings(itertools.chain(*pool.map(check_batch, batches(to_check, batch_size))))
+        findings = Findings(itertools.chain(*pool.map(checks.batch, batches(to_check, batch_size))))
     cache.forget_unused()
     return findings

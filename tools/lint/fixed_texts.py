@@ -26,8 +26,8 @@ def fixed_texts(root, findings):
 
 
 def texts_in(source):
-    """The texts that stand in a source as whole literals: Objective-C strings, and UTF-16 ones where
-    code works on the units of strings."""
+    """The texts that stand in a source as whole literals: Objective-C strings, and UTF-16 ones
+    where code works on the units of strings."""
     utf16 = re.findall(r'\bu"((?:\\.|[^"\\])*)"', without_comments(source))
     return {literal for _, literal in literals(source)} | set(utf16)
 

@@ -6,11 +6,13 @@ import re
 
 from project import Findings, run, tracked
 
+SAY_WHY = "say what holds and why instead of where it was written down"
+
 # The brackets keep the patterns from finding themselves.
 FORBIDDEN = [
     (re.compile(pattern, re.IGNORECASE), why) for pattern, why in [
-        (r"\bs[p]ec(ification|s)?\b", "say what holds and why instead of where it was written down"),
-        (r"\bp[a]rt\s+\d+\.\d+", "say what holds and why instead of where it was written down"),
+        (r"\bs[p]ec(ification|s)?\b", SAY_WHY),
+        (r"\bp[a]rt\s+\d+\.\d+", SAY_WHY),
         (r"(?<![\w/.])/(work|root)/\w", "a path of one machine"),
     ]
 ]

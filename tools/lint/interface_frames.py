@@ -41,7 +41,8 @@ def frame_of(element, key="frame"):
     if rect is None:
         return None
     try:
-        left, bottom, width, height = (float(rect.get(name)) for name in ("x", "y", "width", "height"))
+        left, bottom, width, height = (float(rect.get(name))
+                                       for name in ("x", "y", "width", "height"))
     except ValueError:
         return None
     return Frame(left, bottom, left + width, bottom + height)
@@ -58,8 +59,8 @@ def inside_of(element):
 
 def superview(element):
     """What holds a view: the nearest element around it that has room of its own."""
-    return next((each for each in element.ancestors()
-                 if frame_of(each) is not None or each.tag in ("window", "panel", "clipView")), None)
+    return next((each for each in element.ancestors() if frame_of(each) is not None
+                 or each.tag in ("window", "panel", "clipView")), None)
 
 
 def padding(element):

@@ -39,8 +39,8 @@ def check(interface, keys):
         for rule in RULES.get(element.tag, ()):
             rule(interface, element)
         if element.get("borderType") == "bezel":
-            interface.add(element, 'borderType="bezel" is what it is without saying, and only logs a'
-                                   " warning")
+            interface.add(element, 'borderType="bezel" is what it is without saying, and only logs'
+                                   " a warning")
     key_equivalents(interface)
     frames(interface)
 
@@ -58,7 +58,8 @@ def texts(interface, element, keys):
         text = element.string(attribute)
         # Numbers and marks are the same in every language.
         if LETTER.search(text) and is_shown(element, attribute) and text not in keys:
-            interface.add(element, f'{attribute} "{text}" is no key of the {REFERENCE} string table')
+            interface.add(element, f'{attribute} "{text}" is no key of the {REFERENCE}'
+                                   " string table")
 
 
 def fonts(interface, element):
@@ -103,7 +104,8 @@ def cells(interface, element):
 
 def progress_indicator(interface, element):
     if element.get("hidden") != "YES":
-        interface.add(element, f'{element} needs hidden="YES": it is drawn even while it stands still')
+        interface.add(element, f'{element} needs hidden="YES": it is drawn even while it stands'
+                               " still")
 
 
 def text_view(interface, element):
@@ -161,4 +163,5 @@ def key_equivalents(interface):
         one, other = scopes_of(first), scopes_of(second)
         seen_together = one and other and (one[0] in other or other[0] in one)
         if seen_together and key_of(first) == key_of(second):
-            interface.add(second, f"{second} has the same key equivalent as {first}, line {first.line}")
+            interface.add(second, f"{second} has the same key equivalent as {first},"
+                                  f" line {first.line}")

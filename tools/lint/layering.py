@@ -56,7 +56,8 @@ def includes(root, path, known, findings, number, line):
         return
     name = match.group(1)
     if (root / path.parent / name).is_file() and "/" not in name:
-        findings.add(path, number, f'include "{name}" by its path from the root: "{path.parent}/{name}"')
+        findings.add(path, number,
+                     f'include "{name}" by its path from the root: "{path.parent}/{name}"')
         return
     if not (root / name).is_file() or name.startswith("/"):
         if ".." in name.split("/"):

@@ -20,8 +20,8 @@ def tests_in(root):
 
 def exists(suite, test, tests):
     prefix = test.rstrip("*")
-    return any(known_suite == suite and
-               (known == test or (test.endswith("*") and known.startswith(prefix)))
+    return any(known_suite == suite
+               and (known == test or (test.endswith("*") and known.startswith(prefix)))
                for known_suite, known in tests)
 
 

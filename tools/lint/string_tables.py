@@ -31,7 +31,8 @@ KEY = re.compile(r"[a-z]\w*Key")
 UNSEEN = ("customClass", "id", "key", "keyPath", "property", "selector", "userLabel")
 COLONS = (":", "\uff1a")
 
-TOKEN = re.compile(r'\s+|//[^\n]*|/\*.*?\*/|(?P<string>"(?:\\.|[^"\\])*")|(?P<mark>[=;])', re.DOTALL)
+TOKEN = re.compile(
+    r'\s+|//[^\n]*|/\*.*?\*/|(?P<string>"(?:\\.|[^"\\])*")|(?P<mark>[=;])', re.DOTALL)
 # A pair of escapes that are one character together, or any other escape.
 ESCAPE = re.compile(
     r"\\(U[dD][89abAB][0-9a-fA-F]{2}\\U[dD][c-fC-F][0-9a-fA-F]{2}|U[0-9a-fA-F]{4}|.)", re.DOTALL)
@@ -51,7 +52,8 @@ def text_of(path):
 
 
 def entries_of(text):
-    """The entries as (line, key, value); raises ValueError with the line where the form is wrong."""
+    """The entries as (line, key, value); raises ValueError with the line where the form is
+    wrong."""
     tokens, position = [], 0
     while position < len(text):
         match = TOKEN.match(text, position)

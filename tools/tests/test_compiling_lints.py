@@ -45,8 +45,8 @@ class ApiFloor(SampleBuild):
                                        "template <class T> T twice(T t) { return t + t; }\n")
         self.write("app/Gap.h", "#import <Foundation/Foundation.h>\n@interface NSString (Gap)\n"
                                 "- (BOOL)containsString:(NSString *)part;\n@end\n")
-        self.write("app/Gap.mm", '#import "app/Gap.h"\n' +
-                   CLASS.format(body='[@"abc" containsString:@"a"];'))
+        self.write("app/Gap.mm", '#import "app/Gap.h"\n'
+                   + CLASS.format(body='[@"abc" containsString:@"a"];'))
         findings = api_floor.lint(self.root, self.build())
         for name, (_, found) in self.NEWER.items():
             with self.subTest(name):
@@ -85,7 +85,8 @@ class StaticAnalysis(SampleBuild):
         findings = static_analysis.lint(self.root, self.build())
         for name, (_, parts) in self.FAULTS.items():
             with self.subTest(name):
-                self.assert_finds([text for text in findings if all(p in text for p in parts)], *parts)
+                self.assert_finds([text for text in findings if all(p in text for p in parts)],
+                                  *parts)
         self.assertEqual(len(findings), len(self.FAULTS), findings)
 
     def test_sources_that_do_not_go_together_pass(self):
@@ -148,7 +149,8 @@ class Cache(SampleBuild):
         build = self.build()
         units = compilation.units(self.root, build, ("app",), (".cpp",))
         compilation.content_hash.cache_clear()
-        with mock.patch.object(compilation.subprocess, "run", wraps=compilation.subprocess.run) as run:
+        with mock.patch.object(compilation.subprocess, "run",
+                               wraps=compilation.subprocess.run) as run:
             compilation.check_all(build, "sample", units, lambda unit, source: list(command), extra)
         return sum(call.args[0] == list(command) for call in run.call_args_list)
 
@@ -169,4 +171,3 @@ class Cache(SampleBuild):
         configuration.write_text("2")
         self.assertEqual(self.runs(extra=[configuration]), 1)
         self.assertEqual(self.runs(("true", "again"), [configuration]), 1)
-

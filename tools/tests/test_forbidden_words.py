@@ -14,7 +14,8 @@ class ForbiddenWords(SampleProject):
                 self.assert_finds(forbidden_words.lint(self.root), "docs/a.md:2")
 
     def test_other_words_pass(self):
-        self.write("docs/a.md", "a part of it, specific and special; -isystem /usr/include/work/a\n")
+        self.write("docs/a.md",
+                   "a part of it, specific and special; -isystem /usr/include/work/a\n")
         self.assertEqual(forbidden_words.lint(self.root), [])
 
     def test_a_file_name_counts_too(self):

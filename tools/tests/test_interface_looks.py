@@ -3,7 +3,8 @@
 from sample_interface import SampleInterface, button, rect
 
 DESCRIPTION = '<accessibility description="known"/>'
-COLOURS = "".join(f'<color key="{key}"/>' for key in ("textColor", "backgroundColor", "insertionPointColor"))
+COLOURS = "".join(f'<color key="{key}"/>'
+                  for key in ("textColor", "backgroundColor", "insertionPointColor"))
 RETURN_KEY = '<string key="keyEquivalent" base64-UTF8="YES"> DQ </string>'
 
 
@@ -27,7 +28,8 @@ class Texts(SampleInterface):
 
     def test_a_packed_text_is_unpacked(self):
         self.passes('<window><string key="title" base64-UTF8="YES">\na25vd24\n</string></window>')
-        self.fails(1, '<window><string key="title" base64-UTF8="YES">\neHg\n</string></window>', '"xx"')
+        self.fails(1, '<window><string key="title" base64-UTF8="YES">\neHg\n</string></window>',
+                   '"xx"')
 
     def test_what_is_no_word_is_no_key(self):
         for text in ("", " ", "5", "..."):
@@ -36,7 +38,8 @@ class Texts(SampleInterface):
 
     def test_names_that_nobody_sees_are_no_texts(self):
         self.passes('<customView id="a" userLabel="Some View" identifier="Some"/>'
-                    '<menu title="Main Menu" systemMenu="main" id="b"/><tabViewItem identifier="One" id="c"/>')
+                    '<menu title="Main Menu" systemMenu="main" id="b"/>'
+                    '<tabViewItem identifier="One" id="c"/>')
 
     def test_without_a_table_there_are_no_keys(self):
         self.write("resources/en.lproj/Localizable.strings", "")
@@ -54,7 +57,8 @@ class Cells(SampleInterface):
         self.passes('<textFieldCell id="a" editable="NO"/>')
 
     def test_a_field_with_a_border_is_no_label(self):
-        self.passes('<textFieldCell id="a" borderStyle="bezel"/><textFieldCell id="b" borderStyle="border"/>')
+        self.passes('<textFieldCell id="a" borderStyle="bezel"/>'
+                    '<textFieldCell id="b" borderStyle="border"/>')
 
     def test_a_progress_indicator_starts_hidden(self):
         self.fails(1, '<progressIndicator id="a"/>', "hidden")
@@ -84,8 +88,10 @@ class Names(SampleInterface):
     def test_other_controls_need_a_description(self):
         controls = ['<popUpButton id="a"><popUpButtonCell key="cell" title="known">{}'
                     "</popUpButtonCell></popUpButton>",
-                    '<tokenField id="a"><tokenFieldCell key="cell">{}</tokenFieldCell></tokenField>',
-                    '<textField id="a"><textFieldCell key="cell" borderStyle="bezel" editable="YES">{}'
+                    '<tokenField id="a">'
+                    '<tokenFieldCell key="cell">{}</tokenFieldCell></tokenField>',
+                    '<textField id="a">'
+                    '<textFieldCell key="cell" borderStyle="bezel" editable="YES">{}'
                     "</textFieldCell></textField>",
                     f'<textView id="a">{COLOURS}{{}}</textView>']
         for control in controls:
@@ -95,21 +101,27 @@ class Names(SampleInterface):
                 self.passes(control.format(DESCRIPTION))
 
     def test_a_control_may_be_connected_to_its_label(self):
-        label = '<textField id="a"><textFieldCell key="cell" editable="NO" title="known"/></textField>'
+        label = ('<textField id="a"><textFieldCell key="cell" editable="NO" title="known"/>'
+                 "</textField>")
         connection = ('<accessibility><connections><accessibilityConnection property="{}"'
                       ' destination="a" id="c"/></connections></accessibility>')
         self.passes(label, f'<tokenField id="b">{connection.format("title")}</tokenField>')
-        self.fails(1, label + f'<tokenField id="b">{connection.format("link")}</tokenField>', "tokenField")
+        self.fails(1, label + f'<tokenField id="b">{connection.format("link")}</tokenField>',
+                   "tokenField")
 
     def test_labels_and_tab_views_speak_for_themselves(self):
-        self.passes('<textField id="a"><textFieldCell key="cell" editable="NO"/></textField><tabView id="b"/>')
+        self.passes('<textField id="a"><textFieldCell key="cell" editable="NO"/></textField>'
+                    '<tabView id="b"/>')
 
 
 class Rows(SampleInterface):
     def row(self, attributes="", cell="", inside=True):
-        pop_up = (f'<popUpButton id="p" {attributes}>{DESCRIPTION}<popUpButtonCell key="cell" {cell}/></popUpButton>')
-        view = f'<view id="v">{pop_up}</view>' if inside else f'<view id="v"/><view id="other">{pop_up}</view>'
-        return ('<collectionViewItem id="i"><connections><outlet property="view" destination="v" id="c"/>'
+        pop_up = (f'<popUpButton id="p" {attributes}>{DESCRIPTION}'
+                  f'<popUpButtonCell key="cell" {cell}/></popUpButton>')
+        view = (f'<view id="v">{pop_up}</view>' if inside
+                else f'<view id="v"/><view id="other">{pop_up}</view>')
+        return ('<collectionViewItem id="i"><connections>'
+                '<outlet property="view" destination="v" id="c"/>'
                 f"</connections></collectionViewItem>\n{view}")
 
     def test_the_pop_up_of_a_row_is_a_plain_one(self):
@@ -122,9 +134,9 @@ class Rows(SampleInterface):
         self.passes(self.row(cell='pullsDown="YES"', inside=False))
 
     def test_the_view_of_a_row_may_stand_in_its_item(self):
-        self.fails(1, '<collectionViewItem id="i"><view key="view" id="v"><popUpButton id="p">' + DESCRIPTION +
-                   '<popUpButtonCell key="cell" pullsDown="YES"/></popUpButton></view></collectionViewItem>',
-                   "plain pop-up")
+        self.fails(1, '<collectionViewItem id="i"><view key="view" id="v"><popUpButton id="p">'
+                      f'{DESCRIPTION}<popUpButtonCell key="cell" pullsDown="YES"/></popUpButton>'
+                      "</view></collectionViewItem>", "plain pop-up")
 
 
 class Keys(SampleInterface):
@@ -137,7 +149,8 @@ class Keys(SampleInterface):
         return f'<window id="w">{content}</window>'
 
     def pressed_by(self, name, key):
-        return f'<button id="{name}"><buttonCell key="cell" title="known" keyEquivalent="{key}"/></button>\n'
+        return (f'<button id="{name}">'
+                f'<buttonCell key="cell" title="known" keyEquivalent="{key}"/></button>\n')
 
     def test_two_buttons_of_a_window_must_not_share_a_key(self):
         same = self.pressed_by("a", "x") + self.pressed_by("b", "x")
@@ -145,12 +158,14 @@ class Keys(SampleInterface):
         self.passes(self.in_window(self.pressed_by("a", "x") + self.pressed_by("b", "y")))
 
     def test_nor_may_those_of_a_view_that_stands_alone(self):
-        self.fails(2, f'<view id="v">{self.pressed_by("a", "x") + self.pressed_by("b", "x")}</view>', "same key")
+        same = self.pressed_by("a", "x") + self.pressed_by("b", "x")
+        self.fails(2, f'<view id="v">{same}</view>', "same key")
 
     def test_windows_and_tabs_may_use_a_key_again(self):
         self.passes(self.in_window(self.pressed_by("a", "x")),
                     self.in_window(self.pressed_by("b", "x")).replace('id="w"', 'id="u"'))
-        self.passes(self.in_window(self.in_tabs(self.pressed_by("a", "x"), self.pressed_by("b", "x"))))
+        tabs = self.in_tabs(self.pressed_by("a", "x"), self.pressed_by("b", "x"))
+        self.passes(self.in_window(tabs))
 
     def test_a_button_beside_the_tabs_is_seen_with_each_of_them(self):
         tabs = self.in_tabs(self.pressed_by("a", "x"))
@@ -158,7 +173,8 @@ class Keys(SampleInterface):
                    "same key")
 
     def test_a_packed_key_is_the_same_key(self):
-        packed = f'<button id="{{}}"><buttonCell key="cell" title="known">{RETURN_KEY}</buttonCell></button>'
+        packed = ('<button id="{}"><buttonCell key="cell" title="known">'
+                  f"{RETURN_KEY}</buttonCell></button>")
         two = packed.format("a") + "\n" + packed.format("b")
         self.fails(2, self.in_window(two), "same key")
 
@@ -174,13 +190,15 @@ class Frames(SampleInterface):
         return f'<view id="v">{frame}<subviews>\n' + "\n".join(views) + "\n</subviews></view>"
 
     def box(self, name, *numbers, cell="", attributes='fixedFrame="YES"'):
-        return button(name, cell=f'title="known" {cell}', frame=rect(*numbers), attributes=attributes).strip()
+        return button(name, cell=f'title="known" {cell}', frame=rect(*numbers),
+                      attributes=attributes).strip()
 
     def test_a_view_must_not_stick_out_of_what_holds_it(self):
         self.passes(self.holding(self.box("a", 0, 0, 100, 50)))
         for numbers in ((-1, 0, 50, 50), (0, -1, 50, 50), (51, 0, 50, 50), (0, 1, 50, 50)):
             with self.subTest(numbers):
-                self.fails(2, self.holding(self.box("a", *numbers)), 'button "a"', "sticks out", 'view "v"')
+                self.fails(2, self.holding(self.box("a", *numbers)),
+                           'button "a"', "sticks out", 'view "v"')
 
     def test_the_padding_of_a_push_button_may(self):
         self.passes(self.holding(self.box("a", -6, -6, 112, 62, cell='type="push"')))
@@ -190,18 +208,21 @@ class Frames(SampleInterface):
         self.passes(self.holding(self.box("a", -50, 0, 50, 50, attributes="")))
 
     def test_the_contents_of_a_window_and_of_a_tab_fit_them(self):
-        window = ('<window id="w"><rect key="contentRect" x="300" y="300" width="100" height="50"/>\n'
+        window = ('<window id="w">'
+                  '<rect key="contentRect" x="300" y="300" width="100" height="50"/>\n'
                   '<view key="contentView" id="v">{}</view></window>')
         self.passes(window.format(rect(0, 0, 100, 50)))
         self.fails(2, window.format(rect(0, 0, 101, 50)), "sticks out", 'window "w"')
-        tabs = (f'<tabView id="t">{rect(0, 0, 100, 50)}<tabViewItems><tabViewItem id="i">\n'
+        tabs = (f'<tabView id="t">{rect(0, 0, 100, 50)}<tabViewItems>'
+                '<tabViewItem id="i">\n'
                 '<view key="view" id="v">{}</view></tabViewItem></tabViewItems></tabView>')
         self.passes(tabs.format(rect(10, 10, 80, 30)))
         self.fails(2, tabs.format(rect(10, 30, 80, 30)), "sticks out", 'tabView "t"')
 
     def test_what_scrolls_may_be_larger_than_its_window(self):
         self.passes(f'<clipView id="c">{rect(0, 0, 50, 50)}<subviews>'
-                    f'<customView id="d" fixedFrame="YES">{rect(0, 0, 50, 500)}</customView></subviews></clipView>')
+                    f'<customView id="d" fixedFrame="YES">{rect(0, 0, 50, 500)}</customView>'
+                    "</subviews></clipView>")
 
     def test_controls_must_not_lie_on_each_other(self):
         self.passes(self.holding(self.box("a", 0, 0, 50, 50), self.box("b", 50, 0, 50, 50)))
@@ -220,8 +241,10 @@ class Frames(SampleInterface):
         self.passes(self.holding(self.box("a", 0, 0, 50, 50), hidden))
 
     def test_a_progress_indicator_may_not(self):
-        spinner = f'<progressIndicator id="s" hidden="YES" fixedFrame="YES">{rect(0, 0, 16, 16)}</progressIndicator>'
-        self.fails(3, self.holding(self.box("a", 0, 0, 50, 50), spinner), 'progressIndicator "s"', "lies on")
+        spinner = ('<progressIndicator id="s" hidden="YES" fixedFrame="YES">'
+                   f"{rect(0, 0, 16, 16)}</progressIndicator>")
+        self.fails(3, self.holding(self.box("a", 0, 0, 50, 50), spinner),
+                   'progressIndicator "s"', "lies on")
 
     def test_views_of_different_superviews_are_not_compared(self):
         self.passes(self.holding(self.box("a", 0, 0, 50, 50)),

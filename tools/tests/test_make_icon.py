@@ -47,10 +47,12 @@ def unpacked(data):
 def png(width, height, rows):
     """A PNG file of rows that are filtered already, each with its filter in front."""
     def chunk(kind, content):
-        return struct.pack(">I", len(content)) + kind + content + struct.pack(">I", zlib.crc32(kind + content))
+        checksum = struct.pack(">I", zlib.crc32(kind + content))
+        return struct.pack(">I", len(content)) + kind + content + checksum
+
     head = struct.pack(">IIBBBBB", width, height, 8, 6, 0, 0, 0)
-    return (make_icon.PNG_SIGNATURE + chunk(b"IHDR", head) + chunk(b"IDAT", zlib.compress(b"".join(rows)))
-            + chunk(b"IEND", b""))
+    return (make_icon.PNG_SIGNATURE + chunk(b"IHDR", head)
+            + chunk(b"IDAT", zlib.compress(b"".join(rows))) + chunk(b"IEND", b""))
 
 
 class IconFile(unittest.TestCase):
@@ -90,10 +92,12 @@ class IconFile(unittest.TestCase):
                     colours = unpacked(content)
                     pixels = COLOUR_SIZES[kind] ** 2
                     self.assertEqual(len(colours), 3 * pixels)
-                    planes = [colours[start:start + pixels] for start in range(0, 3 * pixels, pixels)]
+                    planes = [colours[start:start + pixels]
+                              for start in range(0, 3 * pixels, pixels)]
                     self.assertGreater(len(set(zip(*planes))), 20)
                     # The tile is green rather than red: the planes are in their order.
-                    red, green, _ = (plane[pixels // 2 + COLOUR_SIZES[kind] // 8] for plane in planes)
+                    red, green, _ = (plane[pixels // 2 + COLOUR_SIZES[kind] // 8]
+                                     for plane in planes)
                     self.assertGreater(green, 2 * red)
 
     def test_the_mask_of_every_size_is_clear_outside_and_opaque_inside(self):
@@ -116,7 +120,8 @@ class IconFile(unittest.TestCase):
                     self.assertEqual(pixels[3], 0)
                     middle = 4 * (side // 2 * side + side // 2)
                     self.assertEqual(pixels[middle + 3], 255)
-                    self.assertGreater(len(set(zip(*(pixels[plane::4] for plane in range(3))))), 100)
+                    colours = set(zip(*(pixels[plane::4] for plane in range(3))))
+                    self.assertGreater(len(colours), 100)
 
     def test_the_same_master_makes_the_same_file(self):
         self.assertEqual(self.again, self.file)
@@ -128,7 +133,8 @@ class Master(unittest.TestCase):
 
     def names(self, size):
         text = make_icon.master_for(size, self.SVG).decode()
-        return [name for name in ("from-64-a", "until-100", "until-48-b", "from-the-start") if name in text]
+        return [name for name in ("from-64-a", "until-100", "until-48-b", "from-the-start")
+                if name in text]
 
     def test_a_detail_is_left_out_below_its_size(self):
         self.assertEqual(self.names(63), ["from-the-start"])
@@ -147,7 +153,8 @@ class Master(unittest.TestCase):
                 master = Path(folder, "a.svg")
                 master.write_text(content)
                 icon = Path(folder, "a.icns")
-                result = subprocess.run([PROGRAM, str(master), str(icon)], capture_output=True, text=True)
+                result = subprocess.run([PROGRAM, str(master), str(icon)], capture_output=True,
+                                        text=True)
                 self.assertEqual(result.returncode, 1)
                 self.assertIn("make-icon: cannot draw", result.stderr)
                 self.assertFalse(icon.exists())
@@ -156,8 +163,9 @@ class Master(unittest.TestCase):
 class Codes(unittest.TestCase):
     def test_run_lengths_are_undone_by_their_definition(self):
         noise = bytes(index * 7 % 256 for index in range(300))
-        samples = [b"", b"a", b"aa", b"aaa", b"ab", b"abb", b"abbbc", b"a" * 130, b"a" * 131, b"a" * 133,
-                   noise[:128], noise[:129], noise, b"aab" * 100, b"x" + b"y" * 400 + noise]
+        samples = [b"", b"a", b"aa", b"aaa", b"ab", b"abb", b"abbbc", b"a" * 130, b"a" * 131,
+                   b"a" * 133, noise[:128], noise[:129], noise, b"aab" * 100,
+                   b"x" + b"y" * 400 + noise]
         for sample in samples:
             with self.subTest(sample):
                 self.assertEqual(unpacked(make_icon.run_length(sample)), sample)

@@ -170,7 +170,8 @@ class PassedTests(Build):
     def test_one_that_failed_when_run_anew_has_not_passed(self):
         result = self.source / "result"
         result.write_text("0")
-        self.add("script", f"#!/bin/sh\nexit $(cat {result})\n", REQUIRED_FILES=self.build / "script")
+        self.add("script", f"#!/bin/sh\nexit $(cat {result})\n",
+                 REQUIRED_FILES=self.build / "script")
         self.assertEqual(self.ran(), ["script"])
         result.write_text("3")
         self.assertEqual(self.ran(), [])
@@ -206,8 +207,10 @@ class PassedTests(Build):
 
     def test_it_is_when_a_program_that_its_program_starts_has_changed(self):
         self.compile("agent", "int main(void) { return 0; }")
-        self.compile("client", f'const char *agent = "{self.build}/agent"; int main(void) {{ return 0; }}')
-        self.add_compiled("one", f'const char *client = "{self.build}/client"; int main(void) {{ return 0; }}')
+        self.compile("client", f'const char *agent = "{self.build}/agent";'
+                               " int main(void) { return 0; }")
+        self.add_compiled("one", f'const char *client = "{self.build}/client";'
+                                 " int main(void) { return 0; }")
         self.ran()
         self.assertEqual(self.ran(), [])
         self.compile("agent", "int main(void) { return 1; }")
@@ -219,7 +222,8 @@ class PassedTests(Build):
         corpus.mkdir()
         table.write_text("1")
         self.add_compiled("file", f'const char *path = "{table}"; int main(void) {{ return 0; }}')
-        self.add_compiled("folder", f'const char *path = "{corpus}"; int main(void) {{ return 0; }}')
+        self.add_compiled("folder", f'const char *path = "{corpus}";'
+                                    " int main(void) { return 0; }")
         self.ran()
         table.write_text("2")
         self.assertEqual(self.ran(), ["file"])
@@ -245,7 +249,8 @@ class PassedTests(Build):
         def make(text):
             source = self.source / "link.c"
             source.write_text(text)
-            subprocess.run(["clang", "-shared", "-fPIC", "-o", str(library), str(source)], check=True)
+            subprocess.run(["clang", "-shared", "-fPIC", "-o", str(library), str(source)],
+                           check=True)
 
         make("int link_count(void) { return 0; }")
         source = self.source / "one.c"

@@ -33,8 +33,8 @@ def built(folder, sanitizer):
     source.write_text(PROGRAM)
     libraries = subprocess.run(["gnustep-config", "--base-libs"], check=True, capture_output=True,
                                text=True).stdout.split()
-    runtime = subprocess.run(["gcc", "-print-file-name=libobjc.so"], check=True, capture_output=True,
-                             text=True).stdout.strip()
+    runtime = subprocess.run(["gcc", "-print-file-name=libobjc.so"], check=True,
+                             capture_output=True, text=True).stdout.strip()
     flags = ["-g", "-w", f"-fsanitize={sanitizer}", "-fno-sanitize-recover=undefined"]
     defaults = Path(folder, "defaults.o")
     subprocess.run(["clang++", *flags, f'-DSANITIZER_SUPPRESSIONS="{SANITIZERS}"', "-c",

@@ -1,4 +1,5 @@
-"""CTest is told of each test of a program once, and of those that wait long in parts that do not."""
+"""CTest is told of each test of a program once, and of those that wait long in parts that do
+not."""
 
 import os
 import re
@@ -43,7 +44,8 @@ class TestSuites(unittest.TestCase):
                         "-D", f"thorough={thorough}", *defines, "-P", SCRIPT], check=True,
                        env={**os.environ, **(environment or {})})
         text = tests.read_text()
-        filters = dict(re.findall(r"add_test\(\[==\[(.*?)\]==\].*--gtest_filter=(.*?)\]==\]\)", text))
+        filters = dict(re.findall(r"add_test\(\[==\[(.*?)\]==\].*--gtest_filter=(.*?)\]==\]\)",
+                                  text))
         costs = dict(re.findall(r"properties\(\[==\[(.*?)\]==\].* COST (\d+)\)", text))
         self.assertEqual(filters.keys(), costs.keys())
         return {name: (filters[name], int(costs[name])) for name in filters}
@@ -70,7 +72,8 @@ class TestSuites(unittest.TestCase):
         self.assertEqual(self.listed(size=60, seconds=5)["Short+Row/Long+Last"][1], 255)
 
     def test_names_begin_with_the_prefix(self):
-        self.assertEqual(list(self.listed(size=60, prefix="faults.")), ["faults.Short+Row/Long+Last"])
+        self.assertEqual(list(self.listed(size=60, prefix="faults.")),
+                         ["faults.Short+Row/Long+Last"])
 
     def test_a_thorough_check_has_the_tests_of_one_however_it_was_built(self):
         self.assertEqual(self.listed(size=60, thorough="TRUE")["Short+Row/Long+Last"][1], 52)

@@ -1,12 +1,13 @@
 """Each lint finds what it is there for, and leaves its good twin alone."""
 
-from sample import SampleProject
+import re
+import shutil
+import subprocess
 
-import file_length
+from sample import TOOLS, SampleProject
+
 import fixed_texts
-import format as formatting
 import layering
-import script_syntax
 
 
 class Layering(SampleProject):
@@ -140,29 +141,49 @@ class FixedTexts(SampleProject):
         self.assert_finds(fixed_texts.lint(self.root), "fixed_texts.txt:1")
 
 
-class FileLength(SampleProject):
-    def test_a_long_file_is_found(self):
-        self.write("app/a.mm", "\n" * file_length.FAIL_ABOVE)
-        self.assertEqual(file_length.lint(self.root), [])
-        self.write("app/a.mm", "\n" * (file_length.FAIL_ABOVE + 1))
-        self.assert_finds(file_length.lint(self.root), "app/a.mm", "351")
+class Scripts(SampleProject):
+    def lint(self):
+        """What is found, the files that it is in once each."""
+        result = subprocess.run([TOOLS / "lint/scripts", self.root], capture_output=True, text=True)
+        self.assertEqual(result.stderr, "")
+        found = re.findall(r"^In (\S+) line|^(\S+?):\d+:\d+: ", result.stdout, re.MULTILINE)
+        self.assertEqual(result.returncode != 0, bool(found), result.stdout)
+        return sorted({shell or python for shell, python in found})
 
+    def test_scripts_are_known_by_their_suffix_or_by_their_first_line(self):
+        for shell in ("a.sh", "folder/b.sh"):
+            self.write(shell, "# shellcheck shell=sh\nif true; then\n")
+        for python in ("a.py", "folder/b.py"):
+            self.write(python, "def f(:\n")
+        for number, interpreter in enumerate(("/bin/sh", "/bin/bash", "/usr/bin/env bash",
+                                              "/bin/bash -e")):
+            self.write(f"shell{number}", f"#!{interpreter}\nif true; then\n")
+        for number, interpreter in enumerate(("/usr/bin/python3 -IS", "/usr/bin/env python3")):
+            self.write(f"python{number}", f"#!{interpreter}\ndef f(:\n")
+        self.assertEqual(self.lint(), [
+            "a.py", "a.sh", "folder/b.py", "folder/b.sh", "python0", "python1",
+            "shell0", "shell1", "shell2", "shell3"])
 
-class ScriptSyntax(SampleProject):
-    def test_broken_scripts_are_found(self):
-        self.write("run", "#!/bin/bash\nif true; then\n")
-        self.assert_finds(script_syntax.lint(self.root), "run")
-        self.write("run", "#!/usr/bin/python3 -IS\ndef f(:\n")
-        self.assert_finds(script_syntax.lint(self.root), "run:2")
+    def test_what_parses_and_is_wrong_is_found(self):
+        self.write("run", '#!/bin/bash\nrm -rf "$1/"*\nrm $2\n')
+        self.write("a.py", "import os\nimport sys\n\nprint(sys.path, undefined)\n")
+        self.assertEqual(self.lint(), ["a.py", "run"])
+
+    def test_sound_scripts_and_other_files_pass(self):
+        self.assertEqual(self.lint(), [])
         self.write("run", "#!/usr/bin/env bash\ntrue\n")
         self.write("picture.png", b"\x89PNG\xff")
-        self.assertEqual(script_syntax.lint(self.root), [])
+        self.write("a.md", "if true; then\n")
+        self.assertEqual(self.lint(), [])
 
+    def test_what_is_deleted_and_not_yet_committed_is_left_out(self):
+        self.write("a.py", "def f(:\n")
+        self.write("a.sh", "if true; then\n")
+        for name in ("a.py", "a.sh"):
+            (self.root / name).unlink()
+        self.assertEqual(self.lint(), [])
 
-class Format(SampleProject):
-    def test_an_unformatted_file_is_found(self):
-        self.write(".clang-format", "BasedOnStyle: Google\n")
-        self.write("app/a.cpp", "int f() { return 1; }\n")
-        self.assertEqual(formatting.lint(self.root), [])
-        self.write("app/a.cpp", "int f( ) {return 1;}\n")
-        self.assert_finds(formatting.lint(self.root), "app/a.cpp:1")
+    def test_without_version_control_it_fails(self):
+        shutil.rmtree(self.root / ".git")
+        result = subprocess.run([TOOLS / "lint/scripts", self.root], capture_output=True, text=True)
+        self.assertNotEqual(result.returncode, 0)

@@ -34,8 +34,8 @@ def _menu(manager, paths, entries):
 
 
 def provider(manager):
-    """A class that answers the file manager's question for menu entries; manager is its namespace in
-    gi.repository. To be bound to a name in the module that the file manager loads."""
+    """A class that answers the file manager's question for menu entries; manager is its namespace
+    in gi.repository. To be bound to a name in the module that the file manager loads."""
     def file_items(_self, *arguments):
         paths = _paths(arguments[-1])  # older versions hand over their window first
         entries = entries_for(paths)
