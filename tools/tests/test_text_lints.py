@@ -153,7 +153,7 @@ class Scripts(SampleProject):
     def test_scripts_are_known_by_their_suffix_or_by_their_first_line(self):
         for shell in ("a.sh", "folder/b.sh"):
             self.write(shell, "# shellcheck shell=sh\nif true; then\n")
-        for python in ("a.py", "folder/b.py"):
+        for python in ("a.py", "folder/b.py", "folder/c.py.in"):
             self.write(python, "def f(:\n")
         for number, interpreter in enumerate(("/bin/sh", "/bin/bash", "/usr/bin/env bash",
                                               "/bin/bash -e")):
@@ -161,7 +161,7 @@ class Scripts(SampleProject):
         for number, interpreter in enumerate(("/usr/bin/python3 -IS", "/usr/bin/env python3")):
             self.write(f"python{number}", f"#!{interpreter}\ndef f(:\n")
         self.assertEqual(self.lint(), [
-            "a.py", "a.sh", "folder/b.py", "folder/b.sh", "python0", "python1",
+            "a.py", "a.sh", "folder/b.py", "folder/b.sh", "folder/c.py.in", "python0", "python1",
             "shell0", "shell1", "shell2", "shell3"])
 
     def test_what_parses_and_is_wrong_is_found(self):
