@@ -19,7 +19,7 @@ ROOT = Path(__file__).resolve().parents[1]
 sys.path.insert(0, str(ROOT / "tools" / "lint"))
 sys.dont_write_bytecode = True  # the tools' folder stays as it is
 
-from string_tables import (  # noqa: E402
+from string_tables import (  # noqa: E402  its place is known only now
     LANGUAGES, REFERENCE, TABLE_NAME, entries_of, text_of, unescaped)
 
 # The locales of desktop entries that a localisation is for. A name without a country is for all of

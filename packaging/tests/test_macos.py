@@ -15,7 +15,8 @@ USAGE = "NSAppleEventsUsageDescription"
 
 sys.path.insert(0, str(ROOT / "tools" / "lint"))
 
-from string_tables import LANGUAGES, REFERENCE, entries_of, text_of, unescaped  # noqa: E402
+from string_tables import (  # noqa: E402  its place is known only now
+    LANGUAGES, REFERENCE, entries_of, text_of, unescaped)
 
 
 class Description(unittest.TestCase):

@@ -142,11 +142,14 @@ class FixedTexts(SampleProject):
 
 
 class Scripts(SampleProject):
+    def run_lint(self):
+        return subprocess.run([TOOLS / "lint/scripts", self.root], capture_output=True, text=True)
+
     def lint(self):
-        """What is found, the files that it is in once each."""
-        result = subprocess.run([TOOLS / "lint/scripts", self.root], capture_output=True, text=True)
+        """The files in which something is found, once each."""
+        result = self.run_lint()
         self.assertEqual(result.stderr, "")
-        found = re.findall(r"^In (\S+) line|^(\S+?):\d+:\d+: ", result.stdout, re.MULTILINE)
+        found = re.findall(r"^In (\S+) line|^(\S+?):\d+:", result.stdout, re.MULTILINE)
         self.assertEqual(result.returncode != 0, bool(found), result.stdout)
         return sorted({shell or python for shell, python in found})
 
@@ -169,6 +172,20 @@ class Scripts(SampleProject):
         self.write("a.py", "import os\nimport sys\n\nprint(sys.path, undefined)\n")
         self.assertEqual(self.lint(), ["a.py", "run"])
 
+    def test_what_is_passed_over_needs_its_name_and_a_reason(self):
+        # In pieces, because the lint looks at this file, too.
+        ignored, disabled = "# no" "qa", "# shellcheck " "disable=SC2086"
+        self.write("a.py", f"import os  {ignored}: F401  for whoever imports this\n")
+        self.write("a.sh", f"#!/bin/sh\n{disabled} # several words\nrm $1\n")
+        self.assertEqual(self.lint(), [])
+        for bare in (ignored, f"{ignored}: F401", f"{ignored}  because"):
+            with self.subTest(bare):
+                self.write("a.py", f"import os  {bare}\n")
+                self.assertEqual(self.lint(), ["a.py"])
+        self.write("a.py", "")
+        self.write("a.sh", f"#!/bin/sh\n{disabled}\nrm $1\n")
+        self.assertEqual(self.lint(), ["a.sh"])
+
     def test_sound_scripts_and_other_files_pass(self):
         self.assertEqual(self.lint(), [])
         self.write("run", "#!/usr/bin/env bash\ntrue\n")
@@ -185,5 +202,4 @@ class Scripts(SampleProject):
 
     def test_without_version_control_it_fails(self):
         shutil.rmtree(self.root / ".git")
-        result = subprocess.run([TOOLS / "lint/scripts", self.root], capture_output=True, text=True)
-        self.assertNotEqual(result.returncode, 0)
+        self.assertNotEqual(self.run_lint().returncode, 0)
