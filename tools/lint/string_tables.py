@@ -108,8 +108,8 @@ def arguments(value):
     return found
 
 
-def check_entry(path, line, key, value, findings):
-    """What can be told of an entry by itself."""
+def check_characters(path, line, key, value, findings):
+    """Whether what can be seen is written as it is, and the rest as an escape."""
     for escape in dict.fromkeys(ESCAPE.findall(key + value)):
         char = character(escape)
         if escape == "U":
@@ -121,6 +121,11 @@ def check_entry(path, line, key, value, findings):
     for char in dict.fromkeys(key + value):
         if not is_seen(char):
             findings.add(path, line, f'"{key}": write {escape_of(char)} for what cannot be seen')
+
+
+def check_entry(path, line, key, value, findings):
+    """What can be told of an entry by itself."""
+    check_characters(path, line, key, value, findings)
     text = unescaped(value)
     if "\ufffd" in text:
         findings.add(path, line, f'"{key}": half of a pair of \\U escapes')

@@ -85,8 +85,8 @@ class Outlets(SampleInterface):
     def test_an_outlet_of_a_superclass_or_a_class_extension_will_do(self):
         self.write("windows/Other.h", '#import "windows/Tab.h"\n@interface Other : Tab\n@end\n')
         self.write("windows/Other.mm", '#import "windows/Other.h"\n'
-                                    "@interface Other ()\n"
-                                    "@property (assign) IBOutlet id hidden;\n@end\n")
+                                       "@interface Other ()\n"
+                                       "@property (assign) IBOutlet id hidden;\n@end\n")
         hidden = ('<customObject id="y" customClass="Other"><connections>'
                   '<outlet property="hidden" destination="x" id="y1"/>'
                   "</connections></customObject>")
@@ -159,7 +159,7 @@ class Actions(SampleInterface):
 
     def test_an_action_of_a_category_will_do(self):
         self.write("windows/Tab+More.h", '#import "windows/Tab.h"\n@interface Tab (More)\n'
-                                      "- (IBAction)more:(id)sender;\n@end\n")
+                                         "- (IBAction)more:(id)sender;\n@end\n")
         self.passes(self.send("more:"))
 
     def test_the_platforms_actions_are_known(self):
@@ -219,12 +219,13 @@ class Declarations(SampleInterface):
 
     def test_what_a_class_extension_declares_belongs_to_the_class(self):
         self.write("windows/Tab.mm", '#import "windows/Tab.h"\n'
-                                  "@interface A ()\n"
-                                  "@property (assign) IBOutlet NSMenu *a;\n"
-                                  "- (IBAction)b:(id)sender;\n@end\n")
+                                     "@interface A ()\n"
+                                     "@property (assign) IBOutlet NSMenu *a;\n"
+                                     "- (IBAction)b:(id)sender;\n@end\n")
         found = self.declared("@interface A : NSObject\n@end\n")["A"]
         outlet = found.outlets["a"]
-        self.assertEqual((outlet.type, str(outlet.path), outlet.line), ("NSMenu", "windows/Tab.mm", 3))
+        self.assertEqual((outlet.type, str(outlet.path), outlet.line),
+                         ("NSMenu", "windows/Tab.mm", 3))
         self.assertEqual((found.superclass, found.actions), ("NSObject", {"b:"}))
 
     def test_actions_are_read_in_every_form(self):
@@ -251,8 +252,9 @@ class Sources(SampleInterface):
     def test_sources_that_do_not_go_together_are_read_each(self):
         for name in ("A", "B"):
             self.write(f"windows/{name}.mm", "enum { kSame };\n"
-                                          f"@interface {name} : NSObject {{\n IBOutlet id a;\n}}\n"
-                                          "@end\n")
+                                             f"@interface {name} : NSObject {{\n"
+                                             " IBOutlet id a;\n}\n"
+                                             "@end\n")
         self.assertEqual({name for name, each in self.classes().items() if "a" in each.outlets},
                          {"A", "B"})
 

@@ -10,7 +10,7 @@ TOOLS = Path(__file__).resolve().parents[1]
 ROOT = TOOLS.parent
 sys.path.insert(0, str(TOOLS))
 
-from presets import read_presets  # noqa: E402
+from presets import read_presets  # noqa: E402  its place is known only now
 
 WARNING_AS_ERROR = "CMAKE_COMPILE_WARNING_AS_ERROR"
 PROJECT = f"""cmake_minimum_required(VERSION 3.25)

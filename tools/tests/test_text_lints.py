@@ -14,9 +14,11 @@ class Layering(SampleProject):
     def setUp(self):
         super().setUp()
         self.write("agent/CMakeLists.txt", "add_room(agent\n    Proxy.mm)\n")
-        self.write("windows/CMakeLists.txt", "add_room(windows\n    Tab.mm)\nlink_rooms(windows agent)\n")
+        self.write("windows/CMakeLists.txt",
+                   "add_room(windows\n    Tab.mm)\nlink_rooms(windows agent)\n")
         self.write("windows/send/CMakeLists.txt", "add_room(send A.mm)\nlink_rooms(send windows)\n")
-        self.write("app/CMakeLists.txt", "add_room(application\n    a.mm)\nlink_rooms(application send)\n")
+        self.write("app/CMakeLists.txt",
+                   "add_room(application\n    a.mm)\nlink_rooms(application send)\n")
 
     def test_a_room_knows_what_it_is_linked_to_and_what_that_is_linked_to(self):
         self.write("agent/Proxy.h", '#import "agent/Reply.h"\n#import <Foundation/Foundation.h>\n')
