@@ -2,8 +2,8 @@
 
 #import "text/UTF16.h"
 
-// Works on UTF-16 units and without the platform's character sets, because it runs for every contact
-// of the book and only needs to find three ASCII characters.
+// Works on UTF-16 units and without the platform's character sets, because it runs for every
+// contact of the book and only needs to find three ASCII characters.
 
 namespace {
 

@@ -2,8 +2,8 @@
 
 @class IndexedBook;
 
-/// Both lists of an address book, and the index for completing from the first. Used by one thread at
-/// a time.
+/// Both lists of an address book, and the index for completing from the first. Used by one thread
+/// at a time.
 @interface AddressBookLists : NSObject {
  @public
   /// One entry for each contact, sorted without regard to letter case. Owned, as are the others.
@@ -23,8 +23,8 @@
 
 /// Adds entries and addresses that were added to the lists which these replace. Addresses go to the
 /// end, entries to their place in the order. What is already listed is skipped: an address that is
-/// there, and an entry that is there itself or whose address is. Makes a new index when it has added
-/// an entry.
+/// there, and an entry that is there itself or whose address is. Makes a new index when it has
+/// added an entry.
 - (void)mergeEntries:(NSArray *)addedEntries addresses:(NSArray *)addedAddresses;
 
 @end

@@ -21,8 +21,8 @@
   BOOL isOver;
 }
 
-/// The lists that are in place while the agent is asked; after the exchange at the start, the former
-/// ones.
+/// The lists that are in place while the agent is asked; after the exchange at the start, the
+/// former ones.
 @property (nonatomic, readonly) AddressBookLists *emptyLists;
 
 /// The lists to fill from the agent's answer, and, after the exchange at the end, the former ones.

@@ -7,8 +7,8 @@
 /// one. Immutable; any thread.
 class CaseFolding {
  public:
-  /// Covers printable ASCII, on which all platforms agree. Of other units a platform may compare two
-  /// with one, or one with two.
+  /// Covers printable ASCII, on which all platforms agree. Of other units a platform may compare
+  /// two with one, or one with two.
   CaseFolding();
 
   /// Covers all units. folded: for each of the 65,536 units the unit that it is folded to.

@@ -11,9 +11,9 @@
 #include "addressbook/FoldedText.h"
 
 /// Finds in a large address book the entries that contain what is being typed. The text of all
-/// entries is stored in one block of memory with letter case already folded, so that a search is one
-/// pass over it. Text of western languages takes one byte a unit.
-/// Strings are UTF-16. Not synchronised: may be used on any thread, but not on two at a time.
+/// entries is stored in one block of memory with letter case already folded, so that a search is
+/// one pass over it. Text of western languages takes one byte a unit. Strings are UTF-16. Not
+/// synchronised: may be used on any thread, but not on two at a time.
 class CompletionIndex {
  public:
   /// Numbers of entries, counted from 0 in the order in which they were added.
@@ -36,8 +36,8 @@ class CompletionIndex {
   std::size_t size() const { return size_; }
 
   /// Compares a substring with all entries, ignoring case. An entry is undecided when it or the
-  /// substring has a unit that the folding does not cover; for the empty substring, when the folding
-  /// does not cover all units. Otherwise every entry begins with the empty substring.
+  /// substring has a unit that the folding does not cover; for the empty substring, when the
+  /// folding does not cover all units. Otherwise every entry begins with the empty substring.
   Matches matches(std::u16string_view substring) const;
 
   /// The memory that the index takes, in bytes.

@@ -9,8 +9,8 @@
 
 #include "addressbook/EntrySet.h"
 
-/// Entries of UTF-16 units one after the other in one block of memory, and the search for those that
-/// contain a string. Unit: how a unit is stored; one that does not fit must not be added.
+/// Entries of UTF-16 units one after the other in one block of memory, and the search for those
+/// that contain a string. Unit: how a unit is stored; one that does not fit must not be added.
 template <class Unit>
 class FoldedText {
  public:

@@ -19,9 +19,9 @@ struct IndexedEntries;
 /// The same with another folding than the platform's, which must outlive this.
 - (id)initWithBook:(NSArray *)book folding:(const CaseFolding &)folding;
 
-/// Indexes what was added to the end of the book and returns YES; returns NO, and does nothing, when
-/// the book is not this one with strings added. Compares the references of the whole book, which for
-/// 100,000 entries takes 0.1 ms, so that changes of the book need not be announced.
+/// Indexes what was added to the end of the book and returns YES; returns NO, and does nothing,
+/// when the book is not this one with strings added. Compares the references of the whole book,
+/// which for 100,000 entries takes 0.1 ms, so that changes of the book need not be announced.
 - (BOOL)updateFromBook:(NSArray *)book;
 
 - (NSUInteger)count;

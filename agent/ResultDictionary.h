@@ -2,8 +2,8 @@
 
 #import <Foundation/Foundation.h>
 
-/// Reading the agent's replies. A reply comes from another process and may contain anything: a value
-/// of the wrong class counts as absent.
+/// Reading the agent's replies. A reply comes from another process and may contain anything: a
+/// value of the wrong class counts as absent.
 namespace agent {
 
 /// Keys of a result dictionary.
@@ -30,12 +30,12 @@ enum class ReplyKind {
   Succeeded,
 };
 
-/// The meaning of a reply to a link operation: success is when the text form of "error" equals "0", so a
-/// reply without a readable "error" is a refusal.
+/// The meaning of a reply to a link operation: success is when the text form of "error" equals "0",
+/// so a reply without a readable "error" is a refusal.
 ReplyKind kindOfLinkReply(NSDictionary *reply);
 
-/// The meaning of a reply to a send, grant or revoke operation: failure is when "error" read as a boolean
-/// is true, so a reply without a readable "error" is a success.
+/// The meaning of a reply to a send, grant or revoke operation: failure is when "error" read as a
+/// boolean is true, so a reply without a readable "error" is a success.
 ReplyKind kindOfActionReply(NSDictionary *reply);
 
 /// "error" as text: a number's text form, a string as it is (some agents answer "0"); nil when it

@@ -4,8 +4,8 @@
 
 #include <malloc.h>
 
-#import "agent/KRVProxy.h"
 #import "addressbook/AddressBookEntry.h"
+#import "agent/KRVProxy.h"
 #import "app/ContextMenuAppAppDelegate.h"
 #include "bench/support/Memory.h"
 #include "bench/support/Results.h"

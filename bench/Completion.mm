@@ -6,10 +6,10 @@
 #include <random>
 #include <string>
 
-#include "bench/support/Results.h"
-#include "bench/support/Setting.h"
 #import "addressbook/AddressBookCompletion.h"
 #import "addressbook/IndexedBook.h"
+#include "bench/support/Results.h"
+#include "bench/support/Setting.h"
 
 namespace {
 

@@ -11,8 +11,8 @@
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 #import "plugin/ContextMenuProxy.h"
-#import "windows/Recipients.h"
 #include "tests/support/CapturedLog.h"
+#import "windows/Recipients.h"
 
 namespace {
 

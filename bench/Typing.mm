@@ -16,9 +16,9 @@
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 #import "plugin/ContextMenuProxy.h"
+#include "tests/support/CapturedLog.h"
 #import "windows/send/SendAndCopyTabController.h"
 #import "windows/send/SendFileController.h"
-#include "tests/support/CapturedLog.h"
 
 namespace {
 

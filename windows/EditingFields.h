@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-// Fields that perform the editing shortcuts themselves (see EditingKeys.h), whatever main menu there
-// is. Made by the interface files only. Main thread.
+// Fields that perform the editing shortcuts themselves (see EditingKeys.h), whatever main menu
+// there is. Made by the interface files only. Main thread.
 
 /// A text field, for a mail's subject.
 @interface CustomTextFieldSubclass : NSTextField

@@ -5,10 +5,10 @@
 #include <string>
 #include <vector>
 
-#import "text/LocalizedText.h"
 #import "tests/faults/Fault.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"
+#import "text/LocalizedText.h"
 
 /// A column of the matrix: something that the application does, with each fault. Also says what is
 /// logged between mark() and logged().

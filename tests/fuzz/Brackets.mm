@@ -1,7 +1,7 @@
-#include "text/UTF16.h"
 #include "addressbook/AddressBookEntry.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
+#include "text/UTF16.h"
 
 /// input: what stands in the field.
 void fuzz::Brackets(std::string_view input) {

@@ -1,10 +1,10 @@
 #include <algorithm>
 
-#include "text/UTF16.h"
 #include "addressbook/AddressBookEntry.h"
-#include "windows/Recipients.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
+#include "text/UTF16.h"
+#include "windows/Recipients.h"
 
 namespace {
 

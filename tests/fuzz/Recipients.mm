@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "text/UTF16.h"
 #include "tests/fuzz/Input.h"
 #include "tests/fuzz/Target.h"
+#include "text/UTF16.h"
 
 namespace {
 

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#import "windows/share/BrisvaleTabController.h"
-#import "windows/share/PermissionTabController.h"
-#import "windows/share/SharedWith.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Events.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
+#import "windows/share/BrisvaleTabController.h"
+#import "windows/share/PermissionTabController.h"
+#import "windows/share/SharedWith.h"
 
 /// An entry of an access list: somebody who may do everything.
 NSDictionary *writer(NSString *firstName, NSString *lastName, NSString *address);

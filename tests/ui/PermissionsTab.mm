@@ -5,8 +5,8 @@
 #include <filesystem>
 #include <fstream>
 
-#import "text/LocalizedText.h"
 #import "tests/support/Events.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -1,8 +1,8 @@
-#import "text/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

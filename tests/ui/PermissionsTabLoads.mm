@@ -1,5 +1,5 @@
-#import "text/LocalizedText.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -1,10 +1,10 @@
 // Replies to changes and removals, and entries of the list, that are not as they should be; and all
 // that the alerts say.
 
-#import "text/LocalizedText.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
-#import "text/LocalizedText.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
+#import "text/LocalizedText.h"
 
 using PermissionsTabRows = PermissionsTab;
 

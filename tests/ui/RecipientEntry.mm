@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#import "windows/send/SendFileController.h"
-#import "windows/share/InviteTabController.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
+#import "windows/send/SendFileController.h"
+#import "windows/share/InviteTabController.h"
 
 namespace {
 

@@ -8,17 +8,17 @@
 #import <AppKit/AppKit.h>
 
 #import "plugin/ContextMenuProxy.h"
+#include "tests/support/AgentProcess.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/Events.h"
+#include "tests/support/Strings.h"
+#include "tests/ui/Application.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendAndCopyTabController.h"
 #import "windows/send/SendFileController.h"
 #import "windows/share/BrisvaleTabController.h"
 #import "windows/share/InviteTabController.h"
 #import "windows/share/PermissionTabController.h"
-#include "tests/support/AgentProcess.h"
-#include "tests/support/CapturedLog.h"
-#include "tests/support/Events.h"
-#include "tests/support/Strings.h"
-#include "tests/ui/Application.h"
 
 /// The windows of the application as the plug-in opens them, from the real interface files.
 struct WindowsWithoutAgent : testing::Test {
