@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #import "app/ContextMenuAppAppDelegate.h"
-#include "tests/engine/ScriptedEngine.h"
+#include "tests/support/engine/ScriptedEngine.h"
 #include "tests/support/Strings.h"
 
 namespace {
