@@ -28,8 +28,8 @@ class AgentProcess {
   /// all.
   explicit AgentProcess(const Options &options);
 
-  /// What the agent does at the calls to come (tests/support/agent/Script.h); a list begins with its first
-  /// entry, whatever was called before.
+  /// What the agent does at the calls to come (tests/support/agent/Script.h); a list begins with
+  /// its first entry, whatever was called before.
   void setScript(NSDictionary *script) const;
 
   /// What it answers to one operation; forgets all other operations' script.

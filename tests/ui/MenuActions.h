@@ -1,8 +1,8 @@
 #pragma once
 
-#include "tests/support/engine/ScriptedEngine.h"
 #include "tests/support/AlertUser.h"
 #import "tests/support/FileManagerProcess.h"
+#include "tests/support/engine/ScriptedEngine.h"
 #include "tests/ui/WindowFixtures.h"
 
 using Lines = std::vector<std::string>;
