@@ -2,7 +2,7 @@
 #include <filesystem>
 #include <fstream>
 
-#import "tests/e2e/CopyLinkTab.h"
+#import "tests/e2e/CopyLinkTabOnScreen.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <fstream>
 #include <optional>
 
-#import "tests/e2e/CopyLinkTab.h"
+#import "tests/e2e/CopyLinkTabOnScreen.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #include <csignal>
 
-#import "tests/e2e/CopyLinkTab.h"
+#import "tests/e2e/CopyLinkTabOnScreen.h"
 #import "tests/e2e/WindowManager.h"
 
 namespace {

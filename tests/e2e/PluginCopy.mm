@@ -1,6 +1,7 @@
 #import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/PlatformServer.h"
 #include "tests/support/Strings.h"
 
@@ -78,7 +79,7 @@ TEST_F(PluginCopy, IdsInAnyScriptReachTheAgentAsTheyAre) {
   agent->answer(kFileOperation, success(@"https://x/y"));
   NSString *const odd = @"id 漢😀\n%@%n\"\\";
   copy(odd);
-  EXPECT_EQ(text([argumentsOf(kFileOperation) objectAtIndex:0]), text(odd));
+  EXPECT_EQ(text([argumentsOf(kFileOperation) objectAtIndex:link_operation::kPathOrId]), text(odd));
 }
 
 TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {

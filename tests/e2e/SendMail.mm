@@ -21,8 +21,10 @@ void PrintTo(const Language &language, std::ostream *out) {
 }
 
 /// Of the recipients' first line, where the field is empty until there is a text.
-constexpr ScreenArea kBehindCaretOfRecipients = {kSendRecipients.x + 60, kSendRecipients.y + 20,
-                                                 200, 20};
+ScreenArea behindCaretOfRecipients() {
+  const ScreenArea field = kSendRecipients;
+  return {field.x + 60, field.y + 20, 200, 20};
+}
 
 struct SendMail : ServiceTest, testing::WithParamInterface<Language> {
   SendMail() : ServiceTest(GetParam().environment) {}
@@ -91,7 +93,7 @@ TEST_P(SendMail, PastedTextsInAnyScriptArriveWhole) {
   ASSERT_TRUE(copyInAnotherProgram("ann@example.org; bo@example.org\ncy@example.org"));
   pressKeys({"ctrl+v"});
   // The application reads what is on the clipboard when it comes to the key.
-  ASSERT_TRUE(waitFor([&] { return !picture(onScreen(kBehindCaretOfRecipients)).empty(); }));
+  ASSERT_TRUE(waitFor([&] { return !picture(onScreen(behindCaretOfRecipients())).empty(); }));
   click(kSendMessage);
   ASSERT_TRUE(copyInAnotherProgram("Grüße, 写真 مرحبا \U0001F5C2"));
   pressKeys({"ctrl+v"});

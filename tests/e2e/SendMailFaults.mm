@@ -6,6 +6,7 @@
 #import "tests/e2e/ScreenTab.h"
 #import "tests/e2e/SendTab.h"
 #import "tests/e2e/WindowTest.h"
+#import "tests/support/Arguments.h"
 
 namespace {
 
@@ -136,5 +137,6 @@ TEST_F(SendMailFaults, ABadAddressIsNamedAndCanBePutRight) {
   typeText("bo@example.org");
   ASSERT_TRUE(clickAndSeeSheet(kSendButton));
   ASSERT_EQ(callsOf(kSendFile), 1u);
-  EXPECT_EQ(text([argumentsOf(kSendFile) objectAtIndex:4]), "ann@example.org,bo@example.org");
+  EXPECT_EQ(text([argumentsOf(kSendFile) objectAtIndex:send_operation::kRecipients]),
+            "ann@example.org,bo@example.org");
 }

@@ -1,13 +1,14 @@
 #pragma once
 
+#import "tests/e2e/InterfaceFrame.h"
 #import "tests/e2e/Screen.h"
 
-/// Frames of the send tab's controls, see ScreenTab.
-constexpr ScreenArea kSendRecipients = {172, 319, 365, 46};
-constexpr ScreenArea kSendSubject = {172, 287, 365, 22};
-constexpr ScreenArea kSendMessage = {172, 167, 365, 110};
-constexpr ScreenArea kSendDownloads = {169, 130, 160, 26};
-constexpr ScreenArea kSendCopyMe = {170, 105, 367, 18};
-constexpr ScreenArea kSendNotify = {170, 83, 367, 18};
-constexpr ScreenArea kSendAskForMail = {170, 61, 367, 18};
-constexpr ScreenArea kSendButton = {430, 13, 110, 32};
+// The send tab's controls, see ScreenTab.
+constexpr InterfaceFrame kSendRecipients = {"MainWindow", "SendFileController.mailList"};
+constexpr InterfaceFrame kSendSubject = {"MainWindow", "SendFileController.mailSubject"};
+constexpr InterfaceFrame kSendMessage = {"MainWindow", "SendFileController.mailContent"};
+constexpr InterfaceFrame kSendDownloads = {"MainWindow", "SendFileController.noOfDownloads"};
+constexpr InterfaceFrame kSendCopyMe = {"MainWindow", "SendFileController.isCopyMe"};
+constexpr InterfaceFrame kSendNotify = {"MainWindow", "SendFileController.isNotifyMe"};
+constexpr InterfaceFrame kSendAskForMail = {"MainWindow", "SendFileController.isAskForEmail"};
+constexpr InterfaceFrame kSendButton = {"MainWindow", "sendMail:"};

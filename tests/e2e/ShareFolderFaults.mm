@@ -5,6 +5,7 @@
 
 #import "tests/e2e/ShareTab.h"
 #import "tests/e2e/WindowTest.h"
+#import "tests/support/Arguments.h"
 
 namespace {
 
@@ -133,7 +134,8 @@ TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverTheSecondOfThreeLeavesAllRecipi
   click(kInviteButton);
   ASSERT_TRUE(seesSuccess());
   EXPECT_EQ(callsOf(kGrant), 3u);
-  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:0]), "user2@example.org");
+  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:grant_operation::kUserEmail]),
+            "user2@example.org");
 }
 
 TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverAChangeLeavesTheNewLevelInTheRow) {
@@ -161,7 +163,8 @@ TEST_F(ShareFolderFaults, AnAgentThatIsKilledOverARemovalLeavesTheRow) {
   ASSERT_TRUE(askToRemove(1));
   pressKeys({"Return"});
   ASSERT_TRUE(seesSuccess());
-  EXPECT_EQ(text([argumentsOf(kRevoke) objectAtIndex:0]), "reader1@example.org");
+  EXPECT_EQ(text([argumentsOf(kRevoke) objectAtIndex:revoke_operation::kUserEmail]),
+            "reader1@example.org");
   EXPECT_TRUE(seesRows(2));
 }
 
@@ -185,7 +188,7 @@ TEST_F(ShareFolderFaults, AWindowOpenedWhileAnotherOnesListIsFetchedShowsItsOwn)
   letAgentGoOn();
   EXPECT_TRUE(seesRows(2));
   EXPECT_EQ(callsOf(kGetAccess), 2u);
-  EXPECT_EQ(text([argumentsOf(kGetAccess) objectAtIndex:0]), "id-next");
+  EXPECT_EQ(text([argumentsOf(kGetAccess) objectAtIndex:access_operation::kPathOrId]), "id-next");
   EXPECT_EQ(linesInLog("window closed"), 1);
 }
 

@@ -3,18 +3,20 @@
 #include <string>
 #include <vector>
 
+#import "tests/e2e/InterfaceFrame.h"
 #import "tests/e2e/ScreenTab.h"
 
-/// Frames of the labels that lead from tab to tab, and of the controls of the invite tab and of the
-/// tab with the people, see ScreenTab.
+/// The labels that lead from tab to tab, where the platform draws them.
 constexpr ScreenArea kPeopleLabel = {234, 384, 20, 20};
 constexpr ScreenArea kInviteLabel = {301, 384, 20, 20};
-constexpr ScreenArea kInviteRecipients = {172, 319, 365, 46};
-constexpr ScreenArea kInviteAccess = {169, 283, 205, 26};
-constexpr ScreenArea kInviteMessage = {172, 61, 365, 212};
-constexpr ScreenArea kInviteButton = {430, 13, 110, 32};
-constexpr ScreenArea kStatusText = {37, 180, 480, 51};
-constexpr ScreenArea kIndicator = {20, 21, 16, 16};
+
+// The controls of the invite tab and of the tab with the people, see ScreenTab.
+constexpr InterfaceFrame kInviteRecipients = {"ShareFolder", "InviteTabController.mailList"};
+constexpr InterfaceFrame kInviteAccess = {"ShareFolder", "InviteTabController.accessType"};
+constexpr InterfaceFrame kInviteMessage = {"ShareFolder", "InviteTabController.mailContent"};
+constexpr InterfaceFrame kInviteButton = {"ShareFolder", "sendInvite:"};
+constexpr InterfaceFrame kStatusText = {"ShareFolder", "PermissionTabController.notSharingText"};
+constexpr InterfaceFrame kIndicator = {"ShareFolder", "PermissionTabController.spinGear"};
 
 /// The places of the two levels in the pop-ups.
 constexpr int kReadWrite = 0;

@@ -8,46 +8,49 @@
 
 namespace {
 
-/// The upper edge of the list's content, and how high a row is.
-constexpr int kListTop = 338;
-constexpr int kRowHeight = 36;
-/// Where the list's content begins, and how wide it is.
-constexpr int kListX = 22;
-constexpr int kListWidth = 512;
-/// A row is this much wider than in the interface file, and its controls stand at its right.
-constexpr int kWidened = 18;
+constexpr InterfaceFrame kList = {"ShareFolder", "PermissionTabController.fullScrollView"};
+constexpr InterfaceFrame kRow = {"ShareFolder", "PermissionTabController.currView"};
+constexpr InterfaceFrame kAccess = {"ShareFolder", "PermissionTabController.permissionType"};
+constexpr InterfaceFrame kRemove = {"ShareFolder", "PermissionTabController.removeEntry"};
+constexpr InterfaceFrame kTab = {"ShareFolder", "PermissionTabController.permissionTab"};
+/// An alert is larger.
+constexpr InterfaceFrame kSuccess = {"ShareFolder", "PermissionTabController.modalWindow"};
 
-/// The size of the sheet in the interface file. An alert is larger.
-constexpr int kSuccessWidth = 400;
-constexpr int kSuccessHeight = 70;
+/// What the platform draws of the list's border at each edge.
+constexpr int kBorder = 2;
 
-ScreenArea inRow(int row, const ScreenArea &frame) {
-  return {kListX + frame.x, kListTop - kRowHeight * (row + 1) + frame.y, frame.width, frame.height};
-}
-
+/// The whole of a row in the list, which is not scrolled.
 ScreenArea wholeRow(int row) {
-  return inRow(row, {0, 0, kListWidth, kRowHeight});
+  const ScreenArea list = kList;
+  const int height = ScreenArea(kRow).height;
+  return {list.x + kBorder, list.y + list.height - kBorder - height * (row + 1),
+          list.width - 2 * kBorder, height};
 }
 
-ScreenArea removeIn(int row) {
-  return inRow(row, {376 + kWidened, 1, 116, 32});
+/// A control of a row. A row is as wide as the list, and its controls stay at its right edge.
+ScreenArea inRow(int row, const ScreenArea &control) {
+  const ScreenArea whole = wholeRow(row);
+  return {whole.x + control.x + whole.width - ScreenArea(kRow).width, whole.y + control.y,
+          control.width, control.height};
 }
 
 bool successIsOnScreen() {
+  const ScreenArea success = kSuccess;
   const auto windows = windowsOnScreen();
-  return std::any_of(windows.begin(), windows.end(), [](const ScreenWindow &window) {
-    return window.area.width == kSuccessWidth && window.area.height == kSuccessHeight;
+  return std::any_of(windows.begin(), windows.end(), [&](const ScreenWindow &window) {
+    return window.area.width == success.width && window.area.height == success.height;
   });
 }
 
 }  // namespace
 
 ScreenArea accessInRow(int row) {
-  return inRow(row, {171 + kWidened, 4, 205, 26});
+  return inRow(row, kAccess);
 }
 
 void ShareTab::goTo(const ScreenArea &label) const {
-  const ScreenArea content = onScreen({0, 0, 554, 377});
+  const ScreenArea tab = kTab;
+  const ScreenArea content = onScreen({0, 0, tab.width, tab.height});
   const std::string before = settledPicture(content);
   click(label);
   EXPECT_TRUE(waitFor([&] { return picture(content) != before; }));
@@ -73,7 +76,7 @@ void ShareTab::chooseAccess(int row, int from, int to) const {
 }
 
 bool ShareTab::askToRemove(int row) const {
-  return clickAndSeeSheet(removeIn(row)) && waitForKeyboard();
+  return clickAndSeeSheet(inRow(row, kRemove)) && waitForKeyboard();
 }
 
 bool ShareTab::seesSuccess() const {

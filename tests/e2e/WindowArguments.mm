@@ -4,6 +4,7 @@
 
 #import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/Thorough.h"
 
 // The clients here are this process: it says over the wire what no plug-in would say.
@@ -97,7 +98,7 @@ struct WindowArguments : WindowTest {
     if (!waitForWindows(1) || !waitForKeyboard()) return @"-";
     pressKeys({"Return"});
     if (!waitFor([&] { return callsOf(kFileLink) == 1; })) return @"-";
-    return [argumentsOf(kFileLink) objectAtIndex:0];
+    return [argumentsOf(kFileLink) objectAtIndex:link_operation::kPathOrId];
   }
 };
 

@@ -3,7 +3,7 @@
 #import "tests/e2e/RunningApplication.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/faults/FaultTest.h"
-#include "tests/ui/Windows.h"
+#include "tests/ui/WindowFixtures.h"
 
 namespace {
 

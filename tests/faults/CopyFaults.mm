@@ -1,7 +1,7 @@
 // What a user gets whose agent fails while a link is copied: at once, and in the window's tab.
 #import "tests/faults/FaultTest.h"
 #include "tests/support/AlertUser.h"
-#include "tests/ui/Windows.h"
+#include "tests/ui/WindowFixtures.h"
 #import "text/LocalizedText.h"
 
 namespace {

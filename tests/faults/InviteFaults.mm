@@ -4,7 +4,7 @@
 
 #import "tests/faults/EndedThreads.h"
 #import "tests/faults/FaultTest.h"
-#include "tests/ui/Windows.h"
+#include "tests/ui/WindowFixtures.h"
 #import "text/LocalizedText.h"
 #import "windows/Recipients.h"
 

@@ -1,6 +1,6 @@
 // What a user gets whose agent fails while a link is mailed.
 #import "tests/faults/FaultTest.h"
-#include "tests/ui/Windows.h"
+#include "tests/ui/WindowFixtures.h"
 #import "text/LocalizedText.h"
 
 namespace {

@@ -23,7 +23,7 @@ void Brackets(std::string_view input);      // the address of an entry
 void Completion(std::string_view input);    // the index against the predicates
 void Entries(std::string_view input);       // entries of the address book
 void MailText(std::string_view input);      // cutting and escaping
-void Pieces(std::string_view input);        // the text of a bulk transfer
+void SplitString(std::string_view input);   // the text of a bulk transfer
 void Recipients(std::string_view input);    // recipients as entered
 void Records(std::string_view input);       // bulk transfer of contacts and of access lists
 void Replies(std::string_view input);       // result dictionaries

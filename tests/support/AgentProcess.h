@@ -28,14 +28,14 @@ class AgentProcess {
   /// all.
   explicit AgentProcess(const Options &options);
 
-  /// What the agent does at the calls to come (tests/agent/Script.h); a list begins with its first
-  /// entry, whatever was called before.
+  /// What the agent does at the calls to come (tests/support/agent/Script.h); a list begins with
+  /// its first entry, whatever was called before.
   void setScript(NSDictionary *script) const;
 
   /// What it answers to one operation; forgets all other operations' script.
   void answer(NSString *operation, id reply) const;
 
-  /// The calls so far, oldest first: dictionaries as tests/agent/ScriptedAgent.h has them.
+  /// The calls so far, oldest first: dictionaries as tests/support/agent/ScriptedAgent.h has them.
   NSArray *calls() const;
 
   /// How much has been recorded of the calls so far, for callsSince.

@@ -16,7 +16,7 @@ class FileManagerProcess {
   /// paths: in the order in which they are selected, folders without a slash at their end.
   void select(NSArray *paths) const;
 
-  /// What it does when it is asked for the selection (tests/agent/Script.h).
+  /// What it does when it is asked for the selection (tests/support/agent/Script.h).
   void setScript(NSDictionary *entry) const;
 
   /// How many times it has been asked for the selection.

@@ -2,7 +2,7 @@
 
 #include "tests/support/DueTimers.h"
 #import "tests/ui/PermissionsTab.h"
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #import "agent/ResultDictionary.h"
 #include "tests/support/AgentProcess.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
@@ -62,7 +63,7 @@ TEST_F(CopyLink, TheLinkIsForTheFilePathWhateverTheFirstArgumentSays) {
   [controller setFilePath:@"id-1"];
   link(@"id-2");
   NSArray *const arguments = [[agent.calls() objectAtIndex:0] objectForKey:@"arguments"];
-  EXPECT_EQ(text([arguments objectAtIndex:0]), "id-1");
+  EXPECT_EQ(text([arguments objectAtIndex:link_operation::kPathOrId]), "id-1");
 }
 
 TEST_F(CopyLink, OptionsAndDownloadsAreHandedOnAsTheyAre) {

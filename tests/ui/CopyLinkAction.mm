@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #import "tests/ui/MenuActions.h"
 
 namespace {
@@ -58,7 +59,7 @@ TEST_F(CopyLinkAction, TheFolderMyDocsIsTheHomeFolder) {
   select(makeFolder(@"MyDocs"));
   agent.answer(kFolderLink, success(@"https://x/home"));
   copyLink();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:0]), "home-1");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:link_operation::kPathOrId]), "home-1");
 }
 
 TEST_F(CopyLinkAction, NoKeyOrClickOfTheWaitingTimeIsLeftForTheAlert) {
@@ -74,7 +75,7 @@ TEST_F(CopyLinkAction, OfSeveralSelectedItemsOnlyTheFirstIsActedOn) {
   agent.answer(kFileLink, success(@"https://x/file"));
   select(file, makeFileOutside());
   copyLink();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:0]), "id-file");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:link_operation::kPathOrId]), "id-file");
   EXPECT_EQ([agent.operations() count], 1u);
   EXPECT_TRUE(user.alerts().empty());
 }
@@ -86,7 +87,7 @@ TEST_F(CopyLinkAction, TheSelectionIsReadAfreshByEachAction) {
   knowFile(other, "id-other");
   select(other);
   copyLink();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:0]), "id-other");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:link_operation::kPathOrId]), "id-other");
   EXPECT_EQ(fileManager.questions(), 2);
 }
 

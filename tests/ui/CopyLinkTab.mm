@@ -1,4 +1,5 @@
-#import "tests/ui/Windows.h"
+#import "tests/support/Arguments.h"
+#import "tests/ui/WindowFixtures.h"
 
 namespace {
 
@@ -57,7 +58,7 @@ TEST_F(CopyLinkTab, AnyOtherNumberReachesTheAgentAsItsTitle) {
     open();
     choose(title);
     pressCopy();
-    EXPECT_EQ(text([lastArguments() objectAtIndex:3]), text(title));
+    EXPECT_EQ(text([lastArguments() objectAtIndex:link_operation::kMaxDownloads]), text(title));
   }
 }
 

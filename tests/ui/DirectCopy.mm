@@ -3,6 +3,7 @@
 #import "plugin/ContextMenuProxy.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/AlertUser.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Events.h"
 #include "tests/support/Strings.h"
@@ -273,7 +274,8 @@ TEST_F(DirectCopy, AnItemThatIsNoStringIsAskedForAsNothing) {
   for (id item in @[ @42, @[ @"id" ], [NSNull null] ]) copy(item);
   copy(nil);
   for (NSDictionary *call in agent.calls()) {
-    EXPECT_EQ([[call objectForKey:@"arguments"] objectAtIndex:0], [NSNull null]);
+    EXPECT_EQ([[call objectForKey:@"arguments"] objectAtIndex:link_operation::kPathOrId],
+              [NSNull null]);
   }
   EXPECT_EQ(user.alerts().size(), 4u);
   EXPECT_TRUE([delegate contextMenuFlag]);

@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #import "tests/ui/InviteTabFixture.h"
 
 using InviteTab = InviteTabFixture;
@@ -96,8 +97,8 @@ TEST_F(InviteTab, ReadAndWriteGivesBothRights) {
   NSPopUpButton *const access = static_cast<NSPopUpButton *>(button(window, @"Read only"));
   [[access menu] performActionForItemAtIndex:0];
   invite(@"a@x.de");
-  EXPECT_TRUE([[grantArguments(0) objectAtIndex:3] boolValue]);
-  EXPECT_TRUE([[grantArguments(0) objectAtIndex:4] boolValue]);
+  EXPECT_TRUE([[grantArguments(0) objectAtIndex:grant_operation::kCanUpload] boolValue]);
+  EXPECT_TRUE([[grantArguments(0) objectAtIndex:grant_operation::kCanDelete] boolValue]);
 }
 
 TEST_F(InviteTab, AMessageOf801CharactersIsSentAsItsFirst800) {
@@ -106,7 +107,7 @@ TEST_F(InviteTab, AMessageOf801CharactersIsSentAsItsFirst800) {
   open();
   [message() setString:[@"" stringByPaddingToLength:801 withString:@"x" startingAtIndex:0]];
   invite(@"a@x.de");
-  EXPECT_EQ([[grantArguments(0) objectAtIndex:8] length], 800u);
+  EXPECT_EQ([[grantArguments(0) objectAtIndex:grant_operation::kMessage] length], 800u);
 }
 
 TEST_F(InviteTab, NoReplyForTheSecondOfThreeStopsThere) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 extern NSString *const kGrant;
 extern NSString *const kUserInfo;

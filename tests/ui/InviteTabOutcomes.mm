@@ -1,5 +1,6 @@
 // How an invitation ends: each row of the table of its outcomes, with all that the row says.
 
+#import "tests/support/Arguments.h"
 #include "tests/support/TypeAheadUser.h"
 #import "tests/ui/InviteTabFixture.h"
 
@@ -271,9 +272,8 @@ TEST_F(InviteTabOutcomes, TheMessageIsCutBeforeItIsEscaped) {
   open();
   [message() setString:[@"" stringByPaddingToLength:801 withString:@"&" startingAtIndex:0]];
   invite(@"a@x.de");
-  EXPECT_EQ(text([grantArguments(0) objectAtIndex:8]), text([@"" stringByPaddingToLength:2400
-                                                                              withString:@"%26"
-                                                                         startingAtIndex:0]));
+  EXPECT_EQ(text([grantArguments(0) objectAtIndex:grant_operation::kMessage]),
+            text([@"" stringByPaddingToLength:2400 withString:@"%26" startingAtIndex:0]));
 }
 
 TEST_F(InviteTabOutcomes, WhoWasLookedUpIsOfferedAsACompletion) {

@@ -1,6 +1,6 @@
 // The keys in the two message fields, and the way of the Tab key through both windows.
 
-#include "tests/ui/Windows.h"
+#include "tests/ui/WindowFixtures.h"
 
 namespace {
 

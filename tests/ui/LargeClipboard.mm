@@ -3,7 +3,7 @@
 #include <fstream>
 
 #include "platform/gnustep/pasteboard/LargeSelection.h"
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 // Texts that other programs hand over in parts, which the pasteboard's server cannot receive.
 

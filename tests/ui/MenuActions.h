@@ -1,9 +1,9 @@
 #pragma once
 
-#include "tests/engine/ScriptedEngine.h"
 #include "tests/support/AlertUser.h"
 #import "tests/support/FileManagerProcess.h"
-#include "tests/ui/Windows.h"
+#include "tests/support/engine/ScriptedEngine.h"
+#include "tests/ui/WindowFixtures.h"
 
 using Lines = std::vector<std::string>;
 

@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/support/TypeAheadUser.h"
@@ -47,7 +48,7 @@ TEST_F(PermissionsTabChanges, ReadingOnlyIsGrantedWithoutTheWritingRights) {
   openWith(@{@"reply" : success(@1)});
   choose(1, kReader);
   NSArray *const arguments = argumentsOfLast(kGrant);
-  EXPECT_EQ(text([arguments objectAtIndex:0]), "w@x.org");
+  EXPECT_EQ(text([arguments objectAtIndex:grant_operation::kUserEmail]), "w@x.org");
   EXPECT_TRUE(([[arguments subarrayWithRange:NSMakeRange(2, 3)] isEqual:@[ @1, @0, @0 ]]));
 }
 

@@ -4,6 +4,7 @@
 #include <fstream>
 
 #import "platform/gnustep/runtime/DeallocHook.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/Thorough.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
@@ -168,7 +169,7 @@ TEST_F(PermissionsTabLifetimes, ANotificationAfterTheEndReachesNobody) {
   [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder" object:nil];
   NSUInteger questions = 0;
   for (NSDictionary *call in agent.calls()) {
-    id const folder = [[call objectForKey:@"arguments"] objectAtIndex:0];
+    id const folder = [[call objectForKey:@"arguments"] objectAtIndex:access_operation::kPathOrId];
     if ([folder isEqual:@"the ended one's"]) ++questions;
   }
   EXPECT_EQ(questions, 1u);

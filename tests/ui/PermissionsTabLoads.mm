@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
@@ -109,7 +110,8 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return text([person(0) personName]) == "Bert B"; }));
   press(question, 0);
-  EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:0]), "anna@x.org");
+  EXPECT_EQ(text([argumentsOfLast(@"revokeAccess:::") objectAtIndex:revoke_operation::kUserEmail]),
+            "anna@x.org");
 }
 
 TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork) {
@@ -139,5 +141,6 @@ TEST_F(PermissionsTabLoads, ManyLoadsAtOnceAllReachTheAgentAndOneMoreShowsItsLis
   answerList(people(3));
   [tab setFilePath:@"the last"];
   EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 3; }));
-  EXPECT_EQ(text([argumentsOfLast(@"getAccess::") objectAtIndex:0]), "the last");
+  EXPECT_EQ(text([argumentsOfLast(@"getAccess::") objectAtIndex:access_operation::kPathOrId]),
+            "the last");
 }

@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/support/TypeAheadUser.h"
@@ -101,7 +102,8 @@ TEST_F(PermissionsTabRemovals, TheContextIsTheRow) {
       3,
       @{@"reply" : success(@1)});
   [tab handleResult:nil withResult:1000 withSender:2];
-  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:0]), "p0002@example.org");
+  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:revoke_operation::kUserEmail]),
+            "p0002@example.org");
 }
 
 TEST_F(PermissionsTabRemovals, RemovingTheLastRowEndsWithTheLocalizedText) {

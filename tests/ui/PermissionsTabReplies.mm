@@ -1,6 +1,7 @@
 // Replies to changes and removals, and entries of the list, that are not as they should be; and all
 // that the alerts say.
 
+#import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
@@ -154,11 +155,13 @@ TEST_F(PermissionsTabReplies, APersonWithoutAnAddressIsListedAndCanBeChangedAndR
   ASSERT_EQ([[tab personList] count], 2u);
   EXPECT_EQ(text([nameIn(1) stringValue]), "Ann Lee");
   choose(1, kWriter);
-  EXPECT_EQ(text([argumentsOfLast(kGrant) objectAtIndex:0]), text([NSNull null]));
+  EXPECT_EQ(text([argumentsOfLast(kGrant) objectAtIndex:grant_operation::kUserEmail]),
+            text([NSNull null]));
   press(sheet(), 0);
   press(askToRemove(1), kYes);
   EXPECT_TRUE(handleEventsUntil([&] { return sheetIsSuccess(); }));
-  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:0]), text([NSNull null]));
+  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:revoke_operation::kUserEmail]),
+            text([NSNull null]));
   EXPECT_EQ([[tab personList] count], 1u);
 }
 

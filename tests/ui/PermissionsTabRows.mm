@@ -1,3 +1,4 @@
+#import "tests/support/Arguments.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
@@ -27,7 +28,8 @@ TEST_F(PermissionsTabRows, AChoiceInRow900ChangesThePersonInRow900) {
       @{@"reply" : success(@1)});
   openLoaded();
   choose(901, @"accessPermissionReadWriteKey");
-  EXPECT_EQ(text([argumentsOfLast(kGrant) objectAtIndex:0]), "p0901@example.org");
+  EXPECT_EQ(text([argumentsOfLast(kGrant) objectAtIndex:grant_operation::kUserEmail]),
+            "p0901@example.org");
   EXPECT_EQ([outlet<NSArrayController>("arrayController") selectionIndex], 901u);
   EXPECT_EQ([person(901) accessPermission], 1);
   EXPECT_LT([[collection() subviews] count], 60u);
@@ -42,7 +44,8 @@ TEST_F(PermissionsTabRows, TheRemoveButtonInRow900IsForThePersonInRow900AlsoAfte
   [tab revokeAccessToUser:@500];
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
   press(askToRemove(900), 0);
-  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:0]), "p0902@example.org");
+  EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:revoke_operation::kUserEmail]),
+            "p0902@example.org");
   EXPECT_EQ([[tab personList] count], static_cast<NSUInteger>(kMany) - 3);
 }
 

@@ -1,4 +1,4 @@
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 /// Notes the delegate's flag when the application is about to hide.
 @interface HidingObserver : NSObject {

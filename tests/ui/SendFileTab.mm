@@ -1,4 +1,5 @@
-#import "tests/ui/Windows.h"
+#import "tests/support/Arguments.h"
+#import "tests/ui/WindowFixtures.h"
 
 namespace {
 
@@ -55,7 +56,8 @@ TEST_F(SendFileTab, RecipientsReachTheAgentAsTheOneStringThatWasEntered) {
   open();
   enterRecipients(@"a@example.org,b@example.net");
   pressSend();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:4]), "a@example.org,b@example.net");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kRecipients]),
+            "a@example.org,b@example.net");
 }
 
 TEST_F(SendFileTab, AllArgumentsReachTheAgentInTheirOrder) {
@@ -77,15 +79,15 @@ TEST_F(SendFileTab, EachOptionReachesTheAgentInItsPlace) {
   enterRecipients(@"a@example.org");
   [button(window, @"Send me a copy") performClick:nil];
   pressSend();
-  EXPECT_TRUE([[lastArguments() objectAtIndex:8] boolValue]);
-  EXPECT_FALSE([[lastArguments() objectAtIndex:1] boolValue]);
+  EXPECT_TRUE([[lastArguments() objectAtIndex:send_operation::kCopyMe] boolValue]);
+  EXPECT_FALSE([[lastArguments() objectAtIndex:send_operation::kNotifyOnDownload] boolValue]);
   [button([window attachedSheet], @"OK") performClick:nil];
   [button(window, @"Ask for their e-mail address") performClick:nil];
   NSPopUpButton *const numbers = static_cast<NSPopUpButton *>(button(window, @"Unlimited"));
   [[numbers menu] performActionForItemAtIndex:2];
   pressSend();
-  EXPECT_TRUE([[lastArguments() objectAtIndex:2] boolValue]);
-  EXPECT_EQ(text([lastArguments() objectAtIndex:3]), "5");
+  EXPECT_TRUE([[lastArguments() objectAtIndex:send_operation::kRequireEmail] boolValue]);
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kMaxDownloads]), "5");
 }
 
 TEST_F(SendFileTab, AnEmptyRecipientsFieldGivesTheBlankAlertAndAsksNobody) {
@@ -191,14 +193,15 @@ TEST_F(SendFileTab, AnEmptySubjectBecomesTheDefaultOfTheKindThatTheOpenerGave) {
   enterRecipients(@"a@example.org");
   [subject() setStringValue:@""];
   pressSend();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:5]), "A%20folder%20for%20you");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kSubject]),
+            "A%20folder%20for%20you");
   // The opener said file; the disk says folder, but only afterwards.
   open({.item = @"/tmp", .isFolder = NO, .isFileId = NO});
   enterRecipients(@"a@example.org");
   [subject() setStringValue:@""];
   pressSend();
   EXPECT_EQ(text([agent.operations() lastObject]), text(kSendFolder));
-  EXPECT_EQ(text([lastArguments() objectAtIndex:5]), "A%20file%20for%20you");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kSubject]), "A%20file%20for%20you");
   EXPECT_EQ(linesInLog("is folder"), 1);
 }
 
@@ -210,7 +213,7 @@ TEST_F(SendFileTab, ALongSubjectReachesTheAgentAsItsFirstEightyUnits) {
                                               withString:@"0123456789"
                                          startingAtIndex:0]];
   pressSend();
-  EXPECT_EQ([[lastArguments() objectAtIndex:5] length], 80u);
+  EXPECT_EQ([[lastArguments() objectAtIndex:send_operation::kSubject] length], 80u);
 }
 
 TEST_F(SendFileTab, ALongMessageIsNotCut) {
@@ -219,7 +222,7 @@ TEST_F(SendFileTab, ALongMessageIsNotCut) {
   enterRecipients(@"a@example.org");
   [message() setString:[@"" stringByPaddingToLength:100000 withString:@"word" startingAtIndex:0]];
   pressSend();
-  EXPECT_EQ([[lastArguments() objectAtIndex:6] length], 100000u);
+  EXPECT_EQ([[lastArguments() objectAtIndex:send_operation::kMessage] length], 100000u);
 }
 
 TEST_F(SendFileTab, AnotherTryAfterAnAlertSends) {
@@ -267,5 +270,5 @@ TEST_F(SendFileTab, ACompletionIsSentAsItsAddress) {
   handlePostedEvents();
   EXPECT_EQ(text([recipients() stringValue]), "anna@example.org");
   pressSend();
-  EXPECT_EQ(text([lastArguments() objectAtIndex:4]), "anna@example.org");
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kRecipients]), "anna@example.org");
 }

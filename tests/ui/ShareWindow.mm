@@ -1,4 +1,4 @@
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 namespace {
 

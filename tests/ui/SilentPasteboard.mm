@@ -1,7 +1,7 @@
 #include <signal.h>
 
 #include "tests/support/PlatformServer.h"
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 // The pasteboard's server stands still, or waits for a program that does.
 

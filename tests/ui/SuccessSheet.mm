@@ -1,5 +1,5 @@
 #import "tests/support/CountsAsRunning.h"
-#import "tests/ui/Windows.h"
+#import "tests/ui/WindowFixtures.h"
 
 namespace {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #import "app/ContextMenuAppAppDelegate.h"
-#include "tests/engine/ScriptedEngine.h"
 #include "tests/support/Strings.h"
+#include "tests/support/engine/ScriptedEngine.h"
 
 namespace {
 

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#import "tests/platform/tokenfield/Recipients.h"
+#import "tests/platform/tokenfield/TokenRecipients.h"
 #include "tests/support/ChildProcess.h"
 #include "tests/support/Strings.h"
 

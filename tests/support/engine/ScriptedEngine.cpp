@@ -1,4 +1,4 @@
-#include "tests/engine/ScriptedEngine.h"
+#include "tests/support/engine/ScriptedEngine.h"
 
 #include "app/BVSyncEngine.h"
 

@@ -1,4 +1,4 @@
-#import "tests/platform/tokenfield/Recipients.h"
+#import "tests/platform/tokenfield/TokenRecipients.h"
 
 @implementation RecipientField
 

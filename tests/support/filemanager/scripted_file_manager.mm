@@ -1,13 +1,14 @@
 // scripted-file-manager SCRIPT
 //
 // A file manager under the name of the real one, GWorkspace, that vends of it what tells the
-// selection and does what a script says (tests/agent/Script.h) when it is asked for that. Prints
-// "registered" when it is reachable and "asked" for each question. Serves until it is killed.
+// selection and does what a script says (tests/support/agent/Script.h) when it is asked for that.
+// Prints "registered" when it is reachable and "asked" for each question. Serves until it is
+// killed.
 #import <Foundation/Foundation.h>
 
 #include <cstdio>
 
-#import "tests/agent/Script.h"
+#import "tests/support/agent/Script.h"
 
 namespace {
 

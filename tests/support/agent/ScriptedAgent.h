@@ -2,7 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
-#import "tests/agent/Script.h"
+#import "tests/support/agent/Script.h"
 
 /// An agent that does what a script says and records each call. Answers every operation of
 /// KRVProxy, and nothing else.

@@ -1,4 +1,4 @@
-#import "tests/agent/Script.h"
+#import "tests/support/agent/Script.h"
 
 #include <csignal>
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#import "tests/e2e/InterfaceFrame.h"
 #import "tests/e2e/ScreenTab.h"
 #import "tests/e2e/WindowTest.h"
 
@@ -15,8 +16,8 @@ struct CopyLinkTab : WindowTest, ScreenTab {
   void chooseDownloads(int index) const;
 };
 
-/// Frames of controls, see ScreenTab.
-constexpr ScreenArea kDownloads = {169, 293, 160, 26};
-constexpr ScreenArea kNotify = {170, 267, 367, 18};
-constexpr ScreenArea kAskForMail = {170, 245, 367, 18};
-constexpr ScreenArea kCopy = {414, 13, 126, 32};
+// Its controls, see ScreenTab.
+constexpr InterfaceFrame kDownloads = {"MainWindow", "CopyLinkController.noOfDownloads"};
+constexpr InterfaceFrame kNotify = {"MainWindow", "CopyLinkController.isNotifyMe"};
+constexpr InterfaceFrame kAskForMail = {"MainWindow", "CopyLinkController.isAskForMail"};
+constexpr InterfaceFrame kCopy = {"MainWindow", "sendCopyLink:"};

@@ -7,6 +7,7 @@
 #import "tests/e2e/SendTab.h"
 #import "tests/e2e/ShareTab.h"
 #import "tests/e2e/WindowTest.h"
+#import "tests/support/Arguments.h"
 #include "tests/support/Thorough.h"
 
 namespace {
@@ -69,7 +70,7 @@ std::string nameOf(const testing::TestParamInfo<PopUp> &info) {
   return info.param.name;
 }
 
-const ScreenArea kCopyDownloads = {169, 293, 160, 26};
+constexpr InterfaceFrame kCopyDownloads = {"MainWindow", "CopyLinkController.noOfDownloads"};
 
 std::vector<PopUp> popUps() {
   return {{"Reader", true, 0, accessInRow(kReaderRow), kReadOnly, kReadWrite},
@@ -133,7 +134,8 @@ TEST_F(PopUpClicks, AClickOnAnItemOfTheOpenMenuChoosesIt) {
   clickOn(otherItemOf(reader));
   EXPECT_TRUE(seesSuccess());
   ASSERT_EQ(callsOf(kGrant), 1u);
-  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:0]), "reader@example.org");
+  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:grant_operation::kUserEmail]),
+            "reader@example.org");
 }
 
 TEST_F(PopUpClicks, ADoubleClickOnTheEdgeOfAButtonSendsNothing) {

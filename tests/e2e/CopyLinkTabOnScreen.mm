@@ -1,4 +1,4 @@
-#import "tests/e2e/CopyLinkTab.h"
+#import "tests/e2e/CopyLinkTabOnScreen.h"
 
 bool CopyLinkTab::openTab(const SendCall &call) {
   if (!open(call)) return false;

@@ -6,7 +6,7 @@
 #include "tests/fuzz/Target.h"
 
 /// input: the separator, then the text.
-void fuzz::Pieces(std::string_view input) {
+void fuzz::SplitString(std::string_view input) {
   NSString *const string = stringFrom(input);
   if ([string length] == 0) return;
   const char16_t separator = [string characterAtIndex:0];

@@ -4,23 +4,23 @@
 
 #include "tests/support/Strings.h"
 
-TEST(Pieces, AreThoseThatThePlatformAnswers) {
+TEST(SplitString, AreThoseThatThePlatformAnswers) {
   for (NSString *whole in @[ @"", @",", @"a", @"a,b", @",a,,b,", @"漢,😀,é", @",,," ]) {
     EXPECT_TRUE([utf16::splitString(whole, ',') isEqual:[whole componentsSeparatedByString:@","]])
         << text(whole);
   }
 }
 
-TEST(Pieces, OfNothingAreNothing) {
+TEST(SplitString, OfNothingAreNothing) {
   EXPECT_EQ(utf16::splitString(nil, ','), nil);
 }
 
-TEST(Pieces, AreSeparatedWhateverFollowsTheSeparator) {
+TEST(SplitString, AreSeparatedWhateverFollowsTheSeparator) {
   NSArray *const expected = @[ @"a", @"\u0301b" ];
   EXPECT_TRUE([utf16::splitString(@"a,\u0301b", ',') isEqual:expected]);
 }
 
-TEST(Pieces, HalfAPairLosesItselfAndNotTheRest) {
+TEST(SplitString, HalfAPairLosesItselfAndNotTheRest) {
   NSString *const whole = withHalfPair(@"a,b");
   EXPECT_EQ(text([utf16::splitString(whole, ',') componentsJoinedByString:@"|"]), "a|b\uFFFD");
 }

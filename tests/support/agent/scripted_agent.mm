@@ -9,7 +9,7 @@
 
 #include <unistd.h>
 
-#import "tests/agent/ScriptedAgent.h"
+#import "tests/support/agent/ScriptedAgent.h"
 
 int main(int argc, char *argv[]) {
   if (argc < 4) return 2;

@@ -1,4 +1,4 @@
-#import "tests/agent/ScriptedAgent.h"
+#import "tests/support/agent/ScriptedAgent.h"
 
 #import <objc/runtime.h>
 #include <initializer_list>

@@ -1,0 +1,49 @@
+#import "tests/e2e/InterfaceFrame.h"
+
+#import <Foundation/Foundation.h>
+
+#include <stdexcept>
+
+namespace {
+
+/// Where the element stands in the interface file.
+NSString *pathOf(NSString *connection) {
+  const NSRange dot = [connection rangeOfString:@"."];
+  if (dot.location == NSNotFound) {
+    return [NSString stringWithFormat:@"//*[connections/action[@selector='%@']]", connection];
+  }
+  return [NSString stringWithFormat:@"//*[@id=//customObject[@customClass='%@']/connections"
+                                    @"/outlet[@property='%@']/@destination]",
+                                    [connection substringToIndex:dot.location],
+                                    [connection substringFromIndex:NSMaxRange(dot)]];
+}
+
+int valueOf(NSXMLElement *rect, NSString *name) {
+  return [[[rect attributeForName:name] stringValue] intValue];
+}
+
+}  // namespace
+
+InterfaceFrame::operator ScreenArea() const {
+  @autoreleasepool {
+    NSString *const path = [NSString stringWithFormat:@INTERFACE_FOLDER "/%s.xib", file];
+    NSXMLDocument *const document =
+        [[[NSXMLDocument alloc] initWithData:[NSData dataWithContentsOfFile:path]
+                                     options:0
+                                       error:nullptr] autorelease];
+    NSString *const element = pathOf([NSString stringWithUTF8String:connection]);
+    // A text view first, because its own frame lies in its scroll view.
+    for (NSString *form in @[
+           @"%@[self::textView]/ancestor::scrollView[1]/rect[@key='frame']",
+           @"%@/rect[@key='frame']", @"%@/rect[@key='contentRect']",
+           @"%@/view[@key='view']/rect[@key='frame']"
+         ]) {
+      NSString *const query = [form stringByReplacingOccurrencesOfString:@"%@" withString:element];
+      NSXMLElement *const rect = [[document nodesForXPath:query error:nullptr] lastObject];
+      if (rect == nil) continue;
+      return {valueOf(rect, @"x"), valueOf(rect, @"y"), valueOf(rect, @"width"),
+              valueOf(rect, @"height")};
+    }
+  }
+  throw std::runtime_error(std::string("nothing in ") + file + " for " + connection);
+}
