@@ -10,33 +10,36 @@ set(written "")
 
 string(REPLACE "|" "]==] [==[" command "[==[${command}]==]")
 
-# The tests in "part" are one to CTest, which begins with the dearest.
-macro(write_part name weight_of_part)
+# The tests in "part" are one to CTest, which begins with the dearest. They wait "waits_of_part"
+# seconds besides.
+macro(write_part name weight_of_part waits_of_part)
   list(JOIN part ":" filter)
-  math(EXPR cost "${weight_of_part} * ${seconds}")
+  math(EXPR cost "${weight_of_part} * ${seconds} + ${waits_of_part}")
   string(APPEND written
       "add_test([==[${prefix}${name}]==] ${command} [==[--gtest_filter=${filter}]==])\n"
       "set_tests_properties([==[${prefix}${name}]==] PROPERTIES TIMEOUT ${timeout} COST ${cost})\n")
 endmacro()
 
 # Suites, and what is left of long ones, that are to be one test of CTest together: their names, their
-# filters, and their weight.
+# filters, their weight, and how many seconds they wait.
 set(waiting "")
 set(waiting_filters "")
 set(waiting_weight 0)
+set(waiting_waits 0)
 
 macro(write_waiting)
   if(waiting)
     list(JOIN waiting "+" name)
     set(part ${waiting_filters})
-    write_part(${name} ${waiting_weight})
+    write_part(${name} ${waiting_weight} ${waiting_waits})
   endif()
   set(waiting "")
   set(waiting_filters "")
   set(waiting_weight 0)
+  set(waiting_waits 0)
 endmacro()
 
-# add_waiting(NAME WEIGHT FILTER...)
+# add_waiting(NAME WEIGHT FILTER...): "suite_waits" seconds are those of the suite.
 macro(add_waiting name weight)
   math(EXPR together "${waiting_weight} + ${weight}")
   if(together GREATER size)
@@ -45,11 +48,16 @@ macro(add_waiting name weight)
   list(APPEND waiting ${name})
   list(APPEND waiting_filters ${ARGN})
   math(EXPR waiting_weight "${waiting_weight} + ${weight}")
+  math(EXPR waiting_waits "${waiting_waits} + ${suite_waits}")
 endmacro()
 
 # The tests in "names", which weigh as much as "weights" says: with others in one test of CTest as
 # long as these weigh at most "size", else in parts of at most so much.
 macro(write_suite)
+  set(suite_waits 0)
+  if(waits MATCHES "(^| )${suite} ([0-9]+)")
+    set(suite_waits ${CMAKE_MATCH_2})
+  endif()
   set(is_alone FALSE)
   if(size EQUAL 1 OR (alone AND suite MATCHES "^(.*/)?(${alone})$"))
     set(is_alone TRUE)
@@ -61,13 +69,13 @@ macro(write_suite)
   foreach(name weight_of_test IN ZIP_LISTS names weights)
     if(is_alone)
       set(part ${suite}.${name})
-      write_part(${part} ${size})  # by itself because it takes long
+      write_part(${part} ${size} ${suite_waits})  # by itself because it takes long
       continue()
     endif()
     math(EXPR together "${weight} + ${weight_of_test}")
     if(tests_of_part AND together GREATER size)
       set(part ${tests_of_part})
-      write_part(${suite}.${first}-${last} ${weight})
+      write_part(${suite}.${first}-${last} ${weight} ${suite_waits})
       set(tests_of_part "")
       set(weight 0)
       math(EXPR first "${last} + 1")

@@ -37,7 +37,7 @@ class TestSuites(unittest.TestCase):
 
     def listed(self, thorough="FALSE", environment=None, **values):
         """The filter and the cost of each test of CTest, by its name."""
-        values = {"size": 20, "alone": "", "prefix": "", "seconds": 1, "timeout": 60, **values}
+        values = {"size": 20, "alone": "", "waits": "", "prefix": "", "seconds": 1, "timeout": 60, **values}
         defines = [part for key, value in values.items() for part in ("-D", f"{key}={value}")]
         tests = self.folder / "tests.cmake"
         subprocess.run(["cmake", "-D", f"program={self.folder}/program", "-D", f"tests={tests}",
@@ -70,6 +70,10 @@ class TestSuites(unittest.TestCase):
 
     def test_a_part_costs_what_its_tests_take(self):
         self.assertEqual(self.listed(size=60, seconds=5)["Short+Row/Long+Last"][1], 255)
+
+    def test_what_a_suite_waits_is_added_to_the_cost_of_what_it_is_in(self):
+        self.assertEqual(self.listed(size=60, waits="Others 50 Row/Long 7 Last 20"),
+                         {"Short+Row/Long+Last": ("Short.*:Row/Long.*:Last.*", 78)})
 
     def test_names_begin_with_the_prefix(self):
         self.assertEqual(list(self.listed(size=60, prefix="faults.")),
