@@ -44,6 +44,5 @@ void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void 
 
 void runModally(NSAlert *alert) {
   discardPendingInput();
-  [NSApp activateIgnoringOtherApps:YES];
   [alert runModal];
 }

@@ -34,8 +34,7 @@ struct LostAgentName : ServiceTest {
 
 TEST_F(LostAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
   ChildProcess copy({CONTEXTMENU, "copy-link", kit.makeFile("second.txt")});
-  ASSERT_TRUE(waitForWindows(1)) << application.process().output();
-  ASSERT_TRUE(waitForKeyboard());
+  ASSERT_TRUE(clickIntoAlert()) << application.process().output();
   EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
   pressKeys({"Return"});
   EXPECT_EQ(copy.waitForEnd(), 0) << copy.output();

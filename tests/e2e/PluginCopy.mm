@@ -88,11 +88,8 @@ TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   EXPECT_EQ(linesInLog("Unable to copy link at this time"), 1);
   EXPECT_FALSE(call.hasEnded());
-  // A key pressed before the alert has the keyboard is lost, as it is for a person.
-  EXPECT_TRUE(waitFor([&] {
-    pressReturn();
-    return call.hasEnded();
-  }));
+  ASSERT_TRUE(clickIntoAlert());
+  pressReturn();
   EXPECT_EQ(call.waitForEnd(), 0) << call.output();
   EXPECT_TRUE(waitFor([&] { return !isVisible(); }));
   EXPECT_EQ(clipboardReadByXclip(), "");
@@ -103,10 +100,9 @@ TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) 
   ChildProcess call = copyElsewhere();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
-  EXPECT_TRUE(waitFor([&] {
-    pressReturn();
-    return call.hasEnded();
-  }));
+  ASSERT_TRUE(clickIntoAlert());
+  pressReturn();
+  EXPECT_EQ(call.waitForEnd(), 0) << call.output();
   startAgent();
   agent->answer(kFileOperation, success(@"https://x/again"));
   copy(@"id-1");
@@ -146,10 +142,9 @@ TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
     detail::pausePolling();
   }
   EXPECT_TRUE(isVisible());
-  EXPECT_TRUE(waitFor([&] {
-    pressReturn();
-    return first.hasEnded();
-  }));
+  ASSERT_TRUE(clickIntoAlert());
+  pressReturn();
+  EXPECT_EQ(first.waitForEnd(), 0) << first.output();
   EXPECT_EQ(second.waitForEnd(), 0) << second.output();
   EXPECT_EQ(linksAskedFor(), 2u);
 }

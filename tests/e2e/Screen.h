@@ -22,6 +22,10 @@ bool waitForWindows(std::size_t count);
 /// minute. A key that is pressed earlier is lost.
 bool waitForKeyboard();
 
+/// Clicks into the application's only window and waits until it has the keyboard: an alert that
+/// comes while the application is in the background does not get it by itself.
+bool clickIntoAlert();
+
 /// Presses and releases keys, one after the other, by their names: "Return", "Tab", "space".
 void pressKeys(const std::vector<std::string> &names);
 

@@ -49,6 +49,15 @@ bool waitForKeyboard() {
   });
 }
 
+bool clickIntoAlert() {
+  if (!waitForWindows(1)) return false;
+  const ScreenArea alert = windowsOnScreen().at(0).area;
+  if (settledPicture(alert).empty()) return false;
+  // Beside its icon and above its buttons.
+  clickAt(alert.x + 10, alert.y + alert.height / 2);
+  return waitForKeyboard();
+}
+
 void pressKeys(const std::vector<std::string> &names) {
   std::vector<std::string> command = {kPointingTool, "key"};
   command.insert(command.end(), names.begin(), names.end());

@@ -80,7 +80,7 @@ struct MenuShare : Menu {
                           : outcome == Outcome::NoReply ? @"cannotConnectToBrisvaleNowTextKey"
                                                         : @"usersTextKey";
     EXPECT_NE(std::find(texts.begin(), texts.end(), shown(key)), texts.end());
-    EXPECT_EQ(logged(), Lines{"Share Folder action.."});
+    EXPECT_EQ(logged(), (Lines{kActivated, "Share Folder action.."}));
     EXPECT_FALSE([delegate contextMenuFlag]);
     EXPECT_TRUE(user.alerts().empty());
   }

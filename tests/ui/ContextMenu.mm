@@ -141,7 +141,7 @@ TEST_F(FinderSelection, AFileManagerThatFailsMakesTheListAbsentWithoutAWord) {
     fileManager.setScript(entry);
     EXPECT_EQ(read(), Lines{"(nil)"});
   }
-  EXPECT_EQ(loggedLines(), Lines{});
+  EXPECT_EQ(log.lines(), Lines{});
   EXPECT_TRUE(user.alerts().empty());
 }
 

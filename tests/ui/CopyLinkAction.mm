@@ -205,7 +205,8 @@ TEST_F(CopyLinkAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   countEndsOf([SendAndCopyTabController class]);
   copyLink();
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
-  expectSilence({"recieve Notification close send/copy window.", "window closed", kOutsideLine});
+  expectSilence(
+      {kActivated, "recieve Notification close send/copy window.", "window closed", kOutsideLine});
   EXPECT_TRUE([delegate contextMenuFlag]);
 }
 
@@ -213,7 +214,8 @@ TEST_F(CopyLinkAction, AnOpenShareWindowHasClosedBeforeTheAlertShows) {
   engine.files.clear();
   ASSERT_NE(openShare(), nil);
   copyLink();
-  expectAlert(kUnable, "",
-              {"recieve Notification - close share folder window", "window closed", kNoIdLine});
+  expectAlert(
+      kUnable, "",
+      {kActivated, "recieve Notification - close share folder window", "window closed", kNoIdLine});
   EXPECT_TRUE(flagInAlert);
 }

@@ -10,6 +10,10 @@ using Lines = std::vector<std::string>;
 extern const char *const kOutsideLine;
 extern const char *const kNoIdLine;
 
+/// Logged when an action opens a window: on this platform an application becomes active when one of
+/// its windows gets the keyboard.
+inline constexpr const char *kActivated = "Context Menu Application Did Become Active";
+
 /// The context menu's actions, with a real synced folder elsewhere than the user's, a file manager
 /// in another process, a sync engine library that says what it is asked, and somebody who dismisses
 /// the alerts.
@@ -38,9 +42,6 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   /// Tells the library an id.
   void knowFile(NSString *path, const char *itemId) const;
   void knowFolder(NSString *path, const char *itemId) const;
-
-  /// The log without the platform's note that the application came to the front.
-  Lines loggedLines() const;
 
   /// That one alert was shown, with this message and informative text ("" for none) and no other
   /// text, with these log lines, and that the application is hidden and has opened no window.

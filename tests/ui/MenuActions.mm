@@ -75,15 +75,9 @@ void MenuActionsWithoutAgent::knowFolder(NSString *path, const char *itemId) con
   engine.folders[text(path)] = itemId;
 }
 
-Lines MenuActionsWithoutAgent::loggedLines() const {
-  Lines lines = log.lines();
-  std::erase(lines, "Context Menu Application Did Become Active");
-  return lines;
-}
-
 void MenuActionsWithoutAgent::expectAlert(const std::string &message,
                                           const std::string &informative, const Lines &lines) {
-  EXPECT_EQ(loggedLines(), lines);
+  EXPECT_EQ(log.lines(), lines);
   ASSERT_EQ(user.alerts().size(), 1u);
   Lines shown = user.alerts()[0].texts;
   std::erase(shown, "");
@@ -93,7 +87,7 @@ void MenuActionsWithoutAgent::expectAlert(const std::string &message,
 }
 
 void MenuActionsWithoutAgent::expectSilence(const Lines &lines) const {
-  EXPECT_EQ(loggedLines(), lines);
+  EXPECT_EQ(log.lines(), lines);
   EXPECT_TRUE(user.alerts().empty());
   EXPECT_TRUE([NSApp isHidden]);
   EXPECT_TRUE(visibleWindows().empty());

@@ -54,7 +54,7 @@ TEST_F(SendFileAction, OpensTheSendWindowForTheFile) {
   EXPECT_EQ(text(labelOf(controller)), "Send File");
   EXPECT_EQ(text(subjectOf(controller)), "A file for you");
   expectItem(controller, "id-file", false);
-  EXPECT_EQ(loggedLines(), Lines{});
+  EXPECT_EQ(log.lines(), Lines{kActivated});
 }
 
 TEST_F(SendFileAction, TheApplicationIsVisibleAndTheFlagCleared) {
@@ -73,7 +73,7 @@ TEST_F(SendFileAction, AsksTheAgentForNothing) {
 TEST_F(SendFileAction, ClosingTheWindowSetsTheFlagAndHidesTheApplication) {
   sendFile();
   [onlyWindow() performClose:nil];
-  EXPECT_EQ(loggedLines(), Lines{"window closed"});
+  EXPECT_EQ(log.lines(), (Lines{kActivated, "window closed"}));
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);
 }
@@ -134,8 +134,9 @@ TEST_F(SendFileAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   engine.files.clear();
   ASSERT_NE(openSend(1), nil);
   sendFile();
-  expectAlert(kMessage, kNotYet,
-              {"recieve Notification close send/copy window.", "window closed", kNoIdLine});
+  expectAlert(
+      kMessage, kNotYet,
+      {kActivated, "recieve Notification close send/copy window.", "window closed", kNoIdLine});
 }
 
 TEST_F(SendFileAction, ANameInAnyScriptIsTheTitle) {
@@ -158,7 +159,7 @@ TEST_F(SendFolderAction, OpensTheSendWindowForTheFolder) {
   EXPECT_EQ(text(labelOf(controller)), "Send Folder");
   EXPECT_EQ(text(subjectOf(controller)), "A folder for you");
   expectItem(controller, "id-folder", true);
-  EXPECT_EQ(loggedLines(), Lines{kFolderEnd});
+  EXPECT_EQ(log.lines(), (Lines{kActivated, kFolderEnd}));
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
   EXPECT_EQ([agent.operations() count], 0u);
@@ -235,6 +236,6 @@ TEST_F(SendFolderAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   select(nil);
   ASSERT_NE(openShare(), nil);
   sendFolder();
-  expectSilence({"recieve Notification - close share folder window", "window closed", kOutsideLine,
-                 kFolderEnd});
+  expectSilence({kActivated, "recieve Notification - close share folder window", "window closed",
+                 kOutsideLine, kFolderEnd});
 }

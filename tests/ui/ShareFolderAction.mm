@@ -35,7 +35,7 @@ TEST_F(ShareFolderAction, OpensTheShareWindowForTheFolder) {
   EXPECT_TRUE([[controller givePermissionTab] isFileId]);
   EXPECT_EQ(text([[controller sendInviteTab] filePath]), "id-folder");
   EXPECT_TRUE([[controller sendInviteTab] isFileId]);
-  EXPECT_EQ(loggedLines(), Lines{kEnd});
+  EXPECT_EQ(log.lines(), (Lines{kActivated, kEnd}));
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
 }
@@ -130,7 +130,7 @@ TEST_F(ShareFolderAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   ASSERT_NE(openSend(), nil);
   shareFolder();
   expectAlert(kNotAllowed, "",
-              {"recieve Notification close send/copy window.", "window closed", kEnd});
+              {kActivated, "recieve Notification close send/copy window.", "window closed", kEnd});
 }
 
 TEST_F(ShareFolderAction, ClosingTheWindowSetsTheFlagAndHidesTheApplication) {
