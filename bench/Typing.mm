@@ -53,7 +53,7 @@ void addLateness(const std::vector<std::string> &command, std::size_t keys,
   const std::size_t wanted = late.size() + keys;
   while (late.size() < wanted) {
     @autoreleasepool {
-      NSEvent *const event = handleEvent([NSDate dateWithTimeIntervalSinceNow:kPatienceSeconds]);
+      NSEvent *const event = handleEvent([NSDate dateWithTimeIntervalSinceNow:kWaitTimeoutSeconds]);
       if (event == nil) throw std::runtime_error("keys were lost");
       if ([event type] != NSKeyDown) continue;
       [[event window] displayIfNeeded];

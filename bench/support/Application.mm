@@ -72,7 +72,7 @@ Application::~Application() {
 }
 
 NSDistantObject *Application::rootProxy() {
-  const double end = detail::secondsNow() + kPatienceSeconds;
+  const double end = detail::secondsNow() + kWaitTimeoutSeconds;
   NSDistantObject *proxy = nil;
   while (proxy == nil && detail::secondsNow() < end) {
     @autoreleasepool {

@@ -28,7 +28,7 @@ template <class Condition>
 void handleEventsUntil(Condition condition) {
   /// Short, so that what has come to be meanwhile is seen at once.
   constexpr NSTimeInterval kLookSeconds = 0.0005;
-  const double end = detail::secondsNow() + kPatienceSeconds;
+  const double end = detail::secondsNow() + kWaitTimeoutSeconds;
   while (!condition()) {
     if (detail::secondsNow() > end) throw std::runtime_error("nothing happens");
     @autoreleasepool {

@@ -61,7 +61,7 @@ bool becomesReachable() {
 
 /// Whether the application still answers a client that has connected before.
 bool answers(id service) {
-  [[service connectionForProxy] setReplyTimeout:kPatienceSeconds];
+  [[service connectionForProxy] setReplyTimeout:kWaitTimeoutSeconds];
   @try {
     return [service respondsToSelector:@selector(copyLinkToClipboard:::)];
   } @catch (NSException *exception) {

@@ -219,7 +219,7 @@ TEST(AgentConnection, AnAgentThatStopsBetweenInitAndGateHoldsNeitherForEver) {
   agent.process().signal(SIGCONT);
 }
 
-TEST(AgentConnection, OtherConnectionsKeepTheirOwnPatience) {
+TEST(AgentConnection, OtherConnectionsKeepTheirOwnTimeouts) {
   AgentProcess agent;
   [[NSConnection defaultConnection] setReplyTimeout:77];
   [[NSConnection defaultConnection] setRequestTimeout:88];

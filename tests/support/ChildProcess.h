@@ -46,7 +46,7 @@ class ChildProcess {
 /// A new empty folder under the private session's temporary folder; the session removes it.
 std::string newTemporaryFolder();
 
-/// Polls until `condition` holds, at most for kPatienceSeconds; answers whether it came to hold.
+/// Polls until `condition` holds, at most for kWaitTimeoutSeconds; answers whether it came to hold.
 /// Looks less often the longer it waits, at last twenty times a second: looking takes processor
 /// time from what is waited for. Does not run the run loop (see Pump.h for that).
 template <class Condition>
@@ -65,14 +65,14 @@ double secondsUntilNextLook(double start);
 }  // namespace detail
 
 /// How long a test waits for a condition; longer in a build that a sanitizer slows down.
-constexpr double kPatienceSeconds = 60 * SANITIZER_SLOWDOWN;
+constexpr double kWaitTimeoutSeconds = 60 * SANITIZER_SLOWDOWN;
 
 template <class Condition>
 bool waitFor(Condition condition) {
   const double start = detail::secondsNow();
   while (!condition()) {
     const double waited = detail::secondsNow() - start;
-    if (waited > kPatienceSeconds) return false;
+    if (waited > kWaitTimeoutSeconds) return false;
     detail::pausePollingAfter(waited);
   }
   return true;
