@@ -13,7 +13,7 @@ enum class Exit : int {
   NoId = 5,        ///< the engine or the agent gives no id for it
   NotRunning = 6,  ///< nobody has the application's name, or nobody answers on it
   NotOffered = 7,  ///< the application does not know the operation
-  WentAway = 8,    ///< the application ended during the call
+  ApplicationEnded = 8,    ///< the application ended during the call
   Failed = 9       ///< the operation raised an exception in the application
 };
 

@@ -79,7 +79,7 @@ Failure failureOf(NSException *exception, id proxy, const char *who) {
   const auto detail = ": " + text([exception reason]);
   if ([name isEqualToString:NSInvalidReceivePortException] ||
       [name isEqualToString:NSPortTimeoutException] || ![[proxy connectionForProxy] isValid])
-    return {Exit::WentAway, std::string(who) + " went away during the call" + detail};
+    return {Exit::ApplicationEnded, std::string(who) + " went away during the call" + detail};
   // The other side has no such method, or one with other arguments.
   if ([name isEqualToString:NSInvalidArgumentException])
     return {Exit::NotOffered, std::string(who) + " does not offer this operation"};

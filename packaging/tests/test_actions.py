@@ -187,7 +187,7 @@ class Choices(DesktopTest):
         self.assertEqual(code, choice.NOT_THERE)
         self.assertIn("is not on Brisvale yet", message)
 
-    def test_what_has_vanished_is_told_of(self):
+    def test_a_missing_item_is_reported(self):
         self.start_application()
         os.chdir(self.folder("MyDocs"))
         for path in ("a.txt", str(self.synced / "MyDocs" / "a.txt"), "gone/a.txt"):

@@ -7,7 +7,7 @@
 
 #include "devkit/store/Store.h"
 #import "tests/devkit/DevelopmentAgent.h"
-#import "tests/devkit/StandIn.h"
+#import "tests/devkit/StubApplication.h"
 #import "tests/support/Pump.h"
 #import "tests/support/Strings.h"
 
@@ -39,7 +39,7 @@ class WithApplication : public Client {
 
   std::string call() const { return text([[application_ calls] componentsJoinedByString:@" "]); }
 
-  StandIn *const application_ = [[StandIn alloc] init];
+  StubApplication *const application_ = [[StubApplication alloc] init];
 };
 
 }  // namespace
@@ -93,8 +93,8 @@ TEST_F(WithApplication, TakesNamesOfEveryKind) {
   }
 }
 
-TEST_F(WithApplication, TellsThatTheApplicationWentAwayDuringTheCall) {
-  [application_ vanish];
+TEST_F(WithApplication, TellsThatTheApplicationEndedDuringTheCall) {
+  [application_ breakConnectionDuringCall];
   const auto result = run({"copy-link", file_});
   EXPECT_TRUE(result.starts_with("8 contextmenu: the application went away during the call"))
       << result;
@@ -111,14 +111,14 @@ TEST_F(Client, TellsThatTheApplicationIsNotRunning) {
 
 TEST_F(Client, WaitsForTheApplicationToComeUp) {
   ChildProcess client({CONTEXTMENU, "--wait", "60", "copy-link", file_});
-  StandIn *const application = [[StandIn alloc] init];
+  StubApplication *const application = [[StubApplication alloc] init];
   pumpUntil([&] { return client.hasEnded(); });
   EXPECT_EQ(client.waitForEnd(), 0) << client.output();
   [application release];
 }
 
 TEST_F(Client, TellsThatTheApplicationDoesNotAnswer) {
-  StandIn *const application = [[StandIn alloc] init];
+  StubApplication *const application = [[StubApplication alloc] init];
   ChildProcess client({CONTEXTMENU, "--timeout", "0.5", "copy-link", file_});
   // Without running the run loop: the name is there and nobody answers on it.
   EXPECT_EQ(client.waitForEnd(), 6);
@@ -127,7 +127,7 @@ TEST_F(Client, TellsThatTheApplicationDoesNotAnswer) {
 }
 
 TEST_F(Client, TellsThatTheApplicationDoesNotOfferTheOperation) {
-  StandIn *const application = [[StandIn alloc] initVending:[[[NSObject alloc] init] autorelease]];
+  StubApplication *const application = [[StubApplication alloc] initVending:[[[NSObject alloc] init] autorelease]];
   const auto result = run({"copy-link", file_});
   EXPECT_TRUE(result.starts_with("7 contextmenu: the application does not offer this operation"))
       << result;
