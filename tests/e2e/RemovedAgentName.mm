@@ -12,7 +12,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-struct LostAgentName : ServiceTest {
+struct RemovedAgentName : ServiceTest {
   void SetUp() override {
     ServiceTest::SetUp();
     NSString *const encoded = [[agent::kConnectionName dataUsingEncoding:NSUTF8StringEncoding]
@@ -32,7 +32,7 @@ struct LostAgentName : ServiceTest {
 
 }  // namespace
 
-TEST_F(LostAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
+TEST_F(RemovedAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
   ChildProcess copy({CONTEXTMENU, "copy-link", kit.makeFile("second.txt")});
   ASSERT_TRUE(waitForWindows(1)) << application.process().output();
   ASSERT_TRUE(waitForKeyboard());
