@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #import "tests/devkit/DevelopmentAgent.h"
-#import "tests/support/Stranger.h"
+#import "tests/support/RawConnection.h"
 #import "tests/support/Strings.h"
 
 namespace {
@@ -32,7 +32,7 @@ class BadBytes : public testing::TestWithParam<Bytes> {};
 TEST_P(BadBytes, DoNotEndTheAgent) {
   const Kit kit;
   DevelopmentAgent agent;
-  const Stranger stranger("KRVSyncAgent");
+  const RawConnection stranger("KRVSyncAgent");
   ASSERT_TRUE(stranger.isConnected());
   stranger.say(GetParam().bytes);
   EXPECT_TRUE(answers(agent));

@@ -14,7 +14,7 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
-#include "tests/support/Stranger.h"
+#include "tests/support/RawConnection.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -66,7 +66,7 @@ struct HostileBytes : HostilePeers, testing::WithParamInterface<Bytes> {};
 }  // namespace
 
 TEST_P(HostileBytes, DoNoHarm) {
-  const Stranger stranger(kName);
+  const RawConnection stranger(kName);
   ASSERT_TRUE(stranger.isConnected());
   stranger.say(GetParam().bytes);
   expectUnharmed();
@@ -91,9 +91,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
   const std::string whole = introduction() + wireMessage(0, 1, std::string(64, '\x01'));
-  std::list<Stranger> strangers;
+  std::list<RawConnection> strangers;
   for (std::size_t length = 1; length < whole.size(); ++length) {
-    const Stranger &stranger = strangers.emplace_back(kName);
+    const RawConnection &stranger = strangers.emplace_back(kName);
     ASSERT_TRUE(stranger.isConnected());
     stranger.say(whole.substr(0, length));
   }
@@ -103,7 +103,7 @@ TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
 TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
   std::mt19937 random(2026);
   for (int stream = 0; stream < 10'000; ++stream) {
-    const Stranger stranger(kName);
+    const RawConnection stranger(kName);
     ASSERT_TRUE(stranger.isConnected()) << stream;
     std::string bytes = random() % 2 == 0 ? introduction() : "";
     if (random() % 2 == 0) bytes += wireNumber(3) + wireNumber(random() % 512);
@@ -123,7 +123,7 @@ TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
   files.rlim_cur = std::min<rlim_t>(files.rlim_max, kConnections + 200);
   setrlimit(RLIMIT_NOFILE, &files);
   {
-    std::list<Stranger> idle;
+    std::list<RawConnection> idle;
     for (int i = 0; i < kConnections; ++i) {
       ASSERT_TRUE(idle.emplace_back(kName).isConnected()) << i;
     }
@@ -152,7 +152,7 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
 
 TEST_F(HostilePeers, AnotherUserCannotReachTheConnection) {
   // Whoever may not go through the folder cannot connect to what is in it.
-  const std::string socket = Stranger::socketOf(kName);
+  const std::string socket = RawConnection::socketOf(kName);
   ASSERT_NE(socket, "");
   struct stat folder = {};
   ASSERT_EQ(stat(socket.substr(0, socket.rfind('/')).c_str(), &folder), 0);

@@ -11,7 +11,7 @@
 #import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
-#include "tests/support/Stranger.h"
+#include "tests/support/RawConnection.h"
 #include "tests/support/Strings.h"
 
 // What cleans up in temporary folders takes away the files of names and sockets while their owners
@@ -150,7 +150,7 @@ TEST_F(RestoredNames, AProgramThatConnectsAsTheSocketIsRemovedDelaysNobody) {
   // Which of the two the application hears of first is another one in each turn of its run loop.
   for (int i = 1; i <= 12; ++i) {
     application.process().signal(SIGSTOP);
-    const Stranger program(text(kServiceName));
+    const RawConnection program(text(kServiceName));
     ASSERT_TRUE(program.isConnected());
     ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
     application.process().signal(SIGCONT);

@@ -3,13 +3,13 @@
 #include <string>
 
 /// Somebody who speaks to a named connection in bytes of his own, without the platform.
-class Stranger {
+class RawConnection {
  public:
   /// name: as it has been registered. See isConnected.
-  explicit Stranger(const std::string &name);
-  ~Stranger();
-  Stranger(const Stranger &) = delete;
-  Stranger &operator=(const Stranger &) = delete;
+  explicit RawConnection(const std::string &name);
+  ~RawConnection();
+  RawConnection(const RawConnection &) = delete;
+  RawConnection &operator=(const RawConnection &) = delete;
 
   bool isConnected() const { return connected_; }
 
