@@ -4,7 +4,7 @@
 
 #import "app/ContextMenuAppAppDelegate.h"
 #include "tests/support/ChildProcess.h"
-#include "tests/support/PlatformLoss.h"
+#include "tests/support/PlatformLeak.h"
 
 /// The delegate, made by the application's own main interface resource. The application's launch
 /// sequence has not run yet.
@@ -17,7 +17,7 @@ inline ContextMenuAppAppDelegate *loadedDelegate() {
 inline NSString *clipboardText() {
   // Of an object of the connection with the pasteboard's server, now and then. The application only
   // writes.
-  const PlatformLoss loss;
+  const PlatformLeak loss;
   return [[NSPasteboard generalPasteboard] stringForType:NSStringPboardType];
 }
 

@@ -11,14 +11,14 @@ extern "C" {
 /// While it stands, what this thread loses is not counted as lost: around a call in which the
 /// platform loses memory and which the application does not make. Whoever uses it says what is
 /// lost.
-class PlatformLoss {
+class PlatformLeak {
  public:
-  PlatformLoss() {
+  PlatformLeak() {
     if (__lsan_disable != nullptr) __lsan_disable();
   }
-  ~PlatformLoss() {
+  ~PlatformLeak() {
     if (__lsan_enable != nullptr) __lsan_enable();
   }
-  PlatformLoss(const PlatformLoss &) = delete;
-  PlatformLoss &operator=(const PlatformLoss &) = delete;
+  PlatformLeak(const PlatformLeak &) = delete;
+  PlatformLeak &operator=(const PlatformLeak &) = delete;
 };
