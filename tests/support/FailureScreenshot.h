@@ -12,7 +12,7 @@
 /// Keeps what is on the screen when a test first finds something that is not as expected, in the
 /// folder of that test below the one that the environment variable FAILED_TESTS names
 /// (tools/run-tests sets it); without that, nothing.
-class PictureOfFailure : public testing::EmptyTestEventListener {
+class FailureScreenshot : public testing::EmptyTestEventListener {
   void OnTestStart(const testing::TestInfo &test) override {
     name_ = std::string(test.test_suite_name()) + "." + test.name();
     std::replace(name_.begin(), name_.end(), '/', '-');
