@@ -1,12 +1,12 @@
 #import <AppKit/AppKit.h>
 
 /// A text view that notes what it is told to do ("cut:", "undo") and by whom, and does nothing. Its
-/// undo manager is its own; noteUndo: is there to be registered with it.
-@interface NotingTextView : NSTextView {
+/// undo manager is its own; recordUndo: is there to be registered with it.
+@interface RecordingTextView : NSTextView {
  @public
   NSMutableArray *notes;
   id lastSender;
   NSUndoManager *ownUndoManager;
 }
-- (void)noteUndo:(id)unused;
+- (void)recordUndo:(id)unused;
 @end
