@@ -5,6 +5,6 @@ namespace devkit {
 /// From now on SIGTERM and SIGINT do not end the process but write a byte to a pipe, so that the
 /// run loop can take leave properly. Returns the descriptor to read from, or -1 when there is no
 /// pipe.
-int routeEndingSignals();
+int routeTerminationSignals();
 
 }  // namespace devkit

@@ -1,4 +1,4 @@
-#include "devkit/agent/EndingSignals.h"
+#include "devkit/agent/TerminationSignals.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -20,7 +20,7 @@ void onEndingSignal(int) {
 
 }  // namespace
 
-int routeEndingSignals() {
+int routeTerminationSignals() {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return -1;
   writingEnd = ends[1];
