@@ -67,7 +67,7 @@ Record accessRecord(const Access &access) {
           {"isowner", access.owner}};
 }
 
-Letter letterFrom(const Account &account) {
+MailMessage letterFrom(const Account &account) {
   return {.senderName = account.firstName + " " + account.lastName,
           .senderAddress = account.email,
           .date = std::time(nullptr),
@@ -313,7 +313,7 @@ Contact Operations::colleague(const Text &email) {
   return *person;
 }
 
-void Operations::mailOut(const Item &item, const std::string &link, const Letter &letter) {
+void Operations::mailOut(const Item &item, const std::string &link, const MailMessage &letter) {
   MailRecord record = {.itemId = item.id,
                        .link = link,
                        .recipients = {},

@@ -10,7 +10,7 @@ namespace devkit {
 namespace {
 
 /// Sorts by time and stays unique by the token.
-std::string fileName(const Letter &letter) {
+std::string fileName(const MailMessage &letter) {
   std::tm parts = {};
   gmtime_r(&letter.date, &parts);
   char time[32];
@@ -20,7 +20,7 @@ std::string fileName(const Letter &letter) {
 
 }  // namespace
 
-std::string Outbox::put(const Letter &letter) {
+std::string Outbox::put(const MailMessage &letter) {
   namespace fs = std::filesystem;
   fs::create_directories(folder_);
   auto path = folder_ + "/" + fileName(letter);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "devkit/mail/Letter.h"
+#include "devkit/mail/MailMessage.h"
 
 namespace devkit {
 
@@ -13,7 +13,7 @@ class Outbox {
 
   /// Writes the mail and returns the path of its file. A reader never sees half a mail. Throws
   /// std::system_error when it cannot be written.
-  std::string put(const Letter &letter);
+  std::string put(const MailMessage &letter);
 
  private:
   std::string folder_;

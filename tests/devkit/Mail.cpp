@@ -4,14 +4,14 @@
 #include <fstream>
 #include <iterator>
 
-#include "devkit/mail/Letter.h"
+#include "devkit/mail/MailMessage.h"
 #include "devkit/mail/Outbox.h"
 #include "devkit/mail/Recipients.h"
 #include "devkit/mail/TransferEncoding.h"
 #include "tests/support/ChildProcess.h"
 
 using devkit::headerText;
-using devkit::Letter;
+using devkit::MailMessage;
 using devkit::parseRecipients;
 using devkit::quotedPrintable;
 
@@ -20,7 +20,7 @@ namespace {
 constexpr auto kAllHeaders =
     "Date From To Cc Subject Message-ID MIME-Version Content-Type Content-Transfer-Encoding";
 
-Letter letter() {
+MailMessage letter() {
   return {.senderName = "Jordan Avery",
           .senderAddress = "jordan@brisvale.test",
           .recipients = {"ann@brisvale.test", "bo@brisvale.test"},
@@ -32,7 +32,7 @@ Letter letter() {
 }
 
 /// What an independent reader of mails makes of it.
-std::string read(const Letter &letter) {
+std::string read(const MailMessage &letter) {
   const auto path = devkit::Outbox(newTemporaryFolder()).put(letter);
   ChildProcess reader({"/usr/bin/python3", "-I", READ_MAIL, path});
   reader.waitForEnd();
@@ -109,7 +109,7 @@ TEST(Recipients, NoAddressCanCarryAnotherHeader) {
   EXPECT_TRUE(parseRecipients(std::string("a@b\0c", 5)).invalid);
 }
 
-TEST(Letter, AMailProgramReadsWhatWasWritten) {
+TEST(MailMessage, AMailProgramReadsWhatWasWritten) {
   const auto found = read(letter());
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
   EXPECT_TRUE(contains(found, R"(From: "Jordan Avery <jordan@brisvale.test>")")) << found;
@@ -119,7 +119,7 @@ TEST(Letter, AMailProgramReadsWhatWasWritten) {
   EXPECT_TRUE(contains(found, R"(Body: "Hello\n")")) << found;
 }
 
-TEST(Letter, AllScriptsArriveWhole) {
+TEST(MailMessage, AllScriptsArriveWhole) {
   auto written = letter();
   written.senderName = "María José \"Pepa\" González";
   written.subject =
@@ -130,19 +130,19 @@ TEST(Letter, AllScriptsArriveWhole) {
   EXPECT_TRUE(contains(found, R"(Body: "Grüße,\n写真 = \t🗂️ \n.\nFrom here\n")")) << found;
 }
 
-TEST(Letter, ATextThatLooksEncodedArrivesAsItIs) {
+TEST(MailMessage, ATextThatLooksEncodedArrivesAsItIs) {
   auto written = letter();
   written.subject = "=?UTF-8?B?YQ==?=";
   EXPECT_TRUE(contains(read(written), R"(Subject: "=?UTF-8?B?YQ==?=")")) << read(written);
 }
 
-TEST(Letter, TheSenderGetsNoCopyUnasked) {
+TEST(MailMessage, TheSenderGetsNoCopyUnasked) {
   auto written = letter();
   written.copyToSender = false;
   EXPECT_TRUE(contains(read(written), "Cc: null"));
 }
 
-TEST(Letter, NoTextCanAddAHeader) {
+TEST(MailMessage, NoTextCanAddAHeader) {
   auto written = letter();
   written.subject = "a\r\nBcc: evil@example.org\r\n\r\nbody";
   written.senderName = "b\r\nBcc: evil@example.org";
@@ -150,7 +150,7 @@ TEST(Letter, NoTextCanAddAHeader) {
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
 }
 
-TEST(Letter, ManyRecipientsMakeNoLongLine) {
+TEST(MailMessage, ManyRecipientsMakeNoLongLine) {
   auto written = letter();
   written.recipients.assign(500, "somebody.with.a.long.name@department.brisvale.test");
   EXPECT_LE(longestLine(devkit::written(written)), 998u);

@@ -1,4 +1,4 @@
-#include "devkit/mail/Letter.h"
+#include "devkit/mail/MailMessage.h"
 
 #include <iterator>
 #include <string_view>
@@ -50,7 +50,7 @@ std::string namedAddress(const std::string &name, const std::string &address) {
 
 }  // namespace
 
-std::string written(const Letter &letter) {
+std::string written(const MailMessage &letter) {
   std::string mail;
   addHeader(mail, "Date", dateText(letter.date));
   addHeader(mail, "From", namedAddress(letter.senderName, letter.senderAddress));
