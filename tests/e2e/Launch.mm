@@ -86,7 +86,7 @@ TEST_F(Launch, ASyncEngineThatCannotBeginIsIgnored) {
 
 TEST_F(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
   AgentProcess agent;
-  RunningApplication good({{"LD_PRELOAD", TALKING_ENGINE}});
+  RunningApplication good({{"LD_PRELOAD", LOGGING_ENGINE}});
   ASSERT_TRUE(good.waitUntilServing());
   EXPECT_EQ(good.process().countInOutput("engine: BvInitialize"), 1);
   EXPECT_EQ(good.process().countInOutput("engine: BvUninitialize"), 1);
