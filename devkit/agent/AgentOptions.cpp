@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 
 namespace devkit {
 namespace {

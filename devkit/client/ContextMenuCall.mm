@@ -1,7 +1,7 @@
 #import "devkit/client/ContextMenuCall.h"
 
 #import "agent/AgentIdentity.h"
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Text.h"
 #include "devkit/client/Item.h"
 #import "devkit/client/RemoteObject.h"

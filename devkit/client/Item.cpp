@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "app/BVSyncEngine.h"
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Text.h"
 
 namespace devkit {

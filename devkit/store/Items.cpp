@@ -1,6 +1,6 @@
 #include "devkit/store/Items.h"
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Token.h"
 
 namespace devkit {

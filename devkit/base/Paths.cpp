@@ -1,4 +1,4 @@
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 
 #include <pwd.h>
 #include <unistd.h>
