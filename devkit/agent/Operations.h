@@ -87,7 +87,7 @@ class Operations {
   Item resolve(const ItemReference &reference, Kind kind);
   Item resolveOwnFolder(const ItemReference &reference);
   Contact colleague(const Text &email);
-  void mailOut(const Item &item, const std::string &link, const MailMessage &letter);
+  void mailOut(const Item &item, const std::string &link, const MailMessage &mailMessage);
 
   Store store_;
   Outbox outbox_;

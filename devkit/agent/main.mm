@@ -3,8 +3,8 @@
 #import "agent/AgentIdentity.h"
 #import "devkit/agent/AgentOptions.h"
 #import "devkit/agent/AgentProcess.h"
-#import "devkit/agent/TerminationSignals.h"
 #import "devkit/agent/KRVAgentService.h"
+#import "devkit/agent/TerminationSignals.h"
 #include "devkit/base/Arguments.h"
 #include "platform/gnustep/connections/TemporaryFolder.h"
 

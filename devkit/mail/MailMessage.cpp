@@ -50,18 +50,18 @@ std::string namedAddress(const std::string &name, const std::string &address) {
 
 }  // namespace
 
-std::string written(const MailMessage &letter) {
+std::string written(const MailMessage &mailMessage) {
   std::string mail;
-  addHeader(mail, "Date", dateText(letter.date));
-  addHeader(mail, "From", namedAddress(letter.senderName, letter.senderAddress));
-  addHeader(mail, "To", addressList(letter.recipients));
-  if (letter.copyToSender) addHeader(mail, "Cc", letter.senderAddress);
-  addHeader(mail, "Subject", headerText(validUtf8(letter.subject)));
-  addHeader(mail, "Message-ID", "<" + letter.token + "@brisvale.test>");
+  addHeader(mail, "Date", dateText(mailMessage.date));
+  addHeader(mail, "From", namedAddress(mailMessage.senderName, mailMessage.senderAddress));
+  addHeader(mail, "To", addressList(mailMessage.recipients));
+  if (mailMessage.copyToSender) addHeader(mail, "Cc", mailMessage.senderAddress);
+  addHeader(mail, "Subject", headerText(validUtf8(mailMessage.subject)));
+  addHeader(mail, "Message-ID", "<" + mailMessage.token + "@brisvale.test>");
   addHeader(mail, "MIME-Version", "1.0");
   addHeader(mail, "Content-Type", "text/plain; charset=utf-8");
   addHeader(mail, "Content-Transfer-Encoding", "quoted-printable");
-  return mail + "\r\n" + quotedPrintable(validUtf8(letter.body));
+  return mail + "\r\n" + quotedPrintable(validUtf8(mailMessage.body));
 }
 
 }  // namespace devkit

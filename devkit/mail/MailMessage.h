@@ -22,6 +22,6 @@ struct MailMessage {
 };
 
 /// The mail in the form of an .eml file: what any mail program opens. Texts are UTF-8.
-std::string written(const MailMessage &letter);
+std::string written(const MailMessage &mailMessage);
 
 }  // namespace devkit

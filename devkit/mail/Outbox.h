@@ -13,7 +13,7 @@ class Outbox {
 
   /// Writes the mail and returns the path of its file. A reader never sees half a mail. Throws
   /// std::system_error when it cannot be written.
-  std::string put(const MailMessage &letter);
+  std::string put(const MailMessage &mailMessage);
 
  private:
   std::string folder_;

@@ -127,7 +127,8 @@ TEST_F(Client, TellsThatTheApplicationDoesNotAnswer) {
 }
 
 TEST_F(Client, TellsThatTheApplicationDoesNotOfferTheOperation) {
-  StubApplication *const application = [[StubApplication alloc] initVending:[[[NSObject alloc] init] autorelease]];
+  StubApplication *const application =
+      [[StubApplication alloc] initVending:[[[NSObject alloc] init] autorelease]];
   const auto result = run({"copy-link", file_});
   EXPECT_TRUE(result.starts_with("7 contextmenu: the application does not offer this operation"))
       << result;

@@ -20,7 +20,7 @@ namespace {
 constexpr auto kAllHeaders =
     "Date From To Cc Subject Message-ID MIME-Version Content-Type Content-Transfer-Encoding";
 
-MailMessage letter() {
+MailMessage sampleMessage() {
   return {.senderName = "Jordan Avery",
           .senderAddress = "jordan@brisvale.test",
           .recipients = {"ann@brisvale.test", "bo@brisvale.test"},
@@ -32,8 +32,8 @@ MailMessage letter() {
 }
 
 /// What an independent reader of mails makes of it.
-std::string read(const MailMessage &letter) {
-  const auto path = devkit::Outbox(newTemporaryFolder()).put(letter);
+std::string read(const MailMessage &mailMessage) {
+  const auto path = devkit::Outbox(newTemporaryFolder()).put(mailMessage);
   ChildProcess reader({"/usr/bin/python3", "-I", READ_MAIL, path});
   reader.waitForEnd();
   return reader.output();
@@ -110,7 +110,7 @@ TEST(Recipients, NoAddressCanCarryAnotherHeader) {
 }
 
 TEST(MailMessage, AMailProgramReadsWhatWasWritten) {
-  const auto found = read(letter());
+  const auto found = read(sampleMessage());
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
   EXPECT_TRUE(contains(found, R"(From: "Jordan Avery <jordan@brisvale.test>")")) << found;
   EXPECT_TRUE(contains(found, R"(To: "ann@brisvale.test, bo@brisvale.test")")) << found;
@@ -120,7 +120,7 @@ TEST(MailMessage, AMailProgramReadsWhatWasWritten) {
 }
 
 TEST(MailMessage, AllScriptsArriveWhole) {
-  auto written = letter();
+  auto written = sampleMessage();
   written.senderName = "María José \"Pepa\" González";
   written.subject =
       "Übersicht 写真 حداد 🗂️ and a subject that does not fit into one line by far";
@@ -131,19 +131,19 @@ TEST(MailMessage, AllScriptsArriveWhole) {
 }
 
 TEST(MailMessage, ATextThatLooksEncodedArrivesAsItIs) {
-  auto written = letter();
+  auto written = sampleMessage();
   written.subject = "=?UTF-8?B?YQ==?=";
   EXPECT_TRUE(contains(read(written), R"(Subject: "=?UTF-8?B?YQ==?=")")) << read(written);
 }
 
 TEST(MailMessage, TheSenderGetsNoCopyUnasked) {
-  auto written = letter();
+  auto written = sampleMessage();
   written.copyToSender = false;
   EXPECT_TRUE(contains(read(written), "Cc: null"));
 }
 
 TEST(MailMessage, NoTextCanAddAHeader) {
-  auto written = letter();
+  auto written = sampleMessage();
   written.subject = "a\r\nBcc: evil@example.org\r\n\r\nbody";
   written.senderName = "b\r\nBcc: evil@example.org";
   const auto found = read(written);
@@ -151,7 +151,7 @@ TEST(MailMessage, NoTextCanAddAHeader) {
 }
 
 TEST(MailMessage, ManyRecipientsMakeNoLongLine) {
-  auto written = letter();
+  auto written = sampleMessage();
   written.recipients.assign(500, "somebody.with.a.long.name@department.brisvale.test");
   EXPECT_LE(longestLine(devkit::written(written)), 998u);
 }

@@ -5,8 +5,8 @@
 #include "tests/support/ChildProcess.h"
 
 /// Takes events from the application's queue, which also runs the run loop's default mode, and
-/// dispatches them until `condition` holds, at most for kWaitTimeoutSeconds; answers whether it came
-/// to hold.
+/// dispatches them until `condition` holds, at most for kWaitTimeoutSeconds; answers whether it
+/// came to hold.
 template <class Condition>
 bool handleEventsUntil(Condition condition) {
   const double start = detail::secondsNow();

@@ -77,8 +77,8 @@ struct EditingKeys : testing::TestWithParam<const char *> {
 
   void makeUndoable() {
     [recordingText->ownUndoManager registerUndoWithTarget:recordingText
-                                              selector:@selector(recordUndo:)
-                                                object:nil];
+                                                 selector:@selector(recordUndo:)
+                                                   object:nil];
   }
 
   std::string notes() { return text([recordingText->notes componentsJoinedByString:@" "]); }
