@@ -74,7 +74,7 @@ MailMessage mailMessageFrom(const Account &account) {
           .token = unguessableToken()};
 }
 
-/// What the mail says below the sender's words.
+/// The text of the mail below the sender's message.
 std::string linkText(const std::string &link, const LinkOptions &options) {
   std::string text = "\n\n" + link + "\n";
   if (options.requireEmail) text += "You will be asked for your e-mail address.\n";
@@ -210,7 +210,7 @@ Reply Operations::getUserInfo(const Text &userEmail, bool userInfoFlag) noexcept
         const auto email = userEmail.value_or("");
         if (!isAddress(email))
           throw Refused{Refusal::BadArgument, inQuotes(email) + " is not an e-mail address."};
-        // A stranger is a valid answer too: somebody without an account here.
+        // An address without an account is a valid result, too.
         const auto person = store_.contacts.find(email);
         auto record = contactRecord(person.value_or(Contact{.email = email}));
         record.emplace_back("accountemployee", person && person->employee);

@@ -13,7 +13,7 @@ int writingEnd = -1;
 
 void onEndingSignal(int) {
   const int saved = errno;
-  // A full pipe already says what this byte would say.
+  // A full pipe is readable already, so a failed write does not matter.
   [[maybe_unused]] const auto written = write(writingEnd, "", 1);
   errno = saved;
 }

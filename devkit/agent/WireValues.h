@@ -2,7 +2,7 @@
 
 #include "devkit/agent/Operations.h"
 
-/// The only place where C++ values become what travels to the caller, and back.
+/// The only place where C++ values are converted to objects for the wire, and back.
 namespace devkit {
 
 /// The text of an argument. Nothing when it is nil, an object that stayed in the caller's process,

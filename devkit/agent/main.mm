@@ -22,7 +22,7 @@ int run(const devkit::AgentOptions &options) {
   if (!folder.problem.empty())
     return fail(kFailed, folder.problem + "; no connection in it could be trusted");
   // Before anything slow: an agent that is ended while it fills its address book ends at once, one
-  // that is ended later finishes the call that it is answering.
+  // that is ended later finishes the current call.
   std::string problem;
   auto operations = devkit::openOperations(options, problem);
   if (!operations) return fail(kFailed, problem);

@@ -13,7 +13,7 @@ void addHeader(std::string &mail, std::string_view name, std::string_view value)
   mail.append(name).append(": ").append(value).append("\r\n");
 }
 
-/// Not strftime's names of days and months, which follow the locale.
+/// Not strftime's names of days and months, which depend on the locale.
 std::string dateText(std::time_t date) {
   static constexpr const char *kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
   static constexpr const char *kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -33,7 +33,7 @@ std::string addressList(const std::vector<std::string> &addresses) {
   return list;
 }
 
-/// A name that is not encoded stands in quotes, since it may hold dots and commas.
+/// A name that is not encoded is quoted, since it may contain dots and commas.
 std::string namedAddress(const std::string &name, const std::string &address) {
   if (name.empty()) return address;
   auto text = headerText(validUtf8(name));
