@@ -1,4 +1,4 @@
-# Asks a program for its tests and writes what CTest is to be told of them; see TestSuites.cmake.
+# Asks a program for its tests and writes CTest's declarations of them; see TestSuites.cmake.
 set(environment --unset=CHECK_THOROUGHLY)
 if(thorough)
   set(environment CHECK_THOROUGHLY=1)
@@ -10,7 +10,7 @@ set(written "")
 
 string(REPLACE "|" "]==] [==[" command "[==[${command}]==]")
 
-# The tests in "part" are one to CTest, which begins with the dearest.
+# Makes the tests in "part" one of CTest's, which begins with the most expensive.
 macro(write_part name weight_of_part)
   list(JOIN part ":" filter)
   math(EXPR cost "${weight_of_part} * ${seconds}")
@@ -47,8 +47,8 @@ macro(add_waiting name weight)
   math(EXPR waiting_weight "${waiting_weight} + ${weight}")
 endmacro()
 
-# The tests in "names", which weigh as much as "weights" says: with others in one test of CTest as
-# long as these weigh at most "size", else in parts of at most so much.
+# Adds the tests in "names", of the weights in "weights": together with others as one test of CTest
+# while these weigh at most "size", else in parts of at most that weight.
 macro(write_suite)
   set(is_alone FALSE)
   if(size EQUAL 1 OR (alone AND suite MATCHES "^(.*/)?(${alone})$"))
