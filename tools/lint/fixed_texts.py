@@ -47,7 +47,8 @@ def constants(sources):
 
 
 def logged(text, named):
-    """What NSLog is called with, as (line, literal), the literal None if it cannot be told."""
+    """What NSLog is called with, as (line, literal), the literal None if it cannot be
+    determined."""
     code = without_comments(text)
     for match in LOG_CALL.finditer(code):
         line = code.count("\n", 0, match.start()) + 1
