@@ -1,4 +1,4 @@
-// The plug-in client as a program, against a stand-in for the application in this process.
+// The plug-in client as a program, against a stub of the application in this process.
 
 #include <gtest/gtest.h>
 
@@ -15,7 +15,7 @@ namespace {
 
 class Client : public testing::Test {
  protected:
-  /// Runs the client to its end while this process serves calls; answers its exit code and output.
+  /// Runs the client to its end while this process serves calls; returns its exit code and output.
   static std::string run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), CONTEXTMENU);
     ChildProcess client(arguments);
@@ -120,7 +120,7 @@ TEST_F(Client, WaitsForTheApplicationToComeUp) {
 TEST_F(Client, TellsThatTheApplicationDoesNotAnswer) {
   StubApplication *const application = [[StubApplication alloc] init];
   ChildProcess client({CONTEXTMENU, "--timeout", "0.5", "copy-link", file_});
-  // Without running the run loop: the name is there and nobody answers on it.
+  // Without running the run loop: the name is registered and does not reply.
   EXPECT_EQ(client.waitForEnd(), 6);
   EXPECT_EQ(client.output(), "contextmenu: the application does not answer\n");
   [application release];

@@ -31,7 +31,7 @@ MailMessage sampleMessage() {
           .token = "0123456789abcdef0123456789abcdef"};
 }
 
-/// What an independent reader of mails makes of it.
+/// The mail as an independent parser reads it.
 std::string read(const MailMessage &mailMessage) {
   const auto path = devkit::Outbox(newTemporaryFolder()).put(mailMessage);
   ChildProcess reader({"/usr/bin/python3", "-I", READ_MAIL, path});

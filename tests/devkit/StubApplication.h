@@ -2,7 +2,7 @@
 
 #import "plugin/ContextMenuService.h"
 
-/// What stands in for the application on the name "ContextMenuPlugin": notes each call with its
+/// A stub of the application under the name "ContextMenuPlugin": records each call with its
 /// arguments.
 @interface StubApplication : NSObject <ContextMenuService> {
  @private

@@ -82,7 +82,7 @@ TEST_F(CopyLinkOutcomes, WhileASuccessShowsItselfTheNextCallIsServed) {
   ASSERT_TRUE(pressReturnAndSeeSheet());
   ASSERT_TRUE(openTab({.name = "next.txt"}));
   EXPECT_EQ(linesInLog("window closed"), 1);
-  // The timer of the first window's success has nothing to say to the second.
+  // The timer of the first window's success does not affect the second.
   ASSERT_TRUE(pressReturnAndSeeSheet());
   EXPECT_TRUE(waitForWindows(0));
   EXPECT_EQ(linesInLog("window closed"), 2);
@@ -164,8 +164,8 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsASecondClientWaitsAndIsServedAfterwar
   ASSERT_TRUE(pressReturnAndAskAgent());
   ChildProcess second = client(ShareCall());
   ASSERT_TRUE(second.waitForOutput("calling"));
-  // Nothing shall happen, so there is nothing to wait for: look often, for as long as a call that
-  // is served takes many times over.
+  // Nothing must happen, so there is no condition to wait for: look often, for many times as long
+  // as a served call takes.
   for (int look = 0; look < 300; ++look) {
     ASSERT_FALSE(second.hasEnded());
     detail::pausePolling();
@@ -184,7 +184,7 @@ TEST_F(CopyLinkOutcomes, AKeyPressedWhileTheAgentHangsDoesNotDismissTheAlertThat
   pressKeys({"Return"});
   letAgentGoOn();
   ASSERT_TRUE(waitForWindows(2));
-  // Nothing shall happen: look often, for as long as a key needs many times over.
+  // Nothing must happen: look often, for many times as long as a key takes.
   for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u) << output();
   EXPECT_TRUE(dismissAlert());
   EXPECT_EQ(callsOf(kFileLink), 1u);

@@ -1,5 +1,5 @@
-// Who runs as the same user can reach the plug-in's connection. Whatever he sends there, the
-// application stays up and serves the next honest call.
+// Every process of the same user can reach the plug-in's connection. Whatever it sends there, the
+// application keeps running and serves the next valid call.
 
 #include <gtest/gtest.h>
 
@@ -20,13 +20,13 @@
 namespace {
 
 const std::string kName = "ContextMenuPlugin";
-/// For an honest call, from the start of its process to its end, while or after a stranger does his
-/// worst. Not a matter of speed: far beyond what it takes on a busy machine.
+/// The time-out of a valid call, from the start of its process to its end, during or after a
+/// stranger's attack. No measure of speed: far longer than the call takes on a busy machine.
 constexpr double kServedWithinSeconds = 20;
 
 struct HostilePeers : WindowTest {
-  // The platform gives up a connection that a stranger's bytes end with its lock still taken (see
-  // tools/sanitizers/tsan.supp); the thread sanitizer can remember no more than 64 such locks.
+  // The platform deallocates a connection that a stranger's bytes end with its lock still taken
+  // (see tools/sanitizers/tsan.supp); the thread sanitizer can remember no more than 64 such locks.
   HostilePeers()
       : WindowTest(RunningApplication::program(), {{"TSAN_OPTIONS", "detect_deadlocks=0"}}) {}
 
@@ -35,7 +35,7 @@ struct HostilePeers : WindowTest {
     agent->answer(kFileLink, success(@"https://x/y"));
   }
 
-  /// Whether an honest client gets its link in time.
+  /// Whether a valid client gets its link in time.
   static bool serves() {
     const double begin = detail::secondsNow();
     ChildProcess copy({PLUGIN_CALL, "id-1"});
@@ -45,7 +45,7 @@ struct HostilePeers : WindowTest {
   void expectUnharmed() {
     EXPECT_TRUE(serves());
     EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
-    // Nobody asked the agent for anything but honest links.
+    // Only the links of valid calls were requested from the agent.
     for (NSString *operation in agent->operations()) {
       EXPECT_TRUE([operation hasPrefix:@"get"]) << text(operation);
     }
@@ -117,7 +117,7 @@ TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
 
 TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
   constexpr int kConnections = 3000;
-  // Of this process; the application has to do with what it is given.
+  // The limit of this process; the application runs with its own.
   rlimit files = {};
   getrlimit(RLIMIT_NOFILE, &files);
   files.rlim_cur = std::min<rlim_t>(files.rlim_max, kConnections + 200);
@@ -136,8 +136,8 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
   id const vended = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuApp"
                                                                       host:nil];
   ASSERT_NE(vended, nil);
-  // What the platform would pass on to the delegate, or to the application itself. With the types
-  // that the methods have: any others would be refused whoever is allowed what.
+  // Messages that the platform would forward to the delegate, or to the application itself. With
+  // the types of the methods, because others would be refused in any case.
   const std::pair<SEL, const char *> messages[] = {
       {@selector(setContextMenuFlag:), "v@:c"}, {@selector(addressBookForShare), "@@:"},
       {@selector(updateAddressBook:), "v@:@"},  {@selector(windows), "@@:"},
@@ -151,7 +151,7 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
 }
 
 TEST_F(HostilePeers, AnotherUserCannotReachTheConnection) {
-  // Whoever may not go through the folder cannot connect to what is in it.
+  // Without search permission for the folder no process can connect to the sockets in it.
   const std::string socket = RawConnection::socketOf(kName);
   ASSERT_NE(socket, "");
   struct stat folder = {};

@@ -62,7 +62,7 @@ TEST_F(LaunchWithoutAgent, CompletesAndServesThePlugin) {
 
 TEST_F(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
   AgentProcess agent;
-  // Starts it, and keeps it.
+  // Starts the server, which then keeps running.
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"a" object:nil];
   const PlatformServer server("gdnc");
   server.stop();
@@ -104,7 +104,7 @@ TEST_F(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheApplication) {
   RunningApplication application;
   EXPECT_TRUE(
       application.process().waitForOutput("Context Menu Plugin Connection could not be created\n"));
-  // Its launch goes on: the home folder is asked for after the registration.
+  // Its launch continues: the home folder is requested after the registration.
   EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 2; }));
   EXPECT_FALSE(application.process().hasEnded());
 }

@@ -6,7 +6,7 @@
 #import "tests/e2e/ServiceTest.h"
 #include "tests/support/CapturedLog.h"
 
-// The agent runs, but what cleans up in temporary folders has taken its name away.
+// The agent runs, but a cleaner of temporary folders has removed its name.
 
 namespace fs = std::filesystem;
 
@@ -21,7 +21,7 @@ struct RemovedAgentName : ServiceTest {
                            "NSMessagePort" / "names" / [encoded UTF8String]));
   }
 
-  // The agent does not take its name back.
+  // The agent does not register its name again.
   void TearDown() override { SharedSystem::end(); }
 
   long linesInLog(const std::string &line) const {

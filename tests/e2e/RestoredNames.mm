@@ -14,8 +14,7 @@
 #include "tests/support/RawConnection.h"
 #include "tests/support/Strings.h"
 
-// What cleans up in temporary folders takes away the files of names and sockets while their owners
-// live.
+// Cleaners of temporary folders remove the files of names and sockets while their owners run.
 
 namespace fs = std::filesystem;
 
@@ -42,14 +41,14 @@ fs::path socketOfName(NSString *name) {
   return path;
 }
 
-/// At once, as nobody sees it who comes in between.
+/// In one step, so that no other process sees a partly removed folder.
 void takeAway(const fs::path &folder) {
   const std::string away = folder.string() + ".removed";
   fs::rename(folder, away);
   fs::remove_all(away);
 }
 
-/// Whether another process, which begins with an empty view of the names, reaches the application.
+/// Whether another process, which has no cached names, reaches the application.
 bool isReached(const ChildProcess::Environment &environment = {}) {
   ChildProcess client({CONTEXTMENU, "--timeout", "5", "status"}, environment);
   return client.waitForEnd() == 0;
@@ -59,7 +58,7 @@ bool becomesReachable() {
   return waitFor([] { return isReached(); });
 }
 
-/// Whether the application still answers a client that has connected before.
+/// Whether the application still replies to a client that was connected before.
 bool answers(id service) {
   [[service connectionForProxy] setReplyTimeout:kWaitTimeoutSeconds];
   @try {
@@ -81,7 +80,7 @@ struct RestoredNames : WindowTest {
   }
 };
 
-/// The application with its folder for connections in one where everybody may make something.
+/// The application with its folder for connections in one in which every user may create files.
 struct RestoredFolder : OwnProcesses {
   const fs::path base = newTemporaryFolder();
   const fs::path own = base / ("GNUstepSecure" + std::to_string(geteuid()));
@@ -147,7 +146,7 @@ TEST_F(RestoredNames, AClientThatWasConnectedBeforeTheSocketWasRemovedIsStillSer
 
 TEST_F(RestoredNames, AProgramThatConnectsAsTheSocketIsRemovedDelaysNobody) {
   id<ContextMenuService> const service = vendedService();
-  // Which of the two the application hears of first is another one in each turn of its run loop.
+  // Which of the two the application is notified of first varies with each turn of its run loop.
   for (int i = 1; i <= 12; ++i) {
     application.process().signal(SIGSTOP);
     const RawConnection program(text(kServiceName));
@@ -173,7 +172,7 @@ TEST_F(RestoredNames, TheFolderOfSocketsIsMadeAgain) {
 }
 
 TEST_F(RestoredNames, OutliveSomebodyWhoRemovesTheirFoldersFileByFile) {
-  // Who finds new files in a folder that it has just emptied gives up, as rm does.
+  // A program that finds new files in a folder that it has just emptied gives up, as rm does.
   std::error_code notEmptyAgain;
   fs::remove_all(portFolders(), notEmptyAgain);
   EXPECT_TRUE(becomesReachable()) << output();
@@ -257,7 +256,7 @@ TEST_F(RestoredFolder, IsMadeAgainWithAllThatWasInIt) {
 
 TEST_F(RestoredFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   const fs::path elsewhere = newTemporaryFolder();
-  // Both make the folder again that they miss.
+  // Both create the missing folder again.
   for (const ChildProcess *process : {&application->process(), &agent->process()}) {
     process->signal(SIGSTOP);
   }

@@ -1,4 +1,4 @@
-// What goes wrong while a link is mailed, and that nothing of what was entered is lost by it.
+// Failures while a link is mailed, which must not lose what was entered.
 
 #include <filesystem>
 #include <fstream>
@@ -22,7 +22,7 @@ struct SendMailFaults : WindowTest, ScreenTab {
   }
   void letAgentGoOn() const { std::filesystem::remove(hold); }
 
-  /// Opens the window on the tab and enters something everywhere.
+  /// Opens the window on the tab and fills in all fields.
   bool openAndFillIn() {
     const SendCall call = {.tab = 0};
     if (!open(call)) return false;
@@ -48,7 +48,7 @@ struct SendMailFaults : WindowTest, ScreenTab {
     ]];
   }
 
-  /// Sends what still stands in the window, to an agent that takes it.
+  /// Sends the unchanged content of the window to a working agent.
   void expectThatAllIsStillThere() {
     agent->answer(kSendFile, success(@"sent"));
     ASSERT_TRUE(dismissAlert());

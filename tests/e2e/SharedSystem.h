@@ -31,8 +31,8 @@ class SharedSystem {
     return static_cast<System &>(*running_);
   }
 
-  /// Ends the processes: after a test that failed, after one that leaves something behind, and
-  /// before one that starts its own. Without running ones it does nothing.
+  /// Ends the processes, if any run: after a test that failed or leaves something behind, and
+  /// before one that starts its own.
   static void end();
 
  protected:
