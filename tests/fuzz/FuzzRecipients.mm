@@ -19,7 +19,7 @@ bool isMadeOf(std::u16string_view text, std::u16string_view marks) {
   });
 }
 
-/// The pattern of addresses, without an expression.
+/// The pattern of addresses, without a regular expression.
 bool isAddress(std::u16string_view text) {
   const auto at = text.find(u'@');
   const auto dot = text.rfind(u'.');

@@ -8,9 +8,9 @@ extern "C" {
 
 }  // extern "C"
 
-/// While it stands, what this thread loses is not counted as lost: around a call in which the
-/// platform loses memory and which the application does not make. Whoever uses it says what is
-/// lost.
+/// Memory that this thread allocates during its lifetime is never reported as leaked: for calls in
+/// which the platform leaks and which the application does not make. Each use has a comment that
+/// says what leaks.
 class PlatformLeak {
  public:
   PlatformLeak() {

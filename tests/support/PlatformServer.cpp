@@ -44,7 +44,7 @@ char stateOf(pid_t pid) {
   return end == std::string::npos ? '-' : status[end + 2];
 }
 
-/// By any process of this session.
+/// Whether any process of this session holds the lock of the names.
 bool namesAreLocked() {
   const char *const folder = std::getenv("TEMP");
   return folder != nullptr &&

@@ -2,7 +2,7 @@
 
 #include <string>
 
-/// Somebody who speaks to a named connection in bytes of his own, without the platform.
+/// A socket to a named connection, for sending arbitrary bytes without the platform.
 class RawConnection {
  public:
   /// name: as it has been registered. See isConnected.
@@ -16,7 +16,7 @@ class RawConnection {
   /// Sends as much of it as the other side takes at once.
   void say(const std::string &bytes) const;
 
-  /// The path of the socket behind a name; "" when nobody has registered it.
+  /// The path of the socket behind a name; "" when it is not registered.
   static std::string socketOf(const std::string &name);
 
  private:
@@ -30,7 +30,7 @@ class RawConnection {
 std::string introduction();
 
 /// identifier: 0 is a request, 1 a reply, 2 a request for a signature; items: how many parts the
-/// content says it has.
+/// content claims to have.
 std::string wireMessage(unsigned identifier, unsigned items, const std::string &content);
 
 /// Four bytes, as lengths and identifiers are written.

@@ -37,7 +37,7 @@ class Server {
 
   xcb_window_t root() const { return screen_->root; }
 
-  /// Answers of windows that have gone meanwhile are nullptr, "" or nothing.
+  /// Replies about windows that have closed meanwhile are nullptr, "" or nothing.
   std::vector<xcb_window_t> children(xcb_window_t window) const {
     const Reply<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
@@ -52,7 +52,7 @@ class Server {
     return tree ? tree->parent : XCB_NONE;
   }
 
-  /// Those of the windows that can be seen, all asked for in one go.
+  /// Those of the visible windows, requested all at once.
   std::vector<xcb_window_t> visible(const std::vector<xcb_window_t> &windows) const {
     std::vector<xcb_get_window_attributes_cookie_t> asked;
     for (const xcb_window_t window : windows) {
@@ -140,7 +140,7 @@ const Server &server() {
 
 void addVisibleWindows(xcb_window_t parent, const std::string &program,
                        std::vector<ServerWindow> &windows) {
-  // What is in a window that cannot be seen cannot be seen either.
+  // Children of an invisible window are invisible.
   for (const xcb_window_t window : server().visible(server().children(parent))) {
     if (server().program(window) == program) {
       if (const auto area = server().area(window)) {
@@ -160,7 +160,7 @@ std::vector<ServerWindow> visibleWindowsOf(const std::string &program) {
 }
 
 std::string windowWithKeyboard() {
-  // What the platform opened may have windows in it that get the keyboard.
+  // The focus may be in a child of the platform's window.
   for (xcb_window_t window = server().withKeyboard();
        window > XCB_INPUT_FOCUS_POINTER_ROOT && window != server().root();
        window = server().parent(window)) {
@@ -172,7 +172,7 @@ std::string windowWithKeyboard() {
 std::string pixelsIn(const ScreenArea &area) {
   constexpr std::uint32_t kColours = 0x00FFFFFF;
   std::string pixels = server().image(area);
-  // In words: this is compiled without optimisation, and done often.
+  // Word by word: this is compiled without optimisation, and called often.
   auto *const words = reinterpret_cast<std::uint32_t *>(pixels.data());
   const std::size_t count = pixels.size() / sizeof *words;
   for (std::size_t i = 0; i < count; ++i) words[i] &= kColours;

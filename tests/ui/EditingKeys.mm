@@ -11,7 +11,8 @@
 #include "tests/ui/EditingFields.h"
 #include "tests/ui/RecordingTextView.h"
 
-/// A view that notes whether it was asked for a shortcut, as subviews are by the platform's views.
+/// A view that records whether it was sent a shortcut, as the platform's views send them to
+/// subviews.
 @interface AskedView : NSView {
  @public
   int timesAsked;
@@ -25,7 +26,7 @@
 }
 @end
 
-/// A window that notes whether it was asked for its first responder.
+/// A window that records whether it was asked for its first responder.
 @interface AskedWindow : NSWindow {
  @public
   int timesAsked;

@@ -77,7 +77,7 @@ TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
   SharedWith *const first = person(1);
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  // Nothing of the load happens inside the action, which outlasts it.
+  // No step of the load runs inside the action, which takes longer than the load.
   ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
   choose(1, @"accessPermissionReadWriteKey");
   EXPECT_EQ(person(1), first);

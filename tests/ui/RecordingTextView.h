@@ -1,7 +1,7 @@
 #import <AppKit/AppKit.h>
 
-/// A text view that notes what it is told to do ("cut:", "undo") and by whom, and does nothing. Its
-/// undo manager is its own; recordUndo: is there to be registered with it.
+/// A text view that records its action messages ("cut:", "undo") with their senders, and does
+/// nothing. Its undo manager is its own; recordUndo: is there to be registered with it.
 @interface RecordingTextView : NSTextView {
  @public
   NSMutableArray *notes;
