@@ -48,7 +48,7 @@ struct CopyLinkOutcomes : CopyLinkTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
   /// Presses Return and waits until the agent is asked.
   bool pressReturnAndAskAgent() const {
@@ -154,7 +154,7 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
   ASSERT_NE(idle, "");
   ASSERT_TRUE(pressReturnAndAskAgent());
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
 }
 
@@ -171,7 +171,7 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsASecondClientWaitsAndIsServedAfterwar
     detail::pausePolling();
   }
   EXPECT_EQ(windowsOnScreen().size(), 1u);
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_EQ(second.waitForEnd(), 0) << second.output();
   EXPECT_NE(onlyWindow("Share Folder").number, "");
   EXPECT_TRUE(linkIsReadable("https://x/y"));
@@ -182,7 +182,7 @@ TEST_F(CopyLinkOutcomes, AKeyPressedWhileTheAgentHangsDoesNotDismissTheAlertThat
   ASSERT_TRUE(openTab());
   ASSERT_TRUE(pressReturnAndAskAgent());
   pressKeys({"Return"});
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(waitForWindows(2));
   // Nothing must happen: look often, for many times as long as a key takes.
   for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u) << output();

@@ -42,7 +42,7 @@ fs::path socketOfName(NSString *name) {
 }
 
 /// In one step, so that no other process sees a partly removed folder.
-void takeAway(const fs::path &folder) {
+void removeAtOnce(const fs::path &folder) {
   const std::string away = folder.string() + ".removed";
   fs::rename(folder, away);
   fs::remove_all(away);
@@ -159,14 +159,14 @@ TEST_F(RestoredNames, AProgramThatConnectsAsTheSocketIsRemovedDelaysNobody) {
 }
 
 TEST_F(RestoredNames, TheFolderOfNamesIsMadeAgain) {
-  takeAway(portFolders() / "names");
+  removeAtOnce(portFolders() / "names");
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(isRepaired(kApplicationName));
   EXPECT_TRUE(serves());
 }
 
 TEST_F(RestoredNames, TheFolderOfSocketsIsMadeAgain) {
-  takeAway(portFolders() / "ports");
+  removeAtOnce(portFolders() / "ports");
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(serves());
 }
@@ -180,7 +180,7 @@ TEST_F(RestoredNames, OutliveSomebodyWhoRemovesTheirFoldersFileByFile) {
 }
 
 TEST_F(RestoredNames, TheFoldersOfNamesAndPortsAreMadeAgain) {
-  takeAway(portFolders());
+  removeAtOnce(portFolders());
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(isRepaired(kApplicationName));
   EXPECT_TRUE(serves());
@@ -250,7 +250,7 @@ TEST_F(RestoredNames, AreGivenBackAtTheEnd) {
 }
 
 TEST_F(RestoredFolder, IsMadeAgainWithAllThatWasInIt) {
-  takeAway(own);
+  removeAtOnce(own);
   EXPECT_TRUE(isServed()) << application->process().output();
 }
 
@@ -260,7 +260,7 @@ TEST_F(RestoredFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   for (const ChildProcess *process : {&application->process(), &agent->process()}) {
     process->signal(SIGSTOP);
   }
-  takeAway(own);
+  removeAtOnce(own);
   fs::create_directory_symlink(elsewhere, own);
   for (const ChildProcess *process : {&application->process(), &agent->process()}) {
     process->signal(SIGCONT);

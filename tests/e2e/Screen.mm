@@ -42,7 +42,7 @@ bool waitForWindows(std::size_t count) {
 
 bool waitForKeyboard() {
   return waitFor([] {
-    const std::string focus = windowWithKeyboard();
+    const std::string focus = focusedWindow();
     const auto windows = windowsOnScreen();
     return std::any_of(windows.begin(), windows.end(),
                        [&](const ScreenWindow &window) { return window.number == focus; });

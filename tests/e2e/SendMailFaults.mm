@@ -20,7 +20,7 @@ struct SendMailFaults : WindowTest, ScreenTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
   /// Opens the window on the tab and fills in all fields.
   bool openAndFillIn() {
@@ -105,7 +105,7 @@ TEST_F(SendMailFaults, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
   ASSERT_NE(idle, "");
   click(kSendButton);
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(waitForWindows(2));
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
 }
@@ -117,7 +117,7 @@ TEST_F(SendMailFaults, ASecondClickWhileTheAgentHangsSendsNothingTwice) {
   ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; }));
   click(kSendButton);
   pressKeys({"Return"});
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(waitForWindows(2));
   EXPECT_TRUE(waitForWindows(0));
   EXPECT_EQ(callsOf(kSendFile), 1u);

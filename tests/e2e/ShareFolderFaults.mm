@@ -44,7 +44,7 @@ struct ShareFolderFaults : WindowTest, ShareTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(value)};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
   bool openShare(const ShareCall &call = {}) {
     if (!open(call)) return false;
@@ -119,7 +119,7 @@ TEST_F(ShareFolderFaults, AnAlertIsDrawnBeforeTheListIsLoadedAgain) {
   const ScreenArea alert = areaOfSheet();
   const std::string drawn = settledPicture(alert);
   EXPECT_NE(drawn, "");
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_EQ(settledPicture(alert), drawn);
 }
 
@@ -174,7 +174,7 @@ TEST_F(ShareFolderFaults, AWindowIsClosedWhileItsListIsFetchedAndTheNextOneShows
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
   pressKeys({"Return"});  // the button "Done"
   EXPECT_TRUE(waitForWindows(0));
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(openShare());
   EXPECT_TRUE(seesRows(2));
   EXPECT_EQ(callsOf(kGetAccess), 2u);
@@ -185,7 +185,7 @@ TEST_F(ShareFolderFaults, AWindowOpenedWhileAnotherOnesListIsFetchedShowsItsOwn)
   ASSERT_TRUE(openShare({.item = "id-former"}));
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
   ASSERT_TRUE(openShare({.item = "id-next"}));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(seesRows(2));
   EXPECT_EQ(callsOf(kGetAccess), 2u);
   EXPECT_EQ(text([argumentsOf(kGetAccess) objectAtIndex:access_operation::kPathOrId]), "id-next");
@@ -198,7 +198,7 @@ TEST_F(ShareFolderFaults, WhileTheListIsFetchedTheIndicatorIsOnTheScreen) {
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
   // Where it is hidden there is one colour, for which picture returns "".
   EXPECT_TRUE(waitFor([&] { return !picture(onScreen(kIndicator)).empty(); }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(seesRows(2));
   EXPECT_TRUE(waitFor([&] { return picture(onScreen(kIndicator)).empty(); }));
 }

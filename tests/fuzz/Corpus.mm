@@ -101,7 +101,7 @@ namespace {
 
 /// For exact statistics: memory in the allocator's caches counts as used. The variable is read at
 /// start, so the program restarts itself.
-void keepExactAccount(char *argv[]) {
+void useExactStatistics(char *argv[]) {
   const char *const kTunables = "GLIBC_TUNABLES";
   const std::string wanted = "glibc.malloc.tcache_count=0:glibc.malloc.mxfast=0";
   const char *const tunables = std::getenv(kTunables);
@@ -115,7 +115,7 @@ void keepExactAccount(char *argv[]) {
 }  // namespace
 
 int main(int argc, char *argv[]) {
-  keepExactAccount(argv);
+  useExactStatistics(argv);
   enterPrivateSession(argc, argv, Screen::None);
   testing::InitGoogleTest(&argc, argv);
   int result = 0;

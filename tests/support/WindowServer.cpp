@@ -91,7 +91,7 @@ class Server {
     return ScreenArea{place->dst_x, place->dst_y, geometry->width, geometry->height};
   }
 
-  xcb_window_t withKeyboard() const {
+  xcb_window_t focusedWindow() const {
     const Reply<xcb_get_input_focus_reply_t> focus(
         xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
     return focus ? focus->focus : XCB_NONE;
@@ -159,9 +159,9 @@ std::vector<ServerWindow> visibleWindowsOf(const std::string &program) {
   return windows;
 }
 
-std::string windowWithKeyboard() {
+std::string focusedWindow() {
   // The focus may be in a child of the platform's window.
-  for (xcb_window_t window = server().withKeyboard();
+  for (xcb_window_t window = server().focusedWindow();
        window > XCB_INPUT_FOCUS_POINTER_ROOT && window != server().root();
        window = server().parent(window)) {
     if (!server().program(window).empty()) return std::to_string(window);

@@ -30,7 +30,7 @@ struct ServerWindow {
 std::vector<ServerWindow> visibleWindowsOf(const std::string &program);
 
 /// The number of the focused window, or of its top-level window; "" when there is none.
-std::string windowWithKeyboard();
+std::string focusedWindow();
 
 /// The colours in a part of the screen, four bytes a pixel (blue, green, red, nothing), row by row;
 /// "" when a part of the area is not on the screen.

@@ -97,9 +97,9 @@ struct PermissionsTab : PermissionsWindow {
 
   /// The agent's only replies: those to requests for the access list.
   void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
-  /// A reply to the request for the access list that is sent after letAgentGoOn.
+  /// A reply to the request for the access list that is sent after resumeAgent.
   NSDictionary *held(NSArray *entries) const;
-  void letAgentGoOn() const;
+  void resumeAgent() const;
   /// The agent's reply to the operation, in addition to the list.
   void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
 

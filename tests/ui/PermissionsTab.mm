@@ -97,7 +97,7 @@ NSDictionary *PermissionsTab::held(NSArray *entries) const {
   return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
 }
 
-void PermissionsTab::letAgentGoOn() const {
+void PermissionsTab::resumeAgent() const {
   std::filesystem::remove(hold);
 }
 

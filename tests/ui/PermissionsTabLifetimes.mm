@@ -53,7 +53,7 @@ struct PermissionsTabLifetimes : PermissionsTab {
     addDeallocHook([SharedWith class], [](id) { ++endedRows; });
   }
 
-  /// A window that is closed while its list is fetched, which goes on until letAgentGoOn.
+  /// A window that is closed while its list is fetched, which goes on until resumeAgent.
   void closeWhileItsListIsFetched() {
     agent.setScript(@{@"getAccess::" : held(people(5))});
     openWindow();
@@ -96,7 +96,7 @@ TEST_F(PermissionsTabLifetimes, AClosedWindowLeavesNothingBehind) {
 TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingBehind) {
   const int controllers = endedControllers;
   closeWhileItsListIsFetched();
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
 }
 
@@ -152,7 +152,7 @@ TEST_F(PermissionsTabLifetimes, AnInvitationWhileALoadOutlivesItsWindowReachesNo
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
   });
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ(calls(@"getAccess::"), 1);
 }

@@ -26,7 +26,7 @@ TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
   ASSERT_TRUE(waitUntilBegun(2));
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(([argumentsOfLast(@"getAccess::") isEqual:@[ @"newer", @1 ]]));
@@ -38,7 +38,7 @@ TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
   ASSERT_TRUE(waitUntilBegun(2));
-  letAgentGoOn();
+  resumeAgent();
   bool seemedIdle = false;
   ASSERT_TRUE(handleEventsUntil([&] {
     if (showsList()) return true;
@@ -124,7 +124,7 @@ TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork
       [&] { return showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")); }));
   EXPECT_TRUE([spinner() isHidden]);
   EXPECT_EQ(calls(@"getAccess::"), 0u);
-  letAgentGoOn();
+  resumeAgent();
   [tab setFilePath:@"folder-2"];
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 3u);
