@@ -6,7 +6,7 @@
 namespace devkit {
 
 /// The text of an argument. Nothing when it is nil, an object that stayed in the caller's process,
-/// or of another class: whoever connects may send anything.
+/// or of another class: any process may connect and send anything.
 Text textFrom(id argument);
 
 /// An autoreleased string; bytes that are no UTF-8 are replaced.

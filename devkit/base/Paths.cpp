@@ -42,7 +42,7 @@ std::string dataFolderPath() {
   if (auto path = environment("BV_DEVKIT_DATA"); !path.empty())
     return withoutTrailingSlashes(std::move(path));
   auto shared = environment("XDG_DATA_HOME");
-  // The XDG Base Directory Specification says to ignore a relative XDG_DATA_HOME.
+  // The convention that defines XDG_DATA_HOME says to ignore a relative one.
   if (shared.empty() || shared.front() != '/') shared = homeFolder() + "/.local/share";
   return withoutTrailingSlashes(std::move(shared)) + "/veldane-devkit";
 }

@@ -33,8 +33,8 @@ class Engine {
 
  private:
   std::unique_ptr<Store> store_;
-  /// Every id ever handed out. Callers keep the pointers and never free them, so they stay valid
-  /// for the life of the process; a set never moves its elements.
+  /// Every id ever returned. Callers keep the pointers and never free them, so they stay valid for
+  /// the life of the process; a set never moves its elements.
   std::set<std::string> ids_;
 };
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-/// Whether a test takes over the application from the tests before it and leaves it to the next.
+/// Whether a test uses the application of the tests before it and leaves it running for the next.
 enum class Application { Shared, OfItsOwn };
 
 /// The application with the processes that it works with, kept running from one test of this

@@ -39,7 +39,7 @@ std::vector<int> bytes() {
 /// for which BOOL is a signed char.
 enum class FlagType : char { Unsigned = 'C', Signed = 'c' };
 
-/// Sends the operation whatever the local proxy would do with it; returns "", or the name of the
+/// Sends the operation without the checks of the local proxy; returns "", or the name of the
 /// exception that came back.
 std::string send(SEL selector, NSString *item, NSString *name, const std::vector<int> &flags,
                  FlagType type) {

@@ -42,7 +42,7 @@ std::size_t placeOfFirstInvalid(std::u16string_view text) {
 
 }  // namespace
 
-/// input: what stands in the field.
+/// input: the text of the field.
 void fuzz::Recipients(std::string_view input) {
   NSString *const entered = stringFrom(input);
   const std::u16string units = unitsFrom(input);

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that the texts which are fixed letter for letter stand in the application as they must
+"""Checks that the application contains the texts that are fixed letter for letter
 (fixed_texts.txt), and that no diagnostic line is written that is not among them."""
 
 import re

@@ -150,7 +150,7 @@ def key_of(button):
 
 
 def scopes_of(element):
-    """The tabs and the window or free view that the element stands in, innermost first."""
+    """The tabs and the window or top-level view that contain the element, innermost first."""
     around = list(element.ancestors())
     inner = [each for each in around if each.tag in ("tabViewItem", "window", "panel")]
     return inner or around[-3:-2]  # below <document> and <objects>

@@ -77,7 +77,7 @@ def unescaped(value):
 
 
 def character(escape):
-    """What an escape, without its first backslash, stands for."""
+    """The character of an escape, given without its first backslash."""
     if len(escape) == 1:
         return ESCAPED.get(escape, escape)
     units = bytes.fromhex(escape.replace("\\", "").replace("U", ""))

@@ -1,4 +1,4 @@
-"""What stands in the icon file that make-icon writes, and what it makes of its master."""
+"""The icon file that make-icon writes, and how it reads its master."""
 
 import importlib.machinery
 import importlib.util

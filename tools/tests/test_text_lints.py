@@ -175,7 +175,7 @@ class Scripts(SampleProject):
         self.assertEqual(self.lint(), ["a.py", "run"])
 
     def test_what_is_passed_over_needs_its_name_and_a_reason(self):
-        # In pieces, because the lint looks at this file, too.
+        # In pieces, because the lint checks this file, too.
         ignored, disabled = "# no" "qa", "# shellcheck " "disable=SC2086"
         self.write("a.py", f"import os  {ignored}: F401  for whoever imports this\n")
         self.write("a.sh", f"#!/bin/sh\n{disabled} # several words\nrm $1\n")
