@@ -16,7 +16,8 @@ class Layering(SampleProject):
         self.write("agent/CMakeLists.txt", "add_component(agent\n    Proxy.mm)\n")
         self.write("windows/CMakeLists.txt",
                    "add_component(windows\n    Tab.mm)\nlink_components(windows agent)\n")
-        self.write("windows/send/CMakeLists.txt", "add_component(send A.mm)\nlink_components(send windows)\n")
+        self.write("windows/send/CMakeLists.txt", "add_component(send A.mm)\n"
+                   "link_components(send windows)\n")
         self.write("app/CMakeLists.txt",
                    "add_component(application\n    a.mm)\nlink_components(application send)\n")
 
@@ -44,7 +45,8 @@ class Layering(SampleProject):
         self.assert_finds(layering.lint(self.root), "windows/send/A.h:1")
 
     def test_components_in_a_circle_are_found(self):
-        self.write("agent/CMakeLists.txt", "add_component(agent P.mm)\nlink_components(agent application)\n")
+        self.write("agent/CMakeLists.txt", "add_component(agent P.mm)\n"
+                   "link_components(agent application)\n")
         self.assertTrue(all("in a circle: " in finding for finding in layering.lint(self.root)))
         self.assertTrue(layering.lint(self.root))
 
