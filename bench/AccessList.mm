@@ -62,7 +62,7 @@ void readSingly() {
   }
 }
 
-/// From the moment when the tab gets its folder until the rows are on the screen.
+/// From giving the tab its folder until the rows are on the screen.
 void showList(BrisvaleTabController *window) {
   @autoreleasepool {
     PermissionTabController *const tab = [window givePermissionTab];

@@ -1,5 +1,5 @@
-// Loading an address book until both lists are ready, against the fastest known way to bring the
-// two columns over plus one sort of as many finished entries.
+// Loading an address book until both lists are ready, against the fastest known way to copy the two
+// columns plus one sort of as many finished entries.
 #import <AppKit/AppKit.h>
 
 #include <malloc.h>
@@ -35,7 +35,7 @@ class Book {
   Book(const AgentProcess &agent, unsigned contacts) : contacts_(contacts) {
     agent.setScript(
         @{@"getEmployeeAddressBook" : @{@"contacts" : [NSNumber numberWithUnsignedInt:contacts]}});
-    loadOurs();  // also lets the agent make its records now
+    loadOurs();  // also makes the agent create its records now
   }
   ~Book() {
     [delegate_ release];
@@ -54,7 +54,7 @@ class Book {
     }
   }
 
-  /// The yardstick sorts entries that are there already: making them is not part of it.
+  /// The yardstick sorts existing entries: making them is not measured.
   void prepareYardstick() {
     @autoreleasepool {
       const EntryFormat format(@"%@ %@<%@>");
@@ -82,7 +82,7 @@ class Book {
 
   /// In KiB: before a load, at its highest point, with the lists there, and when they are gone.
   void addMemory(Results &results) const {
-    // What stays in memory anyhow after the first load is the level to come back to.
+    // Compared with the memory after the first load, because that fills caches.
     forgetLists();
     results.addNote("resident before, KiB", memoryOf(getpid()).resident);
     resetPeak();

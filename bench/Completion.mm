@@ -1,5 +1,5 @@
-// What a key costs that is typed into a recipients field, against filtering the address book with
-// the two predicates that say what the completions are.
+// The cost of a key typed into a recipients field, against filtering the address book with the two
+// predicates that say what the completions are.
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Ours is over in less than a clock can tell; a sample is the mean of so many.
+/// Ours is too fast for the clock; a sample is the mean of this many.
 constexpr int kRepeats = 5;
 constexpr int kKeys = 2000;
 constexpr NSUInteger kRowsOfTheList = 10;
@@ -36,7 +36,7 @@ NSString *const kFirstNames[] = {@"Anna",    @"Roberto", @"Émile",  @"Zoë",   
 NSString *const kLastNames[] = {@"Doe",    @"Smith",  @"Müller", @"Fernández", @"山田", @"Иванова",
                                 @"Berton", @"Okafor", @"Nguyen", @"Yılmaz",    @"Roth", @"Adebayo"};
 
-/// The same for every run.
+/// Every run uses the same keys.
 NSArray *bookOf(unsigned contacts) {
   std::mt19937 random(contacts);
   NSMutableArray *const book = [NSMutableArray arrayWithCapacity:contacts];
@@ -111,7 +111,7 @@ void measureAgainstFiltering(NSArray *book, int rounds) {
   }
 }
 
-/// Every key on the way to a part of an entry, now and then with a letter that is not in it.
+/// The keys that type a part of an entry, now and then with a letter that is not in it.
 NSString *randomSubstring(NSArray *book, std::mt19937 &random) {
   NSString *const entry = [book objectAtIndex:random() % [book count]];
   const NSUInteger begin = random() % [entry length];

@@ -1,5 +1,5 @@
-// The plug-in's call "copyLinkToClipboard:::" until it returns, against a program that does the
-// same exchanges and nothing else. Both are asked by this program, one after the other.
+// The plug-in's call "copyLinkToClipboard:::" until it returns, against a program that sends the
+// same requests and nothing else. Both are asked by this program, one after the other.
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 

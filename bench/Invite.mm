@@ -44,7 +44,7 @@ void giveAccess(id<KRVProxy> agent, NSString *address) {
   if ([[reply objectForKey:@"error"] boolValue]) throw std::runtime_error("refused");
 }
 
-/// For each person the call and the question whether it was refused, and nothing else.
+/// For each person the call and a look at whether it was refused, and nothing else.
 void callBarely() {
   @autoreleasepool {
     id<KRVProxy> const agent = agentProxy();
@@ -52,7 +52,7 @@ void callBarely() {
   }
 }
 
-/// The same exchanges as ours: the agent is looked up in front of each call, and the list of the
+/// The same requests as ours: the agent is looked up in front of each call, and the list of the
 /// people is asked for twice at the end.
 void exchangeBarely() {
   @autoreleasepool {
@@ -73,7 +73,7 @@ NSTokenField *recipientsIn(BrisvaleTabController *window) {
   throw std::runtime_error("no field for the recipients");
 }
 
-/// Answers the milliseconds of an invitation in a window of its own.
+/// Returns the milliseconds of an invitation in a window of its own.
 double inviteAll() {
   @autoreleasepool {
     BrisvaleTabController *const window = [[BrisvaleTabController alloc] init];

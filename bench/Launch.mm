@@ -1,5 +1,5 @@
-// The start of the application's process until the plug-in gets an answer from it, against an
-// application that does nothing but to register a name.
+// The start of the application's process until the plug-in gets a reply from it, against an
+// application that only registers a name.
 #include "bench/support/Results.h"
 #include "bench/support/Setting.h"
 

@@ -1,5 +1,5 @@
-// Memory of the application at rest, against an application that does nothing but to register a
-// name; and what a thousand direct copies and hundreds of windows add to it.
+// Memory of the application at rest, against an application that only registers a name; and the
+// growth by a thousand direct copies and hundreds of windows.
 #include <unistd.h>
 
 #include "bench/support/Memory.h"
@@ -8,16 +8,16 @@
 
 namespace {
 
-/// After the answer: the end of the launch, and what the run loop does on its first idle rounds.
+/// After the reply: the end of the launch and the first idle rounds of the run loop.
 constexpr useconds_t kUntilAtRestMicroseconds = 1000000;
 
-/// What the first copies bring in (code, caches, the connection to the pasteboard) is no growth.
+/// What the first copies load (code, caches, the connection to the pasteboard) is no growth.
 constexpr int kWarmUpCopies = 100;
 constexpr int kCopies = 1000;
 
 MemoryUse atRest(const Program &program) {
   Application application(program);
-  // The proxy must be gone before the program is.
+  // The proxy must be released before the program ends.
   @autoreleasepool {
     application.rootProxy();
   }
@@ -42,7 +42,7 @@ void printAtRest(int rounds) {
 constexpr int kWarmUpWindows = 50;
 constexpr int kWindows = 200;
 
-/// What the application grows by, in KiB, when a client does something many times.
+/// The application's growth, in KiB, while a client does something many times.
 template <class Repeat>
 double growth(Repeat repeat, int warmUp, int count) {
   Application application(contextMenuApp());

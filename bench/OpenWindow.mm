@@ -1,6 +1,6 @@
 // The plug-in's call that opens a window until the window has been drawn, against the bare opening
 // of the same interface file: a window controller that loads it, orders the window front, and does
-// nothing else. Both in this process; the plug-in's side is another one.
+// nothing else. Both in this process; the plug-in's side is a process of its own.
 #import <AppKit/AppKit.h>
 
 #include <fcntl.h>
@@ -58,7 +58,7 @@ class Client {
     if (write(commands_, &command, 1) != 1) throw std::runtime_error("the client has ended");
   }
 
-  /// Waits for the call's return and answers when it began.
+  /// Waits for the call's return and returns when it began.
   double startOfCall() const {
     handleEventsUntil([&] { return process_->countInOutput("called ") == calls_; });
     const std::string output = process_->output();
@@ -92,7 +92,7 @@ double millisecondsOfOurs(Client &client, const Kind &kind) {
     [openWindow() close];
     handleEventsUntil([] { return openWindow() == nil; });
   }
-  // Closing hides the application, and the yardstick would have nothing to show.
+  // Closing hides the application, so that the yardstick would show nothing.
   [NSApp unhideWithoutActivation];
   return end - start;
 }
@@ -131,7 +131,7 @@ void measure(Client &client, const Kind &kind, int rounds) {
 
 int main(int argc, char *argv[]) {
   const int rounds = prepareBenchmark(argc, argv, 60);
-  // The application writes lines when windows open and close; not among the results.
+  // The application logs when windows open and close; its lines must not mix with the results.
   const CapturedLog log;
   @autoreleasepool {
     const AgentProcess agent;

@@ -1,6 +1,6 @@
-// How long a list of 5,000 addresses keeps the application from the next event: pasted into the
-// recipients field, and when the field is left by Tab and its value asked for. Against the same
-// text in the message field.
+// How long a list of 5,000 addresses delays the next event: pasted into the recipients field, and
+// when the field is left by Tab and its value asked for. Against the same text in the message
+// field.
 #import <AppKit/AppKit.h>
 
 #include <string>
@@ -29,7 +29,7 @@ void show(NSWindow *window) {
   [window flushWindow];
 }
 
-/// The first view of a class that can be edited.
+/// The first editable view of a class.
 template <class View>
 View *editableIn(NSView *view, Class cls) {
   if ([view isKindOfClass:cls] && [static_cast<View *>(view) isEditable]) {
@@ -41,7 +41,7 @@ View *editableIn(NSView *view, Class cls) {
   return nil;
 }
 
-/// With the text of the clipboard, into what is then edited.
+/// Pastes the text of the clipboard into the field that is edited.
 double millisecondsOfPasting(NSWindow *window) {
   return millisecondsOf([&] {
     @autoreleasepool {
@@ -64,7 +64,7 @@ double millisecondsOfLeaving(NSWindow *window) {
 
 int main(int argc, char *argv[]) {
   const int rounds = prepareBenchmark(argc, argv, 5);
-  // The application writes lines when windows open and close; not among the results.
+  // The application logs when windows open and close; its lines must not mix with the results.
   const CapturedLog log;
   @autoreleasepool {
     const AgentProcess agent;

@@ -1,7 +1,7 @@
 // How far behind the keyboard the recipients field is, with a book of 100,000 contacts and twenty
-// real keys a second: from the moment at which the display server notes the key until the
-// application has dealt with it and with all that came before, completions included. Against the
-// same keys in the subject's plain field.
+// real keys a second: from the display server's time of the key until the application has handled
+// it and all events before it, completions included. Against the same keys in the subject's plain
+// field.
 #import <AppKit/AppKit.h>
 
 #include <algorithm>
@@ -26,8 +26,8 @@ constexpr NSUInteger kContacts = 100'000;
 const std::string kTool = "/usr/bin/xdotool";
 /// Twenty keys a second.
 const std::string kKeyDelayMilliseconds = "50";
-/// Parts of the made-up contacts' names and addresses, of which some are in all of them and some in
-/// none taken back letter by letter, so that every length is asked for twice.
+/// Parts of the generated contacts' names and addresses, some of them in all and some in none, each
+/// typed and deleted letter by letter, so that every length is completed twice.
 const std::vector<std::string> kTexts = {"person 12345",  "a",      "example.org", "zebra", "1",
                                          "roberto smith", "bertons"};
 
@@ -37,15 +37,15 @@ std::vector<std::string> backspaces(std::size_t count) {
   return command;
 }
 
-/// The milliseconds by which an event that has just been dealt with is late. The display server
-/// writes 32 bits of the monotonic clock's milliseconds on it.
+/// By how many milliseconds an event that has just been handled is late. Its time stamp is the
+/// lower 32 bits of the monotonic clock's milliseconds.
 double millisecondsLate(NSEvent *event) {
   constexpr double kClockCycle = 4294967296.0;
   const double late = std::fmod(millisecondsNow(), kClockCycle) - [event timestamp] * 1000;
   return late < 0 ? late + kClockCycle : late;
 }
 
-/// Runs a program that presses keys, and deals with them meanwhile; adds the milliseconds by which
+/// Runs a program that presses keys, and handles them meanwhile; adds the milliseconds by which
 /// each was late.
 void addLateness(const std::vector<std::string> &command, std::size_t keys,
                  std::vector<double> &late) {
@@ -53,7 +53,7 @@ void addLateness(const std::vector<std::string> &command, std::size_t keys,
   const std::size_t wanted = late.size() + keys;
   while (late.size() < wanted) {
     @autoreleasepool {
-      NSEvent *const event = handleEvent([NSDate dateWithTimeIntervalSinceNow:kPatienceSeconds]);
+      NSEvent *const event = handleEvent([NSDate dateWithTimeIntervalSinceNow:kWaitTimeoutSeconds]);
       if (event == nil) throw std::runtime_error("keys were lost");
       if ([event type] != NSKeyDown) continue;
       [[event window] displayIfNeeded];
@@ -93,7 +93,7 @@ NSTokenField *recipientsIn(NSView *view) {
 
 int main(int argc, char *argv[]) {
   const int rounds = prepareBenchmark(argc, argv, 5);
-  // The application writes lines when windows open and close; not among the results.
+  // The application logs when windows open and close; its lines must not mix with the results.
   const CapturedLog log;
   @autoreleasepool {
     const AgentProcess agent;

@@ -2,7 +2,7 @@
 find_program(CCACHE ccache)
 mark_as_advanced(CCACHE)
 if(CCACHE)
-  # What a precompiled header was made of decides, not when.
+  # By the content of a precompiled header, not by its time.
   set(ccache_command ${CMAKE_COMMAND} -E env
       CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${CCACHE})
   foreach(language C CXX OBJCXX)

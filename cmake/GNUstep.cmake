@@ -17,10 +17,10 @@ gnustep_flags(--objc-flags gnustep_compile)
 gnustep_flags(--gui-libs gnustep_link)
 gnustep_flags(--base-libs gnustep_base_link)
 if(NOT gnustep_link OR NOT gnustep_base_link)
-  # It answers nothing, and calls that a success, where the "make" program is missing.
+  # Where the "make" program is missing it prints nothing and succeeds.
   message(FATAL_ERROR "${GNUSTEP_CONFIG} knows no libraries; is \"make\" installed?")
 endif()
-# Kept: definitions and language options. Dropped: optimisation, debugging, dependency files and
+# Kept: definitions and language options. Removed: optimisation, debugging, dependency files and
 # warnings, which are ours to choose, and include paths, which follow as system paths so that our
 # warnings stop at our own files.
 list(FILTER gnustep_compile INCLUDE REGEX "^(-D|-f|-pthread)")
@@ -50,8 +50,8 @@ endforeach()
 target_link_libraries(platform_gnustep INTERFACE project::options ${gnustep_link})
 target_link_libraries(platform_gnustep_base INTERFACE project::options ${gnustep_base_link})
 
-# CMake does not know how this language's linker is told where libraries lie at run time, and would
-# leave it out without a word.
+# CMake does not know this language's linker option for run-time library paths, and would silently
+# leave them out.
 foreach(kind EXECUTABLE SHARED_LIBRARY)
   set(CMAKE_${kind}_RUNTIME_OBJCXX_FLAG "-Wl,-rpath,")
   set(CMAKE_${kind}_RUNTIME_OBJCXX_FLAG_SEP ":")

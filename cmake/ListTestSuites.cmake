@@ -1,4 +1,4 @@
-# Asks a program for its tests and writes what CTest is to be told of them; see TestSuites.cmake.
+# Asks a program for its tests and writes CTest's declarations of them; see TestSuites.cmake.
 set(environment --unset=CHECK_THOROUGHLY)
 if(thorough)
   set(environment CHECK_THOROUGHLY=1)
@@ -10,8 +10,8 @@ set(written "")
 
 string(REPLACE "|" "]==] [==[" command "[==[${command}]==]")
 
-# The tests in "part" are one to CTest, which begins with the dearest. They wait "waits_of_part"
-# seconds besides.
+# Makes the tests in "part", which wait "waits_of_part" seconds besides, one of CTest's. CTest begins
+# with the most expensive.
 macro(write_part name weight_of_part waits_of_part)
   list(JOIN part ":" filter)
   math(EXPR cost "${weight_of_part} * ${seconds} + ${waits_of_part}")
@@ -51,8 +51,8 @@ macro(add_waiting name weight)
   math(EXPR waiting_waits "${waiting_waits} + ${suite_waits}")
 endmacro()
 
-# The tests in "names", which weigh as much as "weights" says: with others in one test of CTest as
-# long as these weigh at most "size", else in parts of at most so much.
+# Adds the tests in "names", of the weights in "weights": together with others as one test of CTest
+# while these weigh at most "size", else in parts of at most that weight.
 macro(write_suite)
   set(suite_waits 0)
   if(waits MATCHES "(^| )${suite} ([0-9]+)")

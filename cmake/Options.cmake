@@ -1,5 +1,5 @@
-# What every target of this project is compiled with. Link to project::options. Whether a warning is
-# an error is for the preset to say: to whoever makes packages with another compiler it is none.
+# What every target of this project is compiled with. Link to project::options. The preset decides
+# whether a warning is an error: for packages, which other compilers may build, it is none.
 add_library(project_options INTERFACE)
 add_library(project::options ALIAS project_options)
 
@@ -13,8 +13,8 @@ target_compile_definitions(project_options INTERFACE
     KRV_AGENT_BUNDLE_IDENTIFIER="${KRV_AGENT_BUNDLE_IDENTIFIER}")
 target_include_directories(project_options INTERFACE ${PROJECT_SOURCE_DIR})
 
-# How many times as long as otherwise a test may wait and take: a hundred windows take four times as
-# long under the thread sanitizer.
+# The factor for the time-outs of tests: a hundred windows take four times as long under the thread
+# sanitizer.
 set(SANITIZER_SLOWDOWN 1)
 if(SANITIZE STREQUAL "address")
   set(sanitizer_flags -fsanitize=address,undefined -fno-sanitize-recover=undefined
@@ -30,7 +30,7 @@ elseif(NOT SANITIZE STREQUAL "")
 endif()
 if(sanitizer_flags)
   set(SANITIZER_SLOWDOWN 5)
-  list(APPEND sanitizer_flags -O1 -gline-tables-only)  # what a report needs, and quicker to build
+  list(APPEND sanitizer_flags -O1 -gline-tables-only)  # enough for reports, and faster to build
   target_compile_options(project_options INTERFACE ${sanitizer_flags})
   target_link_options(project_options INTERFACE ${sanitizer_flags})
   # The sanitizers' run-time options, in programs only: libraries are loaded into these.

@@ -13,8 +13,8 @@ function(add_precompiled_header name header)
   endif()
 endfunction()
 
-# compile_without_precompiled_header(SOURCES...): for sources that hand a protocol over as an object,
-# whose class clang 14 takes for another one when it comes out of a precompiled header.
+# compile_without_precompiled_header(SOURCES...): for sources that pass a protocol as an object,
+# whose class clang 14 mistakes for another one when it is declared in a precompiled header.
 function(compile_without_precompiled_header)
   set_source_files_properties(${ARGN} PROPERTIES SKIP_PRECOMPILE_HEADERS ON)
 endfunction()

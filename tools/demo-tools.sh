@@ -5,10 +5,10 @@
 readonly agent_program=build/devkit/VeldaneKRVAgent.app/VeldaneKRVAgent
 readonly application_program=build/ContextMenuApp.app/ContextMenuApp
 readonly contextmenu=build/devkit/contextmenu
-# For a program to come up on a busy machine.
+# For a program to start on a busy machine.
 readonly start_seconds=60
 
-# until_true SECONDS COMMAND...: repeats the command until it succeeds; fails when the time is over.
+# until_true SECONDS COMMAND...: repeats the command until it succeeds; fails at the time-out.
 until_true() {
   local deadline=$((SECONDS + $1))
   shift
@@ -20,7 +20,7 @@ until_true() {
 
 alive() { kill -0 "$1" 2>/dev/null; }
 
-# Registered, or gone: both end the wait.
+# Registered, or ended: both end the wait.
 agent_decided() { grep -q 'registered as' "$agent_log" || ! alive "$agent"; }
 
 # start_agent LOG [OPTION...]: leaves its process id in `agent`.

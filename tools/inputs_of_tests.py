@@ -1,8 +1,8 @@
 """What a test of CTest depends on: its program and the files of the project that this uses.
 
-What passed need not be run again as long as none of these has changed, and nothing of the system.
-They are found by their absolute paths in the program, so a test names each file or folder that it
-uses as a whole (CMake's $<TARGET_FILE:...>, or a path below the sources) and puts no path together.
+A test that passed is run again only when one of these or the system has changed. They are found by
+their absolute paths in the program, so a test names the full path of each file or folder that it
+uses (CMake's $<TARGET_FILE:...>, or a path below the sources).
 """
 
 import functools
@@ -15,14 +15,14 @@ from pathlib import Path
 
 ELF = b"\x7fELF"
 SOURCES = {".cpp", ".h", ".m", ".mm"}
-# What the system's packages are; every library and tool that does not belong to the project.
+# The system's packages: every library and tool that does not belong to the project.
 PACKAGES = Path("/var/lib/dpkg/status")
 # Variables of the environment by which a test does more or less.
 SETTING = re.compile(r"CHECK_|[A-Z]+SAN_OPTIONS$")
 
 
 class Inputs:
-    """The inputs of the tests of a build, read once: nothing may change meanwhile."""
+    """The inputs of the tests of a build, read once: they must not change meanwhile."""
 
     def __init__(self, source, build):
         self.source = Path(source).resolve()
@@ -39,7 +39,7 @@ class Inputs:
         self.packages = digest(PACKAGES.read_bytes() if PACKAGES.exists() else b"")
 
     def key(self, test):
-        """Changes with everything that a test, as CTest lists it, depends on."""
+        """A key that changes with everything that a test, as CTest lists it, depends on."""
         properties = {item["name"]: item["value"] for item in test.get("properties", [])}
         command = test.get("command", [])
         parts = [repr(command), repr(properties.get("ENVIRONMENT")), self.settings, self.packages]
@@ -53,7 +53,7 @@ class Inputs:
         return digest("\n".join(parts).encode("utf-8", "surrogateescape"))
 
     def digests(self, roots):
-        """Of all that these paths hold and use, with the paths."""
+        """A key of these paths and of all that they hold and use."""
         found = set()
         left = list(roots)
         while left:
@@ -84,8 +84,9 @@ class Inputs:
         return self.source in path.parents or self.build in path.parents
 
     def is_input(self, path):
-        """Not so are the sources of a program, which tell in messages where they stand, and folders
-        of the build, where it looks for the libraries of which ldd tells."""
+        """Whether a path in a program is an input. Not so its sources, whose paths are part of
+        messages, and folders of the build, in which it searches for the libraries that ldd
+        lists."""
         if path.is_dir():
             return self.build not in [path, *path.parents]
         return path.is_file() and path.suffix not in SOURCES
@@ -95,7 +96,7 @@ class Inputs:
             return opened.read(len(ELF)) == ELF
 
     def contents(self, file):
-        """What a file says; of a program without what is only for a debugger."""
+        """A file's content; of a program without the debug information."""
         if not self.is_program(file):
             return file.read_bytes()
         with tempfile.NamedTemporaryFile() as stripped:
@@ -107,7 +108,7 @@ class Inputs:
         return digest(self.contents(file))
 
     def whole_project(self):
-        """Of every source and every program: for a test of which no less is known."""
+        """A key of every source and every program: for a test whose inputs are unknown."""
         sources = []
         for folder, folders, names in os.walk(self.source):
             if "CMakeCache.txt" in names and Path(folder) != self.source:

@@ -12,8 +12,8 @@ def read_presets(project, kind):
 
 
 def merged(presets, name):
-    """What stands in the preset itself counts more than what it inherits, and that from its first
-    parent more than from the next."""
+    """A preset's own values override inherited ones, and those of its first parent override the
+    next one's."""
     parents = presets[name].get("inherits", [])
     found = {}
     for parent in reversed([parents] if isinstance(parents, str) else parents):

@@ -5,12 +5,12 @@
 #include <cstdint>
 #include <string>
 
-/// The bytes that a program has allocated and not given back, as the library counting_allocator
-/// counts them from within it.
+/// The bytes that a program has allocated and not freed, as the library counting_allocator counts
+/// them from within it.
 ///
-/// Pages of memory depend on more than on what a program keeps: those of its libraries are in
-/// memory as far as the system has had time to read them, and of freed memory the allocator keeps
-/// more where several threads happen to allocate at once. The bytes in use do not.
+/// The resident pages depend on more than on what a program keeps: on how much of its libraries the
+/// system has read, and on how much freed memory the allocator keeps, which is more when several
+/// threads allocate at once. The bytes in use do not.
 class CountedMemory {
  public:
   /// The name of the environment variable that tells the library the folder, which must exist. The

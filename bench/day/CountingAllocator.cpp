@@ -1,6 +1,5 @@
 // Loaded in front of the C library, this counts the bytes that a program has allocated and not
-// given back, in a file that others read meanwhile (CountedMemory.h): asking the program would wake
-// it up.
+// freed, in a file that others read (CountedMemory.h): asking the program would wake it up.
 #include <fcntl.h>
 #include <malloc.h>
 #include <pthread.h>
@@ -45,7 +44,7 @@ void *counted(void *memory) {
   return memory;
 }
 
-/// What a forked process allocates is none of its parent's.
+/// A forked process's allocations do not count for its parent.
 void leaveCounterToParent() {
   counter = &ownCounter;
 }
@@ -65,7 +64,7 @@ __attribute__((constructor)) void countInFile() {
   close(file);
   if (page == MAP_FAILED) return;
   auto *const shared = static_cast<Counter *>(page);
-  // One thread so far.
+  // There is only one thread yet.
   shared->store(ownCounter.load());
   counter = shared;
   pthread_atfork(nullptr, nullptr, leaveCounterToParent);
@@ -86,7 +85,7 @@ void *calloc(std::size_t number, std::size_t size) {
 void *realloc(void *memory, std::size_t size) {
   const std::int64_t before = memory == nullptr ? 0 : sizeOf(memory);
   void *const moved = __libc_realloc(memory, size);
-  // Nothing has happened to the memory where there is no other; a size of 0 frees it.
+  // A failed realloc leaves the memory as it is; a size of 0 frees it.
   if (moved == nullptr && size != 0) return nullptr;
   count(-before);
   return counted(moved);

@@ -10,7 +10,7 @@
 #import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/ShareTab.h"
 
-/// How much somebody does in a tenth of an hour.
+/// How much a user does in a tenth of an hour.
 struct Pace {
   int copies = 0;         // links copied from the file manager's menu
   int quickCopies = 0;    // the same by a plug-in that stays connected
@@ -24,13 +24,13 @@ struct Pace {
 };
 
 /// The application with the development kit's agent, engine and client, on the private screen, and
-/// a user who never rests, with real keys and clicks. The daily refresh of the address book comes
-/// every other second, so that it meets everything else.
+/// a user without pauses, with real keys and clicks. The daily refresh of the address book runs
+/// every other second, so that it coincides with everything else.
 ///
-/// Whatever does not come to be that should throws std::runtime_error.
+/// Throws std::runtime_error when an expected result does not appear in time.
 class Day {
  public:
-  /// What is loaded in front of the application's libraries: the paths of short_days and of
+  /// The libraries to preload into the application: the paths of short_days and of
   /// counting_allocator.
   struct Libraries {
     std::string shortDays;

@@ -26,8 +26,8 @@ ChildProcess client(const std::vector<std::string> &arguments) {
   return ChildProcess(command);
 }
 
-/// Answers whether completions of two letters are listed. While the address book is fetched again
-/// it is empty, as it should be; the letters are then taken back.
+/// Returns whether completions of two letters are listed. The address book is empty while it is
+/// fetched again, as it should be; the letters are then deleted.
 bool typesAndSeesList() {
   constexpr double kLongEnoughSeconds = 2;
   typeText("ol");
@@ -80,7 +80,7 @@ int Day::refreshes() const {
   return asked("getEmployeeAddressBook");
 }
 
-/// How many times the agent has been asked for this.
+/// How many times this operation of the agent has been called.
 int Day::asked(const std::string &operation) const {
   const std::string log = kit_.data("operations.jsonl");
   int count = 0;
@@ -135,7 +135,7 @@ void Day::copyLinksQuickly(int count) const {
 void Day::openWindow(const std::vector<std::string> &arguments) {
   const std::string former = tab_.window.number;
   clientMust(arguments);
-  // Not the one that is being closed by this.
+  // Not the window that this call closes.
   const auto isThere = [&] {
     const auto windows = windowsOnScreen();
     if (windows.size() != 1 || windows.front().number == former) return false;
@@ -207,7 +207,7 @@ void Day::restartAgent() {
   agent_.reset();
   ChildProcess copying = client({"copy-link", file_});
   agent_ = std::make_unique<DevelopmentAgent>();
-  // It waits for the agent, or says that it could not be reached; both are right.
+  // The application waits for the agent, or says that it could not be reached; both are right.
   copying.waitForEnd();
   must(!application_.process().hasEnded(), "the application outlives the agent");
   copyLink();

@@ -1,5 +1,5 @@
-// Loaded in front of the application's libraries, this lets whatever is scheduled for a day or so
-// come after DAY_SECONDS.
+// Loaded in front of the application's libraries, this makes timers of a day or so fire after
+// DAY_SECONDS.
 #import <Foundation/Foundation.h>
 #import <objc/runtime.h>
 

@@ -3,10 +3,9 @@
 // An hour of a heavy user's day in some minutes, against the whole application. After every tenth
 // of it prints what the application holds and does at rest; ends with 1 when something has grown by
 // more than its bound since the warm-up, or when the application does anything at rest, with 0
-// otherwise. When something does not come to be that should, says
-// what and ends by a signal.
+// otherwise. When an expected result does not appear in time, says what and ends by a signal.
 //
-// --short: three short rounds, to see that the soak itself is in order.
+// --short: three short rounds, to test the soak itself.
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -48,8 +47,8 @@ constexpr Pace kShortRound = {.copies = 3,
                               .unfinished = 1,
                               .agentRestarts = 1};
 
-/// Everything once that a short round may come to on a machine that is slow enough: who is slow to
-/// go on sees the completions, for one. What is used for the first time later would be growth.
+/// Everything once that a short round may use on a slow machine, such as the list of completions.
+/// What is first used later would count as growth.
 constexpr Pace kEverything = [] {
   Pace pace = kShortRound;
   pace.mails = 1;
@@ -74,7 +73,7 @@ void printRound(const std::string &name, const Usage &usage, int refreshes) {
   std::fflush(stdout);
 }
 
-/// Says what is beyond its bound; answers whether nothing is.
+/// Prints what is beyond its bound; returns whether nothing is.
 bool isFlat(const Usage &before, const Usage &after) {
   bool flat = true;
   for (const Column &column : columns()) {
@@ -90,7 +89,7 @@ bool isFlat(const Usage &before, const Usage &after) {
   return flat;
 }
 
-/// Answers whether all stayed flat.
+/// Returns whether nothing has grown.
 bool soak(const Length &length) {
   Day day({.shortDays = SHORT_DAYS, .countingAllocator = COUNTING_ALLOCATOR});
   const auto measured = [&](const std::string &name) {

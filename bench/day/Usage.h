@@ -22,8 +22,7 @@ struct Usage {
   double processorMilliseconds = 0;  // a second
 };
 
-/// What is bounded: how much more a figure is at the end than after the warm-up, what it is then,
-/// or nothing.
+/// What is bounded: the growth of a figure since the warm-up, its value at the end, or nothing.
 enum class Bounded { Growth, Value, Not };
 
 /// One figure of a Usage, as the table shows it.
@@ -38,7 +37,8 @@ struct Column {
 const std::vector<Column> &columns();
 
 /// What the process holds and does when it is at rest: of each figure the least within four
-/// seconds, because a refresh that happens to run just now is not growth. What it does is that of
-/// the quietest second among these, which lies between two refreshes. Throws std::runtime_error
-/// when the process is gone. windowClass: the class of its windows at the window server.
+/// seconds, because a refresh that happens to run is not growth. Wake-ups and processor time are
+/// those of the quietest of these seconds, which lies between two refreshes. Throws
+/// std::runtime_error when the process has ended. windowClass: the class of its windows at the
+/// window server.
 Usage usageAtRest(pid_t process, const CountedMemory &memory, const std::string &windowClass);

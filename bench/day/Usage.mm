@@ -20,16 +20,16 @@ constexpr double kRestSeconds = 4;
 
 constexpr double kBytesOfKiB = 1024;
 
-/// What the allocator's arenas come to.
+/// The size of the allocator's arenas.
 constexpr double kAllocatedBoundKiB = 1024;
 
-/// What 1.5 KiB a window and the events between two measurements (docs/performance.md) come to.
+/// The sum of 1.5 KiB a window and of the events between two measurements (docs/performance.md).
 constexpr double kInUseBoundKiB = 384;
 
 template <class Matches>
 int countIn(const fs::path &folder, Matches matches) {
   int count = 0;
-  // An entry may go while it is looked at.
+  // An entry may disappear while it is read.
   std::error_code ignored;
   for (const auto &entry : fs::directory_iterator(folder, ignored)) count += matches(entry);
   return count;
@@ -45,7 +45,7 @@ bool isAnything(const fs::directory_entry &entry) {
   return true;
 }
 
-/// The platform's folder of ports and of their names; in a private session nobody else's.
+/// The platform's folder of ports and of their names; in a private session only this one's.
 fs::path portFolder() {
   @autoreleasepool {
     return fs::path([NSTemporaryDirectory() fileSystemRepresentation]) / "NSMessagePort";

@@ -18,7 +18,7 @@ Program contextMenuApp();
 Program bareCopy();
 Program emptyApplication();
 
-/// A running program. It is killed when this goes away.
+/// A running program. It is killed by the destructor.
 class Application {
  public:
   /// Starts it; returns at once.
@@ -27,8 +27,8 @@ class Application {
   Application(const Application &) = delete;
   Application &operator=(const Application &) = delete;
 
-  /// Waits until the program answers and returns its root object; throws std::runtime_error when it
-  /// does not come to that within a minute. Autoreleased: must be gone before the program is.
+  /// Waits until the program answers and returns its root object; throws std::runtime_error after a
+  /// minute. Autoreleased: must be released before the program ends.
   NSDistantObject *rootProxy();
 
   ChildProcess &process() { return *process_; }

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string_view>
 
-/// Not in the platform's headers.
+/// Not declared in the platform's headers.
 @interface NSMessagePort (Addresses)
 + (id)_portWithName:(const unsigned char *)socketPath listener:(BOOL)isOurs;
 @end
@@ -23,9 +23,9 @@ NSString *fileOfName(NSString *name) {
       stringByAppendingPathComponent:base64];
 }
 
-/// The root object of the program that registered the name, nil when none has. Does what a look-up
-/// does, but without the lock of the names: the platform's own look-up, repeated until the name is
-/// there, sooner or later takes that lock when the starting program wants it, which then sleeps
+/// The root object of the program that registered the name, nil when none has. Works like a
+/// look-up, but without the lock of the names: the platform's own look-up, repeated until the name
+/// is registered, sometimes holds that lock when the starting program needs it, which then sleeps
 /// 0.1 s. nil also while the program has not finished writing its name.
 NSDistantObject *rootProxyWithoutLock(NSString *name) {
   NSData *const content = [NSData dataWithContentsOfFile:fileOfName(name)];
@@ -58,25 +58,25 @@ Program emptyApplication() {
 
 Application::Application(const Program &program)
     : program_(program),
-      // The application puts no tile on the desktop; neither must the yardsticks, or they would
-      // have a window more to make.
+      // The application has no tile on the desktop; a yardstick with one would have to create one
+      // more window.
       process_(std::make_unique<ChildProcess>(
           std::vector<std::string>{program.path, "-GSSuppressAppIcon", "YES"})) {}
 
 Application::~Application() {
   process_.reset();
-  // The next program would otherwise be taken for registered from its start.
+  // Otherwise the next program would count as registered from its start.
   @autoreleasepool {
     unlink([fileOfName(program_.connectionName) fileSystemRepresentation]);
   }
 }
 
 NSDistantObject *Application::rootProxy() {
-  const double end = detail::secondsNow() + kPatienceSeconds;
+  const double end = detail::secondsNow() + kWaitTimeoutSeconds;
   NSDistantObject *proxy = nil;
   while (proxy == nil && detail::secondsNow() < end) {
     @autoreleasepool {
-      // Outlives this pool and goes into the caller's.
+      // Retained beyond this pool and autoreleased in the caller's.
       proxy = [rootProxyWithoutLock(program_.connectionName) retain];
     }
     if (proxy == nil) usleep(kPollMicroseconds);

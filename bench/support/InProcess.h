@@ -12,23 +12,23 @@
 /// The application's own launch, with its own main interface file.
 void launchInProcess();
 
-/// The window of the application's that can be seen, nil for none.
+/// The visible window of the application, nil for none.
 NSWindow *openWindow();
 
 /// Of the monotonic clock.
 double millisecondsNow();
 
-/// Takes an event out of the queue, for which it waits until then, and dispatches it. Answers it,
-/// nil when none came.
+/// Takes an event out of the queue, waiting until the date, and dispatches it. Returns it, nil when
+/// none came.
 NSEvent *handleEvent(NSDate *until);
 
 /// Handles events until the condition holds; throws std::runtime_error when that takes more than a
 /// minute.
 template <class Condition>
 void handleEventsUntil(Condition condition) {
-  /// Short, so that what has come to be meanwhile is seen at once.
+  /// Short, so that the condition is checked soon.
   constexpr NSTimeInterval kLookSeconds = 0.0005;
-  const double end = detail::secondsNow() + kPatienceSeconds;
+  const double end = detail::secondsNow() + kWaitTimeoutSeconds;
   while (!condition()) {
     if (detail::secondsNow() > end) throw std::runtime_error("nothing happens");
     @autoreleasepool {

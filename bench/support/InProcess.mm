@@ -8,7 +8,7 @@ void launchInProcess() {
   [NSClassFromString(principal) sharedApplication];
   [NSBundle loadNibNamed:@"MainMenu" owner:NSApp];
   [NSApp finishLaunching];
-  // The platform's own loop would say so, which does not run here.
+  // The platform's own loop, which does not run here, would set this.
   [[NSApp delegate] applicationDidFinishLaunching:nil];
 }
 

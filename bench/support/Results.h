@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-/// What a benchmark program found, printed as one JSON object a row. bench/run makes the medians,
-/// the ratios and the table of it.
+/// The samples of a benchmark program, printed as one JSON object a row. bench/run computes the
+/// medians, the ratios and the table.
 class Results {
  public:
   /// unit: of both columns of every pair.
@@ -44,8 +44,8 @@ double millisecondsOf(Work work) {
   return elapsed.count();
 }
 
-/// Measures both next to each other. Every second round begins with the yardstick, so that neither
-/// always finds the caches as the other left them.
+/// Measures both next to each other. Every second round begins with the yardstick, so that the
+/// state of the caches favours neither.
 template <class Ours, class Yardstick>
 void addInterleaved(Results &results, int rounds, Ours ours, Yardstick yardstick) {
   for (int round = 0; round < rounds; ++round) {

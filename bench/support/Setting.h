@@ -6,14 +6,14 @@
 #include "tests/support/AgentProcess.h"
 
 /// Prepares a benchmark program: moves it to a desktop of its own (unless it is on one already) and
-/// reads its only argument, --rounds N. Answers the number of rounds. To be called first in main.
+/// reads its only argument, --rounds N. Returns the number of rounds. To be called first in main.
 int prepareBenchmark(int argc, char *argv[], int defaultRounds);
 
-/// The agent that the application meets in the benchmarks of whole programs: a link for every file,
-/// a small address book, a home folder.
+/// The agent in the benchmarks of whole programs: a link for every file, a small address book, a
+/// home folder.
 void scriptSmallAccount(const AgentProcess &agent);
 
-/// While one of these lives there are as many more processes as a usual desktop has. They sleep.
+/// Runs as many sleeping processes as a usual desktop has, for its lifetime.
 class BusyProcessTable {
  public:
   BusyProcessTable();
@@ -25,8 +25,8 @@ class BusyProcessTable {
   std::vector<pid_t> processes_;
 };
 
-/// Sends the operations as the plug-in does: a client that knows the interface. Must be gone before
-/// the application is. Each operation returns when the call has returned.
+/// Sends the operations as the plug-in does: a client that knows the interface. Must be destroyed
+/// before the application ends. Each operation returns when the call has returned.
 class PluginClient {
  public:
   explicit PluginClient(Application &application);

@@ -16,7 +16,7 @@
 /// A protocol is only known at run time when a class of the program adopts it.
 @interface ContextMenuServiceAdopter : NSObject <ContextMenuService>
 @end
-// Its instances are never made.
+// Never instantiated.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wprotocol"
 @implementation ContextMenuServiceAdopter

@@ -1,4 +1,4 @@
-// The yardstick of the direct copy: the same exchanges, written straight on Foundation, with no
+// The yardstick of the direct copy: the same requests, written directly with Foundation, with no
 // check, no time-out, no log line and no message to the user. It vends its object as "Yardstick".
 #import <AppKit/AppKit.h>
 
@@ -13,7 +13,7 @@ id agentProxy() {
 
 }  // namespace
 
-// The copy is all that is measured here; nobody opens windows.
+// Only the copy is measured; no windows are opened.
 #pragma clang diagnostic ignored "-Wprotocol"
 @interface BareCopyService : NSObject <ContextMenuService>
 @end
@@ -24,7 +24,8 @@ id agentProxy() {
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   (void)isFolder;
   (void)unused;
-  // An operation looks the agent up when it begins and again before it sends.
+  // As the application does: an operation looks the agent up when it begins and again before it
+  // sends.
   id proxy = agentProxy();
   proxy = agentProxy();
   NSDictionary *const reply = [proxy getLinkForFile:item:YES:NO:@"-1":YES];

@@ -1,4 +1,4 @@
-// The yardstick of launch and memory: an application that does nothing but to register a name.
+// The yardstick of launch and memory: an application that only registers a name.
 #import <AppKit/AppKit.h>
 
 @interface YardstickDelegate : NSObject <NSApplicationDelegate> {

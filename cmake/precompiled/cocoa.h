@@ -1,6 +1,6 @@
 /// What nearly every source includes of the platform and of the C++ library, for the precompiled
-/// header. No source counts on it: each includes what it uses, as the check of the API floor, which
-/// goes without it, makes sure.
+/// header. No source relies on it: each includes what it uses, which the check of the API floor
+/// verifies by compiling without it.
 #ifdef __OBJC__
 #import <AppKit/AppKit.h>
 #endif

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 
 namespace devkit {
 namespace {
@@ -20,7 +20,7 @@ std::optional<std::int64_t> contactCount(const std::string &text) {
   return count;
 }
 
-/// The folder is told to people, who may stand elsewhere.
+/// Absolute, because it is printed for users whose current folder may differ.
 std::string absolute(const std::string &path) {
   std::error_code failure;
   const auto full = std::filesystem::absolute(path, failure);

@@ -15,12 +15,12 @@ struct AgentOptions {
   std::string dataFolder;
   std::optional<std::int64_t> contacts;
   bool help = false;
-  /// Why the command line makes no sense; empty when it does.
+  /// Why the command line is invalid; empty when it is valid.
   std::string problem;
 };
 
-/// A word with a single dash and the word after it are the platform's way of giving a user default
-/// ("-NSLanguages fr") and are left to the platform.
+/// An argument with a single dash and the one after it set a user default ("-NSLanguages fr") and
+/// are left to the platform.
 AgentOptions parseAgentOptions(const std::vector<std::string> &arguments);
 
 inline constexpr const char *kAgentUsage =

@@ -1,7 +1,7 @@
 #import <Foundation/Foundation.h>
 
-/// The process around the vended object: takes the name, serves until it is asked to end, gives the
-/// name back. Main thread only.
+/// The process around the vended object: registers the name, serves until it is asked to end, and
+/// unregisters the name. Main thread only.
 @interface AgentProcess : NSObject {
  @private
   NSConnection *_connection;
@@ -11,10 +11,10 @@
 /// service becomes the root object of the connection.
 - (instancetype)initWithService:(id)service;
 
-/// Takes the agent's name; NO when somebody else has it.
+/// Registers the agent's name; NO when another process has it.
 - (BOOL)registerName;
 
-/// Serves calls until a byte can be read from descriptor, then gives the name back.
+/// Serves calls until a byte can be read from descriptor, then unregisters the name.
 - (void)serveUntilReadable:(int)descriptor;
 
 @end

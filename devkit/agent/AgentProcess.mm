@@ -15,7 +15,7 @@
     _connection = [[NSConnection alloc] init];
     [_connection setRootObject:service];
     // The platform waits in this mode while it sends a reply. What a stranger sends meanwhile would
-    // then be read there, and what is wrong with it be told to whoever the reply is for.
+    // then be read there, and its exception would go to the client that waits for the reply.
     [_connection removeRequestMode:NSConnectionReplyMode];
   }
   return self;
@@ -43,7 +43,7 @@
   while (!_ending) {
     @autoreleasepool {
       // The platform raises from inside the run loop when a stranger sends bytes that are no
-      // message; that must cost the stranger its connection and nobody else anything.
+      // message; that must end the stranger's connection and no other.
       @try {
         [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate distantFuture]];
       } @catch (NSException *exception) {

@@ -19,8 +19,8 @@ static NSDictionary *BareDictionary(const Reply &reply) {
   return record ? dictionaryFrom(*record) : [NSDictionary dictionary];
 }
 
-/// A flag is one byte, and any byte may arrive. Taken by reference and read as what it is, since
-/// the sanitizer ends the program at a BOOL that is neither YES nor NO.
+/// A flag is one byte, and any byte may arrive. Taken by reference and read as a byte, since the
+/// sanitizer ends the program at a BOOL that is neither YES nor NO.
 static bool Flag(const BOOL &byte) {
   return reinterpret_cast<const char &>(byte) != 0;
 }
@@ -138,7 +138,8 @@ static bool Flag(const BOOL &byte) {
   if (!_contactRecords || _addressBook.revision != known) {
     NSMutableArray *records = [NSMutableArray arrayWithCapacity:_addressBook.contacts.size()];
     for (const auto &contact : _addressBook.contacts) {
-      // One pool for each entry: a large book would fill the memory with what it took to make it.
+      // One pool for each entry: the temporary objects of a large book would otherwise fill the
+      // memory.
       @autoreleasepool {
         [records
             addObject:[NSDictionary dictionaryWithObjectsAndKeys:stringFrom(contact.displayName()),

@@ -23,7 +23,7 @@ class OperationLog {
   explicit OperationLog(std::string path) : path_(std::move(path)) {}
 
   /// Adds a line in one write, so that lines of several writers do not mix. A log that cannot be
-  /// written must not stop the operation: that goes to the standard error output only.
+  /// written must not stop the operation; the failure is only printed to standard error.
   void add(std::string_view operation, const Arguments &arguments, const Reply &reply);
 
  private:

@@ -67,14 +67,14 @@ Record accessRecord(const Access &access) {
           {"isowner", access.owner}};
 }
 
-Letter letterFrom(const Account &account) {
+MailMessage mailMessageFrom(const Account &account) {
   return {.senderName = account.firstName + " " + account.lastName,
           .senderAddress = account.email,
           .date = std::time(nullptr),
           .token = unguessableToken()};
 }
 
-/// What the mail says below the sender's words.
+/// The text of the mail below the sender's message.
 std::string linkText(const std::string &link, const LinkOptions &options) {
   std::string text = "\n\n" + link + "\n";
   if (options.requireEmail) text += "You will be asked for your e-mail address.\n";
@@ -123,15 +123,15 @@ Reply Operations::send(Kind kind, const ItemReference &item, const RequestedLink
                   if (recipients.invalid)
                     throw Refused{Refusal::BadArgument,
                                   inQuotes(*recipients.invalid) + " is not an e-mail address."};
-                  auto letter = letterFrom(store_.account());
-                  letter.recipients = std::move(recipients.addresses);
-                  letter.copyToSender = mail.copyMe;
-                  letter.subject = percentDecoded(mailText(mail.subject));
+                  auto mailMessage = mailMessageFrom(store_.account());
+                  mailMessage.recipients = std::move(recipients.addresses);
+                  mailMessage.copyToSender = mail.copyMe;
+                  mailMessage.subject = percentDecoded(mailText(mail.subject));
                   const auto message = percentDecoded(mailText(mail.message));
 
                   const auto address = store_.links.make(found.id, options);
-                  letter.body = message + linkText(address, options);
-                  mailOut(found, address, letter);
+                  mailMessage.body = message + linkText(address, options);
+                  mailOut(found, address, mailMessage);
                   reply.value = address;
                 });
 }
@@ -152,17 +152,17 @@ Reply Operations::grantAccess(const ItemReference &item, const RequestedGrant &g
                   const auto person = colleague(grant.userEmail);
                   const auto text = mailText(grant.message);
 
-                  auto letter = letterFrom(store_.account());
-                  letter.recipients = {person.email};
-                  letter.subject = grant.isNewInvite
-                                       ? inQuotes(folder.name()) + " is shared with you"
-                                       : "Your access to " + inQuotes(folder.name());
-                  letter.body = grant.isNewInvite ? percentDecoded(text) : validUtf8(text);
+                  auto mailMessage = mailMessageFrom(store_.account());
+                  mailMessage.recipients = {person.email};
+                  mailMessage.subject = grant.isNewInvite
+                                            ? inQuotes(folder.name()) + " is shared with you"
+                                            : "Your access to " + inQuotes(folder.name());
+                  mailMessage.body = grant.isNewInvite ? percentDecoded(text) : validUtf8(text);
                   store_.sharing.grant(folder.id, {.email = person.email,
                                                    .firstName = person.firstName,
                                                    .lastName = person.lastName,
                                                    .rights = grant.rights});
-                  mailOut(folder, "", letter);
+                  mailOut(folder, "", mailMessage);
                   reply.value = Record{{"userfname", person.firstName},
                                        {"userlname", person.lastName},
                                        {"useremail", person.email}};
@@ -210,7 +210,7 @@ Reply Operations::getUserInfo(const Text &userEmail, bool userInfoFlag) noexcept
         const auto email = userEmail.value_or("");
         if (!isAddress(email))
           throw Refused{Refusal::BadArgument, inQuotes(email) + " is not an e-mail address."};
-        // A stranger is a valid answer too: somebody without an account here.
+        // An address without an account is a valid result, too.
         const auto person = store_.contacts.find(email);
         auto record = contactRecord(person.value_or(Contact{.email = email}));
         record.emplace_back("accountemployee", person && person->employee);
@@ -313,17 +313,18 @@ Contact Operations::colleague(const Text &email) {
   return *person;
 }
 
-void Operations::mailOut(const Item &item, const std::string &link, const Letter &letter) {
+void Operations::mailOut(const Item &item, const std::string &link,
+                         const MailMessage &mailMessage) {
   MailRecord record = {.itemId = item.id,
                        .link = link,
                        .recipients = {},
-                       .subject = letter.subject,
-                       .message = letter.body,
-                       .copyToSender = letter.copyToSender,
+                       .subject = mailMessage.subject,
+                       .message = mailMessage.body,
+                       .copyToSender = mailMessage.copyToSender,
                        .file = {}};
-  for (const auto &address : letter.recipients)
+  for (const auto &address : mailMessage.recipients)
     record.recipients += (record.recipients.empty() ? "" : ",") + address;
-  record.file = outbox_.put(letter);
+  record.file = outbox_.put(mailMessage);
   store_.mails.record(record);
 }
 

@@ -51,9 +51,9 @@ struct AddressBook {
   std::vector<Contact> contacts;
 };
 
-/// What the service does for each operation of the agent's interface: checks everything, changes
-/// the store, writes mails, leaves a line in the log. No function throws, whatever the arguments: a
-/// failure is a reply with an error and a sentence for the user.
+/// What the service does for each operation of the agent's interface: checks the arguments, changes
+/// the store, writes mails and adds a line to the log. No function throws, whatever the arguments:
+/// a failure is a reply with an error and a sentence for the user.
 class Operations {
  public:
   /// Store, outbox and log lie in dataFolder. Throws when the store cannot be opened.
@@ -70,9 +70,9 @@ class Operations {
   Reply getAccess(const ItemReference &item) noexcept;
   Reply getUserInfo(const Text &userEmail, bool userInfoFlag) noexcept;
 
-  /// Brings book up to date; leaves it untouched when it is already. The reply has no value.
+  /// Updates book; leaves it unchanged when it is up to date already. The reply has no value.
   Reply getEmployeeAddressBook(AddressBook &book) noexcept;
-  /// The entries of the address book that hold the query in name or address; all without a query.
+  /// The entries of the address book whose name or address contains the query; all without a query.
   Reply getAddressBook(const Text &query) noexcept;
 
   /// The value is the bare dictionary, on failure there is none.
@@ -87,7 +87,7 @@ class Operations {
   Item resolve(const ItemReference &reference, Kind kind);
   Item resolveOwnFolder(const ItemReference &reference);
   Contact colleague(const Text &email);
-  void mailOut(const Item &item, const std::string &link, const Letter &letter);
+  void mailOut(const Item &item, const std::string &link, const MailMessage &mailMessage);
 
   Store store_;
   Outbox outbox_;

@@ -11,8 +11,8 @@ namespace devkit {
 /// A dictionary of the reply, entry by entry.
 using Record = std::vector<std::pair<std::string_view, std::variant<std::string, bool>>>;
 
-/// Why an operation was refused. The numbers follow the ones that people know from the web; a
-/// caller only tells 0 from the rest.
+/// Why an operation was refused. The numbers follow the status codes of HTTP; a caller only
+/// distinguishes 0 from the rest.
 enum class Refusal : int {
   BadArgument = 400,
   NotAllowed = 403,

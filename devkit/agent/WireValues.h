@@ -2,11 +2,11 @@
 
 #include "devkit/agent/Operations.h"
 
-/// The only place where C++ values become what travels to the caller, and back.
+/// The only place where C++ values are converted to objects for the wire, and back.
 namespace devkit {
 
 /// The text of an argument. Nothing when it is nil, an object that stayed in the caller's process,
-/// or of another class: whoever connects may send anything.
+/// or of another class: any process may connect and send anything.
 Text textFrom(id argument);
 
 /// An autoreleased string; bytes that are no UTF-8 are replaced.

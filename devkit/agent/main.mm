@@ -3,8 +3,8 @@
 #import "agent/AgentIdentity.h"
 #import "devkit/agent/AgentOptions.h"
 #import "devkit/agent/AgentProcess.h"
-#import "devkit/agent/EndingSignals.h"
 #import "devkit/agent/KRVAgentService.h"
+#import "devkit/agent/TerminationSignals.h"
 #include "devkit/base/Arguments.h"
 #include "platform/gnustep/connections/TemporaryFolder.h"
 
@@ -22,12 +22,12 @@ int run(const devkit::AgentOptions &options) {
   if (!folder.problem.empty())
     return fail(kFailed, folder.problem + "; no connection in it could be trusted");
   // Before anything slow: an agent that is ended while it fills its address book ends at once, one
-  // that is ended later finishes the call that it is answering.
+  // that is ended later finishes the current call.
   std::string problem;
   auto operations = devkit::openOperations(options, problem);
   if (!operations) return fail(kFailed, problem);
-  const int endingSignals = devkit::routeEndingSignals();
-  if (endingSignals < 0) return fail(kFailed, "cannot listen for signals");
+  const int terminationSignals = devkit::routeTerminationSignals();
+  if (terminationSignals < 0) return fail(kFailed, "cannot listen for signals");
 
   KRVAgentService *service =
       [[[KRVAgentService alloc] initWithOperations:std::move(operations)] autorelease];
@@ -38,7 +38,7 @@ int run(const devkit::AgentOptions &options) {
   std::printf("VeldaneKRVAgent: registered as %s, data in %s\n",
               [agent::kConnectionName UTF8String], options.dataFolder.c_str());
   std::fflush(stdout);
-  [process serveUntilReadable:endingSignals];
+  [process serveUntilReadable:terminationSignals];
   return kEnded;
 }
 

@@ -7,7 +7,7 @@
 
 namespace {
 
-/// The arguments one after the other, as they were. Plain memory, because this is filled before
+/// The original arguments, one after the other. Plain memory, because this is filled before
 /// anything that C++ or the platform need has been set up; a system's limit for one argument is an
 /// eighth of it.
 char originals[1024 * 1024];
@@ -41,7 +41,7 @@ std::vector<std::string> originalArguments(int argc, char *argv[]) {
   std::vector<std::string> arguments;
   const char *original = originals;
   for (int index = 1; index < argc; ++index) {
-    // Repairing keeps the length; an argument that found no room was left as it is.
+    // Repairing keeps the length; an argument that did not fit into the buffer is unchanged.
     const auto size = std::strlen(argv[index]);
     const bool kept =
         original + size < originals + sizeof originals && std::strlen(original) == size;

@@ -6,9 +6,9 @@
 
 namespace devkit {
 
-/// While one lives, what this thread allocates is never reported as leaked. For making the platform
-/// set itself up, which leaves a few objects behind once in each process; around our own code it
-/// would hide what the check is for. Does nothing in a build without the check.
+/// While one lives, what this thread allocates is never reported as leaked. For the platform's
+/// initialisation, which leaks a few objects once in each process; around our own code it would
+/// hide real leaks. Does nothing in a build without the check.
 class LeakCheckPause {
  public:
 #if __has_feature(address_sanitizer)

@@ -47,7 +47,7 @@ std::chrono::system_clock::time_point timeOf(const timespec &time) {
 }  // namespace
 
 std::optional<std::string> SyncedFolder::relative(std::string_view path) const {
-  // Bytes after a NUL would be lost on the way to the disk, and another item would be found.
+  // The system ignores what follows a NUL, so another item would be found.
   if (path.find('\0') != path.npos) return std::nullopt;
   if (!path.starts_with(root_)) return std::nullopt;
   path.remove_prefix(root_.size());
@@ -73,7 +73,7 @@ std::optional<OnDisk> SyncedFolder::look(std::string_view relativePath) const {
       struct stat found = {};
       if (fstatat(folder.get(), component.c_str(), &found, AT_SYMLINK_NOFOLLOW) != 0)
         return std::nullopt;
-      // A link that leads nowhere is still there to be seen, as a file.
+      // A dangling link counts as a file.
       struct stat target = {};
       if (S_ISLNK(found.st_mode) && fstatat(folder.get(), component.c_str(), &target, 0) == 0)
         found = target;

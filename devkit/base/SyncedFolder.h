@@ -9,7 +9,7 @@ namespace devkit {
 
 enum class Kind { File, Folder };
 
-/// What the disk says of an item at the moment of the question.
+/// An item on disk at the time of the call.
 struct OnDisk {
   Kind kind;
   std::chrono::system_clock::time_point changed;
@@ -28,9 +28,9 @@ class SyncedFolder {
   /// slashes are dropped, and ".." is never followed, so that no spelling leads outside.
   std::optional<std::string> relative(std::string_view path) const;
 
-  /// The item at a relative path, or nothing when there is none. Walks folder by folder, so that
-  /// neither the length of a path nor a link to a folder elsewhere leads astray: a link inside the
-  /// synced folder is an item of the kind of what it points to, what lies behind it is not.
+  /// The item at a relative path, or nothing when there is none. Opens folder by folder, so that a
+  /// path may have any length and no link to a folder elsewhere is followed: a link inside the
+  /// synced folder is an item of its target's kind, what is below the target is none.
   std::optional<OnDisk> look(std::string_view relativePath) const;
 
  private:

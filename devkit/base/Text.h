@@ -5,8 +5,8 @@
 
 namespace devkit {
 
-/// The text with every byte that is no UTF-8 replaced by the replacement character, so that it can
-/// stand in a mail, in a reply and in the log. Overlong forms and surrogates are no UTF-8.
+/// The text with every byte that is no UTF-8 replaced by the replacement character, so that a mail,
+/// a reply and the log can contain it. Overlong forms and surrogates are no UTF-8.
 std::string validUtf8(std::string_view text);
 
 /// The length in bytes of the UTF-8 character that text begins with; 0 when it begins with none.

@@ -4,7 +4,7 @@
 
 namespace devkit {
 
-/// A text of 32 hexadecimal digits that nobody can guess: server ids, the part of a link after the
+/// A text of 32 hexadecimal digits that cannot be guessed: server ids, the part of a link after the
 /// host, names of mails.
 std::string unguessableToken();
 

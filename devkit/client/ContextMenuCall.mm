@@ -1,7 +1,7 @@
 #import "devkit/client/ContextMenuCall.h"
 
 #import "agent/AgentIdentity.h"
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Text.h"
 #include "devkit/client/Item.h"
 #import "devkit/client/RemoteObject.h"
@@ -12,8 +12,8 @@
 - (NSDictionary *)getHomeDirectoryInfo;
 @end
 
-/// Never made. Under this runtime a program knows a protocol only when a class of its own adopts
-/// it; without that, giving the protocol to a proxy has no effect.
+/// Never instantiated. With this runtime a protocol exists at run time only when a class of the
+/// program adopts it; without that, giving the protocol to a proxy has no effect.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wprotocol"
 @interface KnownProtocols : NSObject <ContextMenuService, HomeFolderInformation>

@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "app/BVSyncEngine.h"
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Text.h"
 
 namespace devkit {
@@ -21,7 +21,7 @@ fs::path withoutDetours(const std::string &path) {
   return (failure ? fs::path(path) : full).lexically_normal();
 }
 
-/// The path relative to the synced folder when that is reached by another way, such as a link to
+/// The path relative to the synced folder where that is given by another path, such as a link to
 /// it.
 std::optional<std::string> relativeByOtherWay(const fs::path &path, const SyncedFolder &folder) {
   std::error_code failure;
@@ -72,7 +72,7 @@ std::variant<std::string, Failure> engineId(const LocalItem &item) {
   if (code == 0)
     code = item.kind == Kind::Folder ? BvGetFolderIdByName(item.path.c_str(), &id)
                                      : BvGetFileIdByName(item.path.c_str(), &id);
-  // The id belongs to the library, so it is copied before the library is left.
+  // The id belongs to the library, so it is copied before the library is uninitialised.
   const std::string copy = code == 0 && id ? id : "";
   BvUninitialize();
   if (!copy.empty()) return copy;

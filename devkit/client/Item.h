@@ -10,7 +10,7 @@ namespace devkit {
 
 /// An item of the synced folder, found on disk.
 struct LocalItem {
-  /// As the engine knows it: inside the synced folder, without detours.
+  /// As the engine knows it: inside the synced folder, without links or "..".
   std::string path;
   /// The last component.
   std::string name;
@@ -25,7 +25,7 @@ std::variant<LocalItem, Failure> findItem(const std::string &path, const SyncedF
 /// The server id, asked of the sync engine library. Not for the home folder.
 std::variant<std::string, Failure> engineId(const LocalItem &item);
 
-/// A path as it can stand in one line of a terminal.
+/// A path in a form that can be printed on one line of a terminal.
 std::string shown(const std::string &path);
 
 }  // namespace devkit

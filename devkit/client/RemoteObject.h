@@ -7,18 +7,17 @@
 
 namespace devkit {
 
-/// How long to look for somebody on a name.
+/// Time-outs of a look-up.
 struct Timeouts {
   /// For the name to appear.
   std::chrono::duration<double> wait;
-  /// For whoever has the name to answer at all.
+  /// For the first reply of the process that has the name.
   std::chrono::duration<double> timeout;
 };
 
-/// The vended object on a name of this host, as an autoreleased proxy that knows the protocol:
-/// calls then cost one round trip instead of three. The look-up ends in time whatever the other
-/// side does; calls to the proxy afterwards wait as long as they take. `who` names the other side
-/// in a sentence.
+/// The object vended under a name of this host, as an autoreleased proxy that knows the protocol:
+/// calls then cost one round trip instead of three. The look-up has a time-out; later calls to the
+/// proxy have none. `who` names the other side in a sentence.
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
                                  const Timeouts &timeouts);
 

@@ -8,7 +8,7 @@
 namespace devkit {
 namespace {
 
-/// Between two looks for a name that is not there yet; nothing tells when a name appears.
+/// Between two look-ups of a name that is not registered yet; there is no notification of that.
 constexpr NSTimeInterval kPauseSeconds = 0.05;
 
 std::string text(NSString *string) {
@@ -16,13 +16,13 @@ std::string text(NSString *string) {
   return bytes ? bytes : "";
 }
 
-/// nil, whatever went wrong: the reasons are told apart afterwards.
+/// nil on any failure; the reasons are distinguished afterwards.
 id rootProxy(NSString *name) {
   @try {
     return [NSConnection rootProxyForConnectionWithRegisteredName:name host:nil];
   } @catch (NSException *) {
-    // Somebody went away in the middle, or the folder of the names is locked for longer than the
-    // platform waits. Both are the same as nobody there.
+    // The process ended during the look-up, or the folder of the names is locked for longer than
+    // the platform waits. Both count as a name that is not registered.
     return nil;
   }
 }
@@ -39,12 +39,12 @@ bool isRegistered(NSString *name) {
 
 std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char *who,
                                  const Timeouts &timeouts) {
-  // Without a folder for its connections the platform ends the program, and with one that another
-  // user has prepared it might lead to that user.
+  // Without a folder for its connections the platform ends the program, and in one of another user
+  // it might connect to that user's process.
   const auto folder = platform::temporaryFolder();
   if (!folder.problem.empty())
     return Failure{Exit::NotRunning, folder.problem + "; no connection in it could be trusted"};
-  // The platform's own limit is endless. New connections take it over from the default one.
+  // The platform's own time-out is unlimited. New connections copy it from the default connection.
   NSConnection *defaults = nil;
   {
     [[maybe_unused]] const LeakCheckPause whileThePlatformSetsItselfUp;
@@ -55,7 +55,7 @@ std::variant<id, Failure> lookUp(NSString *name, Protocol *protocol, const char 
   [defaults setRequestTimeout:timeouts.timeout.count()];
 
   NSDate *deadline = [NSDate dateWithTimeIntervalSinceNow:timeouts.wait.count()];
-  // In this order: a name that appears between the two would look like one that does not answer.
+  // In this order: a name registered between the two would look like one that does not reply.
   bool wasRegistered = isRegistered(name);
   id proxy = rootProxy(name);
   while (!proxy && !wasRegistered && [deadline timeIntervalSinceNow] > 0) {
@@ -79,7 +79,7 @@ Failure failureOf(NSException *exception, id proxy, const char *who) {
   const auto detail = ": " + text([exception reason]);
   if ([name isEqualToString:NSInvalidReceivePortException] ||
       [name isEqualToString:NSPortTimeoutException] || ![[proxy connectionForProxy] isValid])
-    return {Exit::WentAway, std::string(who) + " went away during the call" + detail};
+    return {Exit::ApplicationEnded, std::string(who) + " went away during the call" + detail};
   // The other side has no such method, or one with other arguments.
   if ([name isEqualToString:NSInvalidArgumentException])
     return {Exit::NotOffered, std::string(who) + " does not offer this operation"};

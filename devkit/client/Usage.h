@@ -17,13 +17,13 @@ struct Request {
   Verb verb = Verb::Help;
   std::string path;
   int tab = 0;
-  /// How long to wait for the application to come up.
+  /// How long to wait for the application's name.
   std::chrono::duration<double> wait{0};
-  /// How long a registered application may take to answer the first question.
+  /// How long a registered application may take for its first reply.
   std::chrono::duration<double> timeout{kLookUpTimeout};
 
   /// Longer than the 15 seconds for which the application itself may wait for its agent, during
-  /// which it answers nobody.
+  /// which it serves no call.
   static constexpr std::chrono::seconds kLookUpTimeout{20};
 };
 

@@ -1,10 +1,11 @@
-// desktop_driver select PATH    selects an item in GWorkspace, in the viewer that it opens by
-// itself desktop_driver menu           has the application pop its context menu up at the pointer,
-// and returns when
-//                     the menu has been dismissed and what was chosen in it is done
+// desktop_driver select PATH
+//     selects an item in GWorkspace, in the viewer that it opens by itself
+// desktop_driver menu
+//     has the application pop up its context menu at the pointer, and returns when the menu has
+//     been dismissed and its action is done
 //
-// Does for demonstrations and tests what no key or click does: through the
-// connections that applications of this platform have under their own names.
+// Does for demonstrations and tests what no key or click does, through the connections that
+// applications of this platform have under their own names.
 #import <Foundation/Foundation.h>
 
 #include <cstdio>
@@ -38,12 +39,12 @@
 namespace devkit {
 namespace {
 
-/// For an application to come up on a busy machine, and to answer.
+/// For an application to start on a busy machine, and to reply.
 constexpr Timeouts kTimeouts = {std::chrono::seconds(60), std::chrono::seconds(10)};
 constexpr int kSelectionAttempts = 300;
 constexpr NSTimeInterval kPauseSeconds = 0.1;
 
-/// Calls the application of this name. `call` takes the proxy and answers why it failed.
+/// Calls the application of this name. `call` takes the proxy and returns why it failed.
 template <class Call>
 std::optional<Failure> withApplication(NSString *name, Protocol *protocol, Call call) {
   const char *const who = [name UTF8String];

@@ -16,7 +16,7 @@ devkit::Engine &engine() {
   return *instance;
 }
 
-/// Callers are C: nothing may be thrown at them.
+/// Callers are C, so no exception may leave this.
 template <typename Query>
 int answer(Query query) noexcept {
   try {

@@ -1,6 +1,6 @@
 #include "devkit/engine/Engine.h"
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 
 namespace devkit {
 namespace {

@@ -8,8 +8,8 @@
 
 namespace devkit {
 
-/// What the functions of the library answer besides 0. The values are the kit's own: a caller may
-/// only hand them on.
+/// What the functions of the library return besides 0. The values are the kit's own: a caller may
+/// only pass them on.
 enum class EngineCode : int {
   Success = 0,
   NotInitialized = 1,   ///< a query outside BvInitialize ... BvUninitialize
@@ -20,10 +20,10 @@ enum class EngineCode : int {
   StoreUnavailable = 6  ///< the store cannot be opened, read or written
 };
 
-/// What BvGetFileSyncState answers.
+/// What BvGetFileSyncState returns.
 enum class SyncState : int { Synced = 1, Uploading = 2 };
 
-/// The engine behind the C functions. Not for several threads, as the library is not.
+/// The engine behind the C functions. Not thread-safe, as the library is not.
 class Engine {
  public:
   EngineCode initialize();
@@ -33,8 +33,8 @@ class Engine {
 
  private:
   std::unique_ptr<Store> store_;
-  /// Every id ever handed out. Callers keep the pointers and never free them, so they stay valid
-  /// for the life of the process; a set never moves its elements.
+  /// Every id ever returned. Callers keep the pointers and never free them, so they stay valid for
+  /// the life of the process; a set never moves its elements.
   std::set<std::string> ids_;
 };
 

@@ -14,7 +14,7 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-bool canStandInAddress(char character) {
+bool isAllowedInAddress(char character) {
   constexpr std::string_view special = "()<>[]:;,\\\"";
   const auto value = static_cast<unsigned char>(character);
   return value > ' ' && value != 0x7F && special.find(character) == special.npos;
@@ -25,7 +25,7 @@ bool canStandInAddress(char character) {
 bool isAddress(std::string_view text) {
   const auto at = text.find('@');
   return text.size() <= kLongestAddress && at != text.npos && at > 0 && at + 1 < text.size() &&
-         text.find('@', at + 1) == text.npos && std::ranges::all_of(text, canStandInAddress);
+         text.find('@', at + 1) == text.npos && std::ranges::all_of(text, isAllowedInAddress);
 }
 
 Recipients parseRecipients(std::string_view entered) {

@@ -7,9 +7,9 @@
 
 namespace devkit {
 
-/// Whether a text can stand in a mail as the one address that it claims to be. Laxer than the
-/// application about what an address is, and strict about what could become something else: line
-/// ends, blanks, lists, brackets, quotes.
+/// Whether a text can be used in a mail as a single address. Laxer than the application about what
+/// an address is, and strict about what a mail program could read as something else: line ends,
+/// blanks, lists, brackets, quotes.
 bool isAddress(std::string_view text);
 
 /// Recipients as they were entered, separated by commas.
@@ -19,7 +19,7 @@ struct Recipients {
   std::optional<std::string> invalid;
 };
 
-/// Blanks round an address do not belong to it; an empty piece is no address.
+/// Blanks around an address do not belong to it; an empty piece is no address.
 Recipients parseRecipients(std::string_view entered);
 
 }  // namespace devkit

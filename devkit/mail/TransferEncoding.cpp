@@ -76,7 +76,7 @@ std::string headerText(std::string_view text) {
     if (static_cast<unsigned char>(character) < ' ' || character == '\x7F') character = ' ';
   if (canStandAsItIs(line)) return line;
 
-  // A character must not be torn between two words.
+  // A character must not be split between two words.
   std::string result;
   std::string_view rest = line;
   while (!rest.empty()) {
@@ -96,7 +96,7 @@ std::string headerText(std::string_view text) {
 std::string quotedPrintable(std::string_view text) {
   std::string result;
   while (!text.empty()) {
-    // All three ways of ending a line occur in what people paste.
+    // All three line ends occur in pasted text.
     const auto end = text.find_first_of("\r\n");
     result += quotedPrintableLine(text.substr(0, end));
     result += kLineEnd;

@@ -17,9 +17,9 @@ struct Contact {
   std::string lastName;
   /// Entered as "Last, First"; otherwise as "First Last".
   bool lastFirst = false;
-  /// Belongs to the user's own company; partners and customers do not.
+  /// Whether the person works for the user's company; partners and customers do not.
   bool employee = true;
-  /// Stands in the colleagues' address book. Newcomers are employees before they stand in it.
+  /// Whether the colleagues' address book lists the person. New employees are not listed at once.
   bool listed = true;
 
   /// The name as the address book gives it.
@@ -33,7 +33,7 @@ class Contacts {
 
   void add(const Contact &contact);
 
-  /// Replaces everybody by `count` generated people, all at once for whoever reads meanwhile.
+  /// Replaces all by `count` generated people, in one transaction.
   void fillWith(std::int64_t count);
 
   /// The person with that address, whatever its letter case.
@@ -42,7 +42,7 @@ class Contacts {
   /// The colleagues' address book.
   std::vector<Contact> addressBook();
 
-  /// A number that changes whenever a contact does, by whomever; cheap to ask.
+  /// A number that changes whenever any process changes a contact; cheap to read.
   std::int64_t revision();
 
  private:

@@ -29,7 +29,7 @@ Database::Database(const std::string &path) {
     sqlite3_close(handle_);
     throw;
   }
-  // The engine opens and closes the store round every query; without this the last one to close
+  // The engine opens and closes the store around each query; without this the last one to close
   // would delete the journal each time and the next one make it again.
   int keep = 1;
   sqlite3_file_control(handle_, "main", SQLITE_FCNTL_PERSIST_WAL, &keep);
@@ -106,7 +106,7 @@ Transaction::~Transaction() {
   try {
     database_.execute("ROLLBACK");
   } catch (const StoreError &) {
-    // SQLite has rolled back by itself, which is what was wanted.
+    // SQLite has rolled back already.
   }
 }
 

@@ -18,8 +18,8 @@ class StoreError : public std::runtime_error {
 
 class Statement;
 
-/// One connection to a SQLite file that other processes use at the same time: whoever finds it busy
-/// waits, and readers never wait for a writer.
+/// One connection to a SQLite file that other processes use at the same time: writers wait for each
+/// other, and readers never wait for a writer.
 class Database {
  public:
   explicit Database(const std::string &path);
@@ -45,7 +45,7 @@ class Statement {
   Statement &operator=(const Statement &) = delete;
 
   Statement &text(std::string_view value);
-  /// For what may be no text at all, such as paths.
+  /// For bytes that need not be text, such as paths.
   Statement &bytes(std::string_view value);
   Statement &number(std::int64_t value);
 
@@ -66,8 +66,8 @@ class Statement {
   int bound_ = 0;
 };
 
-/// Everything between its making and commit() happens, or nothing of it. Takes the writer's place
-/// at once, so that a transaction never fails half way because somebody else began to write.
+/// A transaction from its construction to commit(), rolled back without that. Takes the write lock
+/// at once, so that it never fails half way because another process began to write.
 class Transaction {
  public:
   explicit Transaction(Database &database) : database_(database) {

@@ -1,6 +1,6 @@
 #include "devkit/store/Items.h"
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Token.h"
 
 namespace devkit {
@@ -28,7 +28,7 @@ std::optional<Item> Items::byPath(std::string_view path) {
   auto known = row(*relativePath);
   if (known && known->kind == onDisk->kind) return known;
 
-  // Another process may insert the same item at the same moment: whoever comes first gives the id.
+  // Another process may insert the same item at the same moment: the first one's id counts.
   Transaction transaction(database_);
   database_.prepare("DELETE FROM items WHERE path = ? AND folder <> ?")
       .bytes(*relativePath)

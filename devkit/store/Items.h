@@ -9,7 +9,7 @@
 
 namespace devkit {
 
-/// An item of the service: what the local path stands for on the server.
+/// An item of the service: the server's side of a local path.
 struct Item {
   std::string id;
   std::string relativePath;
@@ -20,13 +20,13 @@ struct Item {
 };
 
 /// The items of the synced folder. The store holds only the ids; whether an item exists is always
-/// asked of the disk.
+/// looked up on disk.
 class Items {
  public:
   Items(Database &database, const SyncedFolder &folder) : database_(database), folder_(folder) {}
 
   /// The item at a full local path, or nothing when it is not on disk or not inside the synced
-  /// folder. One that the store has not seen yet gets its id now, as if it had just been synced;
+  /// folder. One that the store does not have yet gets its id now, as if it had just been synced;
   /// one that has turned from a file into a folder or back is another item with another id.
   std::optional<Item> byPath(std::string_view path);
 

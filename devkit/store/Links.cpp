@@ -5,7 +5,7 @@
 namespace devkit {
 namespace {
 
-/// A host that nobody can own, so that no link of the kit ever leads anywhere.
+/// A host in a reserved top-level domain, so that no link of the kit ever leads anywhere.
 constexpr const char *kLinkPrefix = "https://brisvale.test/s/";
 
 }  // namespace

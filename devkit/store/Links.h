@@ -11,7 +11,7 @@ namespace devkit {
 
 /// What the sender chose for a link.
 struct LinkOptions {
-  /// As the service writes "no limit".
+  /// The service's value for "no limit".
   static constexpr std::int64_t kUnlimited = -1;
 
   bool notifyOnDownload = false;

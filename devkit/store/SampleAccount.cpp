@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/base/Token.h"
 #include "devkit/store/Contacts.h"
 #include "devkit/store/Sharing.h"

@@ -84,7 +84,7 @@ std::int64_t version(Database &database) {
 void prepareSchema(Database &database) {
   if (version(database) == 0) {
     Transaction transaction(database);
-    // Somebody else may have made them while this process waited for its turn.
+    // Another process may have made them while this one waited for the lock.
     if (version(database) == 0) {
       database.execute(kTables);
       addSampleAccount(database);

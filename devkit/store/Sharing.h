@@ -9,7 +9,7 @@
 
 namespace devkit {
 
-/// What somebody may do with a folder.
+/// What a person may do with a folder.
 struct Rights {
   bool download = false;
   bool upload = false;
@@ -35,16 +35,16 @@ class Sharing {
   explicit Sharing(Database &database) : database_(database) {}
 
   /// The entries of a folder in the order in which they were granted, the owner first. A folder
-  /// that nobody was ever given has no entry at all.
+  /// that was never shared has no entry at all.
   std::vector<Access> of(std::string_view itemId);
 
-  /// Whether the folder belongs to somebody else and the user was only given access to it.
+  /// Whether the folder belongs to another person and the user was only given access to it.
   bool belongsToSomebodyElse(std::string_view itemId, std::string_view userEmail);
 
   /// Adds an entry, or changes the names and rights of the one that the address has.
   void grant(std::string_view itemId, const Access &access);
 
-  /// Takes a person's entry away; false when there was none to take, or only the owner's.
+  /// Removes a person's entry; false when there was none, or only the owner's.
   bool revoke(std::string_view itemId, std::string_view email);
 
  private:

@@ -10,7 +10,7 @@
 namespace devkit {
 namespace {
 
-/// Makes a folder and those above it; what the store holds is nobody else's business.
+/// Makes a folder and those above it; only the user may read them.
 void makeFolders(const std::string &path) {
   for (auto slash = path.find('/', 1); slash != path.npos; slash = path.find('/', slash + 1))
     mkdir(path.substr(0, slash).c_str(), 0700);

@@ -36,8 +36,8 @@ class Store {
   Database database_;
 
  public:
-  // Below the two members that they refer to, because members are made in the order in which they
-  // stand.
+  // Below the two members that they refer to, because members are constructed in the order of their
+  // declarations.
   Items items{database_, folder_};
   Links links{database_};
   Sharing sharing{database_};

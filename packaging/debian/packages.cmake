@@ -1,7 +1,7 @@
 # The Debian packages: cmake --build build --target package
 #
-# The development kit is a package of its own. Its agent answers on the name of the service's agent,
-# and its libraries stand in for the service's, so it has no place where the service is installed.
+# The development kit is a package of its own. Its agent registers the name of the service's agent,
+# and its libraries replace the service's, so it must not be installed beside the service.
 #
 # The extension for Thunar is one, too: Thunar ends at its start where there is any extension and its
 # Python support lacks the description of the interface, which Debian's package of it does not depend

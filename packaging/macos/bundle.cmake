@@ -1,5 +1,5 @@
-# What the application's bundle has on the Mac only, and the archive to hand on: it holds the bundle
-# as the build leaves it, not signed. packaging/macos/sign makes the one for users.
+# What the application's bundle has on the Mac only, and the archive of the unsigned bundle.
+# packaging/macos/sign makes the one for users.
 encode_string_tables(usage_texts ${CMAKE_CURRENT_LIST_DIR})
 add_string_tables(ContextMenuApp usage_texts)
 

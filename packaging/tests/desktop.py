@@ -1,6 +1,5 @@
 """What the tests of the file managers' actions share: a synced folder, the real agent, application
-and plug-in client, and the screen with somebody in front of it. For use in a private desktop
-only."""
+and plug-in client, and a user at the screen. For use in a private desktop only."""
 
 import json
 import os
@@ -14,18 +13,18 @@ ROOT = Path(__file__).resolve().parents[2]
 BUILD = Path(os.environ["BUILD_FOLDER"])
 ACTIONS = BUILD / "packaging" / "actions"
 GENERATE = ROOT / "packaging" / "generate.py"
-# For a program to come up on a busy machine.
+# For a program to start on a busy machine.
 DEADLINE_SECONDS = 60
 NOT_REACHED = "Brisvale cannot be reached."
 
 
-def wait_until(what, question):
-    """Waits until the question is answered with something true, and answers that."""
+def wait_until(what, condition):
+    """Waits until the function returns something true, and returns that."""
     deadline = time.monotonic() + DEADLINE_SECONDS
     while True:
-        answer = question()
-        if answer:
-            return answer
+        result = condition()
+        if result:
+            return result
         if time.monotonic() > deadline:
             raise AssertionError(f"{what}: not within {DEADLINE_SECONDS} seconds")
         time.sleep(0.05)
@@ -60,7 +59,7 @@ def colours(x, y, width, height):
 
 
 def click(x, y, button):
-    """Presses and releases a button of the mouse, some time later, as a finger does."""
+    """Presses a button of the mouse and releases it after a moment, as a user does."""
     subprocess.run(["xdotool", "mousemove", str(x), str(y), "mousedown", str(button),
                     "sleep", "0.08", "mouseup", str(button)], check=True)
 
@@ -115,8 +114,8 @@ class DesktopTest(unittest.TestCase):
         _, log = self.start(BUILD / "devkit/VeldaneKRVAgent.app/VeldaneKRVAgent")
         wait_until("the agent is registered", lambda: "registered as" in log.read_text())
         self.start(BUILD / "ContextMenuApp.app/ContextMenuApp")
-        # Not left to the client's own waiting, which ends at the name that the application of an
-        # earlier test has left behind.
+        # Not left to the client, which would find the name that an earlier test's application has
+        # left behind.
         status = [BUILD / "devkit/contextmenu", "--timeout", "5", "status"]
         wait_until("the application answers", lambda: output(*status))
 
@@ -129,7 +128,7 @@ class DesktopTest(unittest.TestCase):
     def assert_clipboard_gets_link_of(self, operation):
         """Waits until the clipboard holds the link that the agent has made by this operation."""
         made = wait_until("the agent makes a link", lambda: self.operations(operation))[-1]["value"]
-        # Asked in the moment in which the clipboard changes its owner, xclip may never be answered.
+        # At the moment in which the clipboard changes its owner xclip may never get a reply.
         wait_until("the link is on the clipboard", lambda: output(
             "timeout", "3", "xclip", "-selection", "clipboard", "-out") == made)
 

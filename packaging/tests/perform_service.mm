@@ -1,4 +1,4 @@
-// What the menu Services does when the user chooses an entry of it.
+// Performs a service as the Services menu does.
 //
 //   perform_service TITLE PATH...    the paths are what is selected
 
@@ -6,9 +6,8 @@
 
 #include "tests/support/ProgramEnd.h"
 
-/// The user's answer when the platform says, after five seconds, that a program which it has
-/// launched seems to hang: to wait. In the place of the platform's own function, which asks on the
-/// screen.
+/// Replaces the platform's function, which asks the user after five seconds whether to wait for a
+/// program that seems to hang, and chooses to wait.
 extern "C" NSInteger NSRunAlertPanel(NSString * /*title*/, NSString * /*message*/,
                                      NSString * /*defaultButton*/, NSString * /*alternateButton*/,
                                      NSString * /*otherButton*/, ...) {

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Which entries an item gets, in which language, and how the programs answer that file managers
+"""Which entries an item gets, in which language, and the output of the programs that file managers
 start."""
 
 import json
@@ -64,7 +64,7 @@ class Places(DesktopTest):
         self.assertIsNone(self.relative(other))
 
     def test_another_case_of_letters_is_the_same_folder_where_the_disk_says_so(self):
-        # What a disk that does not distinguish them does, for one name.
+        # Behaves as a disk without letter case does, for one name.
         (self.synced.parent / "BRISVALE").symlink_to(self.synced)
         self.file("a.txt")
         self.assertEqual(self.relative(self.synced.parent / "BRISVALE" / "a.txt"), "a.txt")
@@ -187,7 +187,7 @@ class Choices(DesktopTest):
         self.assertEqual(code, choice.NOT_THERE)
         self.assertIn("is not on Brisvale yet", message)
 
-    def test_what_has_vanished_is_told_of(self):
+    def test_a_missing_item_is_reported(self):
         self.start_application()
         os.chdir(self.folder("MyDocs"))
         for path in ("a.txt", str(self.synced / "MyDocs" / "a.txt"), "gone/a.txt"):

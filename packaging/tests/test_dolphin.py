@@ -34,7 +34,7 @@ class Questions(DesktopTest):
             GLib.Variant("(s)", (NAME,)), None, Gio.DBusCallFlags.NONE, -1, None).unpack()[0]
 
     def offers(self, menu, *paths):
-        """The answer to the question that a menu's file tells Dolphin to ask."""
+        """The reply to the call that a service menu's file tells Dolphin to make."""
         question = desktop_entry(menu)["Desktop Entry"]["X-KDE-ShowIfDBusCall"]
         name, place, method = question.split(" ")
         interface, method = method.rsplit(".", 1)

@@ -22,7 +22,7 @@ QUESTION = "get_file_menu_items" if NAMESPACE == "Thunarx" else "get_file_items"
 
 
 class Item:
-    """What a file manager hands over: an item by its location."""
+    """What a file manager passes: an item by its location."""
 
     def __init__(self, uri):
         self._location = Gio.File.new_for_uri(uri)
@@ -32,7 +32,7 @@ class Item:
 
 
 def load():
-    """The class in the extension that the file manager would find and make an object of."""
+    """The class in the extension that the file manager would find and instantiate."""
     sys.path.insert(0, str(ACTIONS))  # in front of where it is when it is installed
     module = runpy.run_path(str(EXTENSION))
     manager = getattr(__import__("gi.repository", fromlist=[NAMESPACE]), NAMESPACE)
@@ -48,7 +48,7 @@ PROVIDER = load()()
 class Extension(DesktopTest):
 
     def menu(self, *paths):
-        """The extension's answer for these paths."""
+        """The extension's entries for these paths."""
         items = [Item(path.as_uri()) for path in paths]
         arguments = (items,) if NAMESPACE == "Nautilus" else (None, items)
         return getattr(PROVIDER, QUESTION)(*arguments)

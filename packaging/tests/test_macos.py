@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What can be told of the Mac's bundle without a Mac: its description, and how it is signed."""
+"""What can be tested of the Mac's bundle without a Mac: its description, and how it is signed."""
 
 import os
 import plistlib

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""What is in the Debian packages, and whether those who read its files can."""
+"""What is in the Debian packages, and whether the programs that read its files accept them."""
 
 import codecs
 import gzip

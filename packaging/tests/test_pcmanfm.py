@@ -23,7 +23,7 @@ class PCManFM(DesktopTest):
         self.actions.mkdir(parents=True)
 
     def install(self, *names):
-        """Installs actions by name, as for users whose folders lie in this test's."""
+        """Installs actions by name, adapted to this test's folders."""
         for name in names:
             subprocess.run(
                 [sys.executable, "-B", GENERATE, "fill", TEMPLATES / f"brisvale-{name}.desktop.in",
@@ -34,7 +34,7 @@ class PCManFM(DesktopTest):
         self.install("copy-link", "send-file", "send-folder", "share")
 
     def open_menu(self, folder):
-        """Opens a folder that holds one item, and that item's context menu; answers where the menu
+        """Opens a folder that holds one item, and that item's context menu; returns where the menu
         is."""
         manager, _ = self.start("pcmanfm", "--no-desktop", folder)
         window = wait_until("the folder opens", lambda: windows("--class", "pcmanfm"))[0]

@@ -1,4 +1,4 @@
-// What the development agent survives, and how it begins and ends.
+// What the development agent survives, and how it starts and ends.
 
 #include <gtest/gtest.h>
 #include <signal.h>
@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #import "tests/devkit/DevelopmentAgent.h"
-#import "tests/support/Stranger.h"
+#import "tests/support/RawConnection.h"
 #import "tests/support/Strings.h"
 
 namespace {
@@ -32,7 +32,7 @@ class BadBytes : public testing::TestWithParam<Bytes> {};
 TEST_P(BadBytes, DoNotEndTheAgent) {
   const Kit kit;
   DevelopmentAgent agent;
-  const Stranger stranger("KRVSyncAgent");
+  const RawConnection stranger("KRVSyncAgent");
   ASSERT_TRUE(stranger.isConnected());
   stranger.say(GetParam().bytes);
   EXPECT_TRUE(answers(agent));
@@ -56,9 +56,9 @@ TEST(AgentFaults, ArgumentsOfEveryKindAreAnswered) {
   const DevelopmentAgent agent;
   NSString *const huge = [@"" stringByPaddingToLength:4'000'000 withString:@"写" startingAtIndex:0];
   const unichar half = 0xD800;
-  // The platform makes no such string at once, but puts one together.
+  // The platform creates no such string in one step, but can append to one.
   NSString *const broken = [NSMutableString stringWithFormat:@"%C", half];
-  // The last ones stay in this process; the agent gets stand-ins for them.
+  // The last ones stay in this process; the agent gets proxies of them.
   NSArray *const arguments =
       @[ @"", huge, broken, @5, [NSNull null], [NSData data], @[ @"a" ],
          @{@"a" : @1} ];

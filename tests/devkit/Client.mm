@@ -1,4 +1,4 @@
-// The plug-in client as a program, against a stand-in for the application in this process.
+// The plug-in client as a program, against a stub of the application in this process.
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 
 #include "devkit/store/Store.h"
 #import "tests/devkit/DevelopmentAgent.h"
-#import "tests/devkit/StandIn.h"
+#import "tests/devkit/StubApplication.h"
 #import "tests/support/Pump.h"
 #import "tests/support/Strings.h"
 
@@ -15,7 +15,7 @@ namespace {
 
 class Client : public testing::Test {
  protected:
-  /// Runs the client to its end while this process serves calls; answers its exit code and output.
+  /// Runs the client to its end while this process serves calls; returns its exit code and output.
   static std::string run(std::vector<std::string> arguments) {
     arguments.insert(arguments.begin(), CONTEXTMENU);
     ChildProcess client(arguments);
@@ -39,7 +39,7 @@ class WithApplication : public Client {
 
   std::string call() const { return text([[application_ calls] componentsJoinedByString:@" "]); }
 
-  StandIn *const application_ = [[StandIn alloc] init];
+  StubApplication *const application_ = [[StubApplication alloc] init];
 };
 
 }  // namespace
@@ -93,8 +93,8 @@ TEST_F(WithApplication, TakesNamesOfEveryKind) {
   }
 }
 
-TEST_F(WithApplication, TellsThatTheApplicationWentAwayDuringTheCall) {
-  [application_ vanish];
+TEST_F(WithApplication, TellsThatTheApplicationEndedDuringTheCall) {
+  [application_ breakConnectionDuringCall];
   const auto result = run({"copy-link", file_});
   EXPECT_TRUE(result.starts_with("8 contextmenu: the application went away during the call"))
       << result;
@@ -111,23 +111,24 @@ TEST_F(Client, TellsThatTheApplicationIsNotRunning) {
 
 TEST_F(Client, WaitsForTheApplicationToComeUp) {
   ChildProcess client({CONTEXTMENU, "--wait", "60", "copy-link", file_});
-  StandIn *const application = [[StandIn alloc] init];
+  StubApplication *const application = [[StubApplication alloc] init];
   pumpUntil([&] { return client.hasEnded(); });
   EXPECT_EQ(client.waitForEnd(), 0) << client.output();
   [application release];
 }
 
 TEST_F(Client, TellsThatTheApplicationDoesNotAnswer) {
-  StandIn *const application = [[StandIn alloc] init];
+  StubApplication *const application = [[StubApplication alloc] init];
   ChildProcess client({CONTEXTMENU, "--timeout", "0.5", "copy-link", file_});
-  // Without running the run loop: the name is there and nobody answers on it.
+  // Without running the run loop: the name is registered and does not reply.
   EXPECT_EQ(client.waitForEnd(), 6);
   EXPECT_EQ(client.output(), "contextmenu: the application does not answer\n");
   [application release];
 }
 
 TEST_F(Client, TellsThatTheApplicationDoesNotOfferTheOperation) {
-  StandIn *const application = [[StandIn alloc] initVending:[[[NSObject alloc] init] autorelease]];
+  StubApplication *const application =
+      [[StubApplication alloc] initVending:[[[NSObject alloc] init] autorelease]];
   const auto result = run({"copy-link", file_});
   EXPECT_TRUE(result.starts_with("7 contextmenu: the application does not offer this operation"))
       << result;

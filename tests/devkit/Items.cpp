@@ -5,7 +5,7 @@
 
 #include <filesystem>
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "devkit/store/Store.h"
 #include "tests/devkit/Kit.h"
 

@@ -14,8 +14,8 @@
 
 namespace {
 
-/// Goes down component by component, because a whole path may be longer than the system takes.
-/// Answers a descriptor of the folder that holds the last component, which is left in relativePath.
+/// Goes down component by component, because a whole path may be longer than the system allows.
+/// Returns a descriptor of the folder that holds the last component, which is left in relativePath.
 int folderOf(const std::string &root, std::string &relativePath) {
   int folder = open(root.c_str(), O_RDONLY | O_DIRECTORY);
   for (auto slash = relativePath.find('/'); slash != std::string::npos;

@@ -2,8 +2,8 @@
 
 #include <string>
 
-/// A synced folder and a data folder for one test, and the environment that leads the kit's
-/// programs to them. Both go with it.
+/// A synced folder and a data folder for one test, and the environment variables that name them for
+/// the kit's programs. The destructor removes both.
 class Kit {
  public:
   Kit();
@@ -17,12 +17,12 @@ class Kit {
   /// The full path of something in the synced folder.
   std::string path(const std::string &relativePath) const;
 
-  /// Makes a file or a folder, with the folders above it, and answers its full path. Takes paths of
+  /// Makes a file or a folder, with the folders above it, and returns its full path. Takes paths of
   /// any length.
   std::string makeFile(const std::string &relativePath) const;
   std::string makeFolder(const std::string &relativePath) const;
 
-  /// Removes all that is in both folders. Nobody may be using them.
+  /// Empties both folders. No process may be using them.
   void empty() const;
 
   /// The content of a file in the data folder; empty when there is none.

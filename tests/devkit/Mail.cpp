@@ -4,14 +4,14 @@
 #include <fstream>
 #include <iterator>
 
-#include "devkit/mail/Letter.h"
+#include "devkit/mail/MailMessage.h"
 #include "devkit/mail/Outbox.h"
 #include "devkit/mail/Recipients.h"
 #include "devkit/mail/TransferEncoding.h"
 #include "tests/support/ChildProcess.h"
 
 using devkit::headerText;
-using devkit::Letter;
+using devkit::MailMessage;
 using devkit::parseRecipients;
 using devkit::quotedPrintable;
 
@@ -20,7 +20,7 @@ namespace {
 constexpr auto kAllHeaders =
     "Date From To Cc Subject Message-ID MIME-Version Content-Type Content-Transfer-Encoding";
 
-Letter letter() {
+MailMessage sampleMessage() {
   return {.senderName = "Jordan Avery",
           .senderAddress = "jordan@brisvale.test",
           .recipients = {"ann@brisvale.test", "bo@brisvale.test"},
@@ -31,9 +31,9 @@ Letter letter() {
           .token = "0123456789abcdef0123456789abcdef"};
 }
 
-/// What an independent reader of mails makes of it.
-std::string read(const Letter &letter) {
-  const auto path = devkit::Outbox(newTemporaryFolder()).put(letter);
+/// The mail as an independent parser reads it.
+std::string read(const MailMessage &mailMessage) {
+  const auto path = devkit::Outbox(newTemporaryFolder()).put(mailMessage);
   ChildProcess reader({"/usr/bin/python3", "-I", READ_MAIL, path});
   reader.waitForEnd();
   return reader.output();
@@ -109,8 +109,8 @@ TEST(Recipients, NoAddressCanCarryAnotherHeader) {
   EXPECT_TRUE(parseRecipients(std::string("a@b\0c", 5)).invalid);
 }
 
-TEST(Letter, AMailProgramReadsWhatWasWritten) {
-  const auto found = read(letter());
+TEST(MailMessage, AMailProgramReadsWhatWasWritten) {
+  const auto found = read(sampleMessage());
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
   EXPECT_TRUE(contains(found, R"(From: "Jordan Avery <jordan@brisvale.test>")")) << found;
   EXPECT_TRUE(contains(found, R"(To: "ann@brisvale.test, bo@brisvale.test")")) << found;
@@ -119,8 +119,8 @@ TEST(Letter, AMailProgramReadsWhatWasWritten) {
   EXPECT_TRUE(contains(found, R"(Body: "Hello\n")")) << found;
 }
 
-TEST(Letter, AllScriptsArriveWhole) {
-  auto written = letter();
+TEST(MailMessage, AllScriptsArriveWhole) {
+  auto written = sampleMessage();
   written.senderName = "María José \"Pepa\" González";
   written.subject =
       "Übersicht 写真 حداد 🗂️ and a subject that does not fit into one line by far";
@@ -130,28 +130,28 @@ TEST(Letter, AllScriptsArriveWhole) {
   EXPECT_TRUE(contains(found, R"(Body: "Grüße,\n写真 = \t🗂️ \n.\nFrom here\n")")) << found;
 }
 
-TEST(Letter, ATextThatLooksEncodedArrivesAsItIs) {
-  auto written = letter();
+TEST(MailMessage, ATextThatLooksEncodedArrivesAsItIs) {
+  auto written = sampleMessage();
   written.subject = "=?UTF-8?B?YQ==?=";
   EXPECT_TRUE(contains(read(written), R"(Subject: "=?UTF-8?B?YQ==?=")")) << read(written);
 }
 
-TEST(Letter, TheSenderGetsNoCopyUnasked) {
-  auto written = letter();
+TEST(MailMessage, TheSenderGetsNoCopyUnasked) {
+  auto written = sampleMessage();
   written.copyToSender = false;
   EXPECT_TRUE(contains(read(written), "Cc: null"));
 }
 
-TEST(Letter, NoTextCanAddAHeader) {
-  auto written = letter();
+TEST(MailMessage, NoTextCanAddAHeader) {
+  auto written = sampleMessage();
   written.subject = "a\r\nBcc: evil@example.org\r\n\r\nbody";
   written.senderName = "b\r\nBcc: evil@example.org";
   const auto found = read(written);
   EXPECT_TRUE(found.starts_with(std::string(kAllHeaders) + "\n")) << found;
 }
 
-TEST(Letter, ManyRecipientsMakeNoLongLine) {
-  auto written = letter();
+TEST(MailMessage, ManyRecipientsMakeNoLongLine) {
+  auto written = sampleMessage();
   written.recipients.assign(500, "somebody.with.a.long.name@department.brisvale.test");
   EXPECT_LE(longestLine(devkit::written(written)), 998u);
 }

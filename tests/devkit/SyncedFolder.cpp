@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 #include "tests/devkit/Kit.h"
 
 using devkit::Kind;

@@ -1,4 +1,4 @@
-// The whole way: what is selected in the real file manager, the menu on the screen, a click on one
+// From end to end: the selection in the real file manager, the menu on the screen, a click on one
 // of its items, the development agent and its library.
 #include <gtest/gtest.h>
 
@@ -25,8 +25,8 @@ bool isAnchor(const ScreenWindow &window) {
   return window.area.width == kAnchorSide && window.area.height == kAnchorSide;
 }
 
-/// The path of the user's synced folder, which this one only has to contain: nothing of the user's
-/// own is touched.
+/// The path of the user's synced folder, which this folder's path only has to contain, so that the
+/// user's own is not touched.
 std::string likeTheUsersFolder() {
   return "elsewhere/Users/" + text(NSUserName()) + "/Brisvale";
 }
@@ -51,7 +51,7 @@ struct ContextMenuOnScreen : OwnProcesses {
     })) << fileManager.output();
   }
 
-  /// Selects an item in the file manager; answers whether it came to be selected.
+  /// Selects an item in the file manager; returns whether it has been selected.
   static bool select(const std::string &path) {
     ChildProcess selection({DESKTOP_DRIVER, "select", path});
     const bool isSelected = selection.waitForEnd() == 0;
@@ -73,7 +73,7 @@ struct ContextMenuOnScreen : OwnProcesses {
   }
 
   /// Has the menu popped up and clicks below its upper left corner, which is at the pointer;
-  /// answers whether the menu has gone when the one who asked for it has been answered.
+  /// returns whether the menu has closed when the call that opened it returns.
   static bool popUpAndClick(int x, int y) {
     moveTo(kPointerX, kPointerY);
     ChildProcess caller({DESKTOP_DRIVER, "menu"});

@@ -18,7 +18,7 @@ struct Choice {
 
 struct CopyLinkOptions : CopyLinkTab, testing::WithParamInterface<Choice> {};
 
-/// The keyboard begins in the pop-up and goes on through both boxes.
+/// The pop-up has the focus first, then both check boxes.
 void nothing(const CopyLinkTab &) {}
 void notifyByKeys(const CopyLinkTab &) {
   pressKeys({"Tab", "space"});
@@ -99,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 namespace {
 
-/// What the user does while the application is busy comes to it all at once.
+/// Events of a busy application arrive all at once.
 struct CopyLinkClicksWhileBusy : CopyLinkTab {
   template <class Action>
   void whileItIsBusy(Action action) const {

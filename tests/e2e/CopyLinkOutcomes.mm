@@ -48,7 +48,7 @@ struct CopyLinkOutcomes : CopyLinkTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
   /// Presses Return and waits until the agent is asked.
   bool pressReturnAndAskAgent() const {
@@ -82,7 +82,7 @@ TEST_F(CopyLinkOutcomes, WhileASuccessShowsItselfTheNextCallIsServed) {
   ASSERT_TRUE(pressReturnAndSeeSheet());
   ASSERT_TRUE(openTab({.name = "next.txt"}));
   EXPECT_EQ(linesInLog("window closed"), 1);
-  // The timer of the first window's success has nothing to say to the second.
+  // The timer of the first window's success does not affect the second.
   ASSERT_TRUE(pressReturnAndSeeSheet());
   EXPECT_TRUE(waitForWindows(0));
   EXPECT_EQ(linesInLog("window closed"), 2);
@@ -154,7 +154,7 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
   ASSERT_NE(idle, "");
   ASSERT_TRUE(pressReturnAndAskAgent());
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
 }
 
@@ -164,14 +164,14 @@ TEST_F(CopyLinkOutcomes, WhileTheAgentHangsASecondClientWaitsAndIsServedAfterwar
   ASSERT_TRUE(pressReturnAndAskAgent());
   ChildProcess second = client(ShareCall());
   ASSERT_TRUE(second.waitForOutput("calling"));
-  // Nothing shall happen, so there is nothing to wait for: look often, for as long as a call that
-  // is served takes many times over.
+  // Nothing must happen, so there is no condition to wait for: look often, for many times as long
+  // as a served call takes.
   for (int look = 0; look < 300; ++look) {
     ASSERT_FALSE(second.hasEnded());
     detail::pausePolling();
   }
   EXPECT_EQ(windowsOnScreen().size(), 1u);
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_EQ(second.waitForEnd(), 0) << second.output();
   EXPECT_NE(onlyWindow("Share Folder").number, "");
   EXPECT_TRUE(linkIsReadable("https://x/y"));
@@ -182,9 +182,9 @@ TEST_F(CopyLinkOutcomes, AKeyPressedWhileTheAgentHangsDoesNotDismissTheAlertThat
   ASSERT_TRUE(openTab());
   ASSERT_TRUE(pressReturnAndAskAgent());
   pressKeys({"Return"});
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(waitForWindows(2));
-  // Nothing shall happen: look often, for as long as a key needs many times over.
+  // Nothing must happen: look often, for many times as long as a key takes.
   for (int look = 0; look < 50; ++look) ASSERT_EQ(windowsOnScreen().size(), 2u) << output();
   EXPECT_TRUE(dismissAlert());
   EXPECT_EQ(callsOf(kFileLink), 1u);

@@ -8,8 +8,8 @@
 struct CopyLinkTab : WindowTest, ScreenTab {
   using WindowTest::WindowTest;
 
-  /// Opens the window on the tab, by a client of its own; answers whether it can be seen and has
-  /// the keyboard.
+  /// Opens the window on the tab, by a client of its own; returns whether it is visible and has the
+  /// focus.
   bool openTab(const SendCall &call = {});
 
   /// Chooses an item of the pop-up, in which the first is chosen. index: 1 for the second.

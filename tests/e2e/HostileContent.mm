@@ -1,5 +1,5 @@
-// Names and answers that were made to be mistaken for something else, all the way: client, window,
-// mail, log of the application, log and store of the service.
+// Names and replies that are made to be mistaken for something else, from end to end: client,
+// window, mail, log of the application, log and store of the service.
 
 #include <algorithm>
 #include <filesystem>
@@ -27,7 +27,7 @@ std::string repeated(const std::string &part, int times) {
   return all;
 }
 
-/// Everything that a program which reads lines of JSON could stumble over.
+/// Everything that a reader of lines of JSON could misread.
 testing::AssertionResult isJson(const std::string &lines) {
   std::istringstream stream(lines);
   for (std::string line; std::getline(stream, line);) {

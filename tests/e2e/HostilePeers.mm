@@ -1,5 +1,5 @@
-// Who runs as the same user can reach the plug-in's connection. Whatever he sends there, the
-// application stays up and serves the next honest call.
+// Every process of the same user can reach the plug-in's connection. Whatever it sends there, the
+// application keeps running and serves the next valid call.
 
 #include <gtest/gtest.h>
 
@@ -14,19 +14,19 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
-#include "tests/support/Stranger.h"
+#include "tests/support/RawConnection.h"
 #include "tests/support/Strings.h"
 
 namespace {
 
 const std::string kName = "ContextMenuPlugin";
-/// For an honest call, from the start of its process to its end, while or after a stranger does his
-/// worst. Not a matter of speed: far beyond what it takes on a busy machine.
+/// The time-out of a valid call, from the start of its process to its end, during or after a
+/// stranger's attack. No measure of speed: far longer than the call takes on a busy machine.
 constexpr double kServedWithinSeconds = 20;
 
 struct HostilePeers : WindowTest {
-  // The platform gives up a connection that a stranger's bytes end with its lock still taken (see
-  // tools/sanitizers/tsan.supp); the thread sanitizer can remember no more than 64 such locks.
+  // The platform deallocates a connection that a stranger's bytes end with its lock still taken
+  // (see tools/sanitizers/tsan.supp); the thread sanitizer can remember no more than 64 such locks.
   HostilePeers()
       : WindowTest(RunningApplication::program(), {{"TSAN_OPTIONS", "detect_deadlocks=0"}}) {}
 
@@ -35,7 +35,7 @@ struct HostilePeers : WindowTest {
     agent->answer(kFileLink, success(@"https://x/y"));
   }
 
-  /// Whether an honest client gets its link in time.
+  /// Whether a valid client gets its link in time.
   static bool serves() {
     const double begin = detail::secondsNow();
     ChildProcess copy({PLUGIN_CALL, "id-1"});
@@ -45,7 +45,7 @@ struct HostilePeers : WindowTest {
   void expectUnharmed() {
     EXPECT_TRUE(serves());
     EXPECT_FALSE(application.process().hasEnded()) << application.process().output();
-    // Nobody asked the agent for anything but honest links.
+    // Only the links of valid calls were requested from the agent.
     for (NSString *operation in agent->operations()) {
       EXPECT_TRUE([operation hasPrefix:@"get"]) << text(operation);
     }
@@ -66,7 +66,7 @@ struct HostileBytes : HostilePeers, testing::WithParamInterface<Bytes> {};
 }  // namespace
 
 TEST_P(HostileBytes, DoNoHarm) {
-  const Stranger stranger(kName);
+  const RawConnection stranger(kName);
   ASSERT_TRUE(stranger.isConnected());
   stranger.say(GetParam().bytes);
   expectUnharmed();
@@ -91,9 +91,9 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
   const std::string whole = introduction() + wireMessage(0, 1, std::string(64, '\x01'));
-  std::list<Stranger> strangers;
+  std::list<RawConnection> strangers;
   for (std::size_t length = 1; length < whole.size(); ++length) {
-    const Stranger &stranger = strangers.emplace_back(kName);
+    const RawConnection &stranger = strangers.emplace_back(kName);
     ASSERT_TRUE(stranger.isConnected());
     stranger.say(whole.substr(0, length));
   }
@@ -103,7 +103,7 @@ TEST_F(HostilePeers, AMessageThatIsNeverCompletedHoldsNobodyUp) {
 TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
   std::mt19937 random(2026);
   for (int stream = 0; stream < 10'000; ++stream) {
-    const Stranger stranger(kName);
+    const RawConnection stranger(kName);
     ASSERT_TRUE(stranger.isConnected()) << stream;
     std::string bytes = random() % 2 == 0 ? introduction() : "";
     if (random() % 2 == 0) bytes += wireNumber(3) + wireNumber(random() % 512);
@@ -117,13 +117,13 @@ TEST_F(HostilePeers, TenThousandRandomStreamsDoNoHarm) {
 
 TEST_F(HostilePeers, ThousandsOfIdleConnectionsAreBorneAndForgotten) {
   constexpr int kConnections = 3000;
-  // Of this process; the application has to do with what it is given.
+  // The limit of this process; the application runs with its own.
   rlimit files = {};
   getrlimit(RLIMIT_NOFILE, &files);
   files.rlim_cur = std::min<rlim_t>(files.rlim_max, kConnections + 200);
   setrlimit(RLIMIT_NOFILE, &files);
   {
-    std::list<Stranger> idle;
+    std::list<RawConnection> idle;
     for (int i = 0; i < kConnections; ++i) {
       ASSERT_TRUE(idle.emplace_back(kName).isConnected()) << i;
     }
@@ -136,8 +136,8 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
   id const vended = [NSConnection rootProxyForConnectionWithRegisteredName:@"ContextMenuApp"
                                                                       host:nil];
   ASSERT_NE(vended, nil);
-  // What the platform would pass on to the delegate, or to the application itself. With the types
-  // that the methods have: any others would be refused whoever is allowed what.
+  // Messages that the platform would forward to the delegate, or to the application itself. With
+  // the types of the methods, because others would be refused in any case.
   const std::pair<SEL, const char *> messages[] = {
       {@selector(setContextMenuFlag:), "v@:c"}, {@selector(addressBookForShare), "@@:"},
       {@selector(updateAddressBook:), "v@:@"},  {@selector(windows), "@@:"},
@@ -151,8 +151,8 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
 }
 
 TEST_F(HostilePeers, AnotherUserCannotReachTheConnection) {
-  // Whoever may not go through the folder cannot connect to what is in it.
-  const std::string socket = Stranger::socketOf(kName);
+  // Without search permission for the folder no process can connect to the sockets in it.
+  const std::string socket = RawConnection::socketOf(kName);
   ASSERT_NE(socket, "");
   struct stat folder = {};
   ASSERT_EQ(stat(socket.substr(0, socket.rfind('/')).c_str(), &folder), 0);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// What an application that nobody uses costs: nothing, before and after its windows were used.
+/// An unused application costs nothing, before and after its windows were used.
 struct Idle : WindowTest, ScreenTab {
   static constexpr int kWindows = 3;
 

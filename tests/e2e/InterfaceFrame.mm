@@ -6,7 +6,7 @@
 
 namespace {
 
-/// Where the element stands in the interface file.
+/// The element's path in the interface file.
 NSString *pathOf(NSString *connection) {
   const NSRange dot = [connection rangeOfString:@"."];
   if (dot.location == NSNotFound) {

@@ -6,17 +6,17 @@
 namespace {
 
 constexpr int kTimes = 5;
-/// A success shows itself for three seconds.
+/// A success sheet is shown for three seconds.
 constexpr int kTimesOfSuccess = 3;
 
-/// A desktop with a window manager and no other program's window, which would get the keyboard
+/// A desktop with a window manager and no other program's window, which would get the focus
 /// whenever a window of the application is closed.
 struct KeyboardFocus : WindowManager, CopyLinkTab {
   // The application looks for a window manager when it is launched.
   KeyboardFocus() : CopyLinkTab(RunningApplication::program(), {}, Application::OfItsOwn) {}
 
-  /// Opens a window while the window manager stands still, so that it comes to know of the window
-  /// when the application has asked for the keyboard already, and waits for the keyboard.
+  /// Opens a window while the window manager is stopped, so that it learns of the window after the
+  /// application has requested the focus, and waits for the focus.
   bool openAheadOfWindowManager() {
     WindowManager::process().signal(SIGSTOP);
     const bool isOpen = open(SendCall());
@@ -69,8 +69,8 @@ TEST_F(KeyboardFocus, AWindowOpenedSoonAfterAnAlertGetsTheKeys) {
 
 namespace {
 
-/// Another program's window takes the keyboard between the last key that the application has seen
-/// and its next window. No window manager offers that the keyboard.
+/// Another program's window takes the focus between the last key that the application has received
+/// and its next window. No window manager gives that the focus.
 struct KeyboardOfAnotherProgram : CopyLinkTab {
   ChildProcess other{{"/usr/bin/xev", "-event", "keyboard", "-name", "other"}};
 

@@ -62,7 +62,7 @@ TEST_F(LaunchWithoutAgent, CompletesAndServesThePlugin) {
 
 TEST_F(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
   AgentProcess agent;
-  // Starts it, and keeps it.
+  // Starts the server, which then keeps running.
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"a" object:nil];
   const PlatformServer server("gdnc");
   server.stop();
@@ -86,7 +86,7 @@ TEST_F(Launch, ASyncEngineThatCannotBeginIsIgnored) {
 
 TEST_F(Launch, TheProbeEndsTheSyncEngineOnlyWhenItCouldBegin) {
   AgentProcess agent;
-  RunningApplication good({{"LD_PRELOAD", TALKING_ENGINE}});
+  RunningApplication good({{"LD_PRELOAD", LOGGING_ENGINE}});
   ASSERT_TRUE(good.waitUntilServing());
   EXPECT_EQ(good.process().countInOutput("engine: BvInitialize"), 1);
   EXPECT_EQ(good.process().countInOutput("engine: BvUninitialize"), 1);
@@ -104,7 +104,7 @@ TEST_F(Launch, ANameThatIsTakenIsLoggedAndDoesNotStopTheApplication) {
   RunningApplication application;
   EXPECT_TRUE(
       application.process().waitForOutput("Context Menu Plugin Connection could not be created\n"));
-  // Its launch goes on: the home folder is asked for after the registration.
+  // Its launch continues: the home folder is requested after the registration.
   EXPECT_TRUE(waitFor([&] { return [agent.calls() count] == 2; }));
   EXPECT_FALSE(application.process().hasEnded());
 }

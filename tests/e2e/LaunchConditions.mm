@@ -29,7 +29,7 @@ struct LaunchConditions : OwnProcesses {
   }
 };
 
-/// A display of its own, as DISPLAY names it; "" when none comes up.
+/// A display of its own, as DISPLAY names it; "" when none starts.
 struct OtherDisplay {
   ChildProcess server;
 
@@ -52,7 +52,7 @@ struct OtherDisplay {
   }
 };
 
-/// A folder for temporary files as /tmp is one: everybody may make something in it.
+/// A folder for temporary files as /tmp is one: every user may create files in it.
 struct UnsafeFolder : LaunchConditions {
   const fs::path base = newTemporaryFolder();
   const fs::path own = base / ("GNUstepSecure" + std::to_string(geteuid()));

@@ -11,7 +11,7 @@ namespace fs = std::filesystem;
 const std::string kFile = "Quarterly figures.csv";
 const std::string kShare = "Share Folder";
 
-/// A copy of the application of which these resources have been removed; answers its executable.
+/// A copy of the application of which these resources have been removed; returns its executable.
 std::string applicationWithout(const std::vector<std::string> &resources) {
   const fs::path original = fs::path(RunningApplication::program()).parent_path();
   const fs::path copy = fs::path(newTemporaryFolder()) / original.filename();
@@ -59,7 +59,7 @@ TEST_F(WithoutSendWindow, TheCallReturnsOneLineSaysWhyAndTheOtherWindowOpens) {
   EXPECT_EQ(linesInLog("SendAndCopyTabController: could not load nib named MainWindow"), 1);
   ASSERT_TRUE(open(ShareCall()));
   EXPECT_NE(onlyWindow(kShare).number, "");
-  // Nothing of the window that could not be loaded is left to be closed.
+  // No part of the window that could not be loaded remains to be closed.
   EXPECT_EQ(linesInLog("recieve Notification close send/copy window."), 0);
   EXPECT_TRUE(serves());
 }

@@ -134,8 +134,8 @@ TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
   ChildProcess second = copyElsewhere();
   EXPECT_TRUE(second.waitForOutput("calling"));
-  // Nothing shall happen, so there is nothing to wait for: look often, for as long as a call that
-  // is served takes many times over.
+  // Nothing must happen, so there is no condition to wait for: look often, for many times as long
+  // as a served call takes.
   for (int look = 0; look < 300; ++look) {
     ASSERT_EQ(linksAskedFor(), 1u);
     ASSERT_FALSE(second.hasEnded());

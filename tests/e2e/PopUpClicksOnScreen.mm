@@ -1,4 +1,4 @@
-// Clicks on pop-ups as a hand makes them: none of them changes anything by itself.
+// Clicks on pop-ups as a user makes them: none of them changes anything by itself.
 
 #include <csignal>
 
@@ -51,8 +51,8 @@ constexpr int kRows = 26;
 /// An item of a menu is four rows lower than its pop-up; a row more than that at either edge.
 constexpr int kRowsNextToAnEdge = 5;
 
-/// The rows of a pop-up's pixels that are clicked, from its upper edge: those in the middle have
-/// nothing but the pop-up near them, so that one stands for all, unless every case is gone through.
+/// The rows of a pop-up's pixels that are clicked, from its upper edge: those in the middle are far
+/// from other controls, so one represents them all, unless every case is tested.
 std::vector<int> clickedRows() {
   std::vector<int> rows;
   for (int row = 0; row < kRows; ++row) {
@@ -172,7 +172,7 @@ TEST_F(PopUpClicks, APressThatIsHeldOnTheEdgeOfAButtonSendsNothing) {
               "mouseup", "1"});
     EXPECT_TRUE(waitForWindows(1)) << row;
   }
-  // What comes after it shows that the last one has been dealt with.
+  // A later event shows that the last click has been handled.
   clickRow(reader, 0);
   EXPECT_TRUE(seesOpenMenu(otherItemOf(reader)));
   EXPECT_EQ(callsOf(kGrant), 0u);

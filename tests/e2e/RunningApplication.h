@@ -19,13 +19,13 @@ class RunningApplication {
   /// The path of the application's executable.
   static std::string program();
 
-  /// Waits until the application answers under its name, as waitFor does; answers whether it does.
+  /// Waits until the application replies under its name, as waitFor does; returns whether it does.
   bool waitUntilServing();
 
   /// Its log lines so far.
   std::vector<std::string> log() const;
 
-  /// Whether a window of an application of this name can be seen on the screen.
+  /// Whether a window of an application of this name is visible on the screen.
   static bool isVisible();
 
   ChildProcess &process() { return process_; }
@@ -38,8 +38,8 @@ class RunningApplication {
 /// Another program's view of the clipboard: what xclip reads from it.
 std::string clipboardReadByXclip();
 
-/// Runs a program and answers its output; "" when it fails.
+/// Runs a program and returns its output; "" when it fails.
 std::string outputOf(const std::vector<std::string> &command);
 
-/// Presses the Return key in the window that is in front, as somebody at the keyboard does.
+/// Presses the Return key in the frontmost window, as a user does.
 void pressReturn();

@@ -22,9 +22,9 @@ std::string RunningApplication::program() {
 }
 
 bool RunningApplication::waitUntilServing() {
-  // The name is registered before the launch is over; only an answer tells that the application
-  // serves, so ask. Not before the name is registered, which may take as long as the application
-  // waits for an agent: a look-up costs far more than a look at the log.
+  // The name is registered before the launch is over; only a reply shows that the application
+  // serves calls. It is not asked before the name is registered, which may take as long as the
+  // application waits for an agent, because a look-up costs far more than reading the log.
   return waitFor([&] {
            if (process_.hasEnded()) return true;
            if (process_.countInOutput(kRegisteredLine) == 0) return false;

@@ -5,8 +5,8 @@
 
 #include "tests/support/WindowServer.h"
 
-/// The application's windows as somebody in front of the private screen sees and uses them: what
-/// the window server knows of them, pictures, and keys and clicks through other programs.
+/// The application's windows as a user of the private screen sees and uses them: what the window
+/// server knows of them, screenshots, and keys and clicks through other programs.
 
 /// A window or sheet of the application. No window manager runs on the private screen, so a window
 /// is as large as its content.
@@ -15,10 +15,10 @@ using ScreenWindow = ServerWindow;
 /// Those that can be seen, in no particular order.
 std::vector<ScreenWindow> windowsOnScreen();
 
-/// Waits until `count` windows can be seen, as waitFor does; answers whether that comes to be.
+/// Waits until `count` windows can be seen, as waitFor does; returns whether that happens.
 bool waitForWindows(std::size_t count);
 
-/// Waits until one of the application's windows has the keyboard; false when none gets it within a
+/// Waits until one of the application's windows has the focus; false when none gets it within a
 /// minute. A key that is pressed earlier is lost.
 bool waitForKeyboard();
 
@@ -32,11 +32,11 @@ void pressKeys(const std::vector<std::string> &names);
 /// Types a text of ASCII characters, as fast as a quick typist.
 void typeText(const std::string &text);
 
-/// Puts a text on the clipboard as another program does that has it copied.
+/// Copies a text to the clipboard as another program does.
 bool copyInAnotherProgram(const std::string &text);
 
-/// Presses the mouse's button at a place of the screen, and releases it there some time later, as a
-/// finger does.
+/// Presses the mouse's button at a place of the screen, and releases it there after a moment, as a
+/// user does.
 void clickAt(int x, int y);
 
 /// The parts of a drag.
@@ -49,6 +49,6 @@ void releaseButton();
 /// where nothing has been drawn yet.
 std::string picture(const ScreenArea &area);
 
-/// The same, when the drawing is over: several pictures in a row are alike. "" when it does not
-/// come to rest, as waitFor waits.
+/// The same, when the drawing is over: several pictures in a row are the same. "" when they still
+/// change after waitFor's time-out.
 std::string settledPicture(const ScreenArea &area);

@@ -9,8 +9,8 @@
 
 namespace {
 
-/// How long a finger stays on the button. Other programs of the platform lose their first click
-/// when the release comes at the same moment.
+/// How long the button stays pressed. Other programs of the platform lose their first click when
+/// the release comes at the same moment.
 const std::string kClickSeconds = "0.08";
 
 /// Between two keys: 20 a second.
@@ -22,7 +22,7 @@ constexpr double kSettledSeconds = 0.1;
 
 const std::string kPointingTool = "/usr/bin/xdotool";
 
-/// Without looking at each pixel by itself: all are alike when each is as the next.
+/// Without comparing pixel by pixel: all are the same when each equals the next.
 bool hasOneColour(const std::string &pixels) {
   constexpr std::size_t kBytesOfAPixel = 4;
   return pixels.size() <= kBytesOfAPixel ||
@@ -42,7 +42,7 @@ bool waitForWindows(std::size_t count) {
 
 bool waitForKeyboard() {
   return waitFor([] {
-    const std::string focus = windowWithKeyboard();
+    const std::string focus = focusedWindow();
     const auto windows = windowsOnScreen();
     return std::any_of(windows.begin(), windows.end(),
                        [&](const ScreenWindow &window) { return window.number == focus; });
@@ -69,7 +69,7 @@ void typeText(const std::string &text) {
 }
 
 bool copyInAnotherProgram(const std::string &text) {
-  // The program stays behind to hand the text out, until another one copies something.
+  // The program keeps running to provide the text, until another one copies something.
   ChildProcess copying(
       {"/bin/sh", "-c",
        "printf %s \"$1\" | /usr/bin/xclip -selection clipboard -in >/dev/null 2>&1", "sh", text});

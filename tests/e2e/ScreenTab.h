@@ -24,21 +24,21 @@ struct ScreenTab {
   /// item's position, which the menu opens over; to: the wanted one's, another than that.
   void choose(const ScreenArea &popUp, int from, int to) const;
 
-  /// The same for a choice that something comes of at once: does not wait until the menu has gone.
+  /// The same for a choice with an immediate effect: does not wait until the menu has closed.
   void chooseAtOnce(const ScreenArea &popUp, int from, int to) const;
 
   /// Where a pop-up's item is on the screen while its menu is open. from: the selected item's
   /// position, which the menu opens over.
   ScreenArea itemOf(const ScreenArea &popUp, int from, int item) const;
 
-  /// Whether the menu over a pop-up is open, and stays so: an item of it that is not under the
-  /// mouse is highlighted when the mouse comes there.
+  /// Whether the menu over a pop-up is open, and stays open: an item is highlighted when the mouse
+  /// moves to it.
   bool seesOpenMenu(const ScreenArea &item) const;
 
-  /// Presses Return once and waits for what comes of it: the window with a sheet on it.
+  /// Presses Return once and waits for the window's sheet.
   bool pressReturnAndSeeSheet() const;
 
-  /// Clicks on a button and waits for the same.
+  /// Clicks on a button and waits for the sheet.
   bool clickAndSeeSheet(const ScreenArea &button) const;
 
   /// Presses Return in the alert and waits until the window is alone again.

@@ -21,7 +21,7 @@ Place middleOf(const ScreenArea &area) {
   return {area.x + area.width / 2, area.y + area.height / 2};
 }
 
-/// Does something and waits until the area looks otherwise.
+/// Does something and waits until the picture of the area changes.
 template <class Action>
 void changing(const ScreenArea &area, Action action) {
   const std::string before = picture(area);

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int kRunsAlready = 3;
 
-/// What a second start says; it must end by itself.
+/// The output of a second start, which must end by itself.
 std::string wordFor(const RunningApplication &first) {
   return "ContextMenuApp: running already, as process " + std::to_string(first.process().pid()) +
          ", which goes on\n";

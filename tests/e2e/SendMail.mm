@@ -33,7 +33,7 @@ struct SendMail : ServiceTest, testing::WithParamInterface<Language> {
     return openWindow({"send", path}, std::filesystem::path(path).filename());
   }
 
-  /// The recipients as most people enter them: two letters and a choice from the list, then an
+  /// The recipients as most users enter them: two letters and a choice from the list, then an
   /// address by hand.
   static void enterRecipients() {
     typeText("ol");
@@ -43,7 +43,7 @@ struct SendMail : ServiceTest, testing::WithParamInterface<Language> {
     typeText("guest@example.org,");
   }
 
-  /// Presses Send and waits until the success has been shown and the window is gone.
+  /// Presses Send and waits until the success has been shown and the window has closed.
   void send() const {
     EXPECT_TRUE(clickAndSeeSheet(kSendButton));
     EXPECT_TRUE(waitForWindows(0));
@@ -92,7 +92,7 @@ TEST_P(SendMail, PastedTextsInAnyScriptArriveWhole) {
   ASSERT_TRUE(openOn(kit.makeFile("MyDocs/plan.txt")));
   ASSERT_TRUE(copyInAnotherProgram("ann@example.org; bo@example.org\ncy@example.org"));
   pressKeys({"ctrl+v"});
-  // The application reads what is on the clipboard when it comes to the key.
+  // The application reads the clipboard when it handles the key.
   ASSERT_TRUE(waitFor([&] { return !picture(onScreen(behindCaretOfRecipients())).empty(); }));
   click(kSendMessage);
   ASSERT_TRUE(copyInAnotherProgram("Grüße, 写真 مرحبا \U0001F5C2"));

@@ -1,4 +1,4 @@
-// What goes wrong while a link is mailed, and that nothing of what was entered is lost by it.
+// Failures while a link is mailed, which must not lose what was entered.
 
 #include <filesystem>
 #include <fstream>
@@ -20,9 +20,9 @@ struct SendMailFaults : WindowTest, ScreenTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
-  /// Opens the window on the tab and enters something everywhere.
+  /// Opens the window on the tab and fills in all fields.
   bool openAndFillIn() {
     const SendCall call = {.tab = 0};
     if (!open(call)) return false;
@@ -48,7 +48,7 @@ struct SendMailFaults : WindowTest, ScreenTab {
     ]];
   }
 
-  /// Sends what still stands in the window, to an agent that takes it.
+  /// Sends the unchanged content of the window to a working agent.
   void expectThatAllIsStillThere() {
     agent->answer(kSendFile, success(@"sent"));
     ASSERT_TRUE(dismissAlert());
@@ -105,7 +105,7 @@ TEST_F(SendMailFaults, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
   ASSERT_NE(idle, "");
   click(kSendButton);
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(waitForWindows(2));
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
 }
@@ -117,7 +117,7 @@ TEST_F(SendMailFaults, ASecondClickWhileTheAgentHangsSendsNothingTwice) {
   ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; }));
   click(kSendButton);
   pressKeys({"Return"});
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(waitForWindows(2));
   EXPECT_TRUE(waitForWindows(0));
   EXPECT_EQ(callsOf(kSendFile), 1u);

@@ -16,24 +16,24 @@ struct ServiceSystem : SharedSystem {
   const Kit kit;
   std::unique_ptr<DevelopmentAgent> agent = std::make_unique<DevelopmentAgent>();
   RunningApplication application;
-  /// Of the application, when it does nothing.
+  /// The number of the application's threads at rest.
   std::size_t threadsAtRest = 0;
 
   explicit ServiceSystem(const std::string &language) : application({{"LANGUAGE", language}}) {}
 };
 
-/// The whole system as a person has it: the application, the plug-in's client, and behind them the
+/// The whole system as a user has it: the application, the plug-in's client, and behind them the
 /// development kit's agent and engine with their store, outbox and log of operations, all as
 /// processes of their own on the private screen.
 ///
 /// A test begins with an empty synced folder, a new account and an agent that was just started; the
-/// application, of which none of them leaves anything, goes on from test to test.
+/// application keeps running from test to test, and no test leaves windows or requests in it.
 struct ServiceTest : testing::Test, ScreenTab {
   ServiceSystem &system;
   const Kit &kit = system.kit;
   RunningApplication &application = system.application;
 
-  /// language: as the user's environment says it.
+  /// language: the value of LANG in the user's environment.
   explicit ServiceTest(const std::string &language = "en", Application kind = Application::Shared);
 
   /// Waits until the application serves and is at rest.
@@ -41,7 +41,7 @@ struct ServiceTest : testing::Test, ScreenTab {
   /// Closes the windows; the application must serve, have no window and nothing else to do.
   void TearDown() override;
 
-  /// Runs the plug-in's client with these arguments to its end; answers whether it succeeded.
+  /// Runs the plug-in's client with these arguments to its end; returns whether it succeeded.
   static bool client(const std::vector<std::string> &arguments);
 
   /// Runs the client and waits for the window that it opens, whose title is given.
@@ -51,7 +51,7 @@ struct ServiceTest : testing::Test, ScreenTab {
   /// "To:", "Cc:", "Subject:" and "Body:", a line each, with the text as JSON.
   std::vector<std::string> mails() const;
 
-  /// Waits until the outbox has one mail and answers that; "" when it comes to have none or more.
+  /// Waits until the outbox has one mail and returns that; "" when it gets none or more.
   std::string onlyMail() const;
 
   /// The lines in the log of operations for this operation, and the last of them; "" when there is
@@ -65,5 +65,5 @@ struct ServiceTest : testing::Test, ScreenTab {
   const Application kind_;
 };
 
-/// Whether the text has this part; tells both when it has not.
+/// Whether the text contains this part; prints both when it does not.
 testing::AssertionResult has(const std::string &text, const std::string &part);

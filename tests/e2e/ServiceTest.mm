@@ -28,7 +28,7 @@ void ServiceTest::SetUp() {
   }
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
   // The last part of the launch is the start of the pasteboard's server. A window that is opened
-  // meanwhile is drawn when that is over.
+  // meanwhile is drawn afterwards.
   ASSERT_TRUE(client({"copy-link", kit.makeFile("first.txt")})) << application.process().output();
   ASSERT_TRUE(waitFor([] { return !clipboardReadByXclip().empty(); }));
   system.threadsAtRest = threadsOf(application.process().pid());
@@ -36,17 +36,17 @@ void ServiceTest::SetUp() {
 
 void ServiceTest::TearDown() {
   if (!HasFailure() && kind_ == Application::Shared) leaveToNextTest();
-  // Who left something that is not as expected must not spoil the next test as well.
+  // A test that has left an unexpected state must not make the next one fail, too.
   if (HasFailure() || kind_ == Application::OfItsOwn) SharedSystem::end();
 }
 
 void ServiceTest::leaveToNextTest() {
   ASSERT_FALSE(application.process().hasEnded()) << application.process().output();
-  // The application remembers a colleague whom it has looked up.
+  // The application caches a colleague whom it has looked up.
   EXPECT_EQ(lastOperation("getUserInfo"), "");
   EXPECT_TRUE(client({"copy-link", kit.makeFile("at-rest.txt")}));
   EXPECT_TRUE(waitForWindows(0)) << application.process().output();
-  // What is still loaded in the background would ask the next test's agent.
+  // A load in the background would otherwise ask the next test's agent.
   EXPECT_TRUE(waitFor([&] {
     return threadsOf(application.process().pid()) <= system.threadsAtRest;
   })) << application.process().output();
@@ -80,7 +80,7 @@ std::vector<std::string> ServiceTest::mails() const {
 
 std::string ServiceTest::onlyMail() const {
   if (!waitFor([&] { return !mails().empty(); })) return "";
-  // Read once more, for another one right behind it.
+  // Read again, in case a second mail follows immediately.
   const auto all = mails();
   return all.size() == 1 ? all.front() : "";
 }

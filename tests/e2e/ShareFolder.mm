@@ -15,7 +15,7 @@ const std::string kOlivia = "olivia.bennett@brisvale.test";
 const std::string kPriya = "priya.raman@brisvale.test";
 /// A colleague whom the address book does not have yet.
 const std::string kNadia = "nadia.rahman@brisvale.test";
-/// Somebody who works elsewhere.
+/// A person of another company.
 const std::string kOutsider = "robin.ellis@lakeside-print.test";
 
 const std::string kMayRead = ": reads";
@@ -36,7 +36,7 @@ struct Share : ServiceTest {
   /// Where the frames of the share window are known. Its window is that of ServiceTest.
   ShareTab tab;
 
-  // Whom it has looked up for one test the application would know in the next.
+  // The application would still know in the next test whom it has looked up in this one.
   explicit Share(const Language &language = {"en", "Share Folder"})
       : ServiceTest(language.environment, Application::OfItsOwn), title(language.title) {}
 
@@ -85,8 +85,8 @@ struct ShareFolder : Share, testing::WithParamInterface<Language> {
 };
 
 struct ShareFolderRefusals : Share {
-  /// Opens a folder that the user was given by somebody else, does what asks the agent for the
-  /// operation, and looks whether it is refused and everything is as before.
+  /// Opens a folder that another person has shared with the user, triggers the operation, and
+  /// checks that it is refused and changes nothing.
   template <class Action>
   void expectRefusalWhereOthersOwn(const std::string &operation, Action action) {
     const std::string folder = kit.makeFolder(devkit::kSampleForeignFolder);

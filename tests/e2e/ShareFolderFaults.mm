@@ -1,4 +1,4 @@
-// What goes wrong while a folder is shared, and that the window can be used afterwards.
+// Failures while a folder is shared, after which the window must be usable.
 
 #include <filesystem>
 #include <fstream>
@@ -17,7 +17,7 @@ const std::string kNoReply = "Getting null data from rest API(machine offline or
 /// Colleagues in the scripted agent's address book.
 const std::string kThree = "user0@example.org,user1@example.org,user2@example.org,";
 
-/// As many entries of an access list, of people who may only read.
+/// As many entries of an access list, of people with read access.
 NSArray *readers(int count) {
   NSMutableArray *const all = [NSMutableArray array];
   for (int i = 0; i < count; ++i) {
@@ -44,7 +44,7 @@ struct ShareFolderFaults : WindowTest, ShareTab {
     std::ofstream(hold) << "";
     return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(value)};
   }
-  void letAgentGoOn() const { std::filesystem::remove(hold); }
+  void resumeAgent() const { std::filesystem::remove(hold); }
 
   bool openShare(const ShareCall &call = {}) {
     if (!open(call)) return false;
@@ -65,7 +65,7 @@ struct ShareFolderFaults : WindowTest, ShareTab {
     return {};
   }
 
-  /// The agent ends in the middle of a call, another one comes, and the alert is dismissed.
+  /// The agent ends in the middle of a call, another one starts, and the alert is dismissed.
   void replaceAgentBehindAlert(NSDictionary *script) {
     endAgent();
     ASSERT_TRUE(waitFor([&] { return linesInLog(kNoReply) == 1; }));
@@ -119,7 +119,7 @@ TEST_F(ShareFolderFaults, AnAlertIsDrawnBeforeTheListIsLoadedAgain) {
   const ScreenArea alert = areaOfSheet();
   const std::string drawn = settledPicture(alert);
   EXPECT_NE(drawn, "");
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_EQ(settledPicture(alert), drawn);
 }
 
@@ -174,7 +174,7 @@ TEST_F(ShareFolderFaults, AWindowIsClosedWhileItsListIsFetchedAndTheNextOneShows
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
   pressKeys({"Return"});  // the button "Done"
   EXPECT_TRUE(waitForWindows(0));
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(openShare());
   EXPECT_TRUE(seesRows(2));
   EXPECT_EQ(callsOf(kGetAccess), 2u);
@@ -185,7 +185,7 @@ TEST_F(ShareFolderFaults, AWindowOpenedWhileAnotherOnesListIsFetchedShowsItsOwn)
   ASSERT_TRUE(openShare({.item = "id-former"}));
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
   ASSERT_TRUE(openShare({.item = "id-next"}));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(seesRows(2));
   EXPECT_EQ(callsOf(kGetAccess), 2u);
   EXPECT_EQ(text([argumentsOf(kGetAccess) objectAtIndex:access_operation::kPathOrId]), "id-next");
@@ -196,9 +196,9 @@ TEST_F(ShareFolderFaults, WhileTheListIsFetchedTheIndicatorIsOnTheScreen) {
   agent->setScript(@{kGetAccess : held(readers(2))});
   ASSERT_TRUE(openShare());
   ASSERT_TRUE(waitForCalls(kGetAccess, 1));
-  // Where it is hidden there is one colour, of which picture makes "".
+  // Where it is hidden there is one colour, for which picture returns "".
   EXPECT_TRUE(waitFor([&] { return !picture(onScreen(kIndicator)).empty(); }));
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(seesRows(2));
   EXPECT_TRUE(waitFor([&] { return picture(onScreen(kIndicator)).empty(); }));
 }

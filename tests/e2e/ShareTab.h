@@ -18,7 +18,7 @@ constexpr InterfaceFrame kInviteButton = {"ShareFolder", "sendInvite:"};
 constexpr InterfaceFrame kStatusText = {"ShareFolder", "PermissionTabController.notSharingText"};
 constexpr InterfaceFrame kIndicator = {"ShareFolder", "PermissionTabController.spinGear"};
 
-/// The places of the two levels in the pop-ups.
+/// The positions of the two levels in the pop-ups.
 constexpr int kReadWrite = 0;
 constexpr int kReadOnly = 1;
 
@@ -27,22 +27,22 @@ ScreenArea accessInRow(int row);
 
 /// The share window, used with real keys and clicks.
 struct ShareTab : ScreenTab {
-  /// Goes to the other tab by a click on its label.
+  /// Switches to the other tab by a click on its label.
   void goTo(const ScreenArea &label) const;
 
-  /// Waits until the list has this many rows, at most five; answers whether it comes to have them.
+  /// Waits until the list has this many rows, at most five; returns whether it gets them.
   bool seesRows(int count) const;
 
-  /// Waits until the list has a row at least; answers whether it comes to have one.
+  /// Waits until the list has a row at least; returns whether it gets one.
   bool seesAnyRow() const;
 
-  /// Chooses the other level from the pop-up of a row; does not wait for what comes of it. from,
-  /// to: kReadWrite or kReadOnly.
+  /// Chooses the other level from the pop-up of a row; does not wait for the result. from, to:
+  /// kReadWrite or kReadOnly.
   void chooseAccess(int row, int from, int to) const;
 
-  /// Presses the button of a row; answers whether the question comes.
+  /// Presses the button of a row; returns whether the question appears.
   bool askToRemove(int row) const;
 
-  /// Waits for the sheet that says that something was done, and for its end.
+  /// Waits for the success sheet, and for its end.
   bool seesSuccess() const;
 };

@@ -58,7 +58,7 @@ void ShareTab::goTo(const ScreenArea &label) const {
 }
 
 bool ShareTab::seesRows(int count) const {
-  // Where there is nothing there is one colour, of which picture makes "".
+  // An empty area has one colour, for which picture returns "".
   return waitFor([&] {
     for (int row = 0; row < count; ++row) {
       if (picture(onScreen(wholeRow(row))).empty()) return false;

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-/// Whether a test takes over the application from the tests before it and leaves it to the next.
+/// Whether a test uses the application of the tests before it and leaves it running for the next.
 enum class Application { Shared, OfItsOwn };
 
 /// The application with the processes that it works with, kept running from one test of this
@@ -31,8 +31,8 @@ class SharedSystem {
     return static_cast<System &>(*running_);
   }
 
-  /// Ends the processes: after a test that failed, after one that leaves something behind, and
-  /// before one that starts its own. Without running ones it does nothing.
+  /// Ends the processes, if any run: after a test that failed or leaves something behind, and
+  /// before one that starts its own.
   static void end();
 
  protected:

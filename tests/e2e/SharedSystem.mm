@@ -4,7 +4,7 @@
 
 namespace {
 
-/// Ends what runs when the tests have run.
+/// Ends the running processes after the last test.
 struct EndOfTests : testing::Environment {
   void TearDown() override { SharedSystem::end(); }
 };

@@ -8,7 +8,7 @@
 
 namespace {
 
-/// Counts those that are there.
+/// Counts the existing instances.
 struct Counted : SharedSystem {
   static inline int alive = 0;
   const int number;

@@ -7,7 +7,7 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/Thorough.h"
 
-// The clients here are this process: it says over the wire what no plug-in would say.
+// The clients here are this process: it sends messages that no plug-in would send.
 
 namespace {
 
@@ -25,7 +25,7 @@ struct Flags {
 };
 
 /// What a flag may be on the wire: of those with several bits set only some, unless every case is
-/// gone through.
+/// tested.
 std::vector<int> bytes() {
   std::vector<int> found = {0, 1, 2, 4, 8, 16, 32, 64, 128, 3, 127, 129, 254, 255};
   if (isThorough()) {
@@ -39,7 +39,7 @@ std::vector<int> bytes() {
 /// for which BOOL is a signed char.
 enum class FlagType : char { Unsigned = 'C', Signed = 'c' };
 
-/// Sends the operation whatever the local proxy would do with it; answers "", or the name of the
+/// Sends the operation without the checks of the local proxy; returns "", or the name of the
 /// exception that came back.
 std::string send(SEL selector, NSString *item, NSString *name, const std::vector<int> &flags,
                  FlagType type) {
@@ -86,13 +86,13 @@ NSString *repeated(NSString *part, NSUInteger length) {
 }
 
 struct WindowArguments : WindowTest {
-  /// What is seen of the buttons in the window with this title.
+  /// A picture of the buttons in the window with this title.
   static std::string buttonsIn(const std::string &title) {
     return settledPicture(buttonsOf(onlyWindow(title)));
   }
 
-  /// Presses Return in the only window, which copies the link, and answers what id the agent got;
-  /// "-" when it was not asked.
+  /// Presses Return in the only window, which copies the link, and returns the id that the agent
+  /// got; "-" when it was not asked.
   NSString *idAtAgentAfterReturn() {
     agent->answer(kFileLink, success(@"https://x/y"));
     if (!waitForWindows(1) || !waitForKeyboard()) return @"-";

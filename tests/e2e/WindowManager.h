@@ -2,10 +2,10 @@
 
 #include "tests/support/ChildProcess.h"
 
-/// A window manager on the private screen, on which otherwise none runs. It ends with this object.
+/// A window manager on the private screen, on which otherwise none runs. The destructor ends it.
 class WindowManager {
  public:
-  /// Returns when it manages the screen; throws std::runtime_error when that does not come to be.
+  /// Returns when it manages the screen; throws std::runtime_error when it does not.
   WindowManager();
 
   const ChildProcess &process() const { return process_; }

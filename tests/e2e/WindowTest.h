@@ -46,14 +46,14 @@ ChildProcess client(const Call &call) {
   return ChildProcess(call.command());
 }
 
-/// Makes the call and waits for its return; answers whether it did.
+/// Makes the call and waits for its return; returns whether it succeeded.
 template <class Call>
 bool open(const Call &call) {
   return client(call).waitForEnd() == 0;
 }
 
-/// Waits until one window of the application can be seen, with the title, drawn and with the
-/// keyboard; answers it, one without a number when that does not come to be.
+/// Waits until one window of the application is visible, with the title, drawn and focused; returns
+/// it, or one without a number after the time-out.
 ScreenWindow onlyWindow(const std::string &title);
 
 /// The part of the window in which its buttons are, and that with its busy indicator.
@@ -64,17 +64,17 @@ ScreenArea indicatorOf(const ScreenWindow &window);
 struct ScriptedSystem : SharedSystem {
   std::unique_ptr<AgentProcess> agent = agentWithContacts();
   RunningApplication application;
-  /// Of the application, when it does nothing.
+  /// The number of the application's threads at rest.
   std::size_t threadsAtRest = 0;
 
   ScriptedSystem(const std::string &program, const ChildProcess::Environment &environment)
       : application(program, environment) {}
 };
 
-/// The application with its agent, both as processes of their own, on the private screen. What the
-/// questions below are about begins when the application is at rest, after its launch or after the
-/// test before. Nothing is left to the next test: after each the windows are closed, and the
-/// application must serve, have no window and nothing else to do.
+/// The application with its agent, both as processes of their own, on the private screen. Calls and
+/// log lines count from when the application is at rest, after its launch or after the previous
+/// test. Nothing is left to the next test: after each the windows are closed, and the application
+/// must serve, have no window and nothing else to do.
 struct WindowTest : testing::Test {
   ScriptedSystem &system;
   std::unique_ptr<AgentProcess> &agent = system.agent;
@@ -99,7 +99,7 @@ struct WindowTest : testing::Test {
   /// The arguments of the agent's last call of this operation, nil when there was none.
   NSArray *argumentsOf(NSString *operation) const;
 
-  /// How many times the agent was asked for this.
+  /// How many times this operation of the agent was called.
   NSUInteger callsOf(NSString *operation) const;
 
   /// Whether the application serves: a client copies a link and it arrives.

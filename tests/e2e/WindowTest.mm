@@ -77,7 +77,7 @@ void WindowTest::SetUp() {
   if (system.threadsAtRest == 0) {
     ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
     // The last part of the launch is the start of the pasteboard's server. A window that is opened
-    // meanwhile is drawn when that is over.
+    // meanwhile is drawn afterwards.
     ASSERT_TRUE(serves()) << application.process().output();
     system.threadsAtRest = threadsOf(application.process().pid());
   }
@@ -88,7 +88,7 @@ void WindowTest::SetUp() {
 
 void WindowTest::TearDown() {
   if (!HasFailure() && kind_ == Application::Shared) leaveToNextTest();
-  // Who left something that is not as expected must not spoil the next test as well.
+  // A test that has left an unexpected state must not make the next one fail, too.
   if (HasFailure() || kind_ == Application::OfItsOwn) SharedSystem::end();
 }
 
@@ -99,12 +99,12 @@ void WindowTest::leaveToNextTest() {
   const std::string link = "https://x/at-rest";
   agent->answer(kFileLink, success([NSString stringWithUTF8String:link.c_str()]));
   ChildProcess copy({PLUGIN_CALL, "id-at-rest"});
-  // Not for ever: where a menu has been left open, nobody is served.
+  // With a time-out: while a menu is open, no call is served.
   ASSERT_TRUE(waitFor([&] { return copy.hasEnded(); })) << output();
   EXPECT_EQ(copy.waitForEnd(), 0) << copy.output();
   EXPECT_EQ(clipboardReadByXclip(), link);
   EXPECT_TRUE(waitForWindows(0)) << output();
-  // What is still loaded in the background would ask the next test's agent.
+  // A load in the background would otherwise ask the next test's agent.
   EXPECT_TRUE(waitFor([&] {
     return threadsOf(application.process().pid()) <= system.threadsAtRest;
   })) << output();

@@ -4,6 +4,6 @@
 
 #include <string>
 
-/// A message that goes over the wire whatever the local proxy would do with it; answers the name of
-/// the exception that came back, "" for none.
+/// Sends a message without the checks of the local proxy; returns the name of the exception that
+/// came back, "" for none.
 std::string sendOverWire(id proxy, SEL selector, const char *types, id argument = nil);

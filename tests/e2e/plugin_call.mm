@@ -31,7 +31,7 @@ BOOL byteFrom(const char *argument) {
   return static_cast<BOOL>(std::atoi(argument));
 }
 
-/// Answers whether the arguments are those of an operation.
+/// Returns whether the arguments are those of an operation.
 bool call(id<ContextMenuService> service, const Arguments &arguments) {
   const std::string_view operation = arguments.front();
   // clang-format off
@@ -60,7 +60,7 @@ bool call(id<ContextMenuService> service, const Arguments &arguments) {
   return false;
 }
 
-/// Sends the call and gives it up at once: what is seen of the answer is that it is late.
+/// Sends the call and does not wait for the reply: the call ends with a time-out.
 bool callAndLeave(id service, const Arguments &arguments) {
   [[service connectionForProxy] setReplyTimeout:0];
   @try {
@@ -84,10 +84,10 @@ int run(Arguments arguments) {
 }  // namespace
 
 int main(int argc, char *argv[]) {
-  // First: while the application serves nobody, the look-up waits as well.
+  // First: while the application serves no calls, the look-up waits as well.
   std::puts("calling");
   std::fflush(stdout);
-  // Without the end of the process's own objects: the leak checker would report what the platform
-  // makes once for its first connection.
+  // Without the process's destructors: the leak checker would report what the platform allocates
+  // once for its first connection.
   _exit(run(Arguments(argv + 1, argv + argc)));
 }

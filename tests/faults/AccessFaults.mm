@@ -1,5 +1,5 @@
-// What a user gets whose agent fails while the people with access are fetched, while one's access
-// is changed, and while one's is taken away.
+// What a user gets whose agent fails while the people with access are fetched, while a person's
+// access is changed, and while it is removed.
 #import "tests/faults/FaultTest.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
@@ -52,7 +52,8 @@ struct Change : List {
 
   bool sheetHas(NSString *key) const { return sheetShows(formatted(localizedText(key))); }
 
-  /// The explanation in the fault's reply, "" where it is none; nil where the agent makes it up.
+  /// The explanation in the fault's reply, "" where there is none; nil where the agent generates
+  /// it.
   NSString *explanation() const {
     NSDictionary *const entry = fault().entry(@"granted");
     if ([entry objectForKey:@"messageLength"] != nil) return nil;
@@ -101,7 +102,7 @@ struct Change : List {
 struct Remove : Change {
   void remove() { press(askToRemove(row), 0); }
 
-  /// The sheet that says what came of it comes when the question has gone.
+  /// The result sheet is shown after the question has been closed.
   void waitForOutcome() const {
     EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   }

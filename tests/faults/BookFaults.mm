@@ -1,5 +1,4 @@
-// What comes of the address book of a user whose agent fails: at the launch, and at the refresh
-// that comes once a day.
+// The address book of a user whose agent fails: at the launch, and at the daily refresh.
 #import "tests/e2e/RunningApplication.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/faults/FaultTest.h"
@@ -35,7 +34,7 @@ struct Refresh : FaultTest<WindowsWithoutAgent> {
 };
 
 struct LaunchWithFault : FaultTest<testing::Test> {
-  /// Without what the platform says of the fonts on this display.
+  /// Without the platform's messages about the fonts of this display.
   static Lines linesOf(const RunningApplication &application) {
     Lines lines = application.log();
     std::erase_if(lines, [](const std::string &line) {

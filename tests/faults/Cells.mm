@@ -1,4 +1,4 @@
-// Which rows of the matrix each column has, and what that takes.
+// The rows of each column of the matrix, and how long they take.
 #include <algorithm>
 #include <iterator>
 #include <map>
@@ -98,9 +98,8 @@ std::vector<Fault> chosenOf(Column column, Uses &uses) {
   return chosen;
 }
 
-/// How many connection attempts, one after the other, find no agent from their beginning to their
-/// end. The former agent is missed by the operation itself; where there never was one, by those
-/// before it as well.
+/// How many connection attempts, one after the other, find no agent from beginning to end. A killed
+/// agent is missing for the operation itself; one that never ran, also for the calls before it.
 int failedAttempts(Column column, ProcessFault processFault) {
   struct Attempts {
     int whenAbsent;

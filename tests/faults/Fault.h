@@ -19,7 +19,7 @@ enum class FaultKind {
   Enormous,
 };
 
-/// What befalls the agent's process, besides what it answers.
+/// A fault of the agent's process, in addition to its reply.
 enum class ProcessFault {
   None,
   Absent,               // there never was one
@@ -28,16 +28,16 @@ enum class ProcessFault {
   DiesDuring,           // kills itself in the call, as the script's entry says
   KilledAfter,          // is killed as soon as the application is done
   Restarted,            // has been killed, and another one has started
-  StoppedAndContinued,  // stands still when it is called, and goes on
+  StoppedAndContinued,  // is stopped when it is called, and continued
 };
 
-/// What comes of it for somebody who waits for a link, for an action, for an access list.
+/// The result for the caller who waits for a link, for an action, for an access list.
 enum class Outcome {
   Succeeds,
   SucceedsWithoutLink,  // the agent reports success and gives no link
   Refused,
   NoReply,
-  Nobody,  // an access list without anybody in it
+  Nobody,  // an empty access list
 };
 
 /// What the application does. Each is a column of the matrix.
@@ -60,18 +60,17 @@ enum class Column {
 };
 inline constexpr int kColumns = 15;
 
-/// One row of the matrix: what may be wrong with the agent, and what each reader of a reply makes
-/// of it.
+/// One row of the matrix: a fault of the agent, and the result of it for each reader of a reply.
 struct Fault {
   const char *name;
   FaultKind kind;
   ProcessFault processFault;
-  /// The script's entry for the operation in question. value: what the agent answers in health.
+  /// The script's entry for the operation in question. value: the reply of a healthy agent.
   NSDictionary *(*entry)(id value);
   Outcome link;
   Outcome action;
   Outcome list;
-  /// How many entries the address book comes to have, which has kHealthyContacts in health.
+  /// How many entries the address book gets, which has kHealthyContacts with a healthy agent.
   NSUInteger contacts;
   /// Of a fault that is enormous: an entry that is read sooner, for the columns of a check in which
   /// only its kind matters, and the column in which each check has the real size. Else null.
@@ -84,28 +83,27 @@ constexpr NSUInteger kHealthyContacts = 2;
 /// All rows.
 const std::vector<Fault> &allFaults();
 
-/// Those that the agent's process suffers during a call or by its reply: they can befall any of
-/// several calls in a row.
+/// The faults of the process during a call and those of its reply: they can occur in any of several
+/// calls in a row.
 std::vector<Fault> faultsOfACall();
 
-/// All but that there never was an agent: nobody who has none has a list of which a row could be
-/// used.
+/// All but the agent that never ran: without an agent there is no list with a row to use.
 std::vector<Fault> faultsAfterAList();
 
-/// What comes of the fault in a column, which is all that the column's tests see of it. Not for
+/// The result of the fault in a column, which is all that the column's tests see of it. Not for
 /// Refresh and LaunchWithFault, which are about Fault::contacts, nor for MenuSend, which asks the
 /// agent for nothing.
 Outcome outcomeIn(Column column, const Fault &fault);
 
-/// Whether a column cannot tell one from the other: the same kind, the same processFault, and the
-/// same comes of it there.
+/// Whether a column cannot distinguish two faults: they have the same kind, the same processFault
+/// and the same result there.
 bool isOfTheSameKind(Column column, const Fault &one, const Fault &other);
 
-/// The faults that can befall a column.
+/// The faults that can occur in a column.
 std::vector<Fault> faultsOf(Column column);
 
-/// Of the faults that can befall a column one of each kind: the one that the columns before it have
-/// least often.
+/// One of each kind of the faults that can occur in a column: the one that the columns before it
+/// have least often.
 std::vector<Fault> oneOfEachKind(Column column);
 
 /// One test of a column. Its fault has the entry of the size that this check has there.
@@ -117,16 +115,16 @@ struct Cell {
 /// Those of a column: oneOfEachKind, or all faultsOf it in a thorough check.
 std::vector<Cell> testedCellsOf(Column column);
 
-/// How long the application waits in this cell for agents that never answer, with nothing for the
-/// processor to do.
+/// How long the application waits in this cell for agents that never reply, without using the
+/// processor.
 int secondsOfWaiting(const Cell &cell);
 
 /// The fault's name, and "waits N s" where it does: by that, tests are divided among processes
 /// (cmake/ListTestSuites.cmake).
 void PrintTo(const Cell &cell, std::ostream *out);
 
-/// The agent that a fault befalls. One that comes out of it in health serves the next test of the
-/// process as well: starting it takes longer than most tests.
+/// The agent with a fault. If it is healthy afterwards, it serves the next test of the process as
+/// well: starting it takes longer than most tests.
 class FaultyAgent {
  public:
   FaultyAgent() = default;
@@ -134,17 +132,17 @@ class FaultyAgent {
   FaultyAgent &operator=(const FaultyAgent &) = delete;
   ~FaultyAgent();
 
-  /// In health, with a script for everything that has to be asked before the operation in question.
+  /// A healthy agent, with a script for every call before the operation in question.
   void begin(const Fault &fault, NSDictionary *healthyScript);
 
-  /// From now on the operation has the fault. earlierCalls: calls of the operation in health before
-  /// that; afterwards it is in health again.
+  /// From now on the operation has the fault. earlierCalls: healthy calls of the operation before
+  /// that; afterwards it is healthy again.
   void injectFault(NSString *operation, id value, NSUInteger earlierCalls = 0);
 
-  /// The application is done: what is to come after it.
+  /// The application is done: injects the faults that come after that.
   void injectFaultAfterwards();
 
-  /// The agent is in health again; it is another one when the former has gone.
+  /// Makes the agent healthy again; starts another one if it has ended.
   void recover(NSString *operation, id value);
 
   /// The calls of an operation that the present agent has had in this test.

@@ -10,8 +10,8 @@
 #include "tests/support/Strings.h"
 #import "text/LocalizedText.h"
 
-/// A column of the matrix: something that the application does, with each fault. Also says what is
-/// logged between mark() and logged().
+/// A column of the matrix: something that the application does, with each fault. Also captures the
+/// log between mark() and logged().
 template <class Fixture>
 struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
   FaultyAgent agent;
@@ -19,7 +19,7 @@ struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
 
   const Fault &fault() const { return this->GetParam().fault; }
 
-  /// What is to come of it.
+  /// The expected result.
   Outcome outcome() const { return outcomeIn(this->GetParam().column, fault()); }
 
   void begin(NSDictionary *healthyScript = [NSDictionary dictionary]) {

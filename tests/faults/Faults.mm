@@ -7,7 +7,7 @@ namespace {
 using enum FaultKind;
 using enum Outcome;
 
-/// A dictionary literal with a comma cannot stand in a table of lambdas without its own brackets.
+/// A dictionary literal with a comma needs its own brackets in a table of lambdas.
 NSDictionary *replying(id reply) {
   return [NSDictionary dictionaryWithObject:reply forKey:@"reply"];
 }

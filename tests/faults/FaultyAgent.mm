@@ -6,7 +6,7 @@
 
 namespace {
 
-/// While the application waits: it gives up after 15.
+/// During the application's wait, which ends after 15 seconds.
 constexpr double kLateSeconds = 0.6;
 const std::string kStoppedSeconds = "0.6";
 
@@ -20,7 +20,7 @@ NSDictionary *healthyEntry(id value) {
   return [NSDictionary dictionaryWithObject:success(value) forKey:@"reply"];
 }
 
-/// The agent that the last test has left in health, if any.
+/// The healthy agent that the last test has left, if any.
 std::unique_ptr<AgentProcess> &leftInHealth() {
   static std::unique_ptr<AgentProcess> process;
   return process;

@@ -1,5 +1,5 @@
-// What a user gets whose agent fails at the first, the second or the last of three people who are
-// invited: when access is given, and before that, when the agent is asked who they are.
+// What a user gets whose agent fails at the first, the second or the last of three invited people:
+// when access is granted, and before that, when they are looked up.
 #include <set>
 
 #import "tests/faults/EndedThreads.h"
@@ -36,8 +36,8 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     return nil;
   }
 
-  /// The list is fetched meanwhile, from the same agent, and is there before anything is pressed.
-  /// Without an agent it is waited for while the invitation waits as well.
+  /// The list is fetched from the same agent before anything is pressed. Without an agent the load
+  /// waits at the same time as the invitation.
   void open() {
     threads = [[[EndedThreads alloc] init] autorelease];
     controller = openShare(1, @"folder-1");
@@ -50,7 +50,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     EXPECT_TRUE(handleEventsUntil([&] { return threads->count > 0; }));
   }
 
-  /// Nobody has to be asked who they are.
+  /// None of them has to be looked up.
   void openKnowingAll() {
     open();
     [delegate setEmployeeContacts:[NSMutableArray arrayWithArray:recipientsIn(invited)]];
@@ -93,7 +93,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     EXPECT_EQ(text([recipients() stringValue]), left);
   }
 
-  /// The agent fails at the person in this place.
+  /// The agent fails at the person in this position.
   void failAt(NSUInteger place) {
     begin();
     openKnowingAll();
@@ -112,10 +112,10 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
 
 struct InviteLater : Invite {};
 
-/// The agent fails when it is asked about somebody whom the address book does not know.
+/// The agent fails at the look-up of a person whom the address book does not have.
 struct InviteQuestion : Invite {
   InviteQuestion() {
-    // What tests in the same process have found out.
+    // Look-ups that earlier tests of the process have cached.
     [[delegate employeeContacts] removeAllObjects];
     [[delegate addressBookForShare] removeAllObjects];
   }
@@ -124,7 +124,7 @@ struct InviteQuestion : Invite {
     return @{kGrant : @{@"reply" : success(person())}};
   }
 
-  /// Without an answer everybody passes; whether they get access is for the next call to tell.
+  /// Without a reply everyone counts as a colleague; the next call decides about their access.
   Outcome outcomeOfInvitation() const {
     if (outcome() == Outcome::Nobody) return Outcome::Refused;
     const std::set<ProcessFault> fatal = {ProcessFault::Absent, ProcessFault::KilledBefore,

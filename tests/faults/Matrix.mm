@@ -25,7 +25,7 @@ TEST(Matrix, EachFaultIsInAColumnOfEachCheck) {
   for (const Fault &fault : allFaults()) EXPECT_TRUE(tested.contains(fault.name)) << fault.name;
 }
 
-TEST(Matrix, EachColumnHasEachKindOfFaultThatCanBefallIt) {
+TEST(Matrix, EachColumnHasEachKindOfFaultThatCanOccurInIt) {
   for (const Column column : allColumns()) {
     const std::vector<Fault> tested = oneOfEachKind(column);
     for (const Fault &fault : faultsOf(column)) {

@@ -1,4 +1,4 @@
-// Every input that is kept for the fuzzers, as a test: what they found once stays found.
+// Every kept input of the fuzzers as a test, so that no fault that they found comes back.
 #include <gtest/gtest.h>
 #include <malloc.h>
 #include <unistd.h>
@@ -72,7 +72,7 @@ TEST_P(FuzzCorpus, KeepsAllPromises) {
   }
 }
 
-/// Says nothing under a sanitizer, whose allocator keeps no such account.
+/// Always passes under a sanitizer, whose allocator has no such statistics.
 TEST_P(FuzzCorpus, LeavesNothingBehind) {
   constexpr int kWarmUp = 3;
   constexpr int kTimes = 20;
@@ -99,9 +99,9 @@ INSTANTIATE_TEST_SUITE_P(Of, FuzzCorpus,
 
 namespace {
 
-/// For an exact account of what is in use: memory that the allocator keeps at hand for the next to
-/// ask for it counts as used. Read when a program starts, so this one starts once more.
-void keepExactAccount(char *argv[]) {
+/// For exact statistics: memory in the allocator's caches counts as used. The variable is read at
+/// start, so the program restarts itself.
+void useExactStatistics(char *argv[]) {
   const char *const kTunables = "GLIBC_TUNABLES";
   const std::string wanted = "glibc.malloc.tcache_count=0:glibc.malloc.mxfast=0";
   const char *const tunables = std::getenv(kTunables);
@@ -115,7 +115,7 @@ void keepExactAccount(char *argv[]) {
 }  // namespace
 
 int main(int argc, char *argv[]) {
-  keepExactAccount(argv);
+  useExactStatistics(argv);
   enterPrivateSession(argc, argv, Screen::None);
   testing::InitGoogleTest(&argc, argv);
   int result = 0;

@@ -3,7 +3,7 @@
 #include "tests/fuzz/Target.h"
 #include "text/UTF16.h"
 
-/// input: what stands in the field.
+/// input: the text of the field.
 void fuzz::Brackets(std::string_view input) {
   const std::u16string units = unitsFrom(input);
   NSString *const address = addressOfEntry(stringFrom(input));

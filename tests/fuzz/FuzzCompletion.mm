@@ -17,7 +17,7 @@ bool isSame(NSArray *answer, NSArray *expected) {
 }
 
 void check(NSArray *book, NSString *substring, const CaseFolding &folding) {
-  // Half of the book is there when the index is made, the other half comes later.
+  // Half of the book is there when the index is made, the other half is added later.
   const NSRange half = NSMakeRange(0, [book count] / 2);
   IndexedBook *const index = [[[IndexedBook alloc] initWithBook:[book subarrayWithRange:half]
                                                         folding:folding] autorelease];

@@ -12,7 +12,7 @@ constexpr std::u16string_view kBrackets = u"<>";
 
 void checkFormat(NSString *text) {
   const EntryFormat format(text);
-  // What is not simple goes to the platform, which must not be given a format by a stranger.
+  // Formats that are not simple go to the platform, which must not get a stranger's format.
   if (!format.isSimple()) return;
   NSString *const filled = format.fill({u"first", u"%@ last", u"a@b"});
   fuzz::promise(

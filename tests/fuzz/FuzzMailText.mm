@@ -8,8 +8,7 @@
 
 namespace {
 
-/// What the escapes stand for, "" with `isEscaped` false where something is not escaped as it
-/// should be.
+/// The decoded text, "" with `isEscaped` false where a character is not escaped as it should be.
 std::string unescaped(const std::string &text, bool &isEscaped) {
   const std::string plain = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789-._~";
   const std::string digits = "0123456789ABCDEF";

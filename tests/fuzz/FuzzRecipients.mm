@@ -19,7 +19,7 @@ bool isMadeOf(std::u16string_view text, std::u16string_view marks) {
   });
 }
 
-/// The pattern of addresses, without an expression.
+/// The pattern of addresses, without a regular expression.
 bool isAddress(std::u16string_view text) {
   const auto at = text.find(u'@');
   const auto dot = text.rfind(u'.');
@@ -42,7 +42,7 @@ std::size_t placeOfFirstInvalid(std::u16string_view text) {
 
 }  // namespace
 
-/// input: what stands in the field.
+/// input: the text of the field.
 void fuzz::Recipients(std::string_view input) {
   NSString *const entered = stringFrom(input);
   const std::u16string units = unitsFrom(input);

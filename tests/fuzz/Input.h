@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-/// What a fuzzed function is given, made of arbitrary bytes. Every sequence of bytes is an input,
-/// and plain text stands for itself, so that a corpus can be read and written by hand.
+/// The arguments of a fuzzed function, made of arbitrary bytes. Every sequence of bytes is an
+/// input, and plain text stands for itself, so that a corpus can be read and written by hand.
 namespace fuzz {
 
 /// The bytes as UTF-8. A byte that is in no well-formed sequence becomes half a surrogate pair:
@@ -17,8 +17,8 @@ std::u16string unitsFrom(std::string_view bytes);
 /// The same units as a string. Autoreleased, never nil.
 NSString *stringFrom(std::string_view bytes);
 
-/// Without halves of surrogate pairs, in place of which U+FFFD stands: as strings arrive over a
-/// connection. Autoreleased, never nil.
+/// With U+FFFD in place of halves of surrogate pairs, as strings arrive over a connection.
+/// Autoreleased, never nil.
 NSString *wellFormedStringFrom(std::string_view bytes);
 
 /// The bytes between line feeds; at least one line.

@@ -140,7 +140,7 @@ class Reader {
       if (value == nil) break;
       [entries setObject:value forKey:key];
     }
-    // Not a copy: one cannot be made with a key that is not equal to itself, as no number is.
+    // Not a copy: a dictionary with a NaN as a key, which does not equal itself, cannot be copied.
     return entries;
   }
 
@@ -168,7 +168,7 @@ std::u16string unitsFrom(std::string_view bytes) {
   while (!bytes.empty()) {
     const auto [character, length] = characterAt(bytes);
     if (length == 0) {
-      // Highs of the lower half of the bytes that are none, lows of the upper.
+      // High surrogates for the lower half of the invalid bytes, low ones for the upper half.
       const auto byte = static_cast<std::uint8_t>(bytes.front());
       units.push_back(
           static_cast<char16_t>((byte < 0xC0 ? kFirstHigh : kFirstLow) + (byte & 0x3F)));
@@ -187,9 +187,9 @@ NSString *stringFrom(std::string_view bytes) {
   std::u16string units = unitsFrom(bytes);
   std::vector<std::size_t> halves = halvesIn(units);
   if (halves.empty()) return plainString(units);
-  // The platform makes no string of such units. It keeps them in one that they come to be in: each
-  // half is given its other half first, which is then deleted. From the end, so that the places
-  // before stay what they are.
+  // The platform creates no string of such units, but keeps them in a mutable one: each half is
+  // inserted with its other half, which is then deleted. From the end, so that earlier positions
+  // stay valid.
   std::reverse(halves.begin(), halves.end());
   std::vector<std::size_t> others;
   for (const std::size_t place : halves) {

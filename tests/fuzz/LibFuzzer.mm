@@ -1,4 +1,4 @@
-// Runs one target under libFuzzer; which, the build says.
+// Runs one target, which the build defines, under libFuzzer.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>

@@ -2,13 +2,11 @@
 
 #include <string_view>
 
-/// The rules that read what others wrote, each with the promises that hold for any input. The same
-/// functions run under the fuzzer (LibFuzzer.mm) and, over the kept corpora, among the tests
-/// (Corpus.mm).
+/// The rules for foreign data, each with the promises that hold for any input. The same functions
+/// run under the fuzzer (LibFuzzer.mm) and, over the kept corpora, among the tests (Corpus.mm).
 namespace fuzz {
 
-/// Notes that a promise is broken: ends the process under the fuzzer, fails the test among the
-/// tests.
+/// Reports a broken promise: ends the process under the fuzzer, fails the test otherwise.
 void broken(const char *promise);
 
 inline void promise(bool isKept, const char *what) {

@@ -32,7 +32,7 @@ Visits visitsOf(id entries, bool *complete = nullptr) {
   return visits;
 }
 
-/// Entry by entry and key by key: slow, and plain to see that it is right.
+/// Entry by entry and key by key: slow, but obviously correct.
 Visits expectedVisitsOf(NSArray *entries) {
   Visits visits;
   for (id element in entries) {
@@ -78,7 +78,7 @@ struct AccessEntries : testing::Test {
     // clang-format on
   }
 
-  /// Both as few entries, which are read one by one, and among many, which are read as a whole.
+  /// Both as few entries, which are read one by one, and among many, which are read in bulk.
   void expectAsReadOneByOne(NSArray *entries) const {
     EXPECT_EQ(visitsOf(remote(entries)), expectedVisitsOf(entries));
     NSMutableArray *const many = persons(30);

@@ -24,7 +24,7 @@ struct AddressBooks : testing::Test {
   std::string entries() { return joined([delegate addressBookForShare]); }
   std::string addresses() { return joined([delegate employeeContacts]); }
 
-  /// Begins a refresh in the background and returns when the agent has been asked.
+  /// Starts a refresh in the background and returns when the agent has been called.
   void beginSlowRefresh(const AgentProcess &agent, NSDictionary *reply) {
     agent.setScript(@{kBook : @{@"delay" : @0.5, @"reply" : reply}});
     [delegate updateAddressBook:nil];
@@ -239,7 +239,7 @@ TEST_F(AddressBooks, ManyRefreshesLeaveNoDescriptorBehind) {
       refresh();
     }
   }
-  // The last background thread may still be on its way out.
+  // The last background thread may still be ending.
   EXPECT_TRUE(pumpUntil([&] { return openDescriptors() <= before; }));
 }
 

@@ -22,7 +22,7 @@ BVDataModelController *newController() {
   return [controller init];
 }
 
-/// Seconds that something takes.
+/// The duration of something in seconds.
 template <class Work>
 double secondsFor(Work work) {
   const double start = detail::secondsNow();
@@ -30,7 +30,7 @@ double secondsFor(Work work) {
   return detail::secondsNow() - start;
 }
 
-/// Far less than an attempt, far more than an answer at once takes on a busy machine.
+/// Far less than an attempt, far more than an immediate reply takes on a busy machine.
 constexpr double kAtOnceSeconds = 8;
 
 }  // namespace
@@ -104,7 +104,7 @@ TEST(AgentConnection, TheGateIsClosedWhenOnlyTheNameIsThere) {
 
 TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
   AgentProcess agent;
-  // The platform raises when the lock of its table of names stays held.
+  // The platform raises when another process keeps the lock of its table of names.
   const std::string lock =
       [NSTemporaryDirectory() fileSystemRepresentation] + std::string("/NSMessagePort/names/lock");
   ASSERT_TRUE(std::filesystem::create_directory(lock));
@@ -120,7 +120,7 @@ TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
 
 namespace {
 
-/// Stands in for the platform's look-up while one of these lives.
+/// Replaces the platform's look-up for its lifetime.
 class ReplacedLookUp {
  public:
   using LookUp = id (*)(id, SEL, NSString *, NSString *);
@@ -189,7 +189,7 @@ TEST(AgentConnection, TheLookUpAsksForTheAgentsNameOnThisHost) {
     host = askedHost;
     return [[[NSProxy alloc] autorelease] self];
   });
-  // The stand-in answers no message, so only the question itself is looked at.
+  // The replacement returns no proxy, so only the look-up itself is tested.
   @try {
     newController();
   } @catch (id) {
@@ -219,7 +219,7 @@ TEST(AgentConnection, AnAgentThatStopsBetweenInitAndGateHoldsNeitherForEver) {
   agent.process().signal(SIGCONT);
 }
 
-TEST(AgentConnection, OtherConnectionsKeepTheirOwnPatience) {
+TEST(AgentConnection, OtherConnectionsKeepTheirOwnTimeouts) {
   AgentProcess agent;
   [[NSConnection defaultConnection] setReplyTimeout:77];
   [[NSConnection defaultConnection] setRequestTimeout:88];

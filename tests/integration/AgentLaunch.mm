@@ -36,8 +36,8 @@ class MarkingApplication {
   std::string path_;
 };
 
-/// The platform's launching of applications, with another application in the place of whatever is
-/// asked for: the agent's own place belongs to the machine and to a real installation.
+/// The platform's launching of applications, which starts a test application instead of the
+/// requested one: the agent's own path belongs to a real installation.
 class RedirectedLaunch {
  public:
   explicit RedirectedLaunch(const MarkingApplication &application)
@@ -52,7 +52,7 @@ class RedirectedLaunch {
     [place release];
   }
 
-  /// The paths that were asked for.
+  /// The requested paths.
   static const std::vector<std::string> &paths() { return asked; }
 
  private:

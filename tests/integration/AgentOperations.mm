@@ -16,7 +16,7 @@ struct AgentOperations : testing::Test {
     return [[[BVDataModelController alloc] init] autorelease];
   }
 
-  /// The one call that the agent got.
+  /// The only call that the agent got.
   void expectCall(NSString *operation, NSArray *arguments) {
     NSArray *const calls = agent.calls();
     ASSERT_EQ([calls count], 1u);
@@ -143,7 +143,7 @@ TEST_F(AgentOperations, AReplyIsWaitedForLongerThanAConnectionAttempt) {
 }
 
 TEST_F(AgentOperations, AClosedGateSendsNothingAndAnswersNil) {
-  // The name is there, and the agent's application is not.
+  // The name is registered, but the agent's application is not running.
   AgentProcess::Options stranger;
   stranger.identifier = "org.example.other";
   agent.process().signal(SIGKILL);

@@ -10,7 +10,7 @@ namespace {
 
 using Visits = std::vector<std::string>;
 
-/// What a visit of these records sees, "name|address" each.
+/// The records that a visit gets, "name|address" each.
 Visits visitsOf(id records, bool *complete = nullptr) {
   Visits visits;
   const bool all = agent::visitContactRecords(records, [&](NSString *name, NSString *address) {
@@ -20,7 +20,7 @@ Visits visitsOf(id records, bool *complete = nullptr) {
   return visits;
 }
 
-/// Record by record and key by key: slow, and plain to see that it is right.
+/// Record by record and key by key: slow, but obviously correct.
 Visits expectedVisitsOf(NSArray *records) {
   Visits visits;
   for (id record in records) {
@@ -61,7 +61,7 @@ struct ContactRecords : testing::Test {
     return [reply objectForKey:@"value"];
   }
 
-  /// That a remote book is visited as the same book is when it is read singly.
+  /// Expects that a remote book is visited as when it is read record by record.
   void expectAsRead(NSArray *records) {
     bool complete = false;
     EXPECT_EQ(visitsOf(remote(records), &complete), expectedVisitsOf(records));

@@ -8,7 +8,7 @@
 #include "tests/support/ChildProcess.h"
 
 /// The scripted agent as a separate process with a real connection. Running it makes the agent one
-/// of the running applications. It ends with this object.
+/// of the running applications. The destructor ends it.
 class AgentProcess {
  public:
   struct Options {
@@ -28,20 +28,20 @@ class AgentProcess {
   /// all.
   explicit AgentProcess(const Options &options);
 
-  /// What the agent does at the calls to come (tests/support/agent/Script.h); a list begins with
-  /// its first entry, whatever was called before.
+  /// What the agent does at the next calls (tests/support/agent/Script.h); a list begins with its
+  /// first entry, whatever was called before.
   void setScript(NSDictionary *script) const;
 
-  /// What it answers to one operation; forgets all other operations' script.
+  /// Its reply to one operation; removes all other operations' script.
   void answer(NSString *operation, id reply) const;
 
   /// The calls so far, oldest first: dictionaries as tests/support/agent/ScriptedAgent.h has them.
   NSArray *calls() const;
 
-  /// How much has been recorded of the calls so far, for callsSince.
+  /// The size of the record of the calls so far, for callsSince.
   std::size_t record() const;
 
-  /// The calls after what `record` answered earlier.
+  /// The calls after an earlier result of `record`.
   NSArray *callsSince(std::size_t record) const;
 
   /// The arguments of the last call.

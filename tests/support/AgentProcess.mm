@@ -17,7 +17,7 @@ std::string makeBundle(const std::string &folder, const std::string &identifier)
   const fs::path bundle = fs::path(folder) / "Agent.app";
   fs::create_directories(bundle / "Resources");
   const fs::path program = bundle / "Agent";
-  // Not copied where that can be helped: it is large, and hundreds are started.
+  // Linked and not copied where possible: it is large, and hundreds are started.
   std::error_code error;
   fs::create_hard_link(SCRIPTED_AGENT, program, error);
   if (error) fs::copy_file(SCRIPTED_AGENT, program);
@@ -69,7 +69,7 @@ NSArray *AgentProcess::callsSince(std::size_t record) const {
                                                 encoding:NSUTF8StringEncoding] autorelease];
   NSMutableArray *const lines =
       [[[text componentsSeparatedByString:@"\n"] mutableCopy] autorelease];
-  // What follows the last line break is a line that is just being written.
+  // What follows the last line break is a partly written line.
   [lines removeLastObject];
   NSMutableArray *const calls = [NSMutableArray array];
   for (NSString *line in lines) {

@@ -8,16 +8,16 @@
 
 #include "tests/support/RepeatingTimer.h"
 
-/// What a test's user saw of one application-modal alert.
+/// One application-modal alert, as a test's user saw it.
 struct SeenAlert {
   std::vector<std::string> texts;
-  /// Whether a key or click that had come before the alert was still waiting when it was shown.
+  /// Whether an earlier key or click was still in the queue when the alert was shown.
   bool foundInput = false;
   bool shows(const std::string &text) const;
 };
 
-/// While one of these lives, somebody sits in front of the screen, reads every application-modal
-/// alert and dismisses it with its first button.
+/// A user who, for this object's lifetime, reads every application-modal alert and dismisses it
+/// with its first button.
 class AlertUser {
  public:
   /// whileOpen: runs while an alert is on the screen, before it is dismissed.

@@ -8,8 +8,8 @@
 
 namespace {
 
-/// How many modal sessions this process has begun: what tells two alerts in a row apart, which use
-/// the same window.
+/// How many modal sessions this process has begun, which distinguishes two alerts in a row, since
+/// they use the same window.
 int modalSessions = 0;
 
 /// Whether there was a key or click in the queue when the newest of them began.
@@ -29,7 +29,7 @@ NSModalSession countingBegin(id self, SEL selector, NSWindow *window) {
 void countModalSessions() {
   if (formerBegin != nullptr) return;
   const SEL selector = @selector(beginModalSessionForWindow:);
-  // To the very class of the application object: what is put into a superclass does not reach it.
+  // In the class of the application object itself, which may override a superclass's method.
   const Class cls = object_getClass(NSApp);
   const Method method = class_getInstanceMethod(cls, selector);
   formerBegin = reinterpret_cast<decltype(formerBegin)>(method_getImplementation(method));
@@ -73,6 +73,6 @@ void AlertUser::look() {
     alerts_.push_back(alert);
     whileOpen_();
   }
-  // Again and again, as people do: a modal loop does not always notice a click that a timer makes.
+  // Repeatedly, because a modal loop does not always notice a click that a timer makes.
   [button performClick:nil];
 }

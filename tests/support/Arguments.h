@@ -2,7 +2,7 @@
 
 #import <Foundation/Foundation.h>
 
-/// Where the arguments of the agent's operations stand in a recorded call.
+/// Positions of the arguments of the agent's operations in a recorded call.
 
 namespace link_operation {
 enum : NSUInteger { kPathOrId, kNotifyOnDownload, kRequireEmail, kMaxDownloads, kIsFileId };

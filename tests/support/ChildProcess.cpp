@@ -30,7 +30,7 @@ std::vector<std::string> environmentWith(const ChildProcess::Environment &additi
   return all;
 }
 
-/// Of a program whose end somebody else has been told of: an exit code that nobody expects.
+/// For a program whose exit code other code has collected: one that no test expects.
 constexpr int kUnknownStatus = 255 << 8;
 
 std::vector<char *> pointers(std::vector<std::string> &strings) {
@@ -97,14 +97,14 @@ bool ChildProcess::hasEnded() {
   int status = 0;
   const pid_t ended = waitpid(pid_, &status, WNOHANG);
   if (ended == pid_) status_ = status;
-  // The platform waits for all children of the process when one of its own has ended, and may have
-  // come first.
+  // The platform collects all ended children of the process when one of its own has ended, so it
+  // may have collected this one.
   if (ended == -1 && errno == ECHILD) status_ = kUnknownStatus;
   return status_ != -1;
 }
 
 int ChildProcess::waitForEnd() {
-  // A signal may come to this process meanwhile, of another child's end for one.
+  // A signal may interrupt this, of another child's end for one.
   while (status_ == -1 && waitpid(pid_, &status_, 0) == -1) {
     if (errno == ECHILD) status_ = kUnknownStatus;
   }
@@ -120,7 +120,7 @@ void pausePolling() {
 void pausePollingAfter(double secondsWaited) {
   constexpr double kShortestSeconds = 0.005;
   constexpr double kLongestSeconds = 0.05;
-  /// By how much later than it could a long wait may end.
+  /// The delay, as a share of the wait, with which a long wait may end.
   constexpr double kShareOfWait = 0.05;
   const double pause = std::clamp(secondsWaited * kShareOfWait, kShortestSeconds, kLongestSeconds);
   std::this_thread::sleep_for(std::chrono::duration<double>(pause));

@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-/// A program started by a test, whose output goes to a file. It is killed and waited for when this
-/// goes away. Throws std::runtime_error when the program cannot be started.
+/// A program started by a test, whose output goes to a file. The destructor kills it and waits for
+/// its end. Throws std::runtime_error when the program cannot be started.
 class ChildProcess {
  public:
   using Environment = std::vector<std::pair<std::string, std::string>>;
@@ -25,16 +25,16 @@ class ChildProcess {
   /// What the program has written so far to standard output and standard error together.
   std::string output() const;
 
-  /// Whether the output has come to hold `text`; waits for it as waitFor does.
+  /// Whether the output contains `text`; waits for it as waitFor does.
   bool waitForOutput(const std::string &text) const;
 
-  /// How many times `text` stands in the output.
+  /// How many times the output contains `text`.
   int countInOutput(const std::string &text) const;
 
   /// Whether the program has ended.
   bool hasEnded();
 
-  /// Waits for the end and answers the exit code (128 + n after signal n).
+  /// Waits for the end and returns the exit code (128 + n after signal n).
   int waitForEnd();
 
  private:
@@ -46,33 +46,32 @@ class ChildProcess {
 /// A new empty folder under the private session's temporary folder; the session removes it.
 std::string newTemporaryFolder();
 
-/// Polls until `condition` holds, at most for kPatienceSeconds; answers whether it came to hold.
-/// Looks less often the longer it waits, at last twenty times a second: looking takes processor
-/// time from what is waited for. Does not run the run loop (see Pump.h for that).
+/// Polls until `condition` holds, at most for kWaitTimeoutSeconds; returns whether it holds. Polls
+/// less often the longer it waits, at last twenty times a second, because polling takes processor
+/// time from what it waits for. Does not run the run loop (see Pump.h for that).
 template <class Condition>
 bool waitFor(Condition condition);
 
 namespace detail {
 void pausePolling();
-/// The same for somebody who has been waiting for this long.
+/// The same for a caller who has been waiting for this long.
 void pausePollingAfter(double secondsWaited);
 double secondsNow();
 
-/// How long whoever waits since `start` (secondsNow) may leave the condition alone while nothing
-/// happens: longer, the longer it has taken already, because a run loop that is asked a hundred
-/// times a second is work too.
+/// The polling interval of a wait since `start` (secondsNow) while no event arrives: longer, the
+/// longer it has taken already, because running a run loop a hundred times a second is work, too.
 double secondsUntilNextLook(double start);
 }  // namespace detail
 
 /// How long a test waits for a condition; longer in a build that a sanitizer slows down.
-constexpr double kPatienceSeconds = 60 * SANITIZER_SLOWDOWN;
+constexpr double kWaitTimeoutSeconds = 60 * SANITIZER_SLOWDOWN;
 
 template <class Condition>
 bool waitFor(Condition condition) {
   const double start = detail::secondsNow();
   while (!condition()) {
     const double waited = detail::secondsNow() - start;
-    if (waited > kPatienceSeconds) return false;
+    if (waited > kWaitTimeoutSeconds) return false;
     detail::pausePollingAfter(waited);
   }
   return true;

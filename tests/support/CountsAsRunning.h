@@ -2,7 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-/// For its lifetime the application counts as running, which one that a test drives does not: it
+/// For its lifetime the application counts as running, which it otherwise does not, because a test
 /// takes its events one by one. Only a running application looks for another key window when the
 /// key window leaves the screen. Main thread.
 class CountsAsRunning {

@@ -2,9 +2,9 @@
 
 #import <AppKit/AppKit.h>
 
-/// Whether nothing is going to wake this thread in the next second, unless it comes from outside:
-/// its run loop has no timer, in the default mode or a modal session's, and no delayed message that
-/// is due by then. What is due already happens now.
+/// Whether nothing in this process will wake this thread in the next second: its run loop has no
+/// timer, in the default mode or a modal session's, and no delayed message that is due by then.
+/// Fires what is due already.
 inline bool nothingIsDueSoon() {
   constexpr NSTimeInterval kSoonSeconds = 1;
   for (NSString *const mode in @[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode ]) {

@@ -5,8 +5,8 @@
 #include "tests/support/ChildProcess.h"
 
 /// Takes events from the application's queue, which also runs the run loop's default mode, and
-/// dispatches them until `condition` holds, at most for kPatienceSeconds; answers whether it came
-/// to hold.
+/// dispatches them until `condition` holds, at most for kWaitTimeoutSeconds; returns whether it
+/// holds.
 template <class Condition>
 bool handleEventsUntil(Condition condition) {
   const double start = detail::secondsNow();
@@ -31,14 +31,14 @@ void handlePostedEvents();
 /// A click of the left button at a place of the window's content, posted to the queue.
 void postClick(NSWindow *window, NSPoint place);
 
-/// A click in the middle of the control, wherever it lies.
+/// A click in the middle of the control.
 void postClick(NSView *control);
 
 /// Presses and releases of keys in the window, one for each character, posted to the queue.
 void postKeys(NSWindow *window, NSString *characters);
 
-/// What the window server says of a window, posted to the queue.
+/// A window server's event for a window, posted to the queue.
 void postWindowEvent(NSWindow *window, short subtype);
 
-/// Whether the visible part of the screen holds the whole window.
+/// Whether the whole window is in the visible part of the screen.
 bool isOnScreen(NSWindow *window);

@@ -37,7 +37,7 @@ void handlePostedEvents() {
     NSEvent *const event = [NSApp currentEvent];
     return [event type] == NSApplicationDefined && [event data1] == mark;
   });
-  // The queue was never empty, so the run loop has not run: it throws its dead timers away then.
+  // The queue was never empty, so the run loop has not run, which would remove its invalid timers.
   [[NSRunLoop currentRunLoop] runMode:NSDefaultRunLoopMode beforeDate:[NSDate distantPast]];
 }
 

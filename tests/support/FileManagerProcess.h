@@ -7,7 +7,7 @@
 #include "tests/support/ChildProcess.h"
 
 /// A file manager with a scripted selection, as a separate process behind the real file manager's
-/// connection. Nothing is selected at first. It ends with this object.
+/// connection. Nothing is selected at first. The destructor ends it.
 class FileManagerProcess {
  public:
   /// Returns when the file manager is reachable.

@@ -25,8 +25,8 @@ bool isOfThisSession(const std::filesystem::path &process) {
 }
 
 pid_t running(const std::string &name) {
-  std::error_code vanished;
-  for (const auto &entry : std::filesystem::directory_iterator("/proc", vanished)) {
+  std::error_code error;
+  for (const auto &entry : std::filesystem::directory_iterator("/proc", error)) {
     const std::string number = entry.path().filename();
     if (number.find_first_not_of("0123456789") != std::string::npos) continue;
     if (contents(entry.path() / "comm") != name + "\n" || !isOfThisSession(entry.path())) continue;
@@ -44,7 +44,7 @@ char stateOf(pid_t pid) {
   return end == std::string::npos ? '-' : status[end + 2];
 }
 
-/// By any process of this session.
+/// Whether any process of this session holds the lock of the names.
 bool namesAreLocked() {
   const char *const folder = std::getenv("TEMP");
   return folder != nullptr &&

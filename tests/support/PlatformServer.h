@@ -11,19 +11,19 @@ class PlatformServer {
   /// name: the program's. Waits until it runs.
   explicit PlatformServer(const std::string &name);
 
-  /// Goes on with it if it is stopped.
+  /// Continues it if it is stopped.
   ~PlatformServer();
   PlatformServer(const PlatformServer &) = delete;
   PlatformServer &operator=(const PlatformServer &) = delete;
 
   pid_t pid() const { return pid_; }
 
-  /// From here on it answers nobody; returns when it stands still.
+  /// Stops it, so that it serves no requests; returns when it is stopped.
   void stop() const;
   void resume() const;
 
-  /// Returns when it is gone. Not while it may have the lock of the names, which nobody could take
-  /// for the next 15 seconds then.
+  /// Kills it and returns when it has ended. Not while it may hold the lock of the names, which no
+  /// process could take for the next 15 seconds then.
   void kill() const;
 
  private:

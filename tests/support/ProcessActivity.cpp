@@ -37,7 +37,7 @@ double processorMilliseconds(const fs::path &process) {
   std::ifstream file(process / "stat");
   std::string all;
   if (!std::getline(file, all)) throw std::runtime_error("cannot read " + process.string());
-  // Behind the name, which may have spaces, in parentheses.
+  // After the name, which is in parentheses and may contain spaces.
   std::istringstream fields(all.substr(all.rfind(')') + 1));
   constexpr int kFieldsBefore = 11;
   std::string skipped;
@@ -48,12 +48,12 @@ double processorMilliseconds(const fs::path &process) {
   return (user + system) * 1000 / static_cast<double>(sysconf(_SC_CLK_TCK));
 }
 
-/// The last second of a process, as it goes on.
+/// The last second of a running process.
 class LastSecond {
  public:
   explicit LastSecond(pid_t process) : process_(process) {}
 
-  /// To be called again and again. Answers whether there is a whole second yet.
+  /// To be called repeatedly. Returns whether a whole second has passed.
   bool look() {
     const double now = detail::secondsNow();
     looks_.emplace_back(now, ProcessActivity::of(process_));
@@ -61,7 +61,7 @@ class LastSecond {
     return looks_.front().first <= now - 1;
   }
 
-  /// Of a little more than a second.
+  /// The activity of a little more than a second.
   SecondOfActivity activity() const {
     const ProcessActivity &first = looks_.front().second;
     const ProcessActivity &last = looks_.back().second;

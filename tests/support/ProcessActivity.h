@@ -9,7 +9,7 @@
 /// What a process has done since its start.
 class ProcessActivity {
  public:
-  /// Throws std::runtime_error when the process is gone.
+  /// Throws std::runtime_error when the process has ended.
   static ProcessActivity of(pid_t process);
 
   /// How often its threads were woken since `earlier`, those that have ended in between left out:
@@ -24,7 +24,7 @@ class ProcessActivity {
   double processorMilliseconds_ = 0;
 };
 
-/// How many threads the process has; 0 when it is gone.
+/// How many threads the process has; 0 when it has ended.
 std::size_t threadsOf(pid_t process);
 
 /// What a process did in a second.
@@ -33,11 +33,11 @@ struct SecondOfActivity {
   double processorMilliseconds = 0;
 };
 
-/// Watches the process for this long and answers the second in which it was woken least. meanwhile:
+/// Watches the process for this long and returns the second in which it was woken least. meanwhile:
 /// called ten times a second.
 SecondOfActivity quietestSecond(pid_t process, double seconds,
                                 const std::function<void()> &meanwhile);
 
-/// Watches the process until it has done nothing at all for a second, as waitFor does; answers
-/// whether that came to be.
+/// Watches the process until it has done nothing at all for a second, as waitFor does; returns
+/// whether that happened.
 bool waitUntilIdle(pid_t process);

@@ -6,8 +6,8 @@
 
 extern "C" {
 
-// The leak checker's, which is there in a build for the address sanitizer only. It tells of what
-// it found and answers whether that was anything.
+// The leak checker's, which is there in a build for the address sanitizer only. It reports leaks
+// and returns whether there were any.
 [[gnu::weak]] int __lsan_do_recoverable_leak_check();
 
 }  // extern "C"

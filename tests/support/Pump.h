@@ -5,7 +5,7 @@
 #include "tests/support/ChildProcess.h"
 
 /// Runs the current run loop in its default mode until `condition` holds, at most for
-/// kPatienceSeconds; answers whether it came to hold.
+/// kWaitTimeoutSeconds; returns whether it holds.
 template <class Condition>
 bool pumpUntil(Condition condition) {
   const double start = detail::secondsNow();

@@ -4,8 +4,8 @@
 
 #include <functional>
 
-/// While one of these lives, a function is called again and again, as often as somebody would look
-/// at the screen, while the current run loop runs in one mode. Main thread.
+/// Calls a function repeatedly for its lifetime, about as often as a user looks at the screen,
+/// while the current run loop runs in one mode. Main thread.
 class RepeatingTimer {
  public:
   /// mode: for example NSModalPanelRunLoopMode.

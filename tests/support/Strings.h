@@ -13,7 +13,7 @@ inline std::string text(id object) {
   return characters == nullptr ? "(no UTF-8)" : characters;
 }
 
-/// The text with half a surrogate pair behind it: only a string that changes comes to have one.
+/// The text followed by half a surrogate pair, which only a mutable string can get.
 inline NSString *withHalfPair(NSString *begin) {
   NSMutableString *const result = [NSMutableString stringWithFormat:@"%@\U0001F600", begin];
   [result deleteCharactersInRange:NSMakeRange([result length] - 1, 1)];

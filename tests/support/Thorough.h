@@ -4,8 +4,7 @@
 
 /// Whether the tests go through every case, as `./check --all` has them do by the environment
 /// variable CHECK_THOROUGHLY. Otherwise a test that repeats the same with many values of the same
-/// kind (faults, bytes, windows) takes some of each kind, because a check that takes long is not
-/// run.
+/// kind (faults, bytes, windows) takes some of each kind, because a slow check would not be run.
 inline bool isThorough() {
   return std::getenv("CHECK_THOROUGHLY") != nullptr;
 }

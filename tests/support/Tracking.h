@@ -7,10 +7,10 @@
 
 @class TrackingTimer;
 
-/// What somebody does, step by step, while the application follows the mouse in a loop of its own
-/// and the test waits for the end of that. Each step is taken when the tracking waits for events,
-/// so that what the step before has posted has been dealt with. Steps that are left when this goes
-/// away are never taken. Main thread.
+/// The steps of a user while the application tracks the mouse in a loop of its own and the test
+/// waits for the end of that. Each step is taken when the tracking waits for events, so that the
+/// events of the step before have been handled. Steps that are left at destruction are never taken.
+/// Main thread.
 class TrackingSteps {
  public:
   explicit TrackingSteps(std::vector<std::function<void()>> steps);

@@ -6,11 +6,11 @@
 
 #include "tests/support/RepeatingTimer.h"
 
-/// While one of these lives, somebody presses keys in a window once, while the main thread waits
-/// for the reply of another process.
+/// A user who presses keys in a window once while the main thread waits for the reply of another
+/// process.
 class TypeAheadUser {
  public:
-  /// when: asked while the main thread waits; the keys are pressed as soon as it holds.
+  /// when: checked while the main thread waits; the keys are pressed as soon as it holds.
   TypeAheadUser(
       NSWindow *window, NSString *keys, std::function<bool()> when = [] { return true; });
   ~TypeAheadUser();

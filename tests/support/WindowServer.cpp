@@ -37,7 +37,7 @@ class Server {
 
   xcb_window_t root() const { return screen_->root; }
 
-  /// Answers of windows that have gone meanwhile are nullptr, "" or nothing.
+  /// Replies about windows that have closed meanwhile are nullptr, "" or nothing.
   std::vector<xcb_window_t> children(xcb_window_t window) const {
     const Reply<xcb_query_tree_reply_t> tree(
         xcb_query_tree_reply(connection_, xcb_query_tree(connection_, window), nullptr));
@@ -52,7 +52,7 @@ class Server {
     return tree ? tree->parent : XCB_NONE;
   }
 
-  /// Those of the windows that can be seen, all asked for in one go.
+  /// Those of the visible windows, requested all at once.
   std::vector<xcb_window_t> visible(const std::vector<xcb_window_t> &windows) const {
     std::vector<xcb_get_window_attributes_cookie_t> asked;
     for (const xcb_window_t window : windows) {
@@ -91,7 +91,7 @@ class Server {
     return ScreenArea{place->dst_x, place->dst_y, geometry->width, geometry->height};
   }
 
-  xcb_window_t withKeyboard() const {
+  xcb_window_t focusedWindow() const {
     const Reply<xcb_get_input_focus_reply_t> focus(
         xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
     return focus ? focus->focus : XCB_NONE;
@@ -140,7 +140,7 @@ const Server &server() {
 
 void addVisibleWindows(xcb_window_t parent, const std::string &program,
                        std::vector<ServerWindow> &windows) {
-  // What is in a window that cannot be seen cannot be seen either.
+  // Children of an invisible window are invisible.
   for (const xcb_window_t window : server().visible(server().children(parent))) {
     if (server().program(window) == program) {
       if (const auto area = server().area(window)) {
@@ -159,9 +159,9 @@ std::vector<ServerWindow> visibleWindowsOf(const std::string &program) {
   return windows;
 }
 
-std::string windowWithKeyboard() {
-  // What the platform opened may have windows in it that get the keyboard.
-  for (xcb_window_t window = server().withKeyboard();
+std::string focusedWindow() {
+  // The focus may be in a child of the platform's window.
+  for (xcb_window_t window = server().focusedWindow();
        window > XCB_INPUT_FOCUS_POINTER_ROOT && window != server().root();
        window = server().parent(window)) {
     if (!server().program(window).empty()) return std::to_string(window);
@@ -172,7 +172,7 @@ std::string windowWithKeyboard() {
 std::string pixelsIn(const ScreenArea &area) {
   constexpr std::uint32_t kColours = 0x00FFFFFF;
   std::string pixels = server().image(area);
-  // In words: this is compiled without optimisation, and done often.
+  // Word by word: this is compiled without optimisation, and called often.
   auto *const words = reinterpret_cast<std::uint32_t *>(pixels.data());
   const std::size_t count = pixels.size() / sizeof *words;
   for (std::size_t i = 0; i < count; ++i) words[i] &= kColours;

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-/// What the window server of the private screen knows, asked over a connection of this process's
-/// own: tests wait for windows, and starting a program for each look would take most of their time.
-/// Not through the platform, which is what is tested. On the main thread. Throws std::runtime_error
+/// Queries to the window server of the private screen, over a connection of this process's own:
+/// tests poll for windows, and starting a program for each query would take most of their time. Not
+/// through the platform, which is what is tested. On the main thread. Throws std::runtime_error
 /// when the server cannot be reached.
 
 /// In pixels of the screen, from its upper left corner.
@@ -29,9 +29,8 @@ struct ServerWindow {
 /// platform gives its windows; their process is not noted on them), in no particular order.
 std::vector<ServerWindow> visibleWindowsOf(const std::string &program);
 
-/// The number of the window with the keyboard, or of the one around it that a program has opened;
-/// "" when there is none.
-std::string windowWithKeyboard();
+/// The number of the focused window, or of its top-level window; "" when there is none.
+std::string focusedWindow();
 
 /// The colours in a part of the screen, four bytes a pixel (blue, green, red, nothing), row by row;
 /// "" when a part of the area is not on the screen.

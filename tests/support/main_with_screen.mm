@@ -2,7 +2,7 @@
 
 #import <AppKit/AppKit.h>
 
-#include "tests/support/PictureOfFailure.h"
+#include "tests/support/FailureScreenshot.h"
 #include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
 #include "tests/support/ProgramEnd.h"
@@ -12,7 +12,7 @@ int main(int argc, char *argv[]) {
   testing::InitGoogleTest(&argc, argv);
   giveEachTestAPool();
   // Owned by the list.
-  testing::UnitTest::GetInstance()->listeners().Append(new PictureOfFailure);
+  testing::UnitTest::GetInstance()->listeners().Append(new FailureScreenshot);
   int result = 0;
   @autoreleasepool {
     if (!testing::GTEST_FLAG(list_tests)) {

@@ -12,7 +12,7 @@ int main(int argc, char *argv[]) {
   giveEachTestAPool();
   int result = 0;
   @autoreleasepool {
-    // An application has its run loop before it has a second thread. When both come about at the
+    // An application has its run loop before it has a second thread. When both are created at the
     // same time, each waits for a lock of the platform that the other one holds.
     [NSRunLoop currentRunLoop];
     result = RUN_ALL_TESTS();

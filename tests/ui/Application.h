@@ -4,9 +4,9 @@
 
 #import "app/ContextMenuAppAppDelegate.h"
 #include "tests/support/ChildProcess.h"
-#include "tests/support/PlatformLoss.h"
+#include "tests/support/PlatformLeak.h"
 
-/// The delegate, made by the application's own main interface resource. The application's launch
+/// The delegate, created by the application's own main interface file. The application's launch
 /// sequence has not run yet.
 inline ContextMenuAppAppDelegate *loadedDelegate() {
   if ([NSApp delegate] == nil) [NSBundle loadNibNamed:@"MainMenu" owner:NSApp];
@@ -15,13 +15,13 @@ inline ContextMenuAppAppDelegate *loadedDelegate() {
 
 /// What is on the general clipboard as text, nil when there is none.
 inline NSString *clipboardText() {
-  // Of an object of the connection with the pasteboard's server, now and then. The application only
-  // writes.
-  const PlatformLoss loss;
+  // The platform sometimes leaks an object of the connection to the pasteboard's server when it
+  // reads. The application only writes.
+  const PlatformLeak loss;
   return [[NSPasteboard generalPasteboard] stringForType:NSStringPboardType];
 }
 
-/// Puts something on the clipboard that must not survive; answers whether it is there. Tries until
+/// Puts a text on the clipboard that a test must replace; returns whether it is there. Tries until
 /// it is: on a busy machine the platform now and then does not find the server that it has just
 /// started, and says so in a log line. To be called before a test looks at the log.
 inline bool fillClipboard() {

@@ -15,8 +15,7 @@ std::vector<std::string> callThatOpensAnotherWindow();
 
 /// A call of the plug-in, from a process of its own, that comes while an action waits for the
 /// agent. To be made right before the action: the default mode of the run loop then runs once
-/// inside of that wait, as the platform runs it in calls of its own, for long enough to serve a
-/// call.
+/// inside that wait, as the platform runs it in calls of its own, for long enough to serve a call.
 class CallDuringAction {
  public:
   CallDuringAction();
@@ -24,14 +23,14 @@ class CallDuringAction {
   CallDuringAction(const CallDuringAction &) = delete;
   CallDuringAction &operator=(const CallDuringAction &) = delete;
 
-  /// A script's entry for the agent's operation that the action waits for: this one, but answered
-  /// only when the default mode runs.
+  /// A script's entry for the agent's operation that the action waits for: this one, but with the
+  /// reply held until the default mode runs.
   NSDictionary *held(NSDictionary *entry) const;
 
   /// Whether the default mode has run and the call was not served in it.
   bool hasWaited();
 
-  /// Whether the call is served from now on; handles events meanwhile.
+  /// Whether the call is served now; handles events meanwhile.
   bool isServed();
 
  private:

@@ -3,13 +3,13 @@
 #import "tests/ui/InviteTabFixture.h"
 #import "tests/ui/PermissionsTab.h"
 
-// The default mode runs inside of each of these actions while a call of the plug-in waits that
-// would close the action's window.
+// The default mode runs inside each of these actions while a call of the plug-in waits that would
+// close the action's window.
 
 namespace {
 
 struct CallDuringTheSendWindow : Windows {
-  /// Presses the button, with the agent's answer to the operation held.
+  /// Presses the button, with the agent's reply to the operation held.
   void press(NSString *title, CallDuringAction &call, NSString *operation) {
     agent.setScript(@{operation : call.held(@{@"reply" : success(@"https://x/first")})});
     [button(window, title) performClick:nil];
@@ -27,7 +27,7 @@ struct CallDuringAChangeOfAccess : PermissionsTab {
   void expectThatItHasWaited(CallDuringAction &call) {
     EXPECT_TRUE(call.hasWaited());
     EXPECT_TRUE([[window window] isVisible]);
-    // The call closes the window, and that ends its controller.
+    // The call closes the window, which deallocates its controller.
     window = nil;
     EXPECT_TRUE(call.isServed());
   }

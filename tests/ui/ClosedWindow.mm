@@ -6,9 +6,8 @@
 
 namespace {
 
-/// A window that has been closed and is still there: whoever closed it was a timer or another
-/// source of the run loop, and what comes next in the same pass meets the window without its
-/// controllers.
+/// A window that still exists after its closing by a timer or another source of the run loop, so
+/// that later sources in the same pass meet the window without its controllers.
 struct ClosedWindow : Windows {
   ClosedWindow() {
     [delegate setAddressBookForShare:[NSMutableArray arrayWithArray:@[ @"Anna<anna@x.org>" ]]];
@@ -119,8 +118,8 @@ struct ClosedWindow : Windows {
     return nil;
   }
 
-  /// Closes the controller's window while its indicators turn; answers whether they do not turn any
-  /// more in another window, where they can be seen.
+  /// Closes the controller's window while its indicators turn; returns whether they no longer turn
+  /// in another window, where they are visible.
   bool stopsIndicators(NSWindowController *controller) {
     std::vector<NSProgressIndicator *> indicators;
     closed(controller, [&](NSWindow *window) {
@@ -199,7 +198,7 @@ TEST_F(ClosedWindow, OfTheInviteTabReachesNoController) {
 
 TEST_F(ClosedWindow, ListsNoCompletionsForWhatWasTypedBefore) {
   SendAndCopyTabController *const controller = openSend(0);
-  // Alive, so that it could answer.
+  // Retained, so that it could receive messages.
   [[[controller sendFile] retain] autorelease];
   closed(controller, [](NSWindow *window) { type(window, @"an"); });
   const NSUInteger windows = windowsOnScreen();
@@ -256,7 +255,7 @@ TEST_F(ClosedWindow, HasRowsAndButtonsInTheShareWindowThatDoNothing) {
     EXPECT_EQ(callsOfAgent(), calls);
     EXPECT_EQ([window attachedSheet], nil);
   }
-  // Its list's binding has kept it as long as the window.
+  // The binding of its list has retained it as long as the window.
   EXPECT_TRUE(handleEventsUntil([] { return ended([PermissionTabController class]) == 1; }));
 }
 
@@ -277,7 +276,7 @@ TEST_F(ClosedWindow, LeavesNoMenuToTheNextWindow) {
     ASSERT_EQ(windowsOnScreen(), windows + 1);
     closeWindows();
   }
-  // The application comes back, and with it what was hidden.
+  // The application is unhidden, and with it what was hidden.
   @autoreleasepool {
     openSend(0);
     handlePostedEvents();
@@ -295,7 +294,7 @@ TEST_F(ClosedWindow, LeavesASuccessToItsTimer) {
   EXPECT_TRUE(handleEventsUntil([] { return ended([SendFileController class]) == 1; }));
 }
 
-// What is sent to an object that has ended may go unnoticed, because its memory is still as it was.
+// A message to a deallocated object may go unnoticed, because its memory is unchanged.
 TEST(ClosedWindowWithZombies, SendsNothingToWhatHasEnded) {
   NSString *const program = [[NSBundle mainBundle] executablePath];
   // With a session of its own.

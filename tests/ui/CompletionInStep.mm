@@ -39,7 +39,7 @@ struct CompletionInStep : testing::Test {
     return text([[delegate completionsForSubstring:substring] componentsJoinedByString:@" "]);
   }
 
-  /// The index that the delegate completes from, which it has no more then.
+  /// The index that the delegate completes from, which the delegate loses by this.
   IndexedBook *takenIndex() const {
     return [[[delegate completion] exchangeIndex:nil] autorelease];
   }
@@ -60,7 +60,7 @@ TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
 }
 
 TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntries) {
-  // As long as it takes to look.
+  // Held while the test checks the completions.
   const std::string hold = newTemporaryFolder() + "/hold";
   std::ofstream(hold) << "";
   agent.setScript(@{

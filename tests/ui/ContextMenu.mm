@@ -3,7 +3,7 @@
 
 #include "tests/ui/MenuActions.h"
 
-/// Waits for the context menu as a person does, and then uses the mouse. What a timer can message.
+/// Waits for the context menu as a user does, and then uses the mouse. The target of a timer.
 @interface MenuUser : NSObject {
  @public
   NSMenu *menu;
@@ -49,7 +49,7 @@ NSPoint middleOfItem(NSMenu *menu, NSInteger item) {
   [timer invalidate];
   menuFrame = [windowOf(menu) frame];
   const auto place = onServer(item == kElsewhere ? kFarAway : middleOfItem(menu, item));
-  // The menu looks where the pointer is some times a second, so the hand is not too fast.
+  // The menu polls the pointer some times a second, so the steps are not too fast.
   *hand = std::make_unique<ChildProcess>(
       std::vector<std::string>{kPointingTool, "mousemove", place[0], place[1], "sleep", "0.3",
                                "mousedown", "1", "sleep", "0.1", "mouseup", "1"});
@@ -71,7 +71,7 @@ struct FinderSelection : MenuActions {
 };
 
 struct ContextMenu : MenuActions {
-  /// Pops the menu up at a place of the screen, and clicks on an item or elsewhere; answers the
+  /// Pops the menu up at a place of the screen, and clicks on an item or elsewhere; returns the
   /// menu's frame.
   NSRect popUpAndClick(NSInteger item, NSPoint place = kPointer) const {
     const auto pointer = onServer(place);

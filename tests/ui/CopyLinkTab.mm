@@ -164,7 +164,7 @@ TEST_F(CopyLinkTab, AFileOnDiskIsAFileWhateverTheOpenerSaid) {
   EXPECT_EQ(linesInLog("is folder"), 0);
 }
 
-TEST_F(CopyLinkTab, AVanishedItemIsAskedForAsAFile) {
+TEST_F(CopyLinkTab, AMissingItemIsAskedForAsAFile) {
   open({.item = @"/nowhere/at/all", .isFolder = YES, .isFileId = NO});
   pressCopy();
   EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFile:::::");

@@ -31,7 +31,7 @@ struct Delegate : testing::Test {
   void launch() { [delegate applicationDidFinishLaunching:nil]; }
 };
 
-/// What the agent answers about the home folder.
+/// The agent's reply about the home folder.
 struct OddReply {
   const char *name;
   NSDictionary *(*entry)();

@@ -9,7 +9,7 @@
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 
-/// Notes the notifications that tell open windows to close.
+/// Records the notifications that tell open windows to close.
 @interface OpeningObserver : NSObject {
  @public
   int posts;

@@ -6,7 +6,7 @@
 
 namespace {
 
-/// The shortcuts on their way through the application's queue, key window and field editor.
+/// The shortcuts, sent through the application's queue, key window and field editor.
 struct EditingKeyEvents : testing::TestWithParam<const char *> {
   EditingFields fields { NSClassFromString(@(GetParam())) };
 

@@ -9,9 +9,10 @@
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 #include "tests/ui/EditingFields.h"
-#include "tests/ui/NotingTextView.h"
+#include "tests/ui/RecordingTextView.h"
 
-/// A view that notes whether it was asked for a shortcut, as subviews are by the platform's views.
+/// A view that records whether it was sent a shortcut, as the platform's views send them to
+/// subviews.
 @interface AskedView : NSView {
  @public
   int timesAsked;
@@ -25,7 +26,7 @@
 }
 @end
 
-/// A window that notes whether it was asked for its first responder.
+/// A window that records whether it was asked for its first responder.
 @interface AskedWindow : NSWindow {
  @public
   int timesAsked;
@@ -63,25 +64,25 @@ NSEvent *command(unsigned short keyCode, NSUInteger others = 0) {
 struct EditingKeys : testing::TestWithParam<const char *> {
   EditingFields fields { NSClassFromString(@(GetParam())) };
   NSTextField *const field = fields.field;
-  NotingTextView *const notingText =
-      [[[NotingTextView alloc] initWithFrame:NSMakeRect(200, 20, 100, 30)] autorelease];
+  RecordingTextView *const recordingText =
+      [[[RecordingTextView alloc] initWithFrame:NSMakeRect(200, 20, 100, 30)] autorelease];
 
   /// A text view that is not the field's own becomes the first responder; some of its text is
   /// selected or none.
   void noting(bool hasSelection) {
-    [[fields.window contentView] addSubview:notingText];
-    [notingText setString:@"some text"];
-    [fields.window makeFirstResponder:notingText];
-    [notingText setSelectedRange:NSMakeRange(2, hasSelection ? 3 : 0)];
+    [[fields.window contentView] addSubview:recordingText];
+    [recordingText setString:@"some text"];
+    [fields.window makeFirstResponder:recordingText];
+    [recordingText setSelectedRange:NSMakeRange(2, hasSelection ? 3 : 0)];
   }
 
   void makeUndoable() {
-    [notingText->ownUndoManager registerUndoWithTarget:notingText
-                                              selector:@selector(noteUndo:)
-                                                object:nil];
+    [recordingText->ownUndoManager registerUndoWithTarget:recordingText
+                                                 selector:@selector(recordUndo:)
+                                                   object:nil];
   }
 
-  std::string notes() { return text([notingText->notes componentsJoinedByString:@" "]); }
+  std::string notes() { return text([recordingText->notes componentsJoinedByString:@" "]); }
 };
 
 std::string nameOf(const testing::TestParamInfo<const char *> &info) {
@@ -109,9 +110,9 @@ TEST_P(EditingKeys, AreTheOnlyThingThatTheFieldsClassChanges) {
 TEST_P(EditingKeys, SelectAllCutCopyAndPasteGoToTheTextThatIsEditedFromTheField) {
   noting(true);
   for (const unsigned short key : {kKeyA, kKeyX, kKeyC, kKeyV}) {
-    notingText->lastSender = nil;
+    recordingText->lastSender = nil;
     EXPECT_TRUE([field performKeyEquivalent:command(key)]) << key;
-    EXPECT_EQ(notingText->lastSender, field) << key;
+    EXPECT_EQ(recordingText->lastSender, field) << key;
   }
   EXPECT_EQ(notes(), "selectAll: cut: copy: paste:");
 }
@@ -152,7 +153,7 @@ TEST_P(EditingKeys, CutAndCopyNeedASelectionSelectAllAndPasteDoNot) {
 TEST_P(EditingKeys, OtherModifiersBesidesCommandDoNotCount) {
   noting(true);
   for (const NSUInteger others : modifierCombinations()) {
-    [notingText->notes removeAllObjects];
+    [recordingText->notes removeAllObjects];
     makeUndoable();
     for (const unsigned short key : {kKeyA, kKeyZ, kKeyX, kKeyC, kKeyV}) {
       EXPECT_TRUE([field performKeyEquivalent:command(key, others)]) << key << " " << others;

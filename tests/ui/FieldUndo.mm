@@ -6,7 +6,7 @@
 
 namespace {
 
-/// What the platform's own fields do about undo.
+/// Undo in the platform's own fields.
 struct FieldUndo : testing::Test {
   EditingFields fields{[NSTextField class]};
 

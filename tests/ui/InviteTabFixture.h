@@ -5,17 +5,17 @@
 extern NSString *const kGrant;
 extern NSString *const kUserInfo;
 
-/// Notes what is posted as "UserAddedToShareFolder" while it lives.
+/// Records the notifications "UserAddedToShareFolder" during its lifetime.
 @interface PostCounter : NSObject {
  @public
   int posts;
-  /// The sheet on this window is what was to be seen at each post.
+  /// Also records the sheet on this window at each post.
   NSWindow *window;
   std::vector<bool> hadSheet;
 }
 @end
 
-/// What the agent answers when it gives somebody access, and when it does not.
+/// The agent's replies when it grants access, and when it refuses.
 NSDictionary *granted();
 NSDictionary *refused();
 

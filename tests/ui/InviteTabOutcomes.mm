@@ -127,7 +127,7 @@ TEST_F(InviteTabOutcomes, KeysPressedBeforeTheAlertShowsDoNotDismissItUnread) {
   EXPECT_TRUE(alertShows("The folder can only be shared with colleagues."));
 }
 
-/// The alert is on the screen by then, so the key is an answer to it.
+/// The alert is on the screen by then, so the key dismisses it.
 TEST_F(InviteTabOutcomes, AKeyPressedWhileTheListIsLoadedBehindTheAlertDismissesIt) {
   knowColleagues(@[ @"a@x.de" ]);
   grants(refused());
@@ -160,7 +160,7 @@ TEST_F(InviteTabOutcomes, AWindowThatWasClosedAndOpenedAgainLoadsTwiceForAnInvit
     [window close];
   }
   @autoreleasepool {
-    // Until then the application keeps what it has hidden.
+    // Until then the application retains what it has hidden.
     [NSApp unhideWithoutActivation];
   }
   ASSERT_TRUE(handleEventsUntil([] { return ended([PermissionTabController class]) == 1; }));

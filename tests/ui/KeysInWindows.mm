@@ -69,7 +69,7 @@ struct KeysInWindow : Windows, testing::WithParamInterface<Place> {
     handlePostedEvents();
   }
 
-  /// The control that has the keyboard; of a field that is edited, the field.
+  /// The control with the focus; for a field that is edited, the field.
   id focused() const {
     id const responder = [window firstResponder];
     if (![responder isKindOfClass:[NSTextView class]] || ![responder isFieldEditor]) {
@@ -78,7 +78,7 @@ struct KeysInWindow : Windows, testing::WithParamInterface<Place> {
     return [static_cast<NSTextView *>(responder) delegate];
   }
 
-  /// Where the keyboard has been after so many presses of a key.
+  /// The controls that had the focus after so many presses of a key.
   std::vector<id> visited(const std::string &key, int presses) const {
     std::vector<id> all;
     for (int i = 0; i < presses; ++i) {
@@ -88,7 +88,7 @@ struct KeysInWindow : Windows, testing::WithParamInterface<Place> {
     return all;
   }
 
-  /// Everything in the tab that takes keys.
+  /// All key views in the tab.
   std::vector<id> controls() const {
     const Place &place = GetParam();
     std::vector<id> all;

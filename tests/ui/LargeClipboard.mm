@@ -5,7 +5,7 @@
 #include "platform/gnustep/pasteboard/LargeSelection.h"
 #import "tests/ui/WindowFixtures.h"
 
-// Texts that other programs hand over in parts, which the pasteboard's server cannot receive.
+// Texts that other programs send in parts, which the pasteboard's server cannot receive.
 
 namespace {
 
@@ -15,9 +15,9 @@ constexpr std::size_t kMegabyte = 1024 * 1024;
 class OtherProgram {
  public:
   explicit OtherProgram(const std::string &text) : program_(command(text)) {
-    // The first that it prints is that it waits for those who ask.
+    // Its first output says that it waits for requests.
     EXPECT_TRUE(program_.waitForOutput("Waiting for"));
-    // The pasteboard's server hears of it some time after that.
+    // The pasteboard's server is notified some time after that.
     EXPECT_TRUE(waitFor([&] { return changes() != changesBefore_; }));
   }
 
@@ -95,7 +95,7 @@ TEST(SlowClipboardOwner, KeepsWhatItHasWhenItsAnswerComesTooLate) {
   other.stop();
   EXPECT_EQ(largeSelection(nullptr, "CLIPBOARD", 0.2).kind, LargeSelection::Kind::Broken);
   other.resume();
-  // It answers in the order in which it was asked.
+  // It replies in the order of the requests.
   EXPECT_TRUE(waitFor([] { return [clipboardText() isEqualToString:@"text"]; }));
 }
 

@@ -35,7 +35,7 @@ struct Layout : Windows, testing::WithParamInterface<Shown> {
     for (NSView *subview in [view subviews]) add(subview, found);
   }
 
-  /// What of a control can be seen: a push button's frame holds 6 points of nothing at each side.
+  /// The visible part of a control: a push button's frame has a margin of 6 points at each side.
   static NSRect seen(NSView *view) {
     const NSRect frame = [view convertRect:[view bounds] toView:nil];
     const bool isButton = [view isKindOfClass:[NSButton class]];

@@ -15,8 +15,8 @@ extern const char *const kNoIdLine;
 inline constexpr const char *kActivated = "Context Menu Application Did Become Active";
 
 /// The context menu's actions, with a real synced folder elsewhere than the user's, a file manager
-/// in another process, a sync engine library that says what it is asked, and somebody who dismisses
-/// the alerts.
+/// in another process, a sync engine library that records its calls, and a user who dismisses the
+/// alerts.
 struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   FileManagerProcess fileManager;
   ScriptedEngine &engine = ScriptedEngine::shared();
@@ -28,7 +28,7 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
 
   MenuActionsWithoutAgent();
 
-  /// Makes an item in the synced folder, with the folders above it, and answers its path, a
+  /// Makes an item in the synced folder, with the folders above it, and returns its path, a
   /// folder's without a slash at its end.
   NSString *makeFile(NSString *relativePath) const;
   NSString *makeFolder(NSString *relativePath) const;
@@ -39,15 +39,15 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   /// Selects these items in the file manager, and nothing else.
   void select(NSString *first, NSString *second = nil) const;
 
-  /// Tells the library an id.
+  /// Gives the library an id.
   void knowFile(NSString *path, const char *itemId) const;
   void knowFolder(NSString *path, const char *itemId) const;
 
-  /// That one alert was shown, with this message and informative text ("" for none) and no other
-  /// text, with these log lines, and that the application is hidden and has opened no window.
+  /// Expects that one alert was shown, with this message and informative text ("" for none) and no
+  /// other text, with these log lines, and that the application is hidden and has opened no window.
   void expectAlert(const std::string &message, const std::string &informative, const Lines &lines);
 
-  /// That nothing but this was logged, and the application is hidden without an alert or window.
+  /// Expects that only this was logged, and the application is hidden without an alert or window.
   void expectSilence(const Lines &lines) const;
 
   /// The one window that can be seen, and its controller.
@@ -55,7 +55,7 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   static SendAndCopyTabController *sendWindow();
   static BrisvaleTabController *shareWindow();
 
-  /// That both tabs have this item, by its server id.
+  /// Expects that both tabs have this item, by its server id.
   static void expectItem(SendAndCopyTabController *controller, const std::string &itemId,
                          bool isFolder);
 };

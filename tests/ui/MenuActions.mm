@@ -122,7 +122,7 @@ void MenuActionsWithoutAgent::expectItem(SendAndCopyTabController *controller,
 MenuActions::~MenuActions() {
   // While there is an agent.
   closeWindows();
-  // A load of a window that has been closed goes on. It would ask the next test's agent, whose name
-  // is the same.
+  // A load of a closed window continues, and would ask the next test's agent, which has the same
+  // name.
   EXPECT_TRUE(handleEventsUntil([] { return threadsOf(getpid()) == threadsAtRest; }));
 }

@@ -10,10 +10,10 @@
 #import "windows/share/PermissionTabController.h"
 #import "windows/share/SharedWith.h"
 
-/// An entry of an access list: somebody who may do everything.
+/// An entry of an access list: a person with all rights.
 NSDictionary *writer(NSString *firstName, NSString *lastName, NSString *address);
 
-/// An entry of somebody who may only download.
+/// An entry of a person who may only download.
 NSDictionary *reader(NSString *firstName, NSString *lastName, NSString *address);
 
 /// A number of people, "First0001 Last" and so on, with the addresses "p0001@example.org" and so
@@ -51,13 +51,13 @@ struct PermissionsWindow : testing::Test {
     return outlet<NSCollectionView>("collectionViewForAllEntries");
   }
 
-  /// Whether the list stands there instead of the status text, and the other way round.
+  /// Whether the list is shown instead of the status text, and the other way round.
   bool showsList() const;
   bool showsStatus(NSString *text) const;
 
   SharedWith *person(NSUInteger row) const { return [[tab personList] objectAtIndex:row]; }
 
-  /// Scrolls the row into sight, draws, and answers its view.
+  /// Scrolls the row to visible, draws, and returns its view.
   NSView *rowView(NSUInteger row) const;
   NSTextField *nameIn(NSUInteger row) const { return in<NSTextField>(row, 0); }
   NSPopUpButton *accessIn(NSUInteger row) const { return in<NSPopUpButton>(row, 1); }
@@ -65,7 +65,7 @@ struct PermissionsWindow : testing::Test {
 
   /// Chooses from the row's pop-up as its menu does.
   void choose(NSUInteger row, NSString *keyOfTitle) const;
-  /// Presses the row's button and answers the question's alert.
+  /// Presses the row's button and returns the question's alert.
   NSWindow *askToRemove(NSUInteger row) const;
   /// Presses a button of the sheet: 0 is the rightmost.
   void press(NSWindow *sheet, NSUInteger index) const;
@@ -74,7 +74,7 @@ struct PermissionsWindow : testing::Test {
   /// Whether the sheet shows the text somewhere.
   bool sheetShows(NSString *text) const;
 
-  /// Lets go of everything and closes the window. What follows needs a window of its own.
+  /// Releases everything and closes the window. Later steps need a new window.
   void finish();
 
  private:
@@ -95,12 +95,12 @@ struct PermissionsTab : PermissionsWindow {
 
   ~PermissionsTab() override;
 
-  /// What the agent answers to questions for the access list, and to nothing else.
+  /// The agent's only replies: those to requests for the access list.
   void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
-  /// An answer to the question for the access list that comes after letAgentGoOn.
+  /// A reply to the request for the access list that is sent after resumeAgent.
   NSDictionary *held(NSArray *entries) const;
-  void letAgentGoOn() const;
-  /// What the agent answers to the operation besides the list.
+  void resumeAgent() const;
+  /// The agent's reply to the operation, in addition to the list.
   void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
 
   /// How often the operation has been called.

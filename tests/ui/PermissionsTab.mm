@@ -86,7 +86,7 @@ PermissionsTab::~PermissionsTab() {
 }
 
 void PermissionsWindow::finish() {
-  // The test's own references first: the window is to end when it is closed.
+  // The test's own references first: the window must be deallocated when it is closed.
   [pool_ drain];
   pool_ = nil;
   close();
@@ -97,7 +97,7 @@ NSDictionary *PermissionsTab::held(NSArray *entries) const {
   return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
 }
 
-void PermissionsTab::letAgentGoOn() const {
+void PermissionsTab::resumeAgent() const {
   std::filesystem::remove(hold);
 }
 
@@ -106,7 +106,8 @@ void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary 
 }
 
 void PermissionsWindow::openWindow() {
-  // An event of its own: its pool must not hold the controller, which destroys itself at its end.
+  // An event of its own: its pool must not retain the controller, which deallocates itself at its
+  // end.
   @autoreleasepool {
     window = [[BrisvaleTabController alloc] init];
     [window selectTabAtPosition:0];
@@ -141,8 +142,7 @@ void PermissionsWindow::close() {
     [tab release];
     tab = nil;
   }
-  // The application hides when its window closes, and shows itself again at the opening of the
-  // next.
+  // The application hides when its window closes, and unhides when the next one opens.
   @autoreleasepool {
     [NSApp unhideWithoutActivation];
     handlePostedEvents();

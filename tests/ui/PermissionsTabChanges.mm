@@ -12,7 +12,7 @@ NSString *const kWriter = @"accessPermissionReadWriteKey";
 NSString *const kReader = @"accessPermissionReadOnlyKey";
 
 struct PermissionsTabChanges : PermissionsTab {
-  /// Somebody who reads, and somebody who writes.
+  /// A person with read access, and one with write access.
   void openWith(NSDictionary *grantReply) {
     answer(@[ reader(@"rea", @"der", @"r@x.org"), writer(@"wri", @"ter", @"w@x.org") ], kGrant,
            grantReply);

@@ -13,23 +13,24 @@
 namespace {
 
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-// A sanitizer keeps freed memory for a while, and looks for what is left behind by itself; opening
-// a window takes it more than a second.
+// A sanitizer keeps freed memory for a while, and checks for leaks by itself; opening a window
+// takes it more than a second.
 constexpr int kOpenings = 40;
 constexpr double kMostGrowthKibibytes = 1e9;
 #else
 const int kOpenings = repetitions(45, 200);
 constexpr double kMostGrowthKibibytes = 1024;
 #endif
-/// By then everything that is made once has been made.
+/// By then everything that is created once exists.
 const int kFirstOpenings = repetitions(15, 40);
 
-// A load that outlives its window ends on its own thread.
+// Atomic, because a load that outlives its window ends on its own thread.
 std::atomic<int> endedControllers = 0;
 std::atomic<int> endedItems = 0;
 std::atomic<int> endedRows = 0;
 
-/// One controller whose end a test waits for: those of earlier tests may still end meanwhile.
+/// One controller whose deallocation a test waits for: those of earlier tests may still be
+/// deallocated meanwhile.
 std::atomic<const void *> watched = nullptr;
 std::atomic<bool> hasWatchedEnded = false;
 
@@ -52,7 +53,7 @@ struct PermissionsTabLifetimes : PermissionsTab {
     addDeallocHook([SharedWith class], [](id) { ++endedRows; });
   }
 
-  /// A window that is closed while its list is fetched, which goes on until letAgentGoOn.
+  /// A window that is closed while its list is fetched, which goes on until resumeAgent.
   void closeWhileItsListIsFetched() {
     agent.setScript(@{@"getAccess::" : held(people(5))});
     openWindow();
@@ -95,7 +96,7 @@ TEST_F(PermissionsTabLifetimes, AClosedWindowLeavesNothingBehind) {
 TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingBehind) {
   const int controllers = endedControllers;
   closeWhileItsListIsFetched();
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
 }
 
@@ -151,7 +152,7 @@ TEST_F(PermissionsTabLifetimes, AnInvitationWhileALoadOutlivesItsWindowReachesNo
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
   });
-  letAgentGoOn();
+  resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ(calls(@"getAccess::"), 1);
 }

@@ -26,7 +26,7 @@ TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
   ASSERT_TRUE(waitUntilBegun(2));
-  letAgentGoOn();
+  resumeAgent();
   ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(([argumentsOfLast(@"getAccess::") isEqual:@[ @"newer", @1 ]]));
@@ -38,7 +38,7 @@ TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
   ASSERT_TRUE(waitUntilBegun(2));
-  letAgentGoOn();
+  resumeAgent();
   bool seemedIdle = false;
   ASSERT_TRUE(handleEventsUntil([&] {
     if (showsList()) return true;
@@ -77,7 +77,7 @@ TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
   SharedWith *const first = person(1);
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  // Nothing of the load happens inside the action, which outlasts it.
+  // No step of the load runs inside the action, which takes longer than the load.
   ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
   choose(1, @"accessPermissionReadWriteKey");
   EXPECT_EQ(person(1), first);
@@ -124,7 +124,7 @@ TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork
       [&] { return showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")); }));
   EXPECT_TRUE([spinner() isHidden]);
   EXPECT_EQ(calls(@"getAccess::"), 0u);
-  letAgentGoOn();
+  resumeAgent();
   [tab setFilePath:@"folder-2"];
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 3u);

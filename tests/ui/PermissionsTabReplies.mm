@@ -1,5 +1,5 @@
-// Replies to changes and removals, and entries of the list, that are not as they should be; and all
-// that the alerts say.
+// Invalid replies to changes and removals, invalid entries of the list, and all texts of the
+// alerts.
 
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"

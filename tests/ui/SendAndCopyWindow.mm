@@ -1,6 +1,6 @@
 #import "tests/ui/WindowFixtures.h"
 
-/// Notes the delegate's flag when the application is about to hide.
+/// Records the delegate's flag when the application is about to hide.
 @interface HidingObserver : NSObject {
  @public
   bool hides;

@@ -3,14 +3,14 @@
 #include "tests/support/PlatformServer.h"
 #import "tests/ui/WindowFixtures.h"
 
-// The pasteboard's server stands still, or waits for a program that does.
+// The pasteboard's server is stopped, or waits for a program that is.
 
 namespace {
 
 NSString *const kFileOperation = @"getLinkForFile:::::";
 
-/// Half a minute is no wait that anybody has to bear; more than the few seconds that it takes, so
-/// that a busy machine changes nothing.
+/// Half a minute would be too long for a user, but the limit exceeds the few seconds that it takes,
+/// so that the test passes on a busy machine.
 constexpr NSTimeInterval kBoundSeconds = 30;
 
 struct SilentPasteboard : Windows {

@@ -32,7 +32,7 @@ NSFont *interfaceFont() {
   return [NSFont systemFontOfSize:kFontSize];
 }
 
-/// The characters of a text that the interface's font has a picture of, or those that it lacks.
+/// The characters of a text that the interface's font has a glyph for, or those that it lacks.
 NSString *charactersInFont(NSString *string, bool inFont) {
   NSCharacterSet *const covered = [interfaceFont() coveredCharacterSet];
   NSMutableString *const found = [NSMutableString string];

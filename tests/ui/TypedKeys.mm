@@ -44,7 +44,7 @@
 namespace {
 
 /// Runs a program of the window system to its end. No event is dispatched meanwhile: the run loop
-/// collects ended children of all kinds, and the exit code would be lost.
+/// collects all ended children, and the exit code would be lost.
 void run(const std::vector<std::string> &command) {
   std::vector<std::string> arguments = {"/usr/bin/env"};
   arguments.insert(arguments.end(), command.begin(), command.end());
@@ -64,7 +64,7 @@ class Layout {
   static void press(const std::string &keys) { run({"xdotool", "key", keys}); }
 };
 
-/// What a view gets for keys.
+/// The key events that a view gets.
 struct TypedKeys : testing::Test {
   Layout us{"us"};
   EditingFields fields{[NSTextField class]};
@@ -123,7 +123,7 @@ TEST_F(TypedKeys, HaveTheMacsCodes) {
 }
 
 TEST_F(TypedKeys, WithCodesThatTheMacDoesNotKnowMeanNothing) {
-  // The key that plays the next title.
+  // The media key for the next track.
   EXPECT_EQ([pressed("171") keyCode], 0xFFFF);
 }
 
@@ -244,7 +244,7 @@ TEST_P(TypedShortcuts, ControlXCutsAndControlZTakesItBack) {
 
 TEST_P(TypedShortcuts, ControlZTakesBackWhatWasTyped) {
   fields.edit(fields.field, @"", false);
-  // The space bar writes the same under every layout.
+  // The space bar types the same character in every layout.
   for (int i = 0; i < 3; ++i) Layout::press("65");
   ASSERT_TRUE(handleEventsUntil([&] { return [[fields.editor() string] length] == 3; }));
   Layout::press("ctrl+52");

@@ -30,7 +30,7 @@ struct WindowsWithoutAgent : testing::Test {
   WindowsWithoutAgent();
   ~WindowsWithoutAgent() override;
 
-  /// Closes what is open, as another opener would.
+  /// Closes open windows, as another opener would.
   static void closeWindows();
 
   struct SendOptions {
@@ -61,7 +61,7 @@ struct WindowsWithoutAgent : testing::Test {
   /// How many log lines are exactly this one.
   long linesInLog(const std::string &line) const;
 
-  /// How many controllers of this class have ended since the test began to count.
+  /// How many controllers of this class have been deallocated since the test began to count.
   static int ended(Class cls);
   static void countEndsOf(Class cls);
 };

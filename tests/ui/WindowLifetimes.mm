@@ -9,13 +9,13 @@
 
 namespace {
 
-/// By then everything that is made once has been made.
+/// By then everything that is created once exists.
 const int kFirstOpenings = repetitions(15, 50);
 const int kOpenings = repetitions(30, 200);
-/// What the platform may keep for itself (caches, fragmentation), far below what one window takes
-/// when it is left behind so many times.
+/// What the platform may keep (caches, fragmentation), far below the memory of so many leaked
+/// windows.
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
-// A sanitizer keeps freed memory for a while; it looks for what is left behind by itself.
+// A sanitizer keeps freed memory for a while, and checks for leaks by itself.
 constexpr long kFlatKilobytes = LONG_MAX / 2;
 #else
 const long kFlatKilobytes = repetitions(2048, 4096);
@@ -31,8 +31,8 @@ struct WindowLifetimes : Windows {
     return resident * (sysconf(_SC_PAGESIZE) / 1024);
   }
 
-  /// Does it some times to fill the platform's caches, then kOpenings times, and expects memory,
-  /// windows and ends of `cls` as they should be.
+  /// Does it some times to fill the platform's caches, then kOpenings times, and checks the memory,
+  /// the windows and the deallocations of `cls`.
   template <class Once>
   void expectFlat(Class cls, Once once) {
     for (int i = 0; i < kFirstOpenings; ++i) {
@@ -137,7 +137,7 @@ TEST_F(WindowLifetimes, APermissionsTabThatHasEndedHearsOfNoInvitation) {
 }
 
 TEST_F(WindowLifetimes, AClosedWindowDoesNotComeBackWithTheApplication) {
-  // Held here, so that it is there to be looked at.
+  // Retained, so that it can be checked.
   NSWindow *const window = [[[openSend(0) window] retain] autorelease];
   closeAll();
   ASSERT_TRUE([NSApp isHidden]);

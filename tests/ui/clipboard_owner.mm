@@ -1,5 +1,5 @@
-// Another program of the platform that owns the clipboard, is told when it does not any more, and
-// lives until it is killed. Prints "owns" first.
+// Another program of the platform that owns the clipboard, is notified when it no longer does, and
+// runs until it is killed. Prints "owns" first.
 
 #import <AppKit/AppKit.h>
 

@@ -4,13 +4,13 @@
 
 #include <random>
 
-/// What completion must answer: the address book filtered with the two predicates.
+/// The expected completions: the address book filtered with the two predicates.
 NSArray *filteredByPredicates(NSArray *book, NSString *substring);
 
-/// Address books and what is typed into a recipients field, of everything that strings can be made
-/// of: letters of one case, of two and of three, with accents composed and decomposed, of full
-/// width, from right to left, of two units; quotes, wildcards, backslashes, controls; any length.
-/// The same for the same seed.
+/// Address books and typed texts with every kind of content that strings can have: letters of one
+/// case, of two and of three, with accents composed and decomposed, of full width, from right to
+/// left, of two units; quotes, wildcards, backslashes, controls; any length. The same for the same
+/// seed.
 class RandomBooks {
  public:
   explicit RandomBooks(unsigned seed) : random_(seed) {}

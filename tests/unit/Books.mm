@@ -51,7 +51,7 @@ NSString *RandomBooks::text(unsigned maximumPieces) {
   // Many texts are of one script, as names are.
   const unsigned limit = below(2) == 0 ? 24 : std::size(kPieces);
   for (unsigned i = 0; i < pieces; ++i) [text appendString:kPieces[below(limit)]];
-  // As the platform would store it by itself, not as a string that may grow.
+  // In the platform's usual storage, not as a mutable string.
   return [NSString stringWithString:text];
 }
 
@@ -83,7 +83,7 @@ NSString *RandomBooks::typedFor(NSArray *book) {
   const unsigned rest = static_cast<unsigned>([from length]) - begin;
   const unsigned length = below(8) == 0 ? rest : std::min(rest, below(8));
   NSString *const part = [from substringWithRange:NSMakeRange(begin, length)];
-  // Of half a surrogate pair the platform makes no other strings.
+  // The platform creates no other strings with half a surrogate pair.
   return changed(part) ?: part;
 }
 

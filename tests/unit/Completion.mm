@@ -15,8 +15,8 @@ NSArray *people() {
                                    @"Brian<brian@example.org>", @"ANDY<andy@example.org>", nil];
 }
 
-/// How many are completed in a random book. The sanitizers look for other faults than a wrong
-/// answer, and take fifteen times as long for one.
+/// How many are completed in a random book. The sanitizers look for other faults than wrong
+/// results, and take fifteen times as long for one.
 const unsigned kSubstrings = SANITIZER_SLOWDOWN > 1 ? 50U : isThorough() ? 1000U : 300U;
 
 struct Completion : testing::Test {
@@ -48,7 +48,7 @@ testing::AssertionResult isSame(NSArray *answer, NSArray *expected, NSString *su
   return testing::AssertionSuccess();
 }
 
-/// Compares the answers for a random book with the predicates'.
+/// Compares the completions of a random book with the predicates' results.
 void compare(unsigned seed, unsigned entries, unsigned substrings, const CaseFolding &folding) {
   RandomBooks random(seed);
   NSArray *const book = random.book(entries);
@@ -62,7 +62,7 @@ void compare(unsigned seed, unsigned entries, unsigned substrings, const CaseFol
       ASSERT_TRUE(isSame([index completionsForSubstring:substring], expected, substring));
     }
   }
-  // Neither nothing nor everything is found.
+  // Some entries are found, but not all.
   EXPECT_GT(hits, substrings / 2);
   EXPECT_LT(hits, substrings);
 }

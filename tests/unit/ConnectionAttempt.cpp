@@ -6,7 +6,7 @@
 
 namespace {
 
-/// A clock that only pauses and slow tries move on.
+/// A clock that only pauses and slow tries advance.
 struct FakeTime {
   double seconds = 1000;
   std::vector<unsigned> pauses;

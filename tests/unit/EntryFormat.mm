@@ -10,7 +10,7 @@ std::string filled(NSString *format) {
   return text(EntryFormat(format).fill({u"A", u"B", u"C"}));
 }
 
-/// What the platform makes of a format.
+/// The platform's result for a format.
 std::string platforms(NSString *format) {
   return text([NSString stringWithFormat:format, @"A", @"B", @"C"]);
 }

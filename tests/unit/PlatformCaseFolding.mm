@@ -33,8 +33,8 @@ BOOL hasCase(char16_t unit) {
   return ![[string uppercaseString] isEqual:string] || ![[string lowercaseString] isEqual:string];
 }
 
-/// The units that the folding takes for the same, by the one that stands for them; also the units
-/// that the platform knows another case of.
+/// The units that the folding treats as equal, by their representative; also the units that the
+/// platform knows another case of.
 std::map<char16_t, std::u16string> letters(const CaseFolding &folding) {
   std::map<char16_t, std::u16string> all;
   for (unsigned unit = 0; unit < kUnits; ++unit) {

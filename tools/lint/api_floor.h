@@ -1,5 +1,5 @@
 // Included in front of everything when the API floor is checked (api_floor.py), with the platform's
-// headers told to show nothing newer than macOS 10.6 and no extension of their own.
+// headers set to declare nothing newer than macOS 10.6 and no extension.
 //
 // With so much hidden the headers no longer fit together in a few places. These declarations fill
 // the gaps with names that the application cannot mistake for something usable.
@@ -29,7 +29,7 @@ typedef NSInteger NSControlStateValue;
 @protocol NSApplicationDelegate <NSObject>
 @end
 
-// GNUstep's macros stay visible whatever is asked for; they would not exist on a Mac.
+// GNUstep's macros are always visible; they would not exist on a Mac.
 #undef ASSIGN
 #undef ASSIGNCOPY
 #undef ASSIGNMUTABLECOPY

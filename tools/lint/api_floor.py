@@ -12,8 +12,8 @@ from project import APPLICATION_FOLDERS, run_with_build
 HEADER = "tools/lint/api_floor.h"
 HIDE_NEWER = ["-DNO_GNUSTEP=1", "-DMAC_OS_X_VERSION_MAX_ALLOWED=1060"]
 CHECK = ["-fsyntax-only", "-ferror-limit=0",
-         # Methods that are not found and classes that are known by name only are the whole point.
-         # Other warnings have been given by the build, and a few say only that headers with so much
+         # Unknown methods and classes that are only forward-declared are what is looked for. Other
+         # warnings have been given by the build, and a few say only that headers with so much
          # hidden do not fit together.
          "-Wno-everything", "-Werror=objc-method-access", "-Werror=receiver-forward-class"]
 

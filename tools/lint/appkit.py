@@ -1,6 +1,6 @@
 """What the lint of interface files knows of the platform: which class an element makes, and which
-connections the platform's own classes take. Not all of it: what the project uses, and a little
-around it. Whoever needs more adds it here."""
+connections the platform's own classes take. It covers what the project uses; more is to be added
+here when needed."""
 
 SUPERCLASSES = {
     "NSObject": None,
@@ -111,7 +111,7 @@ ACTIONS = {
                  "performMiniaturize:", "performZoom:"},
 }
 
-# What menus send to whatever has the keyboard.
+# What menus send to the first responder.
 FIRST_RESPONDER_ACTIONS = {
     "copy:", "cut:", "delete:", "paste:", "redo:", "selectAll:", "undo:",
     "hide:", "performClose:", "performMiniaturize:", "performZoom:", "terminate:",

@@ -40,7 +40,7 @@ class Unit:
     def flags(self):
         """Compiler and options, without what names outputs and the source itself, and without
         precompiled headers: a check has options that do not go with them, and a source that
-        includes too little is to be found."""
+        includes too little must fail."""
         arguments = PRECOMPILED_HEADER.sub("", "\0".join(self.arguments)).split("\0")
         kept, skip = [], False
         for argument in arguments:
@@ -100,8 +100,8 @@ def key(command, inputs):
 
 
 class Cache:
-    """Remembers which commands passed on which inputs. Failures are not remembered: they are to be
-    shown again."""
+    """Remembers which commands passed on which inputs. Failures are not remembered, so that they
+    are shown again."""
 
     def __init__(self, folder):
         self.folder = folder
@@ -183,20 +183,20 @@ class Checks:
     def run_together(self, batch):
         with tempfile.NamedTemporaryFile("w", prefix=UNIFIED_SOURCE,
                                          suffix=batch[0].source.suffix) as together:
-            # The includes themselves would be found fault with.
+            # The includes themselves would be reported.
             together.writelines(f'#include "{unit.path}"  // NOLINT\n' for unit in batch)
             together.flush()
             return self.run(batch[0], together.name)
 
     def suspects(self, batch):
-        """Those that may not pass by themselves; the others are done with."""
+        """Those that may not pass by themselves; the others have passed."""
         result = self.run_together(batch)
         if result.returncode == 0:
             return []
         said = result.stdout + result.stderr
         at_fault = set(PLACE_OF_FINDING.findall(said))
         paths = {str(unit.path) for unit in batch}
-        # Where the compilation broke off or a header is at fault, each may be.
+        # Where the compilation was aborted or a header is at fault, each may fail.
         if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
             return batch
         return [unit for unit in batch if str(unit.path) in at_fault]
@@ -215,8 +215,8 @@ def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
 
     extra_inputs are files besides sources and headers that decide the outcome. With a batch_size
     the source is one that includes up to so many units' sources, because reading the platform's
-    headers takes longer than checking a source. Of a batch that fails, each unit that may be the
-    reason is checked by itself.
+    headers takes longer than checking a source. Each unit that may be the reason for a batch's
+    failure is checked by itself.
     """
     depends_on = dependencies(build)
     cache = Cache(build / "lint-cache" / name)

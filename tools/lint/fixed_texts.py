@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks that the texts which are fixed letter for letter stand in the application as they must
+"""Checks that the application contains the texts that are fixed letter for letter
 (fixed_texts.txt), and that no diagnostic line is written that is not among them."""
 
 import re
@@ -47,7 +47,8 @@ def constants(sources):
 
 
 def logged(text, named):
-    """What NSLog is called with, as (line, literal), the literal None if it cannot be told."""
+    """What NSLog is called with, as (line, literal), the literal None if it cannot be
+    determined."""
     code = without_comments(text)
     for match in LOG_CALL.finditer(code):
         line = code.count("\n", 0, match.start()) + 1

@@ -21,7 +21,7 @@ ALLOWED_UNCONNECTED = {
     ("ContextMenuAppAppDelegate", "window"),
 }
 
-# Stands for whatever has the keyboard; its class exists in interface files only.
+# The first responder; its class exists in interface files only.
 FIRST_RESPONDER = "-1"
 FIRST_RESPONDER_CLASS = "FirstResponder"
 
@@ -57,8 +57,7 @@ class Interface:
         return name in appkit.SUPERCLASSES or (own is not None and own.superclass is not None)
 
     def fits(self, name, wanted):
-        """Whether an object of the class may stand where the other class is wanted. Yes in
-        doubt."""
+        """Whether an object of the class may be used as one of the other class. True in doubt."""
         chain = self.ancestry(name)
         in_doubt = not chain or chain[-1] != "NSObject" or not self.is_declared(wanted)
         return wanted == "id" or in_doubt or wanted in chain
@@ -110,8 +109,8 @@ class Interface:
             self.add(element, f"no header declares the class {name}; the whole file would not load")
 
     def is_undeclared(self, element):
-        """Whether nothing can be said of the element, because its class is not declared, which is
-        told already."""
+        """Whether the element cannot be checked because its class is not declared, which is
+        reported already."""
         return bool(element.get("customClass")) and not self.is_declared(element.get("customClass"))
 
     def outlet(self, element):
@@ -183,7 +182,7 @@ def check(root, classes):
         interface.check()
         interface_looks.check(interface, keys)
         interfaces.append(interface)
-    if len(interfaces) == len(paths):  # else the one that cannot be read may have the connection
+    if len(interfaces) == len(paths):  # otherwise an unreadable one may have the connection
         unconnected(interfaces, classes, findings)
     return findings
 

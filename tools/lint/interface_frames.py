@@ -1,5 +1,5 @@
-"""The part of the lint of interface files that looks at where things are: inside what holds them,
-and not on top of each other. Only at views with fixed frames; layout rules move the others."""
+"""The part of the lint of interface files that checks positions: inside their superviews, and not
+on top of each other. Only at views with fixed frames; layout rules move the others."""
 
 from dataclasses import dataclass
 from itertools import combinations
@@ -19,7 +19,7 @@ class Frame:
     top: float
 
     def overlap(self, other):
-        """Width and height of what both cover, 0 or less where they do not meet."""
+        """Width and height of the intersection, 0 or less where there is none."""
         return (min(self.right, other.right) - max(self.left, other.left),
                 min(self.top, other.top) - max(self.bottom, other.bottom))
 
@@ -79,7 +79,8 @@ def is_fixed(element):
 
 
 def may_be_seen(element):
-    """A hidden view is there to take another's place; a progress indicator is shown beside them."""
+    """A hidden view replaces another one when it is shown; a progress indicator is shown beside
+    them."""
     return element.get("hidden") != "YES" or element.tag == "progressIndicator"
 
 

@@ -1,5 +1,5 @@
-"""The part of the lint of interface files that looks at what a person sees: texts, fonts, colours,
-keys and places."""
+"""The part of the lint of interface files that checks what a user sees: texts, fonts, colours, keys
+and positions."""
 
 import re
 from itertools import combinations
@@ -20,7 +20,7 @@ LETTER = re.compile(r"[^\W\d_]")
 
 
 def text_keys(root):
-    """The keys of the reference table. A table that cannot be read has a lint of its own."""
+    """The keys of the reference table. Another lint reports a table that cannot be read."""
     path = root / "resources" / f"{REFERENCE}.lproj" / TABLE_NAME
     keys = set()
     try:
@@ -150,7 +150,7 @@ def key_of(button):
 
 
 def scopes_of(element):
-    """The tabs and the window or free view that the element stands in, innermost first."""
+    """The tabs and the window or top-level view that contain the element, innermost first."""
     around = list(element.ancestors())
     inner = [each for each in around if each.tag in ("tabViewItem", "window", "panel")]
     return inner or around[-3:-2]  # below <document> and <objects>

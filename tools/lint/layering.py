@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Checks that the rooms of the product include only what their targets are linked to
-(cmake/Rooms.cmake), and that nothing in them is compiled conditionally: what differs between
+"""Checks that the components of the product include only what their targets are linked to
+(cmake/Components.cmake), and that nothing in them is compiled conditionally: what differs between
 platforms belongs to the platform layer."""
 
 import re
@@ -17,25 +17,25 @@ ALLOWED_CONDITIONS = {
 
 INCLUDE = re.compile(r'^\s*#\s*(?:include|import)\s*["<]([^">]+)[">]')
 CONDITION = re.compile(r"^\s*#\s*(if|ifdef|ifndef|elif|elifdef|elifndef)\b(.*)")
-ROOM = re.compile(r"^add_room\((\w+)\s", re.M)
-LINKED = re.compile(r"^link_rooms\((\w+)\s+([^)]*)\)", re.M)
+COMPONENT = re.compile(r"^add_component\((\w+)\s", re.M)
+LINKED = re.compile(r"^link_components\((\w+)\s+([^)]*)\)", re.M)
 
 
-def rooms(root, findings):
-    """The folder of each room, and the folders of all rooms that it is linked to."""
+def components(root, findings):
+    """The folder of each component, and the folders of all components that it is linked to."""
     folders, linked = {}, {}
     for path in tracked(root, suffixes=(".txt",), folders=APPLICATION_FOLDERS):
         if path.name != "CMakeLists.txt":
             continue
         text = re.sub(r"#.*", "", read(root, path))
-        for name in ROOM.findall(text):
+        for name in COMPONENT.findall(text):
             folders[name] = path.parent.as_posix()
         for name, known in LINKED.findall(text):
             linked.setdefault(name, set()).update(known.split())
 
     def reached(name, above=()):
         if name in above:
-            findings.append(f"rooms are linked in a circle: {' '.join([*above, name])}")
+            findings.append(f"components are linked in a circle: {' '.join([*above, name])}")
             return set()
         known = linked.get(name, set())
         return known.union(*(reached(other, (*above, name)) for other in known))
@@ -44,8 +44,8 @@ def rooms(root, findings):
             for name, folder in folders.items()}
 
 
-def room_of(path, folders):
-    """The innermost room that a path lies in, None for one outside of all."""
+def component_of(path, folders):
+    """The innermost component that a path lies in, None for one outside of all."""
     return max((folder for folder in folders if f"{path}/".startswith(f"{folder}/")), key=len,
                default=None)
 
@@ -63,10 +63,11 @@ def includes(root, path, known, findings, number, line):
         if ".." in name.split("/"):
             findings.add(path, number, f'include "{name}" by its path from the root')
         return  # the system's
-    room = room_of(path.as_posix(), known)
-    target = room_of(name, known)
-    if target != room and target not in known.get(room, ()):
-        findings.add(path, number, f"{room or path.parts[0]}/ is not linked to the room of {name}")
+    component = component_of(path.as_posix(), known)
+    target = component_of(name, known)
+    if target != component and target not in known.get(component, ()):
+        findings.add(path, number,
+                     f"{component or path.parts[0]}/ is not linked to the component of {name}")
 
 
 def conditions(path, findings, number, line):
@@ -79,7 +80,7 @@ def conditions(path, findings, number, line):
 
 def lint(root):
     findings = Findings()
-    known = rooms(root, findings)
+    known = components(root, findings)
     for path in tracked(root, suffixes=SOURCES, folders=APPLICATION_FOLDERS):
         for number, line in enumerate(without_comments(read(root, path)).splitlines(), 1):
             includes(root, path, known, findings, number, line)

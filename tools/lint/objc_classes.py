@@ -43,7 +43,7 @@ class Unreadable(Exception):
 def is_kind(cursor, kind):
     try:
         return cursor.kind == kind
-    except ValueError:  # a kind that the library for Python has no name for
+    except ValueError:  # a kind that the Python library does not know
         return False
 
 
@@ -103,7 +103,7 @@ def read_together(root, batch, found):
 
 
 def read(root, batch):
-    """What the sources declare. Those that do not go together are read in halves."""
+    """What the sources declare. Sources that do not compile together are split in halves."""
     found = {}
     try:
         read_together(root, batch, found)

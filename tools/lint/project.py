@@ -1,5 +1,5 @@
-"""What the lints share: which files the project has, how a finding is told, and where the string
-literals of a source file are."""
+"""What the lints share: which files the project has, how a finding is reported, and where the
+string literals of a source file are."""
 
 import re
 import subprocess
@@ -13,7 +13,7 @@ SOURCES = (".h", ".mm", ".cpp", ".hpp", ".c", ".m")
 
 
 class Findings(list):
-    """What a lint has to say, one line each: where it is and what is wrong."""
+    """The findings of a lint, one line each: where it is and what is wrong."""
 
     def add(self, path, line, text):
         self.append(f"{path}:{line}: {text}" if line else f"{path}: {text}")
@@ -22,7 +22,7 @@ class Findings(list):
 def tracked(root, suffixes=(), folders=()):
     """The files under version control, relative to root, restricted to suffixes and folders where
     these are given."""
-    # A clone made by another user than the one who checks (root, often) is not to be refused.
+    # Git must not refuse a clone that belongs to another user, often to root.
     command = ["git", "-c", "safe.directory=*", "-C", str(root), "ls-files", "-z"]
     names = subprocess.run(command, check=True, capture_output=True, text=True).stdout
     paths = (Path(name) for name in names.split("\0") if name)

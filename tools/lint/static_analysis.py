@@ -16,8 +16,8 @@ from project import APPLICATION_FOLDERS, ROOT, SOURCES, Findings, finish, read, 
 
 PRODUCT = (*APPLICATION_FOLDERS, "platform", "devkit", "packaging")
 
-# Following every path through the test framework's macros takes longer than all the rest together.
-# What it would find in a test, running the test under the address sanitizer finds, too.
+# Following every path through the test framework's macros takes longer than all the rest together,
+# and the address sanitizer finds the same faults when the tests run.
 NOT_ANALYZED = ("tests", "bench")
 
 FOLDERS = (*PRODUCT, *NOT_ANALYZED)
@@ -44,7 +44,7 @@ def command(root, unit, source, thorough=False):
             # Platform headers and generated files are none of ours.
             f"--header-filter=^{re.escape(str(root))}/({'|'.join(FOLDERS)})/",
             *fewer, str(source), "--", *flags,
-            # The compiler has said its warnings already, in its own words.
+            # The compiler has printed its warnings already.
             "-Wno-everything"]
 
 

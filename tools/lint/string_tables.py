@@ -25,8 +25,8 @@ SAME_AS_ENGLISH = {
     "personNameinAddressbookFormatKey": EVERYWHERE,
     "veldaneBrisvaleMessageTextKey": EVERYWHERE,
 }
-# How a key looks in an interface file, where it stands in the place of a text, and the attributes
-# that nobody sees there.
+# The form of a key in an interface file, where it replaces a text, and the attributes that are not
+# visible there.
 KEY = re.compile(r"[a-z]\w*Key")
 UNSEEN = ("customClass", "id", "key", "keyPath", "property", "selector", "userLabel")
 COLONS = (":", "\uff1a")
@@ -77,7 +77,7 @@ def unescaped(value):
 
 
 def character(escape):
-    """What an escape, without its first backslash, stands for."""
+    """The character of an escape, given without its first backslash."""
     if len(escape) == 1:
         return ESCAPED.get(escape, escape)
     units = bytes.fromhex(escape.replace("\\", "").replace("U", ""))
@@ -124,7 +124,7 @@ def check_characters(path, line, key, value, findings):
 
 
 def check_entry(path, line, key, value, findings):
-    """What can be told of an entry by itself."""
+    """The findings about a single entry."""
     check_characters(path, line, key, value, findings)
     text = unescaped(value)
     if "\ufffd" in text:
@@ -181,7 +181,7 @@ def language_of(path):
 
 
 def texts_in(root, path, findings):
-    """Whatever stands in an interface file as text or as the value of an attribute that is seen."""
+    """The texts of an interface file and the values of its visible attributes."""
     try:
         elements = list(ElementTree.parse(root / path).iter())
     except ElementTree.ParseError as error:
@@ -193,7 +193,7 @@ def texts_in(root, path, findings):
 
 
 def check_uses(root, reference_path, reference, findings):
-    """Every key that is looked up has a text, and every text somebody who shows it."""
+    """Every key that is looked up has a text, and every text is shown somewhere."""
     used = set()
     for path in tracked(root, suffixes=(".h", ".mm"), folders=APPLICATION_FOLDERS):
         source = read(root, path)
@@ -220,7 +220,7 @@ def lint(root):
     tables = {path: entries for path, entries in found.items()
               if path.parts[0] == "resources" and path.name == TABLE_NAME}
     if None in tables.values():
-        return findings  # whatever else would be said follows from that
+        return findings  # all other findings would follow from that
     paths = {language_of(path): path for path in tables}
     for language in LANGUAGES:
         if language not in paths:

@@ -43,8 +43,8 @@ class Element:
         return [child for child in self.children if child.tag == tag]
 
     def string(self, name):
-        """A text that may stand in an attribute or, when it is long or of odd characters, in a
-        child: <string key="..." base64-UTF8="YES">."""
+        """A text in an attribute or, when it is long or has special characters, in a child: <string
+        key="..." base64-UTF8="YES">."""
         child = self.named(name)
         if child is None or child.tag not in ("string", "mutableString"):
             return self.get(name)

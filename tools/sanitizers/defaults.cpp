@@ -4,9 +4,9 @@
 // still win.
 //
 // The platform asks the allocator for any length that a stranger's bytes announce. The system's
-// says "no" to 32 gigabytes and gives out one without touching it; a sanitizer's would end the
-// program over the one and write its marks for the whole of the other, for minutes. So it says "no"
-// to what no honest call needs.
+// allocator refuses 32 gigabytes and reserves one without touching it; a sanitizer's would end the
+// program for the first and poison all of the second, which takes minutes. So it refuses lengths
+// that no valid call needs.
 #define REFUSED_ALLOCATIONS "allocator_may_return_null=1:max_allocation_size_mb=256"
 
 extern "C" {

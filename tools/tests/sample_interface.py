@@ -45,7 +45,7 @@ def button(name="box", cell='title="known"', inside="", frame="", in_cell="", at
 class SampleInterface(SampleBuild):
     """A test with the class Tab and a string table whose only key is "known"."""
 
-    # What the compiler read before, by its sources: reading the platform's headers takes long.
+    # What the compiler has read, by its sources: reading the platform's headers takes long.
     read = {}
 
     def setUp(self):

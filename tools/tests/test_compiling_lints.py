@@ -1,4 +1,4 @@
-"""The lints that compile find what they are there for, and repeat nothing that has passed."""
+"""The lints that compile find their faults, and do not repeat what has passed."""
 
 import unittest
 from pathlib import Path
@@ -137,7 +137,7 @@ class Batches(SampleBuild):
 
 
 class Cache(SampleBuild):
-    """With a command in the place of the compiler that only says that it ran."""
+    """With a command in place of the compiler that only records that it ran."""
 
     def setUp(self):
         super().setUp()

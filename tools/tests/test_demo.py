@@ -1,4 +1,4 @@
-"""The demonstration finds the application's window, whenever that comes up."""
+"""The demonstration finds the application's window, however late that opens."""
 
 import subprocess
 import unittest

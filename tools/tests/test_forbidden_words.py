@@ -1,4 +1,5 @@
-"""What must not be written is found. The words are put together here, so as not to stand here."""
+"""Forbidden words are found. They are concatenated here, so that this file does not contain
+them."""
 
 from sample import SampleProject
 

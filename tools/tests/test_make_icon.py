@@ -1,4 +1,4 @@
-"""What stands in the icon file that make-icon writes, and what it makes of its master."""
+"""The icon file that make-icon writes, and how it reads its master."""
 
 import importlib.machinery
 import importlib.util
@@ -22,7 +22,7 @@ MASK_SIZES = {b"s8mk": 16, b"l8mk": 32, b"h8mk": 48, b"t8mk": 128}
 def load():
     loader = importlib.machinery.SourceFileLoader("make_icon", PROGRAM)
     module = importlib.util.module_from_spec(importlib.util.spec_from_loader("make_icon", loader))
-    sys.dont_write_bytecode = True  # it would lie next to the program
+    sys.dont_write_bytecode = True  # it would be written next to the program
     loader.exec_module(module)
     return module
 

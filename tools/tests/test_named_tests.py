@@ -1,4 +1,4 @@
-"""A document that names a test which is not there is found out."""
+"""A document that names a missing test is found."""
 
 from sample import SampleProject
 

@@ -1,4 +1,4 @@
-"""What the presets of this project promise, and whether the build keeps to it."""
+"""The presets of this project, and whether the build follows them."""
 
 import subprocess
 import sys

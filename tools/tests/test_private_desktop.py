@@ -148,7 +148,7 @@ class WithoutDisplay(unittest.TestCase):
             process.wait(DEADLINE_SECONDS)
             # The end of cat's output: cat has gone although its input is still open.
             self.assertEqual(process.stdout.read(), "")
-        # The folder is left to a later desktop, which takes it for abandoned after a minute.
+        # A later desktop removes the folder, which counts as abandoned after a minute.
         self.assertTrue(folder.exists())
         long_ago = time.time() - 3600
         os.utime(folder, (long_ago, long_ago))

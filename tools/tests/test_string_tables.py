@@ -1,4 +1,4 @@
-"""The lint of the string tables finds what it is there for, and leaves its good twin alone."""
+"""The lint of the string tables finds each fault, and accepts the same text without it."""
 
 from sample import SampleProject
 

@@ -1,5 +1,4 @@
-"""CTest is told of each test of a program once, and of those that wait long in parts that do
-not."""
+"""CTest gets each test of a program once, and those that wait long in short parts."""
 
 import os
 import re

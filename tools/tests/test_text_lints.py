@@ -1,4 +1,4 @@
-"""Each lint finds what it is there for, and leaves its good twin alone."""
+"""Each lint finds its faults, and accepts the same text without them."""
 
 import re
 import shutil
@@ -13,14 +13,15 @@ import layering
 class Layering(SampleProject):
     def setUp(self):
         super().setUp()
-        self.write("agent/CMakeLists.txt", "add_room(agent\n    Proxy.mm)\n")
+        self.write("agent/CMakeLists.txt", "add_component(agent\n    Proxy.mm)\n")
         self.write("windows/CMakeLists.txt",
-                   "add_room(windows\n    Tab.mm)\nlink_rooms(windows agent)\n")
-        self.write("windows/send/CMakeLists.txt", "add_room(send A.mm)\nlink_rooms(send windows)\n")
+                   "add_component(windows\n    Tab.mm)\nlink_components(windows agent)\n")
+        self.write("windows/send/CMakeLists.txt", "add_component(send A.mm)\n"
+                   "link_components(send windows)\n")
         self.write("app/CMakeLists.txt",
-                   "add_room(application\n    a.mm)\nlink_rooms(application send)\n")
+                   "add_component(application\n    a.mm)\nlink_components(application send)\n")
 
-    def test_a_room_knows_what_it_is_linked_to_and_what_that_is_linked_to(self):
+    def test_a_component_knows_what_it_is_linked_to_and_what_that_is_linked_to(self):
         self.write("agent/Proxy.h", '#import "agent/Reply.h"\n#import <Foundation/Foundation.h>\n')
         self.write("agent/Reply.h", "")
         self.write("windows/Tab.h", '#import "agent/Reply.h"\n')
@@ -28,23 +29,24 @@ class Layering(SampleProject):
         self.write("app/a.h", '#import "windows/send/A.h"\n#import "agent/Reply.h"\n')
         self.assertEqual(layering.lint(self.root), [])
 
-    def test_a_room_does_not_know_what_is_linked_to_it(self):
+    def test_a_component_does_not_know_what_is_linked_to_it(self):
         self.write("windows/Tab.h", "")
         self.write("agent/Proxy.h", '#import "agent/Proxy.h"\n#import "windows/Tab.h"\n')
         self.assert_finds(layering.lint(self.root), "agent/Proxy.h:2", "windows/Tab.h")
 
-    def test_a_room_in_another_is_a_room_of_its_own(self):
+    def test_a_component_in_another_is_a_component_of_its_own(self):
         self.write("windows/send/A.h", "")
         self.write("windows/Tab.h", '#import "windows/send/A.h"\n')
         self.assert_finds(layering.lint(self.root), "windows/Tab.h:1", "windows/send/A.h")
 
-    def test_no_room_is_excepted(self):
+    def test_no_component_is_excepted(self):
         self.write("app/ContextMenuAppAppDelegate.h", "")
         self.write("windows/send/A.h", '#import "app/ContextMenuAppAppDelegate.h"\n')
         self.assert_finds(layering.lint(self.root), "windows/send/A.h:1")
 
-    def test_rooms_in_a_circle_are_found(self):
-        self.write("agent/CMakeLists.txt", "add_room(agent P.mm)\nlink_rooms(agent application)\n")
+    def test_components_in_a_circle_are_found(self):
+        self.write("agent/CMakeLists.txt", "add_component(agent P.mm)\n"
+                   "link_components(agent application)\n")
         self.assertTrue(all("in a circle: " in finding for finding in layering.lint(self.root)))
         self.assertTrue(layering.lint(self.root))
 
@@ -175,7 +177,7 @@ class Scripts(SampleProject):
         self.assertEqual(self.lint(), ["a.py", "run"])
 
     def test_what_is_passed_over_needs_its_name_and_a_reason(self):
-        # In pieces, because the lint looks at this file, too.
+        # In pieces, because the lint checks this file, too.
         ignored, disabled = "# no" "qa", "# shellcheck " "disable=SC2086"
         self.write("a.py", f"import os  {ignored}: F401  for whoever imports this\n")
         self.write("a.sh", f"#!/bin/sh\n{disabled} # several words\nrm $1\n")

@@ -34,16 +34,16 @@ def _call(verb, path):
 
 
 def perform(verb, path):
-    """Asks the running application; tells the user when that is not possible. What goes wrong in
-    the application itself, it tells itself. Returns the exit code of the client, or 127 when there
-    is no client."""
+    """Asks the running application; tells the user when that is not possible. The application
+    reports its own failures itself. Returns the exit code of the client, or 127 when there is no
+    client."""
     if not path:
         # What a file manager has for an item without a path, as in the trash. As a path it would be
         # the current folder.
         message.show(*map(text, _NOT_THERE_YET))
         return NOT_THERE
     relative_path = place.relative(path, place.synced_folder())
-    # Not every file manager can keep the entry from folders that it is not for.
+    # Not every file manager can restrict the entry to the folders that it is for.
     if verb == "share" and relative_path and not place.may_be_shared(relative_path):
         message.show(text(NAME_KEY), text("doNotHavePermissionForThisFolderMessageTextKey"))
         return OUTSIDE
@@ -56,6 +56,6 @@ def perform(verb, path):
     if code in _MESSAGES:
         message.show(*map(text, _MESSAGES[code]))
     else:
-        # Nothing that a user could do about it; the reason is for whoever is asked for help.
+        # The user can do nothing about it; the reason is printed for support.
         message.show(text(NAME_KEY), reason.encode("utf-8", "replace").decode("utf-8"))
     return code

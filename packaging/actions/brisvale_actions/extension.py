@@ -12,7 +12,7 @@ PROGRAM = os.path.join(os.path.dirname(os.path.dirname(os.path.abspath(__file__)
 
 
 def _paths(files):
-    """Local paths; an item that has none, as in the trash or on a server, is an empty one."""
+    """Local paths; an item that has none, as in the trash or on a server, gives an empty string."""
     return [file.get_location().get_path() or "" for file in files]
 
 
@@ -34,10 +34,10 @@ def _menu(manager, paths, entries):
 
 
 def provider(manager):
-    """A class that answers the file manager's question for menu entries; manager is its namespace
-    in gi.repository. To be bound to a name in the module that the file manager loads."""
+    """A class that gives the file manager its menu entries; manager is its namespace in
+    gi.repository. To be bound to a name in the module that the file manager loads."""
     def file_items(_self, *arguments):
-        paths = _paths(arguments[-1])  # older versions hand over their window first
+        paths = _paths(arguments[-1])  # older versions pass their window first
         entries = entries_for(paths)
         return [_menu(manager, paths, entries)] if entries else []
 

@@ -1,4 +1,4 @@
-"""Messages on the desktop, with whatever the desktop has to show them."""
+"""Messages on the desktop, by the first program that can show them."""
 
 import html
 import os
@@ -14,8 +14,8 @@ def _notification(title, text):
             html.escape(text, quote=False)]
 
 
-# Each waits for the user, and what it returns then says nothing of whether it was seen. Title bars
-# are not everywhere, so what is in one stands in the text as well.
+# Each waits for the user, and its exit code does not tell whether the message was seen. Not every
+# desktop has title bars, so the title is in the text as well.
 _DIALOGS = (
     lambda title, text: ["zenity", "--warning", "--no-markup", f"--title={title}",
                          f"--text={title}\n\n{text}"],
@@ -31,8 +31,8 @@ def _run(command):
 
 
 def show(title, text):
-    """Shows a message, and writes it to the standard error output as well, where somebody who
-    started the file manager in a terminal sees it."""
+    """Shows a message, and writes it to the standard error output as well, where users who started
+    the file manager in a terminal see it."""
     print(title, text, sep="\n", file=sys.stderr)
     # Fails where no program on the desktop shows notifications.
     if shutil.which("notify-send") and _run(_notification(title, text)):

@@ -39,5 +39,5 @@ def relative(path, root):
 
 def may_be_shared(relative_path):
     """Whether a folder is one of the user's own. The application's rule, which is deliberately this
-    wide: the path begins with that of MyDocs, in any case of letters, and goes on as it likes."""
+    wide: the path begins with that of MyDocs in any letter case, with anything after it."""
     return relative_path.lower().startswith(HOME_FOLDER.lower())

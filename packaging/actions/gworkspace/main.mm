@@ -1,5 +1,5 @@
 // The service's entries in the Services menu, where GWorkspace's users find them. The menu shows
-// them for whatever is selected; what does not lie where they apply is answered with a message.
+// them for whatever is selected; for an item that they do not apply to they show a message.
 
 #import <AppKit/AppKit.h>
 
@@ -16,17 +16,17 @@ NSString *program() {
   return [[[NSBundle mainBundle] infoDictionary] objectForKey:@"ActionProgram"];
 }
 
-/// Nobody ends a provider of services at logout. The menu starts it again.
+/// No session manager ends a provider of services at logout. The menu starts it again.
 constexpr NSTimeInterval kIdleSeconds = 60;
 
 NSTimeInterval endOfIdleness = 0;
 
-/// Does not wait for the end: the file manager waits for the answer of a service.
+/// Does not wait for the end: the file manager waits for the reply of a service.
 void run(NSString *verb, NSPasteboard *pasteboard) {
   endOfIdleness = [NSDate timeIntervalSinceReferenceDate] + kIdleSeconds;
   NSArray *const files = [pasteboard propertyListForType:NSFilenamesPboardType];
   if (![files isKindOfClass:[NSArray class]] || [files count] == 0) return;
-  // As with the context menu, the first item is the one that is meant.
+  // As with the context menu, only the first item is used.
   [NSTask launchedTaskWithLaunchPath:program()
                            arguments:[NSArray arrayWithObjects:@"run", verb,
                                                                [files objectAtIndex:0], nil]];
@@ -58,7 +58,7 @@ void run(NSString *verb, NSPasteboard *pasteboard) {
 
 int main() {
   @autoreleasepool {
-    // Kept by the platform from here on.
+    // Retained by the platform from here on.
     NSRegisterServicesProvider([[[BrisvaleActions alloc] init] autorelease], @"BrisvaleActions");
   }
   endOfIdleness = [NSDate timeIntervalSinceReferenceDate] + kIdleSeconds;

@@ -3,7 +3,7 @@
 #import <Foundation/Foundation.h>
 
 #import "platform/gnustep/keyboard/MacKeys.h"
-#include "tests/support/PlatformLoss.h"
+#include "tests/support/PlatformLeak.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -11,7 +11,7 @@ namespace {
 /// The platform's class leaks a dictionary in dealloc; the application uses the standard defaults
 /// only.
 NSUserDefaults *newDefaults() {
-  const PlatformLoss dictionary;
+  const PlatformLeak dictionary;
   return [[NSUserDefaults alloc] init];
 }
 

@@ -27,7 +27,7 @@ class TokenField : public testing::Test {
   void queueKey(unichar key, NSUInteger modifiers = 0);
   /// Makes the application handle all events in the queue.
   void settle();
-  /// Handles events until the condition holds, at most for kPatienceSeconds.
+  /// Handles events until the condition holds, at most for kWaitTimeoutSeconds.
   bool eventually(const std::function<bool()> &condition);
 
   void click(NSPoint inField, int count = 1, NSUInteger modifiers = 0);

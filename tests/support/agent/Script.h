@@ -7,18 +7,18 @@
 /// The script is a JSON object from operation names ("getLinkForFile:::::") to an entry or a list
 /// of entries; of a list each call takes the next, and the last one stays. A script with another
 /// "number" than the one before begins its lists anew. Keys of an entry, all optional:
-/// - "delay": seconds to wait first, in which the agent serves nobody else, as one that hangs;
+/// - "delay": seconds to wait first, in which the agent serves no other call, as one that hangs;
 /// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
-/// - "die": "before" the operation answers (the process kills itself), "whenRead": it answers and
-///   dies at the first question to the reply, or "whenValueIsRead": it answers and dies at the
-///   first question to the reply's "value", where that is a dictionary or an array;
-/// - "raise": the name of an exception to raise instead of answering;
-/// - "nil": true to answer nil;
+/// - "die": "before" the operation returns (the process kills itself), "whenRead": it returns a
+///   reply and dies at the first message to that, or "whenValueIsRead": it returns a reply and dies
+///   at the first message to its "value", where that is a dictionary or an array;
+/// - "raise": the name of an exception to raise instead of returning;
+/// - "nil": true to return nil;
 /// - "contacts": a number of generated contact records as the reply's "value";
 /// - "linkLength": a number of characters of a generated link as the reply's "value";
 /// - "messageLength": a refusal with an "errorMessage" of a number of characters;
 /// - "reply": the reply.
-/// Without an entry the agent answers an empty dictionary.
+/// Without an entry the agent returns an empty dictionary.
 @interface Script : NSObject {
  @private
   NSString *_path;
@@ -34,6 +34,5 @@
 
 @end
 
-/// Does what an entry says, all but the answering, and returns the reply that it asks for, nil for
-/// none.
+/// Does what an entry says before the reply, and returns the reply, nil for none.
 id actOut(NSDictionary *entry);

@@ -4,8 +4,8 @@
 
 #include <unistd.h>
 
-/// A reply that ends its process when it is read: the agent dies between answering and being asked
-/// for what it answered.
+/// A reply that ends its process when it is read: the agent dies after returning it and before
+/// sending its content.
 @interface FatalReply : NSDictionary
 @end
 
@@ -85,7 +85,7 @@ NSString *textOfLength(NSNumber *length) {
 }
 
 /// The reply with a value of the same kind that ends its process when it is read. A text or number
-/// travels with the reply, and reading it is no question.
+/// is sent with the reply, so reading it sends no message.
 id withFatalValue(NSDictionary *reply) {
   NSMutableDictionary *const fatal = [NSMutableDictionary dictionaryWithDictionary:reply];
   id const value = [reply objectForKey:@"value"];

@@ -4,7 +4,7 @@
 
 #import "tests/support/agent/Script.h"
 
-/// An agent that does what a script says and records each call. Answers every operation of
+/// An agent that does what a script says and records each call. Implements every operation of
 /// KRVProxy, and nothing else.
 @interface ScriptedAgent : NSObject {
  @private

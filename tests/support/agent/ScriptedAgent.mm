@@ -6,7 +6,7 @@
 #import "agent/KRVProxy.h"
 
 // Makes the protocol known at run time (it is, once a class adopts it); the operations themselves
-// are answered by forwarding.
+// are implemented by forwarding.
 #pragma clang diagnostic push
 #pragma clang diagnostic ignored "-Wincomplete-implementation"
 #pragma clang diagnostic ignored "-Wprotocol"
@@ -26,7 +26,7 @@ const char *typesOfOperation(SEL selector) {
   return nullptr;
 }
 
-/// An argument as JSON has it. Whatever is no string and no number is named by its class.
+/// An argument in JSON. Anything but a string or a number is represented by its class's name.
 id recordable(NSInvocation *invocation, NSUInteger index) {
   const char *const type = [[invocation methodSignature] getArgumentTypeAtIndex:index];
   if (*type != '@') {

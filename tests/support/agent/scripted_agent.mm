@@ -1,7 +1,7 @@
 // scripted-agent SCRIPT RECORD NAME [REGISTER_AFTER_SECONDS]
 //
-// Registers the connection NAME ("-" for none: an agent that runs and is not there yet, for ever)
-// and serves until it is killed. Prints "registered" when it is reachable.
+// Registers the connection NAME ("-" for none: an agent that runs but never registers) and serves
+// until it is killed. Prints "registered" when it is reachable.
 #import <Foundation/Foundation.h>
 
 #include <cstdio>

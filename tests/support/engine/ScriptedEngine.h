@@ -5,14 +5,14 @@
 #include <vector>
 
 /// A sync engine library that does what a test says, in the test's own process, and records each
-/// call. It takes the place of the closed library.
+/// call. It replaces the closed library.
 struct ScriptedEngine {
   /// What the functions return.
   int initializeCode = 0;
   int queryCode = 0;
 
   /// The ids that it knows, by path: of files and of folders. A path that is in neither gets
-  /// kUnknownPath. A null pointer as id is possible: the library answers 0 and stores nothing.
+  /// kUnknownPath. A null pointer as id is possible: the library returns 0 and stores nothing.
   std::map<std::string, const char *> files;
   std::map<std::string, const char *> folders;
 

@@ -1,9 +1,8 @@
 // scripted-file-manager SCRIPT
 //
-// A file manager under the name of the real one, GWorkspace, that vends of it what tells the
-// selection and does what a script says (tests/support/agent/Script.h) when it is asked for that.
-// Prints "registered" when it is reachable and "asked" for each question. Serves until it is
-// killed.
+// A file manager under the name of the real one, GWorkspace, that vends only its selection and does
+// what a script says (tests/support/agent/Script.h) when it is asked for that. Prints "registered"
+// when it is reachable and "asked" for each question. Serves until it is killed.
 #import <Foundation/Foundation.h>
 
 #include <cstdio>

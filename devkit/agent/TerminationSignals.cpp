@@ -1,4 +1,4 @@
-#include "devkit/agent/EndingSignals.h"
+#include "devkit/agent/TerminationSignals.h"
 
 #include <fcntl.h>
 #include <signal.h>
@@ -13,14 +13,14 @@ int writingEnd = -1;
 
 void onEndingSignal(int) {
   const int saved = errno;
-  // A full pipe already says what this byte would say.
+  // A full pipe is readable already, so a failed write does not matter.
   [[maybe_unused]] const auto written = write(writingEnd, "", 1);
   errno = saved;
 }
 
 }  // namespace
 
-int routeEndingSignals() {
+int routeTerminationSignals() {
   int ends[2];
   if (pipe2(ends, O_CLOEXEC | O_NONBLOCK) != 0) return -1;
   writingEnd = ends[1];

@@ -11,11 +11,10 @@
 #import "tests/e2e/RunningApplication.h"
 #import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
-#include "tests/support/Stranger.h"
+#include "tests/support/RawConnection.h"
 #include "tests/support/Strings.h"
 
-// What cleans up in temporary folders takes away the files of names and sockets while their owners
-// live.
+// Cleaners of temporary folders remove the files of names and sockets while their owners run.
 
 namespace fs = std::filesystem;
 
@@ -42,14 +41,14 @@ fs::path socketOfName(NSString *name) {
   return path;
 }
 
-/// At once, as nobody sees it who comes in between.
-void takeAway(const fs::path &folder) {
+/// In one step, so that no other process sees a partly removed folder.
+void removeAtOnce(const fs::path &folder) {
   const std::string away = folder.string() + ".removed";
   fs::rename(folder, away);
   fs::remove_all(away);
 }
 
-/// Whether another process, which begins with an empty view of the names, reaches the application.
+/// Whether another process, which has no cached names, reaches the application.
 bool isReached(const ChildProcess::Environment &environment = {}) {
   ChildProcess client({CONTEXTMENU, "--timeout", "5", "status"}, environment);
   return client.waitForEnd() == 0;
@@ -59,9 +58,9 @@ bool becomesReachable() {
   return waitFor([] { return isReached(); });
 }
 
-/// Whether the application still answers a client that has connected before.
+/// Whether the application still replies to a client that was connected before.
 bool answers(id service) {
-  [[service connectionForProxy] setReplyTimeout:kPatienceSeconds];
+  [[service connectionForProxy] setReplyTimeout:kWaitTimeoutSeconds];
   @try {
     return [service respondsToSelector:@selector(copyLinkToClipboard:::)];
   } @catch (NSException *exception) {
@@ -70,8 +69,8 @@ bool answers(id service) {
 }
 
 /// The application at rest, with an agent.
-struct LostNames : WindowTest {
-  LostNames() : WindowTest(RunningApplication::program(), {}, Application::OfItsOwn) {}
+struct RestoredNames : WindowTest {
+  RestoredNames() : WindowTest(RunningApplication::program(), {}, Application::OfItsOwn) {}
 
   long repairs(NSString *name) const {
     return linesInLog("The name \"" + text(name) + "\" was lost and is registered again");
@@ -81,15 +80,15 @@ struct LostNames : WindowTest {
   }
 };
 
-/// The application with its folder for connections in one where everybody may make something.
-struct LostFolder : OwnProcesses {
+/// The application with its folder for connections in one in which every user may create files.
+struct RestoredFolder : OwnProcesses {
   const fs::path base = newTemporaryFolder();
   const fs::path own = base / ("GNUstepSecure" + std::to_string(geteuid()));
   const ChildProcess::Environment environment = {{"TEMP", base}, {"TMP", base}};
   std::unique_ptr<AgentProcess> agent;
   std::unique_ptr<RunningApplication> application;
 
-  LostFolder() {
+  RestoredFolder() {
     fs::permissions(base, fs::perms(01777));
     agent = std::make_unique<AgentProcess>(AgentProcess::Options{.environment = environment});
     application = std::make_unique<RunningApplication>(environment);
@@ -103,38 +102,38 @@ struct LostFolder : OwnProcesses {
 
 }  // namespace
 
-TEST_F(LostNames, TheServicesRemovedNameIsRegisteredAgain) {
+TEST_F(RestoredNames, TheServicesRemovedNameIsRegisteredAgain) {
   ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_EQ(repairs(kServiceName), 1);
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, TheApplicationsOwnRemovedNameIsRegisteredAgain) {
+TEST_F(RestoredNames, TheApplicationsOwnRemovedNameIsRegisteredAgain) {
   ASSERT_TRUE(fs::remove(fileOfName(kApplicationName)));
   EXPECT_TRUE(isRepaired(kApplicationName)) << output();
   EXPECT_NE([NSConnection connectionWithRegisteredName:kApplicationName host:nil], nil);
 }
 
-TEST_F(LostNames, ANameThatWasEmptiedIsWrittenAgain) {
+TEST_F(RestoredNames, ANameThatWasEmptiedIsWrittenAgain) {
   fs::resize_file(fileOfName(kServiceName), 0);
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, ANameThatWasMadeReadableForOthersIsTheUsersAloneAgain) {
+TEST_F(RestoredNames, ANameThatWasMadeReadableForOthersIsTheUsersAloneAgain) {
   fs::permissions(fileOfName(kServiceName), fs::perms(0644));
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_EQ(fs::status(fileOfName(kServiceName)).permissions(), fs::perms(0600));
 }
 
-TEST_F(LostNames, ARemovedSocketIsBoundAgain) {
+TEST_F(RestoredNames, ARemovedSocketIsBoundAgain) {
   ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, AClientThatWasConnectedBeforeTheSocketWasLostIsStillServed) {
+TEST_F(RestoredNames, AClientThatWasConnectedBeforeTheSocketWasRemovedIsStillServed) {
   id<ContextMenuService> const service = vendedService();
   [service copyLinkToClipboard:@"id-1":NO:NO];
   ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
@@ -145,12 +144,12 @@ TEST_F(LostNames, AClientThatWasConnectedBeforeTheSocketWasLostIsStillServed) {
   EXPECT_EQ(clipboardReadByXclip(), "https://x/still-served");
 }
 
-TEST_F(LostNames, AProgramThatConnectsAsTheSocketIsLostHoldsNobodyUp) {
+TEST_F(RestoredNames, AProgramThatConnectsAsTheSocketIsRemovedDelaysNobody) {
   id<ContextMenuService> const service = vendedService();
-  // Which of the two the application hears of first is another one in each turn of its run loop.
+  // Which of the two the application is notified of first varies with each turn of its run loop.
   for (int i = 1; i <= 12; ++i) {
     application.process().signal(SIGSTOP);
-    const Stranger program(text(kServiceName));
+    const RawConnection program(text(kServiceName));
     ASSERT_TRUE(program.isConnected());
     ASSERT_TRUE(fs::remove(socketOfName(kServiceName)));
     application.process().signal(SIGCONT);
@@ -159,35 +158,35 @@ TEST_F(LostNames, AProgramThatConnectsAsTheSocketIsLostHoldsNobodyUp) {
   }
 }
 
-TEST_F(LostNames, TheFolderOfNamesIsMadeAgain) {
-  takeAway(portFolders() / "names");
+TEST_F(RestoredNames, TheFolderOfNamesIsMadeAgain) {
+  removeAtOnce(portFolders() / "names");
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(isRepaired(kApplicationName));
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, TheFolderOfSocketsIsMadeAgain) {
-  takeAway(portFolders() / "ports");
+TEST_F(RestoredNames, TheFolderOfSocketsIsMadeAgain) {
+  removeAtOnce(portFolders() / "ports");
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, OutliveSomebodyWhoRemovesTheirFoldersFileByFile) {
-  // Who finds new files in a folder that it has just emptied gives up, as rm does.
+TEST_F(RestoredNames, OutliveSomebodyWhoRemovesTheirFoldersFileByFile) {
+  // A program that finds new files in a folder that it has just emptied gives up, as rm does.
   std::error_code notEmptyAgain;
   fs::remove_all(portFolders(), notEmptyAgain);
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(isRepaired(kApplicationName));
 }
 
-TEST_F(LostNames, TheFoldersOfNamesAndPortsAreMadeAgain) {
-  takeAway(portFolders());
+TEST_F(RestoredNames, TheFoldersOfNamesAndPortsAreMadeAgain) {
+  removeAtOnce(portFolders());
   EXPECT_TRUE(becomesReachable()) << output();
   EXPECT_TRUE(isRepaired(kApplicationName));
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, FoldersThatWereMovedAwayAndMadeAnewByAnotherProgramGetNamesAndSockets) {
+TEST_F(RestoredNames, FoldersThatWereMovedAwayAndMadeAnewByAnotherProgramGetNamesAndSockets) {
   const fs::path folders = portFolders();
   fs::rename(folders, folders.string() + ".old");
   for (const char *name : {"names", "ports"}) {
@@ -199,7 +198,7 @@ TEST_F(LostNames, FoldersThatWereMovedAwayAndMadeAnewByAnotherProgramGetNamesAnd
   EXPECT_TRUE(serves());
 }
 
-TEST_F(LostNames, AreRegisteredAgainWhileAnAlertWaitsForTheUser) {
+TEST_F(RestoredNames, AreRegisteredAgainWhileAnAlertWaitsForTheUser) {
   agent->answer(kFileLink, refusal(1, @"no"));
   ASSERT_TRUE(open(SendCall()));
   ASSERT_NE(onlyWindow(SendCall().name).number, "");
@@ -209,7 +208,7 @@ TEST_F(LostNames, AreRegisteredAgainWhileAnAlertWaitsForTheUser) {
   EXPECT_TRUE(isRepaired(kServiceName)) << output();
 }
 
-TEST_F(LostNames, AreRegisteredAgainEachTimeTheyAreLost) {
+TEST_F(RestoredNames, AreRegisteredAgainEachTimeTheyAreRemoved) {
   for (int i = 1; i <= 3; ++i) {
     ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
     ASSERT_TRUE(waitFor([&] { return repairs(kServiceName) == i; })) << output();
@@ -217,7 +216,7 @@ TEST_F(LostNames, AreRegisteredAgainEachTimeTheyAreLost) {
   EXPECT_TRUE(isReached());
 }
 
-TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatGivesItBack) {
+TEST_F(RestoredNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatGivesItBack) {
   application.process().signal(SIGSTOP);
   ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
   NSConnection *const other = [[[NSConnection alloc] init] autorelease];
@@ -229,7 +228,7 @@ TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatGivesI
   EXPECT_TRUE(isReached());
 }
 
-TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatIsKilled) {
+TEST_F(RestoredNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatIsKilled) {
   application.process().signal(SIGSTOP);
   ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
   AgentProcess other({.identifier = "org.example.other", .name = text(kServiceName)});
@@ -240,7 +239,7 @@ TEST_F(LostNames, ANameThatAnotherProgramHasTakenIsRegisteredAgainWhenThatIsKill
   EXPECT_TRUE(isReached());
 }
 
-TEST_F(LostNames, AreGivenBackAtTheEnd) {
+TEST_F(RestoredNames, AreGivenBackAtTheEnd) {
   ASSERT_TRUE(fs::remove(fileOfName(kServiceName)));
   ASSERT_TRUE(isRepaired(kServiceName)) << output();
   const fs::path socket = socketOfName(kServiceName);
@@ -250,18 +249,18 @@ TEST_F(LostNames, AreGivenBackAtTheEnd) {
   EXPECT_EQ([[NSMessagePortNameServer sharedInstance] portForName:kServiceName onHost:nil], nil);
 }
 
-TEST_F(LostFolder, IsMadeAgainWithAllThatWasInIt) {
-  takeAway(own);
+TEST_F(RestoredFolder, IsMadeAgainWithAllThatWasInIt) {
+  removeAtOnce(own);
   EXPECT_TRUE(isServed()) << application->process().output();
 }
 
-TEST_F(LostFolder, IsNotMadeAgainBehindALinkButAfterIt) {
+TEST_F(RestoredFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   const fs::path elsewhere = newTemporaryFolder();
-  // Both make the folder again that they miss.
+  // Both create the missing folder again.
   for (const ChildProcess *process : {&application->process(), &agent->process()}) {
     process->signal(SIGSTOP);
   }
-  takeAway(own);
+  removeAtOnce(own);
   fs::create_directory_symlink(elsewhere, own);
   for (const ChildProcess *process : {&application->process(), &agent->process()}) {
     process->signal(SIGCONT);

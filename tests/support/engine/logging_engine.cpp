@@ -1,5 +1,5 @@
-// A sync engine library that says on standard output that it is called. Built twice: once able to
-// begin, once not.
+// A sync engine library that prints its calls to standard output. Built twice: once with an
+// initialisation that succeeds, once with one that fails.
 #include <cstdio>
 
 namespace {

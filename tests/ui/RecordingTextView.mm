@@ -1,6 +1,6 @@
-#import "tests/ui/NotingTextView.h"
+#import "tests/ui/RecordingTextView.h"
 
-@implementation NotingTextView
+@implementation RecordingTextView
 
 - (id)initWithFrame:(NSRect)frame {
   self = [super initWithFrame:frame];
@@ -32,7 +32,7 @@
 - (void)paste:(id)sender {
   [self note:@"paste:" from:sender];
 }
-- (void)noteUndo:(id)unused {
+- (void)recordUndo:(id)unused {
   [self note:@"undo" from:unused];
 }
 - (NSUndoManager *)undoManager {

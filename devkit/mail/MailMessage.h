@@ -7,7 +7,7 @@
 namespace devkit {
 
 /// A mail as the service would send it.
-struct Letter {
+struct MailMessage {
   std::string senderName;
   std::string senderAddress;
   /// Each of them passed isAddress().
@@ -22,6 +22,6 @@ struct Letter {
 };
 
 /// The mail in the form of an .eml file: what any mail program opens. Texts are UTF-8.
-std::string written(const Letter &letter);
+std::string written(const MailMessage &mailMessage);
 
 }  // namespace devkit

@@ -1,4 +1,4 @@
-#import "tests/support/Stranger.h"
+#import "tests/support/RawConnection.h"
 
 #import <Foundation/Foundation.h>
 
@@ -16,7 +16,7 @@ constexpr unsigned kIntroductionFrame = 1;
 
 }  // namespace
 
-Stranger::Stranger(const std::string &name)
+RawConnection::RawConnection(const std::string &name)
     : socket_(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
   sockaddr_un address = {};
   address.sun_family = AF_UNIX;
@@ -25,15 +25,15 @@ Stranger::Stranger(const std::string &name)
   connected_ = connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) == 0;
 }
 
-Stranger::~Stranger() {
+RawConnection::~RawConnection() {
   close(socket_);
 }
 
-void Stranger::say(const std::string &bytes) const {
+void RawConnection::say(const std::string &bytes) const {
   send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
 }
 
-std::string Stranger::socketOf(const std::string &name) {
+std::string RawConnection::socketOf(const std::string &name) {
   // The platform has a file for each name, with the socket's path in its first line.
   @autoreleasepool {
     NSString *const file = [[NSData dataWithBytes:name.data()

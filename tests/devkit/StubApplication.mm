@@ -1,6 +1,6 @@
-#import "tests/devkit/StandIn.h"
+#import "tests/devkit/StubApplication.h"
 
-@implementation StandIn
+@implementation StubApplication
 
 - (instancetype)initVending:(id)object {
   self = [super init];
@@ -24,8 +24,8 @@
   [super dealloc];
 }
 
-- (void)vanish {
-  _vanishes = YES;
+- (void)breakConnectionDuringCall {
+  _breaksConnection = YES;
 }
 
 - (NSArray *)calls {
@@ -34,7 +34,7 @@
 
 - (void)note:(NSString *)call {
   [_calls addObject:call];
-  if (_vanishes) [_connection invalidate];
+  if (_breaksConnection) [_connection invalidate];
 }
 
 #pragma mark - ContextMenuService

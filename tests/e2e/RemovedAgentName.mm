@@ -6,13 +6,13 @@
 #import "tests/e2e/ServiceTest.h"
 #include "tests/support/CapturedLog.h"
 
-// The agent runs, but what cleans up in temporary folders has taken its name away.
+// The agent runs, but a cleaner of temporary folders has removed its name.
 
 namespace fs = std::filesystem;
 
 namespace {
 
-struct LostAgentName : ServiceTest {
+struct RemovedAgentName : ServiceTest {
   void SetUp() override {
     ServiceTest::SetUp();
     NSString *const encoded = [[agent::kConnectionName dataUsingEncoding:NSUTF8StringEncoding]
@@ -21,7 +21,7 @@ struct LostAgentName : ServiceTest {
                            "NSMessagePort" / "names" / [encoded UTF8String]));
   }
 
-  // The agent does not take its name back.
+  // The agent does not register its name again.
   void TearDown() override { SharedSystem::end(); }
 
   long linesInLog(const std::string &line) const {
@@ -32,7 +32,7 @@ struct LostAgentName : ServiceTest {
 
 }  // namespace
 
-TEST_F(LostAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
+TEST_F(RemovedAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
   ChildProcess copy({CONTEXTMENU, "copy-link", kit.makeFile("second.txt")});
   ASSERT_TRUE(clickIntoAlert()) << application.process().output();
   EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);

@@ -2,13 +2,13 @@
 
 #import "plugin/ContextMenuService.h"
 
-/// What stands in for the application on the name "ContextMenuPlugin": notes each call with its
+/// A stub of the application under the name "ContextMenuPlugin": records each call with its
 /// arguments.
-@interface StandIn : NSObject <ContextMenuService> {
+@interface StubApplication : NSObject <ContextMenuService> {
  @private
   NSConnection *_connection;
   NSMutableArray *_calls;
-  BOOL _vanishes;
+  BOOL _breaksConnection;
 }
 
 /// Vends object under the name of the application, in the current run loop.
@@ -18,7 +18,7 @@
 - (instancetype)init;
 
 /// From now on the connection breaks in the middle of a call.
-- (void)vanish;
+- (void)breakConnectionDuringCall;
 
 /// One text for each call: the operation and its arguments, separated by "|".
 - (NSArray *)calls;

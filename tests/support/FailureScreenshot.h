@@ -9,10 +9,10 @@
 
 #include "tests/support/ChildProcess.h"
 
-/// Keeps what is on the screen when a test first finds something that is not as expected, in the
-/// folder of that test below the one that the environment variable FAILED_TESTS names
-/// (tools/run-tests sets it); without that, nothing.
-class PictureOfFailure : public testing::EmptyTestEventListener {
+/// Takes a screenshot at the first failure of a test, in the folder of that test below the one that
+/// the environment variable FAILED_TESTS names (tools/run-tests sets it); without that it does
+/// nothing.
+class FailureScreenshot : public testing::EmptyTestEventListener {
   void OnTestStart(const testing::TestInfo &test) override {
     name_ = std::string(test.test_suite_name()) + "." + test.name();
     std::replace(name_.begin(), name_.end(), '/', '-');
@@ -31,8 +31,8 @@ class PictureOfFailure : public testing::EmptyTestEventListener {
         .waitForEnd();
   }
 
-  /// Of the test that runs. The framework is not asked for it: it holds its lock while it tells of
-  /// a failure.
+  /// Of the running test. Kept here, because the framework holds its lock while it reports a
+  /// failure.
   std::string name_;
   bool isTaken_ = false;
 };

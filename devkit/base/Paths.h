@@ -2,17 +2,17 @@
 
 #include <string>
 
-/// Where the development kit finds things. Agent, engine and client are three programs that must
-/// agree without talking to each other, so every rule stands here once.
+/// Where the development kit finds things. Agent, engine and client are separate programs that must
+/// agree without communicating, so each rule is implemented once, here.
 namespace devkit {
 
-/// The login name, as Foundation's NSUserName() answers it: the one of the effective user, whatever
+/// The login name, as Foundation's NSUserName() returns it: the one of the effective user, whatever
 /// LOGNAME and USER say.
 std::string loginName();
 
 /// The synced folder, without a trailing slash: "/Users/<login>/Brisvale" as the application
-/// computes it. BV_SYNCED_FOLDER replaces it for the kit only, for demonstrations by people who may
-/// not write to /Users and for tests.
+/// computes it. BV_SYNCED_FOLDER replaces it for the kit only, for tests, and for demonstrations by
+/// users who may not write to /Users.
 std::string syncedFolderPath();
 
 /// The folder that holds the store, the outbox and the log of operations: BV_DEVKIT_DATA, else

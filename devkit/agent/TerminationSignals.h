@@ -3,8 +3,8 @@
 namespace devkit {
 
 /// From now on SIGTERM and SIGINT do not end the process but write a byte to a pipe, so that the
-/// run loop can take leave properly. Returns the descriptor to read from, or -1 when there is no
+/// run loop can end in an orderly way. Returns the descriptor to read from, or -1 when there is no
 /// pipe.
-int routeEndingSignals();
+int routeTerminationSignals();
 
 }  // namespace devkit

@@ -1,4 +1,4 @@
-#include "devkit/mail/Letter.h"
+#include "devkit/mail/MailMessage.h"
 
 #include <iterator>
 #include <string_view>
@@ -13,7 +13,7 @@ void addHeader(std::string &mail, std::string_view name, std::string_view value)
   mail.append(name).append(": ").append(value).append("\r\n");
 }
 
-/// Not strftime's names of days and months, which follow the locale.
+/// Not strftime's names of days and months, which depend on the locale.
 std::string dateText(std::time_t date) {
   static constexpr const char *kDays[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
   static constexpr const char *kMonths[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
@@ -33,7 +33,7 @@ std::string addressList(const std::vector<std::string> &addresses) {
   return list;
 }
 
-/// A name that is not encoded stands in quotes, since it may hold dots and commas.
+/// A name that is not encoded is quoted, since it may contain dots and commas.
 std::string namedAddress(const std::string &name, const std::string &address) {
   if (name.empty()) return address;
   auto text = headerText(validUtf8(name));
@@ -50,18 +50,18 @@ std::string namedAddress(const std::string &name, const std::string &address) {
 
 }  // namespace
 
-std::string written(const Letter &letter) {
+std::string written(const MailMessage &mailMessage) {
   std::string mail;
-  addHeader(mail, "Date", dateText(letter.date));
-  addHeader(mail, "From", namedAddress(letter.senderName, letter.senderAddress));
-  addHeader(mail, "To", addressList(letter.recipients));
-  if (letter.copyToSender) addHeader(mail, "Cc", letter.senderAddress);
-  addHeader(mail, "Subject", headerText(validUtf8(letter.subject)));
-  addHeader(mail, "Message-ID", "<" + letter.token + "@brisvale.test>");
+  addHeader(mail, "Date", dateText(mailMessage.date));
+  addHeader(mail, "From", namedAddress(mailMessage.senderName, mailMessage.senderAddress));
+  addHeader(mail, "To", addressList(mailMessage.recipients));
+  if (mailMessage.copyToSender) addHeader(mail, "Cc", mailMessage.senderAddress);
+  addHeader(mail, "Subject", headerText(validUtf8(mailMessage.subject)));
+  addHeader(mail, "Message-ID", "<" + mailMessage.token + "@brisvale.test>");
   addHeader(mail, "MIME-Version", "1.0");
   addHeader(mail, "Content-Type", "text/plain; charset=utf-8");
   addHeader(mail, "Content-Transfer-Encoding", "quoted-printable");
-  return mail + "\r\n" + quotedPrintable(validUtf8(letter.body));
+  return mail + "\r\n" + quotedPrintable(validUtf8(mailMessage.body));
 }
 
 }  // namespace devkit

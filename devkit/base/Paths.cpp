@@ -1,4 +1,4 @@
-#include "devkit/base/Places.h"
+#include "devkit/base/Paths.h"
 
 #include <pwd.h>
 #include <unistd.h>
@@ -8,7 +8,7 @@
 namespace devkit {
 namespace {
 
-/// An empty variable counts as an absent one: that is what people mean by `VARIABLE= command`.
+/// An empty variable counts as an absent one: that is the usual meaning of `VARIABLE= command`.
 std::string environment(const char *name) {
   const char *value = std::getenv(name);
   return value ? value : "";
@@ -42,7 +42,7 @@ std::string dataFolderPath() {
   if (auto path = environment("BV_DEVKIT_DATA"); !path.empty())
     return withoutTrailingSlashes(std::move(path));
   auto shared = environment("XDG_DATA_HOME");
-  // A relative XDG_DATA_HOME is to be ignored by the convention that defines it.
+  // The convention that defines XDG_DATA_HOME says to ignore a relative one.
   if (shared.empty() || shared.front() != '/') shared = homeFolder() + "/.local/share";
   return withoutTrailingSlashes(std::move(shared)) + "/veldane-devkit";
 }
