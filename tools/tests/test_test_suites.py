@@ -36,7 +36,8 @@ class TestSuites(unittest.TestCase):
 
     def listed(self, thorough="FALSE", environment=None, **values):
         """The filter and the cost of each test of CTest, by its name."""
-        values = {"size": 20, "alone": "", "waits": "", "prefix": "", "seconds": 1, "timeout": 60, **values}
+        values = {"size": 20, "alone": "", "waits": "", "prefix": "", "seconds": 1,
+                  "timeout": 60, **values}
         defines = [part for key, value in values.items() for part in ("-D", f"{key}={value}")]
         tests = self.folder / "tests.cmake"
         subprocess.run(["cmake", "-D", f"program={self.folder}/program", "-D", f"tests={tests}",
