@@ -21,7 +21,7 @@ id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
   // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
   // protocol that a class of this program adopts is known at run time, and GNUstep does not look
   // for a message in the protocols that a protocol adopts.
-  [proxy setProtocolForProxy:@protocol(KRVOperations)];
+  agent::setProtocol(proxy, @protocol(KRVOperations));
   // A new connection has what was left of the attempt as its time-outs.
   agent::setTimeouts(agent::connectionOf(proxy), agent::kConnectionDeadlineSeconds,
                      agent::kConnectionDeadlineSeconds);

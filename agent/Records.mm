@@ -33,9 +33,7 @@ constexpr NSUInteger kReadSinglyBelow = 8;
 constexpr unichar kSeparator = 0x1F;
 
 id withProtocol(id object) {
-  if ([object isProxy]) {
-    [static_cast<NSDistantObject *>(object) setProtocolForProxy:@protocol(RemoteArray)];
-  }
+  setProtocol(object, @protocol(RemoteArray));
   return object;
 }
 

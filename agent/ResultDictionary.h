@@ -23,6 +23,14 @@ NSDictionary *localCopyOfReply(id reply);
 /// and for anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
 NSDictionary *localCopyOfDictionary(id dictionary);
 
+/// The entries of these keys, of which a string or number is local in the copy; nil for nil and for
+/// anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
+NSDictionary *localCopyOfKeys(NSArray *keys, id dictionary);
+
+/// Tells a distant object of which protocol its messages are, which saves a round trip for the
+/// signature of each. Does nothing for any other object, other proxies included.
+void setProtocol(id object, Protocol *protocol);
+
 /// What a reply means.
 enum class ReplyKind {
   Unreachable,  // no reply or an empty one: the agent or the service could not be reached

@@ -1,5 +1,7 @@
 #import "agent/ResultDictionary.h"
 
+#import <objc/runtime.h>
+
 /// What this file sends to dictionaries of another process. Declared as a protocol because a proxy
 /// that knows its protocol need not ask the other side for each method's signature first.
 @protocol RemoteDictionary
@@ -27,7 +29,7 @@ bool isLocal(id object, Class cls) {
 id asDictionary(id object) {
   if (object == nil) return nil;
   if (![object isProxy]) return [object isKindOfClass:[NSDictionary class]] ? object : nil;
-  [static_cast<NSDistantObject *>(object) setProtocolForProxy:@protocol(RemoteDictionary)];
+  setProtocol(object, @protocol(RemoteDictionary));
   return object;
 }
 
@@ -50,14 +52,28 @@ NSString *stringOrNil(id object) {
   return isLocal(object, [NSString class]) ? object : nil;
 }
 
-NSDictionary *localCopyOfReply(id reply) {
-  id const remote = asDictionary(reply);
+void setProtocol(id object, Protocol *protocol) {
+  // By the runtime, because a distant object forwards the question for its class.
+  Class cls = object_getClass(object);
+  while (cls != Nil && cls != [NSDistantObject class]) cls = class_getSuperclass(cls);
+  if (cls != Nil) [static_cast<NSDistantObject *>(object) setProtocolForProxy:protocol];
+}
+
+NSDictionary *localCopyOfKeys(NSArray *keys, id dictionary) {
+  id const remote = asDictionary(dictionary);
   if (remote == nil) return nil;
-  NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:3];
-  for (NSString *key in @[ kErrorKey, kValueKey, kErrorMessageKey ]) {
+  NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:[keys count]];
+  for (NSString *key in keys) {
     id const value = [remote objectForKey:key];
     if (value != nil) [copy setObject:value forKey:key];
   }
+  return copy;
+}
+
+NSDictionary *localCopyOfReply(id reply) {
+  id const remote = asDictionary(reply);
+  NSDictionary *const copy = localCopyOfKeys(@[ kErrorKey, kValueKey, kErrorMessageKey ], remote);
+  if (copy == nil) return nil;
   // A further round trip, but only for a reply with none of the three keys.
   return [copy count] > 0 || [remote count] == 0 ? copy : allEntries(remote);
 }

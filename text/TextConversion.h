@@ -13,7 +13,8 @@ NSString *singleLine(NSString *text);
 
 /// `name` as the title of a window: in one line, with U+FFFD for half a surrogate pair; a name
 /// longer than a file system allows (255 characters) is cut between whole characters and ends with
-/// an ellipsis. nil for nil and for a name of which nothing is left.
+/// an ellipsis. Blanks at its ends stay: they are part of the name. nil for nil and for a
+/// name of blanks only, which nobody could see.
 NSString *windowTitle(NSString *name);
 
 /// The first `units` UTF-16 units of the text, all of a shorter one. When the cut falls inside a

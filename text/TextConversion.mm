@@ -36,9 +36,9 @@ NSString *singleLine(NSString *text) {
 NSString *windowTitle(NSString *name) {
   // Of half a surrogate pair the window server gets no title at all.
   NSString *const whole = utf16::stringOf(utf16::wellFormed(utf16::unitsOf(name)));
-  NSString *const line =
-      [singleLine(whole) stringByTrimmingCharactersInSet:[NSCharacterSet whitespaceCharacterSet]];
-  if ([line length] == 0) return nil;
+  NSString *const line = singleLine(whole);
+  NSCharacterSet *const seen = [[NSCharacterSet whitespaceCharacterSet] invertedSet];
+  if ([line rangeOfCharacterFromSet:seen].location == NSNotFound || line == nil) return nil;
   if ([line length] <= kLongestTitle) return line;
   const NSRange cut = [line rangeOfComposedCharacterSequenceAtIndex:kLongestTitle - 1];
   return [[line substringToIndex:cut.location] stringByAppendingString:@"\u2026"];

@@ -45,7 +45,7 @@ NSAlert *invalidRecipientAlert(NSString *recipient) {
           ? localizedText(@"invalidEmailErrorInformativeTextBlankKey")
           : formatted(localizedText(@"invalidEmailErrorInformativeTextFormatKey"), recipient);
   NSAlert *const alert =
-      alertWithTexts(localizedText(@"invalidEmailErrorMessageTextKey"), informative);
+      alertWithTexts(formatted(localizedText(@"invalidEmailErrorMessageTextKey")), informative);
   [alert addButtonWithTitle:localizedText(@"alertOkButtonTitleKey")];
   return alert;
 }

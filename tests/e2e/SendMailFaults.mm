@@ -110,6 +110,19 @@ TEST_F(SendMailFaults, WhileTheAgentHangsTheIndicatorIsOnTheScreen) {
   EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) == idle; }));
 }
 
+/// The connection attempt alone takes 15 seconds.
+TEST_F(SendMailFaults, WithoutAnAgentTheIndicatorIsOnTheScreenWhileOneIsLookedFor) {
+  ASSERT_TRUE(openAndFillIn());
+  const std::string idle = settledPicture(indicatorOf(window));
+  ASSERT_NE(idle, "");
+  endAgent();
+  click(kSendButton);
+  EXPECT_TRUE(waitFor([&] { return picture(indicatorOf(window)) != idle; }));
+  EXPECT_EQ(windowsOnScreen().size(), 1u) << "no alert yet";
+  EXPECT_TRUE(waitForWindows(2));
+  startAgent();
+}
+
 TEST_F(SendMailFaults, ASecondClickWhileTheAgentHangsSendsNothingTwice) {
   agent->setScript(@{kSendFile : hangingEntry(success(@"sent"))});
   ASSERT_TRUE(openAndFillIn());

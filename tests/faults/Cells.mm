@@ -30,15 +30,25 @@ std::vector<Fault> faultsAfterAList() {
   return faultsThat([](const Fault &fault) { return fault.processFault != ProcessFault::Absent; });
 }
 
+namespace {
+
+bool diesWhenValueIsRead(const Fault &fault) {
+  return [[fault.entry([NSDictionary dictionary]) objectForKey:@"die"] isEqual:@"whenValueIsRead"];
+}
+
+}  // namespace
+
 Outcome outcomeIn(Column column, const Fault &fault) {
   switch (column) {
     case Column::DirectCopy:
     case Column::CopyTab:
     case Column::MenuCopyLink:
       return fault.link;
-    case Column::Send:
     case Column::Invite:
     case Column::InviteLater:
+      // The person in the reply is read before the next one is invited.
+      return diesWhenValueIsRead(fault) ? Outcome::NoReply : fault.action;
+    case Column::Send:
     case Column::Change:
     case Column::Remove:
       return fault.action;

@@ -1,5 +1,8 @@
 // How an invitation ends: each row of the table of its outcomes, with all that the row says.
 
+#include <fstream>
+#include <iterator>
+
 #import "tests/support/Arguments.h"
 #include "tests/support/TypeAheadUser.h"
 #import "tests/ui/InviteTabFixture.h"
@@ -228,6 +231,36 @@ TEST_F(InviteTabOutcomes, AnEmployeeWhoseNamesAreMissingOrNoTextsIsAnEmployee) {
   invite(@"odd@x.de");
   EXPECT_EQ(calls(kGrant), 1u);
   EXPECT_TRUE([[delegate employeeContacts] containsObject:@"odd@x.de"]);
+}
+
+TEST_F(InviteTabOutcomes, ThePersonInTheReplyToAGrantIsReadAndDropped) {
+  knowColleagues(@[ @"a@x.de" ]);
+  const std::string reads = newTemporaryFolder() + "/reads";
+  grants(@{
+    @"reply" : success(@{@"userfname" : @"anna", @"useremail" : @"a@x.de"}),
+    @"recordReadsIn" : [NSString stringWithUTF8String:reads.c_str()]
+  });
+  open();
+  invite(@"a@x.de");
+  std::ifstream file(reads);
+  const std::string keys((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+  EXPECT_EQ(keys, "userfname\nuserlname\nuseremail\n");
+  EXPECT_EQ([[[controller givePermissionTab] personList] count], 0u);
+  EXPECT_EQ(counter->posts, 2);
+}
+
+TEST_F(InviteTabOutcomes, AnEmployeeWithoutANameIsAddedAsThePlatformWritesNil) {
+  knowColleagues(@[ @"a@x.de" ]);
+  answer(
+      kUserInfo,
+      @{@"reply" : success(
+          @{@"accountemployee" : @1,
+            @"primaryemail" : @"odd@x.de"})});
+  open();
+  EXPECT_TRUE([[controller sendInviteTab] isEmployee:@"odd@x.de"]);
+  NSString *const nothing = nil;
+  EXPECT_EQ(text([[delegate addressBookForShare] lastObject]),
+            text([NSString stringWithFormat:@"%@<odd@x.de>", nothing]));
 }
 
 TEST_F(InviteTabOutcomes, AReplyWithoutAValueIsNoEmployee) {

@@ -13,7 +13,12 @@ TEST(WindowTitle, AnOrdinaryNameIsTheTitle) {
 TEST(WindowTitle, LineBreaksAndControlsBecomeBlanks) {
   EXPECT_EQ(text(windowTitle(@"a\nb")), "a b");
   EXPECT_EQ(text(windowTitle(@"a\u2028b\u2029c\td")), "a b c d");
-  EXPECT_EQ(text(windowTitle(@"\nlast\n")), "last");
+  EXPECT_EQ(text(windowTitle(@"\nlast\n")), " last ");
+}
+
+TEST(WindowTitle, BlanksAtTheEndsOfANameStay) {
+  EXPECT_EQ(text(windowTitle(@"  a b ")), "  a b ");
+  EXPECT_EQ(text(windowTitle(@"\u00A0a\u3000")), "\u00A0a\u3000");
 }
 
 TEST(WindowTitle, NothingLeftIsNil) {

@@ -11,6 +11,7 @@
 #import "windows/Recipients.h"
 #import "windows/RequestSuspension.h"
 #import "windows/share/AccessLevel.h"
+#import "windows/share/SharedWith.h"
 
 namespace {
 
@@ -23,7 +24,7 @@ constexpr NSInteger kDefaultAccessIndex = 1;
 /// The alert that names people who cannot be invited. Also for those whom the service refused.
 NSAlert *notColleaguesAlert(NSString *people) {
   return alertWithTexts(
-      localizedText(@"invalidEmployeeErrorMessageTextKey"),
+      formatted(localizedText(@"invalidEmployeeErrorMessageTextKey")),
       formatted(localizedText(@"invalidEmployeeErrorInformativeTextFormatKey"), people));
 }
 
@@ -109,10 +110,26 @@ NSAlert *notColleaguesAlert(NSString *people) {
         [refused addObject:recipient];
         break;
       case agent::ReplyKind::Succeeded:
+        [self readPersonIn:reply];
         break;
     }
   }
   [self showGrantsRefusedTo:refused];
+}
+
+/// Makes the row of a person who has been granted access. Deliberately dropped: the list is loaded
+/// again instead, but the agent is asked for the person all the same.
+- (void)readPersonIn:(NSDictionary *)reply {
+  NSDictionary *const person = agent::nilOnException([&]() -> id {
+    return agent::localCopyOfKeys(@[ @"userfname", @"userlname", @"useremail" ],
+                                  [reply objectForKey:agent::kValueKey]);
+  });
+  NSString *const address = agent::stringIn(person, @"useremail");
+  SharedWith *const row = [[[SharedWith alloc] init] autorelease];
+  [row setPersonName:displayName(agent::stringIn(person, @"userfname"),
+                                 agent::stringIn(person, @"userlname"), address)];
+  [row setUseremail:address];
+  [row setPermission:[accessType titleOfSelectedItem]];
 }
 
 - (void)showGrantsRefusedTo:(NSArray *)refused {
@@ -156,8 +173,8 @@ NSAlert *notColleaguesAlert(NSString *people) {
   if (user == nil) return YES;
   if (!agent::flagIn(user, @"accountemployee")) return NO;
   [[state addressBookForShare]
-      addObject:[NSString stringWithFormat:@"%@<%@>", agent::stringIn(user, @"name") ?: @"",
-                                           agent::stringIn(user, @"primaryemail") ?: @""]];
+      addObject:[NSString stringWithFormat:@"%@<%@>", agent::stringIn(user, @"name"),
+                                           agent::stringIn(user, @"primaryemail")]];
   [[state employeeContacts] addObject:address];
   return YES;
 }

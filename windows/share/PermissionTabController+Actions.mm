@@ -31,7 +31,7 @@ Answer answerOf(std::int64_t returnCode) {
 }
 
 NSAlert *question() {
-  NSAlert *const alert = alertWithTexts(localizedText(@"unshareMessageTextKey"), nil);
+  NSAlert *const alert = alertWithTexts(formatted(localizedText(@"unshareMessageTextKey")), nil);
   [alert addButtonWithTitle:localizedText(@"yesButtonTitleKey")];
   NSButton *const no = [alert addButtonWithTitle:localizedText(@"noButtonTitleKey")];
   [no setKeyEquivalent:kEscape];

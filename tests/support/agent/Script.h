@@ -9,6 +9,8 @@
 /// "number" than the one before begins its lists anew. Keys of an entry, all optional:
 /// - "delay": seconds to wait first, in which the agent serves no other call, as one that hangs;
 /// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
+/// - "recordReadsIn": a path; the "value" of the reply, a dictionary, appends each key that it is
+///   asked for to that file, a line each.
 /// - "die": "before" the operation returns (the process kills itself), "whenRead": it returns a
 ///   reply and dies at the first message to that, or "whenValueIsRead": it returns a reply and dies
 ///   at the first message to its "value", where that is a dictionary or an array;

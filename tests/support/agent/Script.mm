@@ -1,6 +1,7 @@
 #import "tests/support/agent/Script.h"
 
 #include <csignal>
+#include <fstream>
 
 #include <unistd.h>
 
@@ -43,6 +44,37 @@
   (void)index;
   kill(getpid(), SIGKILL);
   return nil;
+}
+
+@end
+
+/// A dictionary that appends each key that it is asked for to a file, a line each.
+@interface RecordingDictionary : NSDictionary {
+ @public
+  NSDictionary *entries;  // retained
+  NSString *path;         // retained
+}
+@end
+
+@implementation RecordingDictionary
+
+- (void)dealloc {
+  [entries release];
+  [path release];
+  [super dealloc];
+}
+
+- (NSUInteger)count {
+  return [entries count];
+}
+
+- (id)objectForKey:(id)key {
+  std::ofstream([path fileSystemRepresentation], std::ios::app) << [key UTF8String] << '\n';
+  return [entries objectForKey:key];
+}
+
+- (NSEnumerator *)keyEnumerator {
+  return [entries keyEnumerator];
 }
 
 @end
@@ -97,6 +129,16 @@ id withFatalValue(NSDictionary *reply) {
   return fatal;
 }
 
+/// The reply with a value that records which of its entries are read.
+id withRecordingValue(NSDictionary *reply, NSString *path) {
+  RecordingDictionary *const value = [[[RecordingDictionary alloc] init] autorelease];
+  value->entries = [[reply objectForKey:@"value"] retain];
+  value->path = [path retain];
+  NSMutableDictionary *const recording = [NSMutableDictionary dictionaryWithDictionary:reply];
+  [recording setObject:value forKey:@"value"];
+  return recording;
+}
+
 id replyOfEntry(NSDictionary *entry) {
   static NSMutableDictionary *books = [[NSMutableDictionary alloc] init];
   if ([[entry objectForKey:@"nil"] boolValue]) return nil;
@@ -105,6 +147,9 @@ id replyOfEntry(NSDictionary *entry) {
   }
   if ([[entry objectForKey:@"die"] isEqual:@"whenValueIsRead"]) {
     return withFatalValue([entry objectForKey:@"reply"]);
+  }
+  if (NSString *const path = [entry objectForKey:@"recordReadsIn"]) {
+    return withRecordingValue([entry objectForKey:@"reply"], path);
   }
   NSNumber *const contacts = [entry objectForKey:@"contacts"];
   if (contacts != nil) {
