@@ -46,8 +46,8 @@ const std::vector<Fault> kFaults = {
      NoReply, 0},
     {"KilledWhileItsReplyIsRead", OfTheProcess, ProcessFault::DiesDuring,
      [](id) -> NSDictionary * { return @{@"die" : @"whenRead"}; }, NoReply, NoReply, NoReply, 0},
-    // A link is a text, which is sent with the reply, and the value of an action's reply is read only
-    // after an invitation (outcomeIn).
+    // A link is a text, which is sent with the reply, and the value of an action's reply is read
+    // only after an invitation (outcomeIn).
     {"KilledWhileItsValueIsRead", OfTheProcess, ProcessFault::DiesDuring,
      [](id value) -> NSDictionary * {
        return @{@"die" : @"whenValueIsRead", @"reply" : success(value)};

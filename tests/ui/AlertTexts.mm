@@ -2,6 +2,7 @@
 #include "tests/ui/InviteTabFixture.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
+#import "windows/Alerts.h"
 #import "windows/Recipients.h"
 
 // The texts of the string table are formats, in which a percent sign is written twice.
@@ -11,22 +12,36 @@ namespace {
 constinit platform::ReplacedMethod<NSString *(NSString *, NSString *, NSString *)> platformText;
 
 bool addsPercentSigns = false;
+bool hasNoTexts = false;
 
-NSString *textWithPercentSign(id bundle, SEL selector, NSString *key, NSString *value,
-                              NSString *table) {
+NSString *replacedText(id bundle, SEL selector, NSString *key, NSString *value, NSString *table) {
+  if (hasNoTexts && bundle == [NSBundle mainBundle]) return value;
   NSString *const text = platformText(bundle, selector, key, value, table);
   const bool isOurs = addsPercentSigns && bundle == [NSBundle mainBundle] && [text length] > 0;
   return isOurs ? [text stringByAppendingString:@" 100 %%"] : text;
 }
 
+void replaceTexts() {
+  platformText.install([NSBundle class], @selector(localizedStringForKey:value:table:),
+                       replacedText);
+}
+
 /// While one of these lives, each text of the application's string table ends with " 100 %%".
 struct PercentSigns {
   PercentSigns() {
-    platformText.install([NSBundle class], @selector(localizedStringForKey:value:table:),
-                         textWithPercentSign);
+    replaceTexts();
     addsPercentSigns = true;
   }
   ~PercentSigns() { addsPercentSigns = false; }
+};
+
+/// While one of these lives, the string table is empty.
+struct NoTexts {
+  NoTexts() {
+    replaceTexts();
+    hasNoTexts = true;
+  }
+  ~NoTexts() { hasNoTexts = false; }
 };
 
 NSString *shownFor(NSString *key) {
@@ -39,6 +54,14 @@ using InviteAlertTexts = InviteTabFixture;
 using UnshareQuestionTexts = PermissionsTab;
 
 }  // namespace
+
+TEST(AlertTexts, AreEmptyWhereTheTableHasNone) {
+  const NoTexts noTexts;
+  for (NSAlert *alert in @[ cannotConnectAlert(), invalidRecipientAlert(@"x") ]) {
+    EXPECT_EQ(text([alert messageText]), "");
+    EXPECT_EQ(text([alert informativeText]), "");
+  }
+}
 
 TEST(AlertTexts, TheMessageAboutAnInvalidRecipientGoesThroughTheFormatStep) {
   const PercentSigns percentSigns;

@@ -78,6 +78,17 @@ TEST_F(SendFileAction, ClosingTheWindowSetsTheFlagAndHidesTheApplication) {
   EXPECT_TRUE([NSApp isHidden]);
 }
 
+TEST_F(SendFileAction, OfSeveralSelectedItemsTheFirstIsSent) {
+  NSString *const other = makeFile(@"MyDocs/other.csv");
+  knowFile(other, "id-other");
+  select(file, other);
+  sendFile();
+  EXPECT_EQ(text([onlyWindow() title]), "figures.csv");
+  expectItem(sendWindow(), "id-file", false);
+  EXPECT_EQ(engine.calls,
+            (Lines{"BvInitialize", "BvGetFileIdByName " + text(file), "BvUninitialize"}));
+}
+
 TEST_F(SendFileAction, TwiceLeavesOneWindow) {
   sendFile();
   countEndsOf([SendAndCopyTabController class]);
@@ -163,6 +174,15 @@ TEST_F(SendFolderAction, OpensTheSendWindowForTheFolder) {
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
   EXPECT_EQ([agent.operations() count], 0u);
+}
+
+TEST_F(SendFolderAction, OfSeveralSelectedItemsTheFirstIsSent) {
+  NSString *const other = makeFolder(@"Shared/Other");
+  knowFolder(other, "id-other");
+  select(folder, other);
+  sendFolder();
+  EXPECT_EQ(text([onlyWindow() title]), "Plans");
+  expectItem(sendWindow(), "id-folder", true);
 }
 
 TEST_F(SendFolderAction, LooksTheFolderUpWithoutItsSlash) {

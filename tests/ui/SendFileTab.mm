@@ -1,5 +1,6 @@
 #import "tests/support/Arguments.h"
 #import "tests/ui/WindowFixtures.h"
+#import "text/LocalizedText.h"
 
 namespace {
 
@@ -213,7 +214,18 @@ TEST_F(SendFileTab, ALongSubjectReachesTheAgentAsItsFirstEightyUnits) {
                                               withString:@"0123456789"
                                          startingAtIndex:0]];
   pressSend();
-  EXPECT_EQ([[lastArguments() objectAtIndex:send_operation::kSubject] length], 80u);
+  NSString *const firstEighty = [@"" stringByPaddingToLength:80
+                                                  withString:@"0123456789"
+                                             startingAtIndex:0];
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kSubject]), text(firstEighty));
+}
+
+TEST_F(SendFileTab, ADoubledCommaTypedWithKeysIsABlankRecipient) {
+  open();
+  enterRecipients(@"a@example.org,,b@example.org");
+  pressSend();
+  EXPECT_TRUE(alertShows(text(localizedText(@"invalidEmailErrorInformativeTextBlankKey"))));
+  EXPECT_FALSE(wasSent());
 }
 
 TEST_F(SendFileTab, ALongMessageIsNotCut) {

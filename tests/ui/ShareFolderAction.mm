@@ -40,6 +40,15 @@ TEST_F(ShareFolderAction, OpensTheShareWindowForTheFolder) {
   EXPECT_FALSE([NSApp isHidden]);
 }
 
+TEST_F(ShareFolderAction, OfSeveralSelectedItemsTheFirstIsShared) {
+  NSString *const other = makeFolder(@"MyDocs/Other");
+  knowFolder(other, "id-other");
+  select(folder, other);
+  shareFolder();
+  EXPECT_EQ(text([onlyWindow() title]), "Project Aurora");
+  EXPECT_EQ(text([[shareWindow() givePermissionTab] filePath]), "id-folder");
+}
+
 TEST_F(ShareFolderAction, TheAccessListIsAskedForByServerId) {
   shareFolder();
   EXPECT_TRUE(handleEventsUntil([&] { return [agent.operations() count] == 1; }))

@@ -22,6 +22,7 @@ TEST_F(SuccessSheet, EndsTheSendWindowAfterThreeSeconds) {
   EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
   EXPECT_GE(-[shown timeIntervalSinceNow], 2.99);
   EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_TRUE([NSApp isHidden]);
 }
 
 TEST_F(SuccessSheet, LeavesTheShareWindowOpenWithTheSheetGone) {

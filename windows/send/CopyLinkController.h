@@ -22,7 +22,7 @@
   NSTextField *modalWindowText;
 }
 
-/// Local path of the item, or its server id when isFileId is YES.
+/// Local path of the item, or its server id when isFileId is YES, which starts as NO like isFolder.
 @property (copy) NSString *filePath;
 @property (assign) BOOL isFileId;
 @property (assign) BOOL isFolder;
@@ -36,9 +36,6 @@
 
 // A getter, although its name begins with "copy", which would transfer ownership.
 - (NSTabViewItem *)copyLinkTab __attribute__((objc_method_family(none)));
-
-/// isFileId and isFolder start as NO.
-- (id)init;
 
 /// The copy button: copies the link with the options of the tab. Blocks until the agent answers.
 /// After a success the window closes by itself; after an alert everything stays as it was.

@@ -36,14 +36,6 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 @synthesize modalWindow;
 @synthesize modalWindowText;
 
-- (id)init {
-  if ((self = [super init])) {
-    isFileId = NO;
-    isFolder = NO;
-  }
-  return self;
-}
-
 - (void)dealloc {
   [filePath release];
   [copyLinkTab release];

@@ -24,7 +24,7 @@
 /// The subject field. The opener of the window sets the default subject.
 @property (assign) IBOutlet NSTextField *mailSubject;
 
-/// Local path of the item, or its server id when isFileId is YES.
+/// Local path of the item, or its server id when isFileId is YES, which starts as NO like isFolder.
 @property (copy) NSString *filePath;
 @property (assign) BOOL isFileId;
 @property (assign) BOOL isFolder;
@@ -33,9 +33,6 @@
 @property (assign) IBOutlet NSWindow *ourMainWindow;
 @property (assign) IBOutlet NSWindow *modalWindow;
 @property (assign) IBOutlet NSTextField *modalWindowText;
-
-/// isFileId and isFolder start as NO.
-- (id)init;
 
 /// The Send button: checks the recipients and mails the link with the options of the tab. Blocks
 /// until the agent answers. After a success the window closes by itself; after an alert everything

@@ -28,14 +28,6 @@ constexpr NSUInteger kSubjectUnits = 80;
 @synthesize modalWindow;
 @synthesize modalWindowText;
 
-- (id)init {
-  if ((self = [super init])) {
-    isFileId = NO;
-    isFolder = NO;
-  }
-  return self;
-}
-
 - (void)dealloc {
   [filePath release];
   [super dealloc];

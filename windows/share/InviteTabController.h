@@ -37,9 +37,6 @@
 @property (assign) IBOutlet NSWindow *modalWindow;
 @property (assign) IBOutlet NSTextField *modalWindowText;
 
-/// isFileId and isFolder start as NO.
-- (id)init;
-
 /// The invite button: checks all recipients, then grants each of them the chosen access. Blocks
 /// until the agent has answered for each. After every failure what was entered stays.
 - (IBAction)sendInvite:(id)sender;

@@ -39,14 +39,6 @@ NSAlert *notColleaguesAlert(NSString *people) {
 @synthesize modalWindow;
 @synthesize modalWindowText;
 
-- (id)init {
-  if ((self = [super init])) {
-    isFileId = NO;
-    isFolder = NO;
-  }
-  return self;
-}
-
 - (void)dealloc {
   [filePath release];
   [ourMainWindow release];
