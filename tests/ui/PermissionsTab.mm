@@ -4,7 +4,10 @@
 
 #include <filesystem>
 #include <fstream>
+#include <mutex>
+#include <set>
 
+#import "platform/gnustep/runtime/DeallocHook.h"
 #import "tests/support/Events.h"
 #import "text/LocalizedText.h"
 
@@ -71,8 +74,32 @@ NSArray *people(int count) {
   return all;
 }
 
+namespace {
+
+std::mutex tabsMutex;
+/// The tabs that windows have been opened with and that have not been deallocated.
+std::set<const void *> liveTabs;
+
+void addTab(id tab) {
+  const std::lock_guard<std::mutex> guard(tabsMutex);
+  liveTabs.insert(tab);
+}
+
+void removeTab(id tab) {
+  const std::lock_guard<std::mutex> guard(tabsMutex);
+  liveTabs.erase(tab);
+}
+
+bool allTabsHaveEnded() {
+  const std::lock_guard<std::mutex> guard(tabsMutex);
+  return liveTabs.empty();
+}
+
+}  // namespace
+
 PermissionsWindow::PermissionsWindow() {
   loadedDelegate();
+  addDeallocHook([PermissionTabController class], removeTab);
   [NSApp unhideWithoutActivation];
 }
 
@@ -81,8 +108,10 @@ PermissionsWindow::~PermissionsWindow() {
 }
 
 PermissionsTab::~PermissionsTab() {
-  // While there is an agent.
+  // While there is an agent. A load retains its tab, and would ask the next test's agent.
+  resumeAgent();
   finish();
+  EXPECT_TRUE(handleEventsUntil(allTabsHaveEnded));
 }
 
 void PermissionsWindow::finish() {
@@ -113,6 +142,7 @@ void PermissionsWindow::openWindow() {
     [window selectTabAtPosition:0];
     [[window window] makeKeyAndOrderFront:nil];
     tab = [[window givePermissionTab] retain];
+    addTab(tab);
     [[window window] display];
   }
 }
