@@ -5,15 +5,17 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 
 #include "tests/support/ChildProcess.h"
 
 namespace {
 
+/// Empty when there is no such file, also when its process ends while it is read.
 std::string contents(const std::filesystem::path &path) {
-  std::ifstream file(path);
-  return {std::istreambuf_iterator<char>(file), {}};
+  std::ostringstream contents;
+  contents << std::ifstream(path).rdbuf();  // istreambuf_iterator would throw
+  return contents.str();
 }
 
 /// Whether the process belongs to this session: where the session has no process table of its own,
