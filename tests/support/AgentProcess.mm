@@ -11,8 +11,9 @@ NSString *nsString(const std::string &text) {
   return [NSString stringWithUTF8String:text.c_str()];
 }
 
-/// Links the scripted agent's program and does not copy it where possible: it is large, and hundreds
-/// are started. The temporary folder may be on another file system; then it is copied there once.
+/// Links the scripted agent's program and does not copy it where possible: it is large, and
+/// hundreds are started. The temporary folder may be on another file system; then it is copied
+/// there once.
 void linkProgram(const std::filesystem::path &link) {
   namespace fs = std::filesystem;
   std::error_code error;
