@@ -81,6 +81,7 @@ class MacBuild:
             self.environment[f"MACOS_{name.upper()}"] = str(self.folder / name)
         xcode = self.folder / "xcode"
         write(xcode / SDK / "usr/lib/libSystem.tbd", "archs: [ i386, x86_64 ]\n")
+        write(xcode / SDK / "usr/lib/crt1.10.6.o", "")
         (xcode / TOOLS).mkdir(parents=True)
         for tool in ("ld", "lipo"):
             (xcode / TOOLS / tool).symlink_to(STAND_INS / tool)
