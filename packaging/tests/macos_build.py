@@ -16,7 +16,6 @@ STAND_INS = TESTS / "macos-tools"
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tools/lint")]
 
 from presets import read_presets  # noqa: E402  its place is known only now
-from string_tables import LANGUAGES  # noqa: E402,F401  as above, and the tests import it from here
 
 SDK = "Contents/Developer/Platforms/MacOSX.platform/Developer/SDKs/MacOSX10.13.sdk"
 TOOLS = "Contents/Developer/Toolchains/XcodeDefault.xctoolchain/usr/bin"

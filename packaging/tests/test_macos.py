@@ -12,7 +12,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from macos_build import LANGUAGES, ROOT, SDK, TOOLS, MacBuild, check_bundle
+from macos_build import ROOT, SDK, TOOLS, MacBuild, check_bundle
+from string_tables import LANGUAGES
 
 LIBRARIES = ROOT / "packaging/macos/libraries"
 PRESETS = ("macos-current", "macos")

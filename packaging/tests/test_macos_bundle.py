@@ -9,7 +9,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from macos_build import LANGUAGES, ROOT, USAGE, check_bundle, write
+from macos_build import ROOT, USAGE, check_bundle, write
+from string_tables import LANGUAGES
 
 MACOS = ROOT / "packaging/macos"
 

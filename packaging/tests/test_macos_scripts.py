@@ -14,8 +14,8 @@ import unittest
 from pathlib import Path
 
 import bash_3_2
-from macos_build import LANGUAGES, ROOT, TOOLS, USAGE, write
-from string_tables import REFERENCE, entries_of, text_of, unescaped
+from macos_build import ROOT, TOOLS, USAGE, write
+from string_tables import LANGUAGES, REFERENCE, entries_of, text_of, unescaped
 
 MACOS = ROOT / "packaging/macos"
 BASH = os.environ.get("MACOS_BASH", "/bin/bash")
