@@ -18,6 +18,16 @@ void showBusy(NSProgressIndicator *indicator) {
   [[indicator window] flushWindow];
 }
 
+void setSpokenName(NSView *view, NSString *key) {
+  NSString *const name = localizedText(key);
+  NSString *const attribute = NSAccessibilityDescriptionAttribute;
+  [view accessibilitySetOverrideValue:name forAttribute:attribute];
+  if ([view isKindOfClass:[NSControl class]]) {
+    [[static_cast<NSControl *>(view) cell] accessibilitySetOverrideValue:name
+                                                            forAttribute:attribute];
+  }
+}
+
 void discardPendingInput() {
   const NSUInteger input = NSKeyDownMask | NSKeyUpMask | NSLeftMouseDownMask | NSLeftMouseUpMask |
                            NSRightMouseDownMask | NSRightMouseUpMask;
