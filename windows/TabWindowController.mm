@@ -72,6 +72,9 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
     if (!isInFront) [state setContextMenuFlag:YES];
     return nil;
   }
+  // The closing of the window before, for one, has hidden the application, and the windows of a
+  // hidden application are not seen. Not left to the activation, which the system may refuse.
+  [NSApp unhideWithoutActivation];
   if (isInFront) {
     [window orderFrontRegardless];
   } else {

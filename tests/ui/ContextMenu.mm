@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <memory>
 
+#include "tests/ui/MacActivation.h"
 #include "tests/ui/MenuActions.h"
 
 /// Waits for the context menu as a user does, and then uses the mouse. The target of a timer.
@@ -229,6 +230,13 @@ TEST_F(ContextMenu, ShareFolderIsClickedAndItsWindowIsSeen) {
   knowFolder(folder, "id-folder");
   popUpAndClick(3);
   EXPECT_NE(shareWindow(), nil);
+}
+
+TEST_F(ContextMenu, ItUnhidesTheApplication) {
+  const MacActivation mac;
+  [delegate hideMe];
+  popUpAndClick(kElsewhere);
+  EXPECT_FALSE([NSApp isHidden]);
 }
 
 TEST_F(ContextMenu, TwiceLeavesTwoInvisibleAnchorWindowsBehind) {
