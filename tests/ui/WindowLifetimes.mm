@@ -138,6 +138,36 @@ TEST_F(WindowLifetimes, APermissionsTabThatHasEndedHearsOfNoInvitation) {
 
 TEST_F(WindowLifetimes, AClosedWindowDoesNotComeBackWithTheApplication) {
   // Retained, so that it can be checked.
+TEST_F(WindowLifetimes, ASendWindowsControllerThatIsHeldOutlivesTheWindowAndObservesNothing) {
+  countEndsOf([SendAndCopyTabController class]);
+  SendAndCopyTabController *held = nil;
+  @autoreleasepool {
+    held = [openSend(0) retain];
+    closeAll();
+  }
+  ASSERT_EQ(ended([SendAndCopyTabController class]), 0);
+  closeAll();
+  EXPECT_EQ(linesInLog("recieve Notification close send/copy window."), 1);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  [held release];
+  EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
+}
+
+TEST_F(WindowLifetimes, AShareWindowsControllerThatIsHeldOutlivesTheWindowAndObservesNothing) {
+  countEndsOf([BrisvaleTabController class]);
+  BrisvaleTabController *held = nil;
+  @autoreleasepool {
+    held = [openShare(1) retain];
+    closeAll();
+  }
+  ASSERT_EQ(ended([BrisvaleTabController class]), 0);
+  closeAll();
+  EXPECT_EQ(linesInLog("recieve Notification - close share folder window"), 1);
+  EXPECT_EQ(linesInLog("window closed"), 1);
+  [held release];
+  EXPECT_EQ(ended([BrisvaleTabController class]), 1);
+}
+
   NSWindow *const window = [[[openSend(0) window] retain] autorelease];
   closeAll();
   ASSERT_TRUE([NSApp isHidden]);
