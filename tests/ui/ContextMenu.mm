@@ -4,7 +4,6 @@
 #include <set>
 
 #include "tests/support/WindowServer.h"
-#include "tests/ui/MacActivation.h"
 #include "tests/ui/MenuActions.h"
 
 /// Waits for the context menu as a user does, and then uses the mouse or the keyboard: the
@@ -260,13 +259,6 @@ TEST_F(ContextMenu, ShareFolderIsClickedAndItsWindowIsSeen) {
   knowFolder(folder, "id-folder");
   popUpAndClick(3);
   EXPECT_NE(shareWindow(), nil);
-}
-
-TEST_F(ContextMenu, ItUnhidesTheApplication) {
-  const MacActivation mac;
-  [delegate hideMe];
-  popUpAndClick(kElsewhere);
-  EXPECT_FALSE([NSApp isHidden]);
 }
 
 TEST_F(ContextMenu, APressThatIsHeldChoosesByItsRelease) {
