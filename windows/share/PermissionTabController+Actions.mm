@@ -73,7 +73,10 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 #pragma mark - Changing
 
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] { [self changeAccessTo:popUp]; });
+}
+
+- (void)changeAccessTo:(NSPopUpButton *)popUp {
   const NSUInteger row = [self rowOfControl:popUp];
   SharedWith *const person = [self personInRow:row];
   if (person == nil) return;
@@ -136,10 +139,15 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 - (void)handleResult:(NSAlert *)alert
           withResult:(std::int64_t)returnCode
           withSender:(std::int64_t)row {
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] {
+    [self handleAnswer:answerOf(returnCode) to:alert aboutRow:static_cast<NSUInteger>(row)];
+  });
+}
+
+- (void)handleAnswer:(Answer)answer to:(NSAlert *)alert aboutRow:(NSUInteger)row {
   SharedWith *const asked = [personInQuestion autorelease];
   personInQuestion = nil;
-  switch (answerOf(returnCode)) {
+  switch (answer) {
     case Answer::Yes:
       [[alert window] close];
       [self revokeAccessTo:asked inRow:row];
@@ -160,8 +168,8 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 
 /// asked: the person that the question was about, nil for the person in the row. The list may have
 /// been loaded again while the question was shown, and the person may be in another row now.
-- (void)revokeAccessTo:(SharedWith *)asked inRow:(std::int64_t)row {
-  NSUInteger current = static_cast<NSUInteger>(row);
+- (void)revokeAccessTo:(SharedWith *)asked inRow:(NSUInteger)row {
+  NSUInteger current = row;
   if (asked != nil && [self personInRow:current] != asked) {
     current = rowOf([asked useremail], [arrayController arrangedObjects]);
     if (current == NSNotFound) return;
@@ -170,8 +178,11 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 }
 
 - (void)revokeAccessToUser:(NSNumber *)row {
-  const RequestSuspension suspension;
-  const NSUInteger index = static_cast<NSUInteger>([row integerValue]);
+  withRequestsSuspended(
+      [&] { [self revokeAccessInRow:static_cast<NSUInteger>([row integerValue])]; });
+}
+
+- (void)revokeAccessInRow:(NSUInteger)index {
   SharedWith *const person = [self personInRow:index];
   if (person == nil) return;
   [self showAtWork];
