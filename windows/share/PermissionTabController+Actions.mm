@@ -17,7 +17,7 @@ NSString *const kEscape = @"\033";
 
 enum class Answer { Yes, No, Other, None };
 
-Answer answerOf(std::int64_t returnCode) {
+Answer answerOf(NSInteger returnCode) {
   switch (returnCode) {
     case NSAlertFirstButtonReturn:
       return Answer::Yes;
@@ -136,12 +136,9 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
              reinterpret_cast<void *>(row));
 }
 
-- (void)handleResult:(NSAlert *)alert
-          withResult:(std::int64_t)returnCode
-          withSender:(std::int64_t)row {
-  withRequestsSuspended([&] {
-    [self handleAnswer:answerOf(returnCode) to:alert aboutRow:static_cast<NSUInteger>(row)];
-  });
+- (void)handleResult:(NSAlert *)alert withResult:(NSInteger)returnCode withSender:(void *)context {
+  const auto row = reinterpret_cast<NSUInteger>(context);
+  withRequestsSuspended([&] { [self handleAnswer:answerOf(returnCode) to:alert aboutRow:row]; });
 }
 
 - (void)handleAnswer:(Answer)answer to:(NSAlert *)alert aboutRow:(NSUInteger)row {
