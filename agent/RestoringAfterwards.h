@@ -7,10 +7,10 @@ namespace agent {
 ///
 /// This and not the destructor of a local object restores whatever outlives a function: time-outs,
 /// a lock, a flag. On 32-bit Intel Macs a platform exception is a longjmp to the nearest @try,
-/// which skips destructors. (tools/lint/skipped_destructors.py finds a local object whose
-/// destructor does more than free memory.)
+/// which skips destructors. (tools/lint/mac_32_bit.py finds a local object whose destructor does
+/// more than free memory.)
 ///
-/// What restore needs must be known before body begins. Any thread.
+/// restore raises nothing. Any thread.
 template <class Body, class Restore>
 auto restoringAfterwards(const Body &body, const Restore &restore) -> decltype(body()) {
   @try {
