@@ -5,8 +5,8 @@ run where the exceptions of C++ lead to (landing pads), which a longjmp never do
 import re
 from collections import namedtuple
 
-# A call, and what runs for an exception of C++ but not for one of the platform that ends the call.
-# Both functions are named as in the code.
+# A function, and a call in it that an exception of C++ runs and one of the platform does not; the
+# call's first argument that has a name. All are named as in the code.
 Skipped = namedtuple("Skipped", "caller callee argument")
 
 # A name of the program, perhaps in quotation marks, and one of a block or a value.
