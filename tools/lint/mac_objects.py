@@ -4,6 +4,7 @@ include/, and gaps.h, which includes them and declares what they lack. They are 
 
 An object is made again only when its source, a header or the command has changed."""
 
+import fcntl
 import json
 import os
 import re
@@ -199,11 +200,15 @@ class Compiler:
 
 
 def compile_all(root, build, headers, processors=None):
-    """Compiles all sources, for these processors or for all; returns the findings."""
+    """Compiles all sources, for these processors or for all; returns the findings. The checks that
+    run at the same time wait for the one that compiles, and find everything made."""
     findings = Findings()
+    folder = build / "lint-cache" / "mac"
+    folder.mkdir(parents=True, exist_ok=True)
     each_variant = [compiler for name, compiler in compilers(root, build, headers).items()
                     if processors is None or name in processors]
-    with ThreadPoolExecutor(AT_A_TIME) as pool:
+    with open(folder / "lock", "w") as lock, ThreadPoolExecutor(AT_A_TIME) as pool:
+        fcntl.flock(lock, fcntl.LOCK_EX)
         prepared = list(pool.map(Compiler.precompile, each_variant))
         work = [(compiler, source) for compiler, failure in zip(each_variant, prepared)
                 if failure is None for source in sources(root)]
