@@ -34,6 +34,7 @@ set(sdk Contents/Developer/Platforms/MacOSX.platform/Developer/SDKs/MacOSX10.13.
 set(tools Contents/Developer/Toolchains/XcodeDefault.xctoolchain/usr/bin)
 set(libraries lib/libc++.a lib/libc++abi.a)
 require(MACOS_XCODE ${sdk}/usr/lib/libSystem.tbd "Xcode 9.4.1, /Applications/Xcode.app for one")
+require(MACOS_XCODE ${sdk}/usr/lib/crt1.10.6.o "Xcode 9.4.1, /Applications/Xcode.app for one")
 require(MACOS_XCODE ${tools}/ld "Xcode 9.4.1, /Applications/Xcode.app for one")
 require(MACOS_LLVM bin/clang++ "LLVM 14")
 foreach(file include/c++/v1/version ${libraries})

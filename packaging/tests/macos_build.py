@@ -16,7 +16,6 @@ STAND_INS = TESTS / "macos-tools"
 sys.path[:0] = [str(ROOT / "tools"), str(ROOT / "tools/lint")]
 
 from presets import read_presets  # noqa: E402  its place is known only now
-from string_tables import LANGUAGES  # noqa: E402,F401  as above, and the tests import it from here
 
 SDK = "Contents/Developer/Platforms/MacOSX.platform/Developer/SDKs/MacOSX10.13.sdk"
 TOOLS = "Contents/Developer/Toolchains/XcodeDefault.xctoolchain/usr/bin"
@@ -81,6 +80,7 @@ class MacBuild:
             self.environment[f"MACOS_{name.upper()}"] = str(self.folder / name)
         xcode = self.folder / "xcode"
         write(xcode / SDK / "usr/lib/libSystem.tbd", "archs: [ i386, x86_64 ]\n")
+        write(xcode / SDK / "usr/lib/crt1.10.6.o", "")
         (xcode / TOOLS).mkdir(parents=True)
         for tool in ("ld", "lipo"):
             (xcode / TOOLS / tool).symlink_to(STAND_INS / tool)

@@ -5,13 +5,15 @@ import functools
 import json
 import os
 import plistlib
+import re
 import shlex
 import subprocess
 import tempfile
 import unittest
 from pathlib import Path
 
-from macos_build import LANGUAGES, ROOT, SDK, TOOLS, MacBuild, check_bundle
+from macos_build import ROOT, SDK, TOOLS, MacBuild, check_bundle
+from string_tables import LANGUAGES
 
 LIBRARIES = ROOT / "packaging/macos/libraries"
 PRESETS = ("macos-current", "macos")
@@ -187,6 +189,25 @@ class Linking(unittest.TestCase):
         for link in self.links(build).values():
             self.assertEqual(values(link, "-syslibroot"), [f"{build.folder}/xcode/{SDK}"])
             self.assertNotIn("-platform_version", link)
+        # Without this the compiler goes by the linker of the system that it was built on.
+        command = build.build_folder / "app/CMakeFiles/ContextMenuApp.dir/link.txt"
+        self.assertIn(" -mlinker-version=351.8 ", command.read_text(encoding="utf-8"))
+
+
+class Presets(unittest.TestCase):
+
+    def test_one_is_for_old_systems_and_one_for_the_processors_of_today(self):
+        built_for = {preset: (build.settings["CMAKE_OSX_ARCHITECTURES"],
+                              build.settings["CMAKE_OSX_DEPLOYMENT_TARGET"])
+                     for preset, build in builds.items()}
+        self.assertEqual(built_for, {"macos": ("x86_64;i386", "10.6"),
+                                     "macos-current": ("x86_64;arm64", "10.13")})
+
+    def test_the_toolchain_for_old_systems_is_for_the_same_by_itself(self):
+        text = (ROOT / "cmake/toolchains/macos-10.6.cmake").read_text(encoding="utf-8")
+        for name in ("CMAKE_OSX_ARCHITECTURES", "CMAKE_OSX_DEPLOYMENT_TARGET"):
+            default = re.search(rf'set\({name} "?([^" ]+)"? CACHE', text).group(1)
+            self.assertEqual(default, builds["macos"].settings[name])
 
 
 class Configuring(unittest.TestCase):

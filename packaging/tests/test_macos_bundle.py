@@ -9,7 +9,8 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from macos_build import LANGUAGES, ROOT, USAGE, check_bundle, write
+from macos_build import ROOT, USAGE, check_bundle, write
+from string_tables import LANGUAGES
 
 MACOS = ROOT / "packaging/macos"
 
@@ -130,8 +131,9 @@ class SeededFaults(unittest.TestCase):
         (self.contents / "MacOS/ContextMenuApp").chmod(0o644)
         self.finds("MacOS/ContextMenuApp", "may not be run")
 
-    def test_what_belongs_to_a_signature_may_be_there(self):
+    def test_a_signature_and_the_ticket_of_the_notary_service_may_be_there(self):
         write(self.contents / "_CodeSignature/CodeResources", "")
+        write(self.contents / "CodeResources", "")
         self.assertEqual(check_bundle.findings(self.bundle, "10.6"), [])
 
     def test_as_a_program_it_fails_where_something_is_wrong(self):

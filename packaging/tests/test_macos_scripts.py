@@ -1,10 +1,12 @@
 #!/usr/bin/env python3
-"""The scripts that run on the Mac, whose bash is 3.2, and the texts and rights that they go with.
+"""The scripts that run on the Mac, whose bash is 3.2, the texts and rights that they go with, and
+what the documents say of all this.
 
 MACOS_BASH may name a bash of that version: then the scripts run in it."""
 
 import os
 import plistlib
+import re
 import shlex
 import subprocess
 import tempfile
@@ -12,8 +14,8 @@ import unittest
 from pathlib import Path
 
 import bash_3_2
-from macos_build import LANGUAGES, ROOT, TOOLS, USAGE, write
-from string_tables import REFERENCE, entries_of, text_of, unescaped
+from macos_build import ROOT, TOOLS, USAGE, write
+from string_tables import LANGUAGES, REFERENCE, entries_of, text_of, unescaped
 
 MACOS = ROOT / "packaging/macos"
 BASH = os.environ.get("MACOS_BASH", "/bin/bash")
@@ -158,6 +160,37 @@ class OldBash(unittest.TestCase):
                      'set -u\nlist=()\nif ((${#list[@]})); then\n  echo "${list[@]}"\nfi'):
             with self.subTest(line):
                 self.assertEqual(bash_3_2.findings(line), [])
+
+
+class Documents(unittest.TestCase):
+    """Where it is told how to build on the Mac, everything that configuring looks for is named."""
+
+    NAMES = {"xcrun": "Xcode", "Python3": "Python 3"}
+    OPTIONAL = {"ccache"}
+
+    def test_every_tool_that_configuring_looks_for_is_named(self):
+        rules = "".join(path.read_text(encoding="utf-8") for path in ROOT.glob("cmake/*.cmake")
+                        if path.name != "GNUstep.cmake")
+        tools = set(re.findall(r"find_program\(\w+ ([\w-]+)|find_package\((\w+)", rules))
+        tools = {program or package for program, package in tools}
+        self.assertLessEqual({"xcrun", "rsvg-convert", "Python3"}, tools)
+        page = (ROOT / "docs/macos.md").read_text(encoding="utf-8")
+        readme = (ROOT / "README.md").read_text(encoding="utf-8")
+        section = readme[readme.index("## On macOS"):readme.index("## More")]
+        for tool in tools:
+            self.assertIn(self.NAMES.get(tool, tool), page)
+            if tool not in self.OPTIONAL:
+                self.assertIn(self.NAMES.get(tool, tool), section)
+        needed = re.search(r"cmake_minimum_required\(VERSION ([\d.]+)\)",
+                           (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")).group(1)
+        for text in (page, section):
+            self.assertIn(f"CMake {needed}", text)
+            self.assertIn("ibtool", text)
+
+    def test_every_part_of_the_old_toolchain_is_named(self):
+        page = (ROOT / "docs/macos.md").read_text(encoding="utf-8")
+        for name in ("MACOS_XCODE", "MACOS_LLVM", "MACOS_CXX_RUNTIME", "Xcode 9.4.1", "LLVM 14"):
+            self.assertIn(name, page)
 
 
 if __name__ == "__main__":

@@ -10,6 +10,9 @@ PLUG_IN = "com.apple.InterfaceBuilder.CocoaPlugin"
 # That of Xcode 9.4.1, which builds for old systems. Later ones read the files of all earlier ones.
 NEWEST_TOOLS = 14113
 
+# The format is that of Xcode 8 and later. Without this, tools take a file for an older one.
+FORMAT = {"name": "documents saved in the Xcode 8 format", "minToolsVersion": "8.0"}
+
 # Elements that 10.6 has no class for, with the system that brought it.
 LATER_ELEMENTS = {
     "constraint": "10.7", "popover": "10.7", "pagecontroller": "10.8", "stackView": "10.9",
@@ -53,6 +56,9 @@ def dependencies(interface, document, version):
             (PLUG_IN, version)]:
         interface.add(plug_ins[0] if plug_ins else document,
                       f"the dependencies must have the plug-in {PLUG_IN} in version {version}")
-    for element in found:
-        if element.tag not in ("deployment", "plugIn"):
+    others = [element for element in found if element.tag not in ("deployment", "plugIn")]
+    if FORMAT not in [element.attributes for element in others if element.tag == "capability"]:
+        interface.add(document, f'the dependencies must have the capability "{FORMAT["name"]}"')
+    for element in others:
+        if element.attributes != FORMAT:
             interface.add(element, f"{element.tag} demands a certain version of the tools")

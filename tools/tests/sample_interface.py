@@ -11,6 +11,7 @@ HEAD = """<?xml version="1.0" encoding="UTF-8"?>
 <dependencies>
 <deployment identifier="macosx"/>
 <plugIn identifier="com.apple.InterfaceBuilder.CocoaPlugin" version="14113"/>
+<capability name="documents saved in the Xcode 8 format" minToolsVersion="8.0"/>
 </dependencies>
 <objects>
 """

@@ -54,11 +54,16 @@ class Format(unittest.TestCase):
         self.finds("plug-in", before='version="14113"/>', after='version="6254"/>')
 
     def test_what_demands_newer_tools_is_found(self):
-        self.finds("A.xib:7:", "capability", before="</dependencies>",
+        self.finds("A.xib:8:", "capability", before="</dependencies>",
                    after='<capability name="stacking" minToolsVersion="7.0"/></dependencies>')
 
+    def test_an_older_format_is_found(self):
+        self.finds("A.xib:2:", "Xcode 8 format",
+                   before='<capability name="documents saved in the Xcode 8 format"'
+                   ' minToolsVersion="8.0"/>\n', after="")
+
     def test_what_10_6_does_not_have_is_found(self):
-        self.finds("A.xib:9:", "stackView", "10.9", objects='<stackView id="a"/>')
+        self.finds("A.xib:10:", "stackView", "10.9", objects='<stackView id="a"/>')
         self.finds("useAutolayout", "10.7", before="<document",
                    after='<document useAutolayout="YES"')
         self.finds("constraint ", "10.7",
