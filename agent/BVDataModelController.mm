@@ -11,9 +11,8 @@
 namespace {
 
 /// Asks the platform once for the agent's root object, without waiting longer than `seconds`.
-/// formerProxy: what the last look-up found, or nil.
-id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
-  id const proxy = agent::boundingLookUp(seconds, formerProxy, [] {
+id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
+  id const proxy = agent::boundingLookUp(agent::kConnectionName, seconds, [] {
     return [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   });
   // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
@@ -80,18 +79,18 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 }
 
 - (void)initializeKRVAgentProxy {
-  const bool found = agent::attemptConnection(
-      [] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
-      [self](double remainingSeconds) {
-        @try {
-          [self setKrvAgentProxy:lookedUpProxy(remainingSeconds, [self krvAgentProxy])];
-          return [self krvAgentProxy] != nil;
-        } @catch (NSException *) {
-          // GNUstep raises when, for example, another process holds the
-          // lock of the names for too long. The next try may succeed.
-          return false;
-        }
-      });
+  const bool found =
+      agent::attemptConnection([] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
+                               [self](double remainingSeconds) {
+                                 @try {
+                                   [self setKrvAgentProxy:lookedUpProxy(remainingSeconds)];
+                                   return [self krvAgentProxy] != nil;
+                                 } @catch (NSException *) {
+                                   // GNUstep raises when, for example, another process holds the
+                                   // lock of the names for too long. The next try may succeed.
+                                   return false;
+                                 }
+                               });
   if (found) [self setKrvAgentConnectionExisting:YES];
 }
 

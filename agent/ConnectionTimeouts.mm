@@ -15,4 +15,10 @@ void setTimeouts(NSConnection *connection, const Timeouts &timeouts) {
   [connection setRequestTimeout:timeouts.request];
 }
 
+NSConnection *newConnectionWithName(NSString *name) {
+  @autoreleasepool {
+    return [[NSConnection connectionWithRegisteredName:name host:nil] retain];
+  }
+}
+
 }  // namespace agent

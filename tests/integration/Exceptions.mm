@@ -89,7 +89,7 @@ TEST(Exceptions, ThatEndALookUpLeaveTheTimeoutsOfTheDefaultConnection) {
   agent::setTimeouts(connection, {77, 88});
   NSTimeInterval during = 0;
   NSString *const reason = reasonOf([&] {
-    agent::boundingLookUp(5, nil, [&] {
+    agent::boundingLookUp(@"NobodyAtAll", 5, [&] {
       during = [connection replyTimeout];
       return raise();
     });

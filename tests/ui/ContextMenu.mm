@@ -4,6 +4,7 @@
 #include <set>
 
 #include "tests/support/WindowServer.h"
+#include "tests/ui/MacActivation.h"
 #include "tests/ui/MenuActions.h"
 
 /// Waits for the context menu as a user does, and then uses the mouse or the keyboard: the
@@ -317,6 +318,13 @@ TEST_F(ContextMenu, ReturnWithoutAnItemDismissesItWithoutAnAction) {
   [NSApp unhideWithoutActivation];
   popUpAndPress({"Return"});
   EXPECT_EQ(fileManager.questions(), 0);
+  EXPECT_FALSE([NSApp isHidden]);
+}
+
+TEST_F(ContextMenu, ItUnhidesTheApplication) {
+  const MacActivation mac;
+  [delegate hideMe];
+  popUpAndClick(kElsewhere);
   EXPECT_FALSE([NSApp isHidden]);
 }
 
