@@ -60,7 +60,7 @@ typedef signed char BOOL;
     "include/Foundation/NSObject.h": OBJECT,
     "include/Foundation/NSDate.h": "",
     "include/Foundation/NSMapTable.h": "",
-    "include/Foundation/NSProxy.h": "",
+    "include/Foundation/NSProxy.h": "@interface NSProxy : NSObject\n@end\n",
     "include/Foundation/NSDistantObject.h": "@interface NSDistantObject : NSObject\n@end\n",
     "include/Foundation/NSConnection.h": "@interface NSConnection : NSObject\n@end\n",
     "gaps.h": """#import <Foundation/NSObject.h>

@@ -1,6 +1,6 @@
 // Included in front of every source that is compiled for the Mac (mac_objects.py): the headers of
-// COCOA_HEADERS, what they lack, and in which version of macOS the interfaces that this program uses
-// were deprecated. Those headers have no annotations.
+// COCOA_HEADERS, what they lack, and in which version of macOS the interfaces that this program
+// uses were deprecated. Those headers have no annotations.
 
 // What is hidden here under another name is declared again below, with its version.
 #define accessibilityAttributeValue hidden_accessibilityAttributeValue
@@ -108,6 +108,11 @@ DEPRECATED_CONSTANT(NSWarningAlertStyle, 10.12);
 #define NSWarningAlertStyle Deprecated_NSWarningAlertStyle
 
 // What the headers lack.
+@interface NSProtocolChecker : NSProxy
+- (id)initWithTarget:(NSObject *)target protocol:(Protocol *)protocol;
+- (Protocol *)protocol;
+- (NSObject *)target;
+@end
 @interface NSTextView (MarkedText)
 - (BOOL)hasMarkedText;
 @end
