@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
-"""Checks that the program links for the Mac: that the frameworks which the build names, and the
-libraries that every program has, have all that it uses (mac/sdk lists that), and what the linked
-program demands of a system. Before the linker of LLVM can link for 32-bit Intel, only the symbols
-are compared there.
+"""Checks that the program links for the Mac with the frameworks that the build names and the
+libraries that every program has (mac/sdk lists what is used of each), and what the linked program
+demands of a system. LLVM's linker does not link for 32-bit Intel: there the symbols are compared.
 
     mac_linking.py [ROOT [BUILD]]
 """
