@@ -10,6 +10,10 @@ function(add_application target folder info)
     target_sources(${target} PRIVATE ${type})
     set_source_files_properties(${type} TARGET_DIRECTORY ${target}
         PROPERTIES MACOSX_PACKAGE_LOCATION .)
+    # The program only says where in the build folder its debug information is. Here it is kept, for
+    # crash reports; what users get says nothing of it (packaging/macos/sign).
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+        COMMAND ${XCODE_TOOL} dsymutil $<TARGET_FILE:${target}> -o ${folder}/${target}.app.dSYM)
     return()
   endif()
   set(bundle ${folder}/${target}.app)

@@ -1,16 +1,10 @@
 # The interface files of a bundle. The Mac loads compiled ones only, GNUstep the sources.
 
 if(APPLE)
-  # ibtool comes with Xcode, not with its command line tools alone. MACOS_XCODE (toolchains/) names
-  # another Xcode than the selected one.
-  find_program(XCRUN xcrun)
-  set(xcrun ${XCRUN})
-  if(MACOS_XCODE)
-    set(xcrun ${CMAKE_COMMAND} -E env DEVELOPER_DIR=${MACOS_XCODE}/Contents/Developer ${XCRUN})
-  endif()
+  # ibtool comes with Xcode, not with its command line tools alone.
   set(ibtool_is_missing TRUE)
   if(XCRUN)
-    execute_process(COMMAND ${xcrun} --find ibtool RESULT_VARIABLE ibtool_is_missing
+    execute_process(COMMAND ${XCODE_TOOL} --find ibtool RESULT_VARIABLE ibtool_is_missing
         OUTPUT_QUIET ERROR_QUIET)
   endif()
   if(ibtool_is_missing)
@@ -19,7 +13,7 @@ if(APPLE)
         " \"sudo xcode-select --switch /Applications/Xcode.app\".")
   endif()
   # The deployment version decides what the compiled file may contain.
-  set(COMPILE_INTERFACE_FILE ${xcrun} ibtool --errors --warnings --notices
+  set(COMPILE_INTERFACE_FILE ${XCODE_TOOL} ibtool --errors --warnings --notices
       --output-format human-readable-text --target-device mac
       --minimum-deployment-target ${CMAKE_OSX_DEPLOYMENT_TARGET} --compile)
 endif()

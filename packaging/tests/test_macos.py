@@ -193,6 +193,12 @@ class Linking(unittest.TestCase):
         command = build.build_folder / "app/CMakeFiles/ContextMenuApp.dir/link.txt"
         self.assertIn(" -mlinker-version=351.8 ", command.read_text(encoding="utf-8"))
 
+    @for_each_preset
+    def test_its_debug_information_is_kept_beside_the_bundle(self, build, *_):
+        (call,) = build.calls("dsymutil")
+        self.assertEqual(call[1:], [f"{build.bundle}/Contents/MacOS/ContextMenuApp", "-o",
+                                    f"{build.bundle}.dSYM"])
+
 
 class Presets(unittest.TestCase):
 

@@ -49,10 +49,12 @@ class Signing(unittest.TestCase):
         done = run("sign", "--print", "Some.app/", SIGN_IDENTITY="Somebody", NOTARY_PROFILE="some")
         commands = [shlex.split(line) for line in done.stdout.splitlines()]
         self.assertEqual([command[0] for command in commands],
-                         ["codesign", "codesign", "ditto", "xcrun", "xcrun", "ditto", "spctl"])
-        self.assertIn("Somebody", commands[0])
-        self.assertEqual(commands[3][1:4], ["notarytool", "submit", "Some.zip"])
-        self.assertEqual(commands[4][1], "stapler")
+                         ["xcrun", "codesign", "codesign", "ditto", "xcrun", "xcrun", "ditto",
+                          "spctl"])
+        self.assertEqual(commands[0][1:], ["strip", "-S", "Some.app/Contents/MacOS/ContextMenuApp"])
+        self.assertIn("Somebody", commands[1])
+        self.assertEqual(commands[4][1:4], ["notarytool", "submit", "Some.zip"])
+        self.assertEqual(commands[5][1], "stapler")
 
     def test_its_commands_run_in_that_order_until_one_fails(self):
         with tempfile.TemporaryDirectory() as folder:
@@ -71,9 +73,9 @@ class Signing(unittest.TestCase):
             self.assertEqual((done.returncode, done.stderr), (0, ""))
             self.assertIn("Some.zip is ready", done.stdout)
             order = log.read_text(encoding="utf-8").splitlines()
-            self.assertEqual(order[-7:], ["codesign --force", "codesign --verify", "ditto -c",
-                                          "xcrun notarytool", "xcrun stapler", "ditto -c",
-                                          "spctl --assess"])
+            self.assertEqual(order[-8:], ["xcrun strip", "codesign --force", "codesign --verify",
+                                          "ditto -c", "xcrun notarytool", "xcrun stapler",
+                                          "ditto -c", "spctl --assess"])
             log.unlink()
             done = run("sign", f"{folder}/Some.app", FAILS="xcrun notarytool", **variables)
             self.assertNotEqual(done.returncode, 0)

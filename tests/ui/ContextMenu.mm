@@ -262,6 +262,13 @@ TEST_F(ContextMenu, ShareFolderIsClickedAndItsWindowIsSeen) {
   EXPECT_NE(shareWindow(), nil);
 }
 
+TEST_F(ContextMenu, ItUnhidesTheApplication) {
+  const MacActivation mac;
+  [delegate hideMe];
+  popUpAndClick(kElsewhere);
+  EXPECT_FALSE([NSApp isHidden]);
+}
+
 TEST_F(ContextMenu, APressThatIsHeldChoosesByItsRelease) {
   NSString *const file = makeFile(@"figures.csv");
   select(file);
@@ -318,13 +325,6 @@ TEST_F(ContextMenu, ReturnWithoutAnItemDismissesItWithoutAnAction) {
   [NSApp unhideWithoutActivation];
   popUpAndPress({"Return"});
   EXPECT_EQ(fileManager.questions(), 0);
-  EXPECT_FALSE([NSApp isHidden]);
-}
-
-TEST_F(ContextMenu, ItUnhidesTheApplication) {
-  const MacActivation mac;
-  [delegate hideMe];
-  popUpAndClick(kElsewhere);
   EXPECT_FALSE([NSApp isHidden]);
 }
 
