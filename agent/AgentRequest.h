@@ -1,5 +1,6 @@
 #pragma once
 
+#import "agent/ConnectionTimeouts.h"
 #import "agent/ResultDictionary.h"
 
 namespace agent {
@@ -8,21 +9,21 @@ namespace agent {
 /// because platforms compute dates from it (about thirty years).
 constexpr NSTimeInterval kNoTimeout = 1e9;
 
-/// While one of these lives, replies on the proxy's connection are waited for without a time-out.
-/// Restores the connection's time-outs at its end.
-class UnboundedReply {
- public:
-  /// proxy: a distant object, or nil (then nothing happens). Not retained: the caller holds it.
-  explicit UnboundedReply(id proxy);
-  ~UnboundedReply();
-  UnboundedReply(const UnboundedReply &) = delete;
-  UnboundedReply &operator=(const UnboundedReply &) = delete;
-
- private:
-  NSConnection *connection_;  // retained
-  NSTimeInterval replyTimeout_ = 0;
-  NSTimeInterval requestTimeout_ = 0;
-};
+/// Runs an exchange during which replies on the proxy's connection are waited for without a
+/// time-out, and returns its result. Restores the connection's time-outs, after an exception too.
+/// proxy: a distant object, or nil, which changes nothing. The caller keeps it alive.
+template <class Exchange>
+id withoutTimeout(id proxy, const Exchange &exchange) {
+  NSConnection *const connection = [[connectionOf(proxy) retain] autorelease];
+  if (connection == nil) return exchange();
+  const Timeouts former = timeoutsOf(connection);
+  return restoringAfterwards(
+      [&]() -> id {
+        setTimeouts(connection, {kNoTimeout, kNoTimeout});
+        return exchange();
+      },
+      [&] { setTimeouts(connection, former); });
+}
 
 /// Runs an exchange with the agent (a call, or the reading of something that it sent) and returns
 /// its result, or nil when the exchange raised a platform exception: the connection broke, the
@@ -45,10 +46,9 @@ id nilOnException(Exchange exchange) {
 template <class Operation>
 NSDictionary *sendRequest(id proxy, Operation operation,
                           NSDictionary *(*copy)(id) = localCopyOfReply) {
-  return nilOnException([&]() -> id {
+  return nilOnException([&] {
     // Covers the copying, too: an agent that serves another client first is slow, not unreachable.
-    const UnboundedReply noTimeout(proxy);
-    return copy(operation());
+    return withoutTimeout(proxy, [&] { return copy(operation()); });
   });
 }
 

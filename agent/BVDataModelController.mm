@@ -12,18 +12,16 @@ namespace {
 
 /// Asks the platform once for the agent's root object, without waiting longer than `seconds`.
 id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
-  id proxy = nil;
-  {
-    const agent::LookupBound bound(agent::kConnectionName, seconds);
-    proxy = [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
-  }
+  id const proxy = agent::boundingLookUp(agent::kConnectionName, seconds, [] {
+    return [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
+  });
   // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
   // protocol that a class of this program adopts is known at run time, and GNUstep does not look
   // for a message in the protocols that a protocol adopts.
   agent::setProtocol(proxy, @protocol(KRVOperations));
   // A new connection has what was left of the attempt as its time-outs.
-  agent::setTimeouts(agent::connectionOf(proxy), agent::kConnectionDeadlineSeconds,
-                     agent::kConnectionDeadlineSeconds);
+  agent::setTimeouts(agent::connectionOf(proxy),
+                     {agent::kConnectionDeadlineSeconds, agent::kConnectionDeadlineSeconds});
   return proxy;
 }
 
@@ -188,10 +186,9 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 
 - (id)getActiveAccount {
   if (![self checkIfConnectionExists]) return nil;
-  return agent::nilOnException([&]() -> id {
-    const agent::UnboundedReply noTimeout([self krvAgentProxy]);
-    return [[self krvAgentProxy] getActiveAccount];
-  });
+  id<KRVProxy> const proxy = [self krvAgentProxy];
+  return agent::nilOnException(
+      [&] { return agent::withoutTimeout(proxy, [&] { return [proxy getActiveAccount]; }); });
 }
 // clang-format on
 

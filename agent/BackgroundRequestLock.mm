@@ -15,19 +15,21 @@ namespace agent {
 
 namespace {
 
-bool platformNeedsLock() {
-  return [NSConnection respondsToSelector:@selector(lockForBackgroundThreadWithTimeout:)];
+/// The same for both halves of a request, since neither changes.
+bool needsLock() {
+  return ![NSThread isMainThread] &&
+         [NSConnection respondsToSelector:@selector(lockForBackgroundThreadWithTimeout:)];
 }
 
 }  // namespace
 
-BackgroundRequestLock::BackgroundRequestLock()
-    : isNeeded_(![NSThread isMainThread] && platformNeedsLock()),
-      isHeld_(!isNeeded_ ||
-              [NSConnection lockForBackgroundThreadWithTimeout:kConnectionDeadlineSeconds]) {}
+bool lockBackgroundRequests() {
+  return !needsLock() ||
+         [NSConnection lockForBackgroundThreadWithTimeout:kConnectionDeadlineSeconds];
+}
 
-BackgroundRequestLock::~BackgroundRequestLock() {
-  if (isNeeded_ && isHeld_) [NSConnection unlockForBackgroundThread];
+void unlockBackgroundRequests() {
+  if (needsLock()) [NSConnection unlockForBackgroundThread];
 }
 
 }  // namespace agent

@@ -156,20 +156,20 @@ class RecordReader {
 
   /// Fetches all columns; returns false, before any visit, when these cannot be split into records.
   bool visitAsColumns(id records, NSUInteger count) {
-    std::vector<Column> columns;
-    for (NSString *const key : keys_) columns.emplace_back(records, key);
+    columns_.clear();
+    for (NSString *const key : keys_) columns_.emplace_back(records, key);
     @try {
-      for (Column &column : columns) column.fetch();
+      for (Column &column : columns_) column.fetch();
     } @catch (NSException *) {
       // Raised by a record that is no dictionary. A broken connection raises too, and again for the
       // smaller ranges.
       return false;
     }
-    for (const Column &column : columns) {
+    for (const Column &column : columns_) {
       if (!column.isComplete(count)) return false;
     }
     for (NSUInteger i = 0; i < count; ++i) {
-      visitWith([&](size_t key) { return columns[key].valueAt(i); });
+      visitWith([&](size_t key) { return columns_[key].valueAt(i); });
     }
     return true;
   }
@@ -183,6 +183,8 @@ class RecordReader {
   const std::vector<NSString *> &keys_;
   const RecordVisitor &visit_;
   std::vector<id> values_;
+  // Not a local of visitAsColumns, which an exception may end without its destructors.
+  std::vector<Column> columns_;
 };
 
 }  // namespace
@@ -190,14 +192,15 @@ class RecordReader {
 bool visitRecords(id records, const std::vector<NSString *> &keys, const RecordVisitor &visit) {
   RecordReader reader(keys, visit);
   return nilOnException([&]() -> id {
-           const UnboundedReply noTimeout([records isProxy] ? records : nil);
-           if (![withProtocol(records) isKindOfClass:[NSArray class]]) return @"no array";
-           const NSUInteger count = [records count];
-           for (NSUInteger start = 0; start < count; start += kRecordsAtATime) {
-             const NSUInteger length = std::min(kRecordsAtATime, count - start);
-             reader.visitRange(records, NSMakeRange(start, length));
-           }
-           return @"all visited";
+           return withoutTimeout([records isProxy] ? records : nil, [&]() -> id {
+             if (![withProtocol(records) isKindOfClass:[NSArray class]]) return @"no array";
+             const NSUInteger count = [records count];
+             for (NSUInteger start = 0; start < count; start += kRecordsAtATime) {
+               const NSUInteger length = std::min(kRecordsAtATime, count - start);
+               reader.visitRange(records, NSMakeRange(start, length));
+             }
+             return @"all visited";
+           });
          }) != nil;
 }
 

@@ -35,11 +35,13 @@ bool fill(AddressBookLists *lists, id records) {
 /// Fills the lists with the agent's reply; returns false when the agent could not be asked, or when
 /// the connection broke before the last record. Blocks the calling thread.
 bool askAgentFor(AddressBookLists *lists) {
-  const agent::BackgroundRequestLock lock;
-  if (!lock.isHeld()) return false;
-  BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
-  NSDictionary *const reply = [agent getEmployeeAddressBook];
-  return fill(lists, [reply objectForKey:agent::kValueKey]);
+  bool isComplete = false;
+  agent::withBackgroundRequestLock([&] {
+    BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
+    NSDictionary *const reply = [agent getEmployeeAddressBook];
+    isComplete = fill(lists, [reply objectForKey:agent::kValueKey]);
+  });
+  return isComplete;
 }
 
 }  // namespace

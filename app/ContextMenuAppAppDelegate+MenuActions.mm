@@ -113,8 +113,10 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)CopyLink:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
-  NSString *const selected = closeWindowsAndReadSelection(self);
+  withRequestsSuspended([&] { [self copyLinkToItem:closeWindowsAndReadSelection(self)]; });
+}
+
+- (void)copyLinkToItem:(NSString *)selected {
   const BOOL isFolder = isFolderOnDisk(selected);
   if (![self isInSyncedFolder:selected]) {
     [self showError];
@@ -142,8 +144,10 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFile:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
-  NSString *const selected = closeWindowsAndReadSelection(self);
+  withRequestsSuspended([&] { [self sendSelectedFile:closeWindowsAndReadSelection(self)]; });
+}
+
+- (void)sendSelectedFile:(NSString *)selected {
   if (![self isInSyncedFolder:selected]) {
     [self showError];
     return;
@@ -160,8 +164,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)SendFolder:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
-  [self sendSelectedFolder:closeWindowsAndReadSelection(self)];
+  withRequestsSuspended([&] { [self sendSelectedFolder:closeWindowsAndReadSelection(self)]; });
   NSLog(@"Send Folder action..");
 }
 
@@ -184,8 +187,7 @@ void giveFolder(TabController *controller, NSString *itemId) {
 
 - (IBAction)ShareFolder:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
-  [self shareSelectedFolder:closeWindowsAndReadSelection(self)];
+  withRequestsSuspended([&] { [self shareSelectedFolder:closeWindowsAndReadSelection(self)]; });
   NSLog(@"Share Folder action..");
 }
 

@@ -1,5 +1,6 @@
 #include <string>
 
+#import "agent/RestoringAfterwards.h"
 #import "agent/ResultDictionary.h"
 #include "app/BVSyncEngine.h"
 #import "app/ContextMenuAppAppDelegate.h"
@@ -7,14 +8,16 @@
 namespace {
 
 /// Runs a query of the sync engine between BvInitialize and BvUninitialize: only when the library
-/// could be initialised, but uninitialises it in either case. (Intended, as is that the probe in
+/// could be initialised, but uninitialises it in every case. (Intended, as is that the probe in
 /// main uninitialises it only after a success.)
 template <class Query>
 int queryEngine(Query query) {
-  const int code = BvInitialize();
-  const int result = code == 0 ? query() : code;
-  BvUninitialize();
-  return result;
+  return agent::restoringAfterwards(
+      [&] {
+        const int code = BvInitialize();
+        return code == 0 ? query() : code;
+      },
+      BvUninitialize);
 }
 
 std::string utf8(NSString *path) {

@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <cstring>
 
+#import "agent/RestoringAfterwards.h"
 #import "agent/ResultDictionary.h"
 #import "text/LocalizedText.h"
 #import "text/TextConversion.h"
@@ -20,14 +21,16 @@
 
 namespace {
 
-/// Clears the context-menu flag for as long as one of these lives.
-class ContextMenuFlagCleared {
- public:
-  ContextMenuFlagCleared() { [applicationState() setContextMenuFlag:NO]; }
-  ~ContextMenuFlagCleared() { [applicationState() setContextMenuFlag:YES]; }
-  ContextMenuFlagCleared(const ContextMenuFlagCleared &) = delete;
-  ContextMenuFlagCleared &operator=(const ContextMenuFlagCleared &) = delete;
-};
+/// Runs body with the context-menu flag cleared, and sets it afterwards, also after an exception.
+template <class Body>
+void withContextMenuFlagCleared(const Body &body) {
+  agent::restoringAfterwards(
+      [&] {
+        [applicationState() setContextMenuFlag:NO];
+        body();
+      },
+      [] { [applicationState() setContextMenuFlag:YES]; });
+}
 
 void tellUser(NSString *message, NSString *informative) {
   runModally(alertWithTexts(message, informative));
@@ -89,22 +92,23 @@ void give(TabController *controller, NSString *item, BOOL isFileId, BOOL isFolde
                              :(BOOL)tabPosition
                              :(BOOL)isFileId {
   // clang-format on
-  const RequestSuspension suspension;
-  closeOpenWindows();
-  [applicationState() conditionalFetchAddressBook];
-  NSString *const name = windowTitle(agent::stringOrNil(displayName));
-  SendAndCopyTabController *const controller =
-      openWindow<SendAndCopyTabController>({.tab = positionOf(tabPosition),
-                                            .title = flagOf(isMyDocs) ? @"MyDocs" : name,
-                                            .isInFrontOfAllApplications = true});
-  SendFileController *const sending = [controller sendFile];
-  const ItemTexts &texts = textsFor(flagOf(isFolder) ? ItemKind::Folder : ItemKind::File);
-  // The interface file has the label for a file.
-  if (flagOf(isFolder)) [sending setLabelForTab:localizedText(texts.tabLabel)];
-  [[sending mailSubject] setStringValue:localizedText(texts.defaultSubject)];
-  NSString *const reference = agent::stringOrNil(item);
-  give(sending, reference, flagOf(isFileId), flagOf(isFolder));
-  give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
+  withRequestsSuspended([&] {
+    closeOpenWindows();
+    [applicationState() conditionalFetchAddressBook];
+    NSString *const name = windowTitle(agent::stringOrNil(displayName));
+    SendAndCopyTabController *const controller =
+        openWindow<SendAndCopyTabController>({.tab = positionOf(tabPosition),
+                                              .title = flagOf(isMyDocs) ? @"MyDocs" : name,
+                                              .isInFrontOfAllApplications = true});
+    SendFileController *const sending = [controller sendFile];
+    const ItemTexts &texts = textsFor(flagOf(isFolder) ? ItemKind::Folder : ItemKind::File);
+    // The interface file has the label for a file.
+    if (flagOf(isFolder)) [sending setLabelForTab:localizedText(texts.tabLabel)];
+    [[sending mailSubject] setStringValue:localizedText(texts.defaultSubject)];
+    NSString *const reference = agent::stringOrNil(item);
+    give(sending, reference, flagOf(isFileId), flagOf(isFolder));
+    give([controller sendCopyFile], reference, flagOf(isFileId), flagOf(isFolder));
+  });
 }
 
 // clang-format off
@@ -116,30 +120,32 @@ void give(TabController *controller, NSString *item, BOOL isFileId, BOOL isFolde
   // clang-format on
   (void)unusedDisplayName;
   (void)unused;
-  const RequestSuspension suspension;
-  closeOpenWindows();
-  [applicationState() conditionalFetchAddressBook];
-  BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(
-      {.tab = positionOf(tabPosition), .isInFrontOfAllApplications = true});
-  NSString *const reference = agent::stringOrNil(item);
-  give([controller givePermissionTab], reference, flagOf(isFileId));
-  give([controller sendInviteTab], reference, flagOf(isFileId));
+  withRequestsSuspended([&] {
+    closeOpenWindows();
+    [applicationState() conditionalFetchAddressBook];
+    BrisvaleTabController *const controller = openWindow<BrisvaleTabController>(
+        {.tab = positionOf(tabPosition), .isInFrontOfAllApplications = true});
+    NSString *const reference = agent::stringOrNil(item);
+    give([controller givePermissionTab], reference, flagOf(isFileId));
+    give([controller sendInviteTab], reference, flagOf(isFileId));
+  });
 }
 
 // clang-format off
 - (void)copyLinkToClipboard:(NSString *)item:(BOOL)isFolder:(BOOL)unused {
   // clang-format on
   (void)unused;
-  const RequestSuspension suspension;
-  closeOpenWindows();
-  // An argument may be anything, even an object of the caller's process that claims to be a string.
-  NSString *const serverId = agent::stringOrNil(item);
-  CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
-  if (flagOf(isFolder)) [controller setIsFolder:YES];
-  [controller setFilePath:serverId];
-  [controller setIsFileId:YES];
-  const ContextMenuFlagCleared busy;
-  report(copyLinkDirectly(controller, serverId));
+  withRequestsSuspended([&] {
+    closeOpenWindows();
+    // An argument may be anything, even an object of the caller's process that claims to be a
+    // string.
+    NSString *const serverId = agent::stringOrNil(item);
+    CopyLinkController *const controller = [[[CopyLinkController alloc] init] autorelease];
+    if (flagOf(isFolder)) [controller setIsFolder:YES];
+    [controller setFilePath:serverId];
+    [controller setIsFileId:YES];
+    withContextMenuFlagCleared([&] { report(copyLinkDirectly(controller, serverId)); });
+  });
 }
 
 @end

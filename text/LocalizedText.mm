@@ -2,17 +2,14 @@
 
 #include <algorithm>
 #include <array>
-#include <mutex>
 
 namespace {
 
 /// Tells once of each key without a text, so that a forgotten text is found and a list of thousands
 /// of entries does not fill the log.
 void reportMissing(NSString *key) {
-  static std::mutex lock;
   static NSMutableSet *const reported = [[NSMutableSet alloc] init];
-  {
-    const std::lock_guard<std::mutex> guard(lock);
+  @synchronized(reported) {
     if ([reported containsObject:key]) return;
     [reported addObject:key];
   }

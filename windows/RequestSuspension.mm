@@ -1,6 +1,6 @@
 #import "windows/RequestSuspension.h"
 
-RequestSuspension::RequestSuspension() {
+void suspendRequests(NSMutableArray *suspended) {
   // Not the connection on which this thread sends its own requests: their replies, and the
   // platform's messages to the application, arrive there.
   NSPort *const asking = [[NSConnection defaultConnection] receivePort];
@@ -8,14 +8,12 @@ RequestSuspension::RequestSuspension() {
     // The connections of other threads have no root object: they only send requests.
     if ([connection rootObject] == nil || [connection receivePort] == asking) continue;
     if (![[connection requestModes] containsObject:NSDefaultRunLoopMode]) continue;
-    suspended_.push_back([connection retain]);
+    // The listening ones and one for each client.
+    [suspended addObject:connection];
     [connection removeRequestMode:NSDefaultRunLoopMode];
   }
 }
 
-RequestSuspension::~RequestSuspension() {
-  for (NSConnection *connection : suspended_) {
-    [connection addRequestMode:NSDefaultRunLoopMode];
-    [connection release];
-  }
+void resumeRequests(NSArray *suspended) {
+  for (NSConnection *connection in suspended) [connection addRequestMode:NSDefaultRunLoopMode];
 }

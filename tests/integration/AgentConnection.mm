@@ -222,7 +222,7 @@ constinit platform::ReplacedMethod<id()> platformRootProxy;
 /// With the default time-outs, whatever those of other connections of the thread are.
 id initWithOwnTimeouts(id connection, SEL selector, NSPort *receivePort, NSPort *sendPort) {
   connection = platformInit(connection, selector, receivePort, sendPort);
-  agent::setTimeouts(connection, kPlatformsDefault, kPlatformsDefault);
+  agent::setTimeouts(connection, {kPlatformsDefault, kPlatformsDefault});
   return connection;
 }
 

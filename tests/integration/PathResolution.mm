@@ -6,7 +6,35 @@
 #include "tests/support/Strings.h"
 #include "tests/support/engine/ScriptedEngine.h"
 
+/// As a path in a process that ends while it is read.
+@interface UnreadablePath : NSString
+@end
+
+@implementation UnreadablePath
+
+- (NSUInteger)length {
+  [NSException raise:NSGenericException format:@"unreadable"];
+  return 0;
+}
+
+- (unichar)characterAtIndex:(NSUInteger)index {
+  (void)index;
+  return 0;
+}
+
+@end
+
 namespace {
+
+template <class Work>
+bool raises(Work work) {
+  @try {
+    work();
+    return false;
+  } @catch (NSException *) {
+    return true;
+  }
+}
 
 struct PathResolution : testing::Test {
   ContextMenuAppAppDelegate *delegate = [[ContextMenuAppAppDelegate alloc] init];
@@ -88,6 +116,15 @@ TEST_F(PathResolution, TheLibraryIsEndedExactlyOnceWhateverHappens) {
     state(path);
     EXPECT_EQ(count("BvUninitialize"), 1) << text(path);
   }
+}
+
+TEST_F(PathResolution, TheLibraryIsEndedExactlyOnceWhenThePathCannotBeRead) {
+  UnreadablePath *const path = [[[UnreadablePath alloc] init] autorelease];
+  EXPECT_TRUE(raises([&] { file(path); }));
+  EXPECT_TRUE(raises([&] { folder(path); }));
+  EXPECT_TRUE(raises([&] { state(path); }));
+  const Calls pair = {"BvInitialize", "BvUninitialize"};
+  EXPECT_EQ(engine.calls, (Calls{pair[0], pair[1], pair[0], pair[1], pair[0], pair[1]}));
 }
 
 TEST_F(PathResolution, MyDocsIsAnsweredFromTheHomeFolderInfoWithoutAskingTheLibrary) {

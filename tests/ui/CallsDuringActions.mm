@@ -102,7 +102,7 @@ TEST_F(CallDuringAChangeOfAccess, WaitsForTheRemoval) {
   openWithThree();
   CallDuringAction call;
   answer(people(3), @"revokeAccess:::", call.held(@{@"reply" : success(@"done")}));
-  [tab handleResult:nil withResult:NSAlertFirstButtonReturn withSender:0];
+  [tab handleResult:nil withResult:NSAlertFirstButtonReturn withSender:nullptr];
   EXPECT_EQ([[tab personList] count], 2u);
   expectThatItHasWaited(call);
 }

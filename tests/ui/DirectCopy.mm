@@ -274,6 +274,26 @@ TEST_F(DirectCopy, AnItemThatIsNoStringIsAskedForAsNothing) {
   EXPECT_TRUE([delegate contextMenuFlag]);
 }
 
+TEST_F(DirectCopy, TheFlagIsSetAgainAfterAnException) {
+  AgentProcess agent;
+  agent.answer(kFileOperation, success(@"https://x/y"));
+  const Method clipboard = class_getClassMethod([NSPasteboard class], @selector(generalPasteboard));
+  const IMP former = method_setImplementation(clipboard, reinterpret_cast<IMP>(+[](id, SEL) -> id {
+                                                [NSException raise:NSGenericException
+                                                            format:@"no clipboard"];
+                                                return nil;
+                                              }));
+  NSString *reason = nil;
+  @try {
+    copy();
+  } @catch (NSException *exception) {
+    reason = [exception reason];
+  }
+  method_setImplementation(clipboard, former);
+  EXPECT_EQ(text(reason), "no clipboard");
+  EXPECT_TRUE([delegate contextMenuFlag]);
+}
+
 TEST_F(DirectCopy, SucceedsAgainAfterAFailure) {
   AgentProcess agent;
   agent.setScript(@{kFileOperation : @[ @{@"nil" : @1}, @{@"reply" : success(@"https://x/2")} ]});

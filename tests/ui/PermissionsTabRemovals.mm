@@ -88,20 +88,27 @@ TEST_F(PermissionsTabRemovals, OtherReturnCodesDoNothing) {
       1,
       @{@"reply" : success(@1)});
   const CapturedLog log;
-  [tab handleResult:nil withResult:-1 withSender:0];
+  [tab handleResult:nil withResult:-1 withSender:nullptr];
   EXPECT_EQ(log.lines(), Lines{"result: Default Case"});
   for (const int code : {0, 1, 999, 1002, -1000}) {
-    [tab handleResult:nil withResult:code withSender:0];
+    [tab handleResult:nil withResult:code withSender:nullptr];
   }
   EXPECT_EQ(log.lines(), Lines{"result: Default Case"});
   EXPECT_EQ(calls(kRevoke), 0u);
+}
+
+TEST(AnswerAboutARemoval, ArrivesInThePlatformsTypes) {
+  NSMethodSignature *const answer = [PermissionTabController
+      instanceMethodSignatureForSelector:@selector(handleResult:withResult:withSender:)];
+  EXPECT_STREQ([answer getArgumentTypeAtIndex:3], @encode(NSInteger));
+  EXPECT_STREQ([answer getArgumentTypeAtIndex:4], @encode(void *));
 }
 
 TEST_F(PermissionsTabRemovals, TheContextIsTheRow) {
   openWith(
       3,
       @{@"reply" : success(@1)});
-  [tab handleResult:nil withResult:1000 withSender:2];
+  [tab handleResult:nil withResult:1000 withSender:reinterpret_cast<void *>(2)];
   EXPECT_EQ(text([argumentsOfLast(kRevoke) objectAtIndex:revoke_operation::kUserEmail]),
             "p0002@example.org");
 }

@@ -53,7 +53,10 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 
 - (IBAction)sendCopyLink:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] { [self fetchLink]; });
+}
+
+- (void)fetchLink {
   // A server id does not tell a file from a folder: the opener has set isFolder then.
   if (![self isFileId]) [self setIsFolder:isFolderOnDisk([self filePath])];
   const BOOL notify = [self checkBoxState:isNotifyMe];

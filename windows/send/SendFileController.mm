@@ -52,7 +52,10 @@ constexpr NSUInteger kSubjectUnits = 80;
 
 - (IBAction)sendMail:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] { [self sendEnteredMail]; });
+}
+
+- (void)sendEnteredMail {
   NSString *const recipients = [mailList stringValue];
   NSString *const entered = [mailSubject stringValue];
   NSString *const message = [[mailContent textStorage] string];

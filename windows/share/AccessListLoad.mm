@@ -27,8 +27,10 @@
 }
 
 - (void)askAgent {
-  const agent::BackgroundRequestLock lock;
-  if (!lock.isHeld()) return;
+  agent::withBackgroundRequestLock([&] { [self askAgentUnderLock]; });
+}
+
+- (void)askAgentUnderLock {
   BVDataModelController *const agent = [[[BVDataModelController alloc] init] autorelease];
   // clang-format off
   NSDictionary *const reply = [agent getAccess:pathOrId:isFileId];

@@ -58,7 +58,10 @@ NSAlert *notColleaguesAlert(NSString *people) {
 
 - (IBAction)sendInvite:(id)sender {
   (void)sender;
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] { [self inviteRecipients]; });
+}
+
+- (void)inviteRecipients {
   NSArray *const recipients = recipientsIn([mailList stringValue]);
   NSString *const message =
       percentEscaped(firstUnits([[mailContent textStorage] string], kMessageUnits));

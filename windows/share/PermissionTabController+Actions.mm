@@ -17,7 +17,7 @@ NSString *const kEscape = @"\033";
 
 enum class Answer { Yes, No, Other, None };
 
-Answer answerOf(std::int64_t returnCode) {
+Answer answerOf(NSInteger returnCode) {
   switch (returnCode) {
     case NSAlertFirstButtonReturn:
       return Answer::Yes;
@@ -73,7 +73,10 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 #pragma mark - Changing
 
 - (IBAction)popUpButtonSelectionDidChange:(NSPopUpButton *)popUp {
-  const RequestSuspension suspension;
+  withRequestsSuspended([&] { [self changeAccessTo:popUp]; });
+}
+
+- (void)changeAccessTo:(NSPopUpButton *)popUp {
   const NSUInteger row = [self rowOfControl:popUp];
   SharedWith *const person = [self personInRow:row];
   if (person == nil) return;
@@ -133,13 +136,15 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
              reinterpret_cast<void *>(row));
 }
 
-- (void)handleResult:(NSAlert *)alert
-          withResult:(std::int64_t)returnCode
-          withSender:(std::int64_t)row {
-  const RequestSuspension suspension;
+- (void)handleResult:(NSAlert *)alert withResult:(NSInteger)returnCode withSender:(void *)context {
+  const auto row = reinterpret_cast<NSUInteger>(context);
+  withRequestsSuspended([&] { [self handleAnswer:answerOf(returnCode) to:alert aboutRow:row]; });
+}
+
+- (void)handleAnswer:(Answer)answer to:(NSAlert *)alert aboutRow:(NSUInteger)row {
   SharedWith *const asked = [personInQuestion autorelease];
   personInQuestion = nil;
-  switch (answerOf(returnCode)) {
+  switch (answer) {
     case Answer::Yes:
       [[alert window] close];
       [self revokeAccessTo:asked inRow:row];
@@ -160,8 +165,8 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 
 /// asked: the person that the question was about, nil for the person in the row. The list may have
 /// been loaded again while the question was shown, and the person may be in another row now.
-- (void)revokeAccessTo:(SharedWith *)asked inRow:(std::int64_t)row {
-  NSUInteger current = static_cast<NSUInteger>(row);
+- (void)revokeAccessTo:(SharedWith *)asked inRow:(NSUInteger)row {
+  NSUInteger current = row;
   if (asked != nil && [self personInRow:current] != asked) {
     current = rowOf([asked useremail], [arrayController arrangedObjects]);
     if (current == NSNotFound) return;
@@ -170,8 +175,11 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
 }
 
 - (void)revokeAccessToUser:(NSNumber *)row {
-  const RequestSuspension suspension;
-  const NSUInteger index = static_cast<NSUInteger>([row integerValue]);
+  withRequestsSuspended(
+      [&] { [self revokeAccessInRow:static_cast<NSUInteger>([row integerValue])]; });
+}
+
+- (void)revokeAccessInRow:(NSUInteger)index {
   SharedWith *const person = [self personInRow:index];
   if (person == nil) return;
   [self showAtWork];

@@ -99,10 +99,9 @@
 /// A row's remove button was used: asks whether that is meant.
 - (IBAction)removeEntryClicked:(NSButton *)button;
 
-/// The answer to that question. row: the row's index as the question's context.
-- (void)handleResult:(NSAlert *)alert
-          withResult:(std::int64_t)returnCode
-          withSender:(std::int64_t)row;
+/// The answer to that question. context: the row's index. The types are those with which the
+/// platform sends this, on 32-bit Macs too.
+- (void)handleResult:(NSAlert *)alert withResult:(NSInteger)returnCode withSender:(void *)context;
 
 /// Revokes the access of the person in a row. row: the index as a number; does nothing for a row
 /// that does not exist. The row is removed after the agent has succeeded. Blocks until the agent

@@ -104,8 +104,7 @@
 - (void)listenNotification:(NSNotification *)notification {
   (void)notification;
   // The list is loaded on the main thread, which may still be inside the invitation.
-  const RequestSuspension suspension;
-  [self refershManagePermissionsView];
+  withRequestsSuspended([&] { [self refershManagePermissionsView]; });
 }
 
 - (void)refershManagePermissionsView {
