@@ -1,8 +1,5 @@
 #import "tests/ui/CallDuringAction.h"
 
-#include <filesystem>
-#include <fstream>
-
 #import "plugin/ContextMenuPlugin.h"
 #include "tests/support/Events.h"
 
@@ -18,12 +15,6 @@ void registerEndpoint() {
   (void)endpoint;
 }
 
-std::string newHold() {
-  std::string path = newTemporaryFolder() + "/hold";
-  std::ofstream(path).put('\n');
-  return path;
-}
-
 }  // namespace
 
 std::vector<std::string> callThatOpensAnotherWindow() {
@@ -34,7 +25,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 /// Runs the default mode once, the first time that the reply mode runs.
 @interface DefaultModeRunner : NSObject {
  @public
-  const std::string *hold;
+  const HeldReply *hold;
   ChildProcess *client;
   bool hasRun;
   bool wasServed;
@@ -45,7 +36,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 
 - (void)run:(NSTimer *)timer {
   [timer invalidate];
-  std::filesystem::remove(*hold);
+  hold->release();
   for (int turn = 0; turn < kTurns && !client->hasEnded(); ++turn) {
     @autoreleasepool {
       NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:kTurnSeconds];
@@ -61,9 +52,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 @end
 
 CallDuringAction::CallDuringAction()
-    : hold_(newHold()),
-      client_(callThatOpensAnotherWindow()),
-      runner_([[DefaultModeRunner alloc] init]) {
+    : client_(callThatOpensAnotherWindow()), runner_([[DefaultModeRunner alloc] init]) {
   client_.waitForOutput("calling");
   runner_->hold = &hold_;
   runner_->client = &client_;
@@ -77,12 +66,6 @@ CallDuringAction::CallDuringAction()
 
 CallDuringAction::~CallDuringAction() {
   [runner_ release];
-}
-
-NSDictionary *CallDuringAction::held(NSDictionary *entry) const {
-  NSMutableDictionary *const held = [[entry mutableCopy] autorelease];
-  [held setObject:[NSString stringWithUTF8String:hold_.c_str()] forKey:@"hold"];
-  return held;
 }
 
 bool CallDuringAction::hasWaited() {
