@@ -12,6 +12,7 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Events.h"
 #include "tests/support/Strings.h"
+#include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/Application.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendAndCopyTabController.h"
@@ -26,6 +27,7 @@ struct WindowsWithoutAgent : testing::Test {
   ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
   bool clipboardIsFilled = fillClipboard();
   CapturedLog log;
+  ActivationsInLog activations{log};
 
   WindowsWithoutAgent();
   ~WindowsWithoutAgent() override;
@@ -57,6 +59,9 @@ struct WindowsWithoutAgent : testing::Test {
 
   /// All texts that can be read in a window.
   static std::vector<std::string> textsIn(NSWindow *window);
+
+  /// What the whole log must be when only this and the activations are logged.
+  Lines withActivations(const Lines &lines) const { return activations.with(lines); }
 
   /// How many log lines are exactly this one.
   long linesInLog(const std::string &line) const;
