@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -69,6 +70,10 @@ struct WindowsWithoutAgent : testing::Test {
   /// How many controllers of this class have been deallocated since the test began to count.
   static int ended(Class cls);
   static void countEndsOf(Class cls);
+
+  /// Whether this object has been deallocated by the time of each call; for an object of a class of
+  /// which one of an earlier test may still be deallocated meanwhile. Main thread.
+  static std::function<bool()> endOf(id object);
 };
 
 /// The same against an agent in another process.
