@@ -1,10 +1,9 @@
 #include <cmath>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <optional>
 
 #import "tests/e2e/CopyLinkTabOnScreen.h"
+#include "tests/support/HeldReply.h"
 
 namespace {
 
@@ -41,14 +40,11 @@ double secondsOfSuccess(const std::string &output) {
 }
 
 struct CopyLinkOutcomes : CopyLinkTab {
-  /// While it exists, the agent hangs in the call that is scripted with hangingEntry.
-  const std::string hold = newTemporaryFolder() + "/hold";
+  /// What the agent waits for in the call that is scripted with hangingEntry.
+  const HeldReply hold;
 
-  NSDictionary *hangingEntry(id reply) {
-    std::ofstream(hold) << "";
-    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
-  }
-  void resumeAgent() const { std::filesystem::remove(hold); }
+  NSDictionary *hangingEntry(id reply) const { return hold.entry(@{@"reply" : reply}); }
+  void resumeAgent() const { hold.release(); }
 
   /// Presses Return and waits until the agent is asked.
   bool pressReturnAndAskAgent() const {

@@ -2,6 +2,7 @@
 #import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
 #import "tests/support/Arguments.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/PlatformServer.h"
 #include "tests/support/Strings.h"
 
@@ -40,8 +41,7 @@ TEST_F(PluginCopy, TheLinkIsOnTheClipboardWhenTheCallReturns) {
   agent->answer(kFileOperation, success(@"https://brisvale.test/s/1"));
   copy(@"id-1");
   EXPECT_EQ(clipboardReadByXclip(), "https://brisvale.test/s/1");
-  EXPECT_EQ(linesInLog("copy success = 1"), 1);
-  EXPECT_EQ(linesInLog("Link copied successfully."), 1);
+  EXPECT_EQ(log(), (Lines{"copy success = 1", "Link copied successfully."}));
   EXPECT_FALSE(isVisible());
 }
 
@@ -86,7 +86,7 @@ TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
   agent->answer(kFileOperation, refusal(1, @"quota"));
   ChildProcess call = copyElsewhere();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
-  EXPECT_EQ(linesInLog("Unable to copy link at this time"), 1);
+  EXPECT_EQ(log(), Lines{"Unable to copy link at this time"});
   EXPECT_FALSE(call.hasEnded());
   ASSERT_TRUE(clickIntoAlert());
   pressReturn();
@@ -96,10 +96,13 @@ TEST_F(PluginCopy, ARefusalIsOnTheScreenUntilItIsDismissedAndTheCallWaits) {
 }
 
 TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) {
-  agent->setScript(@{kFileOperation : @{@"delay" : @0.3, @"die" : @"before"}});
+  const HeldReply hold;
+  agent->setScript(@{kFileOperation : hold.entry(@{@"reply" : success(@"never")})});
   ChildProcess call = copyElsewhere();
+  ASSERT_TRUE(waitFor([&] { return linksAskedFor() == 1; }));
+  endAgent();
   ASSERT_TRUE(waitFor([&] { return isVisible(); }));
-  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(log(), Lines{kNoReplyLine});
   ASSERT_TRUE(clickIntoAlert());
   pressReturn();
   EXPECT_EQ(call.waitForEnd(), 0) << call.output();
@@ -110,16 +113,18 @@ TEST_F(PluginCopy, AnAgentKilledDuringTheCallIsReportedAndTheApplicationGoesOn) 
 }
 
 TEST_F(PluginCopy, ASecondCallWaitsWhileTheAgentIsAskedForTheFirst) {
+  const HeldReply hold;
   agent->setScript(@{
     kFileOperation : @[
-      @{@"delay" : @1,
-        @"reply" : success(@"https://x/first")},
+      hold.entry(@{@"reply" : success(@"https://x/first")}),
       @{@"reply" : success(@"https://x/second")}
     ]
   });
   ChildProcess first = copyElsewhere("id-1");
   ASSERT_TRUE(waitFor([&] { return linksAskedFor() == 1; }));
   ChildProcess second = copyElsewhere("id-2");
+  ASSERT_TRUE(second.waitForOutput("calling"));
+  hold.release();
   EXPECT_EQ(first.waitForEnd(), 0) << first.output();
   EXPECT_EQ(second.waitForEnd(), 0) << second.output();
   EXPECT_EQ(clipboardReadByXclip(), "https://x/second");
@@ -150,17 +155,17 @@ TEST_F(PluginCopy, ASecondCallWaitsWhileAnAlertIsOnTheScreen) {
 }
 
 TEST_F(PluginCopy, AClientThatDiesDuringItsCallDoesNoHarm) {
+  const HeldReply hold;
   agent->setScript(@{
     kFileOperation : @[
-      @{@"delay" : @0.5,
-        @"reply" : success(@"https://x/1")},
-      @{@"reply" : success(@"https://x/2")}
+      hold.entry(@{@"reply" : success(@"https://x/1")}), @{@"reply" : success(@"https://x/2")}
     ]
   });
   {
     ChildProcess client = copyElsewhere();
     ASSERT_TRUE(waitFor([&] { return linksAskedFor() == 1; }));
   }
+  hold.release();
   copy(@"id-2");
   EXPECT_EQ(clipboardReadByXclip(), "https://x/2");
   EXPECT_FALSE(application.process().hasEnded());

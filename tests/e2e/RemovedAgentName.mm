@@ -35,7 +35,7 @@ struct RemovedAgentName : ServiceTest {
 TEST_F(RemovedAgentName, EndsADirectCopyWithTheAlertThatTheServiceCannotBeReached) {
   ChildProcess copy({CONTEXTMENU, "copy-link", kit.makeFile("second.txt")});
   ASSERT_TRUE(clickIntoAlert()) << application.process().output();
-  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(linesInLog(kNoReplyLine), 1);
   pressKeys({"Return"});
   EXPECT_EQ(copy.waitForEnd(), 0) << copy.output();
   EXPECT_TRUE(waitForWindows(0));

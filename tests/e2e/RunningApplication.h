@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/CapturedLog.h"
 #include "tests/support/ChildProcess.h"
 
 /// The application itself, as a process of its own, on the private session's screen.
@@ -22,8 +23,8 @@ class RunningApplication {
   /// Waits until the application replies under its name, as waitFor does; returns whether it does.
   bool waitUntilServing();
 
-  /// Its log lines so far.
-  std::vector<std::string> log() const;
+  /// All that it has logged or printed so far (CapturedLog.h).
+  Lines log() const;
 
   /// Whether a window of an application of this name is visible on the screen.
   static bool isVisible();
@@ -34,6 +35,9 @@ class RunningApplication {
  private:
   ChildProcess process_;
 };
+
+/// These lines after those that the platform logs first where no window manager runs.
+Lines afterStart(const Lines &lines);
 
 /// Another program's view of the clipboard: what xclip reads from it.
 std::string clipboardReadByXclip();

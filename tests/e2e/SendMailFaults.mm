@@ -1,26 +1,21 @@
 // Failures while a link is mailed, which must not lose what was entered.
 
-#include <filesystem>
-#include <fstream>
-
 #import "tests/e2e/ScreenTab.h"
 #import "tests/e2e/SendTab.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/support/Arguments.h"
+#include "tests/support/HeldReply.h"
 
 namespace {
 
 NSString *const kSendFile = @"sendFile:::::::::";
 
 struct SendMailFaults : WindowTest, ScreenTab {
-  /// While it exists, the agent hangs in the call that is scripted with hangingEntry.
-  const std::string hold = newTemporaryFolder() + "/hold";
+  /// What the agent waits for in the call that is scripted with hangingEntry.
+  const HeldReply hold;
 
-  NSDictionary *hangingEntry(id reply) {
-    std::ofstream(hold) << "";
-    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : reply};
-  }
-  void resumeAgent() const { std::filesystem::remove(hold); }
+  NSDictionary *hangingEntry(id reply) const { return hold.entry(@{@"reply" : reply}); }
+  void resumeAgent() const { hold.release(); }
 
   /// Opens the window on the tab and fills in all fields.
   bool openAndFillIn() {
@@ -74,7 +69,7 @@ TEST_F(SendMailFaults, NoReplyLeavesEverythingThatWasEntered) {
   agent->setScript(@{kSendFile : @{@"nil" : @1}});
   ASSERT_TRUE(openAndFillIn());
   ASSERT_TRUE(clickAndSeeSheet(kSendButton));
-  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(linesInLog(kNoReplyLine), 1);
   expectThatAllIsStillThere();
 }
 
@@ -85,7 +80,7 @@ TEST_F(SendMailFaults, AnAgentThatIsKilledWhileSendingLeavesEverythingThatWasEnt
   ASSERT_TRUE(waitFor([&] { return callsOf(kSendFile) == 1; })) << output();
   endAgent();
   ASSERT_TRUE(waitForWindows(2));
-  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(linesInLog(kNoReplyLine), 1);
   startAgent();
   expectThatAllIsStillThere();
 }

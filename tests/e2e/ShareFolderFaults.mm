@@ -1,11 +1,9 @@
 // Failures while a folder is shared, after which the window must be usable.
 
-#include <filesystem>
-#include <fstream>
-
 #import "tests/e2e/ShareTab.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/support/Arguments.h"
+#include "tests/support/HeldReply.h"
 
 namespace {
 
@@ -13,7 +11,6 @@ NSString *const kGetAccess = @"getAccess::";
 NSString *const kGrant = @"grantAccess:::::::::";
 NSString *const kRevoke = @"revokeAccess:::";
 const std::string kTitle = "Share Folder";
-const std::string kNoReply = "Getting null data from rest API(machine offline or server down)";
 /// Colleagues in the scripted agent's address book.
 const std::string kThree = "user0@example.org,user1@example.org,user2@example.org,";
 
@@ -37,14 +34,11 @@ NSDictionary *answered(id value) {
 }
 
 struct ShareFolderFaults : WindowTest, ShareTab {
-  /// While it exists, the agent hangs in the call that is scripted with held.
-  const std::string hold = newTemporaryFolder() + "/hold";
+  /// What the agent waits for in the call that is scripted with held.
+  const HeldReply hold;
 
-  NSDictionary *held(id value) const {
-    std::ofstream(hold) << "";
-    return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(value)};
-  }
-  void resumeAgent() const { std::filesystem::remove(hold); }
+  NSDictionary *held(id value) const { return hold.entry(@{@"reply" : success(value)}); }
+  void resumeAgent() const { hold.release(); }
 
   bool openShare(const ShareCall &call = {}) {
     if (!open(call)) return false;
@@ -68,7 +62,7 @@ struct ShareFolderFaults : WindowTest, ShareTab {
   /// The agent ends in the middle of a call, another one starts, and the alert is dismissed.
   void replaceAgentBehindAlert(NSDictionary *script) {
     endAgent();
-    ASSERT_TRUE(waitFor([&] { return linesInLog(kNoReply) == 1; }));
+    ASSERT_TRUE(waitFor([&] { return linesInLog(kNoReplyLine) == 1; }));
     ASSERT_TRUE(waitForWindows(2));
     startAgent();
     agent->setScript(script);

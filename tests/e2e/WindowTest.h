@@ -94,6 +94,7 @@ struct WindowTest : testing::Test {
 
   /// What the application has printed.
   std::string output() const;
+  Lines log() const;
   long linesInLog(const std::string &line) const;
 
   /// The arguments of the agent's last call of this operation, nil when there was none.

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "tests/support/CapturedLog.h"
 #include "tests/support/ProcessActivity.h"
 
 NSString *const kFileLink = @"getLinkForFile:::::";
@@ -123,8 +122,12 @@ std::string WindowTest::output() const {
   return application.process().output().substr(outputBefore_);
 }
 
+Lines WindowTest::log() const {
+  return logLinesIn(output());
+}
+
 long WindowTest::linesInLog(const std::string &line) const {
-  const auto lines = logLinesIn(output());
+  const Lines lines = log();
   return std::count(lines.begin(), lines.end(), line);
 }
 

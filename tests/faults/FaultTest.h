@@ -40,11 +40,6 @@ struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
   std::size_t marked_ = 0;
 };
 
-using Lines = std::vector<std::string>;
-
-inline constexpr const char *kNoReplyLine =
-    "Getting null data from rest API(machine offline or server down)";
-
 /// A text of the string table as it is shown.
 inline std::string shown(NSString *key) {
   return text(localizedText(key));

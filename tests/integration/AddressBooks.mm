@@ -5,7 +5,10 @@
 #import "app/ContextMenuAppAppDelegate.h"
 #import "tests/faults/EndedThreads.h"
 #include "tests/support/AgentProcess.h"
+#include "tests/support/CapturedLog.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/Pump.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -24,9 +27,13 @@ struct AddressBooks : testing::Test {
   std::string entries() { return joined([delegate addressBookForShare]); }
   std::string addresses() { return joined([delegate employeeContacts]); }
 
-  /// Starts a refresh in the background and returns when the agent has been called.
+  /// What the agent waits for in the call that is scripted with it.
+  HeldReply hold;
+
+  /// Starts a refresh in the background and returns when the agent has been called, which replies
+  /// when the test releases the reply.
   void beginSlowRefresh(const AgentProcess &agent, NSDictionary *reply) {
-    agent.setScript(@{kBook : @{@"delay" : @0.5, @"reply" : reply}});
+    agent.setScript(@{kBook : hold.entry(@{@"reply" : reply})});
     [delegate updateAddressBook:nil];
     EXPECT_TRUE(pumpUntil([&] { return [agent.calls() count] == 1; }));
   }
@@ -48,7 +55,9 @@ TEST_F(AddressBooks, EntriesAreSortedWithoutRegardToCaseAndAddressesKeepTheAgent
                  contact(@"zoe", @"z@x"), contact(@"Bob", @"b@x"), contact(@"anna", @"a@x"),
                  contact(@"Álvaro", @"al@x"), contact(@"carl", @"c@x")
                ]));
+  const CapturedLog log;
   [delegate getAddressBookForShareFolder];
+  EXPECT_EQ(log.lines(), Lines{});
   EXPECT_EQ(entries(), "Álvaro<al@x> | anna<a@x> | Bob<b@x> | carl<c@x> | zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | a@x | al@x | c@x");
 }
@@ -76,16 +85,19 @@ TEST_F(AddressBooks, OddRecordsGiveEntriesAndNoCrash) {
   EXPECT_EQ(addresses(), "noname@x");
 }
 
-TEST_F(AddressBooks, WithTheAgentDownBothListsAreEmpty) {
+TEST_F(AddressBooks, WithTheAgentDownBothListsAreEmptyAndNothingIsLogged) {
+  const CapturedLog log;
   [delegate getAddressBookForShareFolder];
+  EXPECT_EQ(log.lines(), Lines{});
   EXPECT_NE([delegate addressBookForShare], nil);
   EXPECT_EQ([[delegate addressBookForShare] count], 0u);
   EXPECT_NE([delegate employeeContacts], nil);
   EXPECT_EQ([[delegate employeeContacts] count], 0u);
 }
 
-TEST_F(AddressBooks, AFetchFromARefusingOrMalformedAgentLeavesBothListsEmpty) {
+TEST_F(AddressBooks, AFetchFromARefusingOrMalformedAgentLeavesBothListsEmptyAndLogsNothing) {
   AgentProcess agent;
+  const CapturedLog log;
   for (id reply in @[
          refusal(5, @"no"), @{}, @"text", success(@"text"), success(@42), success([NSNull null]),
          success(@{@"name" : @"x"})
@@ -95,6 +107,7 @@ TEST_F(AddressBooks, AFetchFromARefusingOrMalformedAgentLeavesBothListsEmpty) {
     EXPECT_EQ([[delegate addressBookForShare] count], 0u) << text(reply);
     EXPECT_EQ([[delegate employeeContacts] count], 0u) << text(reply);
   }
+  EXPECT_EQ(log.lines(), Lines{});
 }
 
 TEST_F(AddressBooks, AnAgentThatDiesWhileItsReplyIsReadLeavesBothListsEmpty) {
@@ -135,9 +148,10 @@ TEST_F(AddressBooks, TheConditionalFetchLoadsWhileThereIsNoEntry) {
 
 TEST_F(AddressBooks, TheRefreshReturnsAtOnceAndFillsTheListsInTheBackground) {
   AgentProcess agent;
-  agent.setScript(@{kBook : @{@"delay" : @0.5, @"reply" : success(@[ contact(@"Ann", @"a@x") ])}});
+  agent.setScript(@{kBook : hold.entry(@{@"reply" : success(@[ contact(@"Ann", @"a@x") ])})});
   [delegate updateAddressBook:nil];
   EXPECT_EQ([delegate addressBookForShare], nil);
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return entries() == "Ann<a@x>"; }));
   EXPECT_EQ(addresses(), "a@x");
 }
@@ -146,10 +160,13 @@ TEST_F(AddressBooks, TheListsAreEmptyFromTheStartOfARefreshUntilItsEnd) {
   AgentProcess agent;
   agent.answer(kBook, success(@[ contact(@"Ann", @"a@x") ]));
   [delegate getAddressBookForShareFolder];
-  agent.setScript(@{kBook : @{@"delay" : @0.5, @"reply" : success(@[ contact(@"Bob", @"b@x") ])}});
+  agent.setScript(@{kBook : hold.entry(@{@"reply" : success(@[ contact(@"Bob", @"b@x") ])})});
+  const CapturedLog log;
   [delegate updateAddressBook:nil];
   EXPECT_TRUE(pumpUntil([&] { return entries().empty() && addresses().empty(); }));
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return entries() == "Bob<b@x>" && addresses() == "b@x"; }));
+  EXPECT_EQ(log.lines(), Lines{});
 }
 
 TEST_F(AddressBooks, WhatIsAddedDuringARefreshIsInItsPlaceAfterwards) {
@@ -157,6 +174,7 @@ TEST_F(AddressBooks, WhatIsAddedDuringARefreshIsInItsPlaceAfterwards) {
   beginSlowRefresh(agent, success(@[ contact(@"Zoe", @"z@x"), contact(@"Bob", @"b@x") ]));
   [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
   [[delegate employeeContacts] addObject:@"n@x"];
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 3; }));
   EXPECT_EQ(entries(), "Bob<b@x> | Max New<n@x> | Zoe<z@x>");
   EXPECT_EQ(addresses(), "z@x | b@x | n@x");
@@ -167,6 +185,7 @@ TEST_F(AddressBooks, WhatIsAddedDuringARefreshAndListedByTheAgentIsThereOnce) {
   beginSlowRefresh(agent, success(@[ contact(@"Max New", @"n@x"), contact(@"Bob", @"b@x") ]));
   [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
   [[delegate employeeContacts] addObject:@"n@x"];
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 2; }));
   EXPECT_EQ(entries(), "Bob<b@x> | MaxNew<n@x>");
   EXPECT_EQ(addresses(), "n@x | b@x");
@@ -175,10 +194,13 @@ TEST_F(AddressBooks, WhatIsAddedDuringARefreshAndListedByTheAgentIsThereOnce) {
 TEST_F(AddressBooks, WhatIsAddedDuringARefreshThatGetsNoReplyStays) {
   AgentProcess agent;
   EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  const CapturedLog log;
   beginSlowRefresh(agent, @{});
   [[delegate addressBookForShare] addObject:@"Max New<n@x>"];
   [[delegate employeeContacts] addObject:@"n@x"];
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return threads->count > 0; }));
+  EXPECT_EQ(log.lines(), Lines{});
   EXPECT_EQ(entries(), "Max New<n@x>");
   EXPECT_EQ(addresses(), "n@x");
 }
@@ -188,13 +210,15 @@ TEST_F(AddressBooks, OfTwoRebuildsAtATimeTheNewerOnesListsStay) {
   EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
   agent.setScript(@{
     kBook : @[
-      @{@"delay" : @0.5,
-        @"reply" : success(@[ contact(@"Old", @"o@x") ])},
+      hold.entry(
+          @{@"reply" : success(@[ contact(@"Old", @"o@x") ])}),
       @{@"reply" : success(@[ contact(@"New", @"n@x") ])}
     ]
   });
   [delegate updateAddressBook:nil];
   ASSERT_TRUE(pumpUntil([&] { return [agent.calls() count] == 1; }));
+  // The newer one has begun when it waits for the agent.
+  const RepeatingTimer release(NSConnectionReplyMode, [&] { hold.release(); });
   [delegate getAddressBookForShareFolder];
   EXPECT_TRUE(pumpUntil([&] { return threads->count > 0; }));
   EXPECT_EQ(entries(), "New<n@x>");

@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <csignal>
 #include <filesystem>
-#include <thread>
 
 #import "agent/AgentIdentity.h"
 #import "agent/BVDataModelController.h"
@@ -32,6 +31,9 @@ double secondsFor(Work work) {
   return detail::secondsNow() - start;
 }
 
+/// How long an attempt looks for an agent. Not the program's own constant, which may be wrong.
+constexpr double kAttemptSeconds = 15.0;
+
 /// Far less than an attempt, far more than an immediate reply takes on a busy machine.
 constexpr double kAtOnceSeconds = 8;
 
@@ -52,8 +54,8 @@ TEST(AgentConnection, TheGatePassesWithAPresentAgent) {
 TEST(AgentConnection, WithoutAnAgentInitTakesFifteenSecondsAndTheGateAnswersAtOnce) {
   BVDataModelController *controller = nil;
   const double initSeconds = secondsFor([&] { controller = newController(); });
-  EXPECT_GE(initSeconds, agent::kConnectionDeadlineSeconds);
-  EXPECT_LT(initSeconds, agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+  EXPECT_GE(initSeconds, kAttemptSeconds);
+  EXPECT_LT(initSeconds, kAttemptSeconds + kAtOnceSeconds);
   EXPECT_FALSE([controller krvAgentConnectionExisting]);
   EXPECT_EQ([controller krvAgentProxy], nil);
   EXPECT_LT(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
@@ -63,10 +65,10 @@ TEST(AgentConnection, WithoutAnAgentInitTakesFifteenSecondsAndTheGateAnswersAtOn
 TEST(AgentConnection, AnAgentThatRunsWithoutItsNameIsWaitedForByInitAndByTheGate) {
   AgentProcess agent({.name = "-"});
   BVDataModelController *controller = nil;
-  EXPECT_GE(secondsFor([&] { controller = newController(); }), agent::kConnectionDeadlineSeconds);
+  EXPECT_GE(secondsFor([&] { controller = newController(); }), kAttemptSeconds);
   EXPECT_EQ([controller krvAgentProxy], nil);
   EXPECT_GE(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
-            agent::kConnectionDeadlineSeconds);
+            kAttemptSeconds);
   EXPECT_EQ([controller getEmployeeAddressBook], nil);
 }
 
@@ -104,22 +106,6 @@ TEST(AgentConnection, TheGateIsClosedWhenOnlyTheNameIsThere) {
   EXPECT_FALSE([controller checkIfConnectionExists]);
 }
 
-TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
-  AgentProcess agent;
-  // The platform raises when another process keeps the lock of its table of names.
-  const std::string lock =
-      [NSTemporaryDirectory() fileSystemRepresentation] + std::string("/NSMessagePort/names/lock");
-  ASSERT_TRUE(std::filesystem::create_directory(lock));
-  std::thread holder([&] {
-    std::this_thread::sleep_for(std::chrono::seconds(3));
-    std::filesystem::remove(lock);
-  });
-  BVDataModelController *controller = nil;
-  EXPECT_NO_THROW(controller = newController());
-  holder.join();
-  EXPECT_TRUE([controller krvAgentConnectionExisting]);
-}
-
 namespace {
 
 /// Replaces the platform's look-up for its lifetime.
@@ -132,12 +118,43 @@ class ReplacedLookUp {
         former_(method_setImplementation(method_, reinterpret_cast<IMP>(lookUp))) {}
   ~ReplacedLookUp() { method_setImplementation(method_, former_); }
 
+  LookUp former() const { return reinterpret_cast<LookUp>(former_); }
+
  private:
   Method method_;
   IMP former_;
 };
 
 }  // namespace
+
+TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
+  AgentProcess agent;
+  // The first look-up of a process waits longer for the lock, and does not raise.
+  ASSERT_NE([newController() krvAgentProxy], nil);
+  // The platform raises when another process keeps the lock of its table of names.
+  static std::string lock;
+  lock =
+      [NSTemporaryDirectory() fileSystemRepresentation] + std::string("/NSMessagePort/names/lock");
+  ASSERT_TRUE(std::filesystem::create_directory(lock));
+  static ReplacedLookUp::LookUp platforms;
+  static int exceptions;
+  exceptions = 0;
+  // The platform's own, after whose first exception the other process gives the lock back.
+  const ReplacedLookUp lookUp([](id cls, SEL selector, NSString *name, NSString *host) -> id {
+    @try {
+      return platforms(cls, selector, name, host);
+    } @catch (NSException *) {
+      ++exceptions;
+      std::filesystem::remove(lock);
+      @throw;
+    }
+  });
+  platforms = lookUp.former();
+  BVDataModelController *const controller = newController();
+  EXPECT_EQ(exceptions, 1);
+  EXPECT_TRUE([controller krvAgentConnectionExisting]);
+  EXPECT_NE([controller krvAgentProxy], nil);
+}
 
 TEST(AgentConnection, WhatIsNoPlatformExceptionPassesOnToTheCaller) {
   const ReplacedLookUp lookUp([](id, SEL, NSString *, NSString *) -> id { @throw @"not one"; });
@@ -161,7 +178,7 @@ TEST(AgentConnection, ExceptionsFromEveryLookUpEscapeNeitherInitNorTheGate) {
   });
   BVDataModelController *controller = nil;
   const double seconds = secondsFor([&] { controller = newController(); });
-  EXPECT_GE(seconds, agent::kConnectionDeadlineSeconds);
+  EXPECT_GE(seconds, kAttemptSeconds);
   EXPECT_GT(tries, 10);
   EXPECT_FALSE([controller krvAgentConnectionExisting]);
   EXPECT_FALSE([controller checkIfConnectionExists]);
@@ -206,8 +223,8 @@ TEST(AgentConnection, AStoppedAgentHoldsTheLookUpNoLongerThanTheAttempt) {
   BVDataModelController *controller = nil;
   const double seconds = secondsFor([&] { controller = newController(); });
   EXPECT_EQ([controller krvAgentProxy], nil);
-  EXPECT_GE(seconds, agent::kConnectionDeadlineSeconds);
-  EXPECT_LT(seconds, agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+  EXPECT_GE(seconds, kAttemptSeconds);
+  EXPECT_LT(seconds, kAttemptSeconds + kAtOnceSeconds);
   agent.process().signal(SIGCONT);
   EXPECT_TRUE([newController() checkIfConnectionExists]);
 }
@@ -252,7 +269,7 @@ TEST(AgentConnection, AnAgentThatStopsBetweenInitAndGateHoldsNeitherForEver) {
   BVDataModelController *const controller = newController();
   agent.process().signal(SIGSTOP);
   EXPECT_LT(secondsFor([&] { EXPECT_FALSE([controller checkIfConnectionExists]); }),
-            agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
+            kAttemptSeconds + kAtOnceSeconds);
   agent.process().signal(SIGCONT);
 }
 

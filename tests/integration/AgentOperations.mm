@@ -3,6 +3,8 @@
 #import "agent/AgentIdentity.h"
 #import "agent/BVDataModelController.h"
 #include "tests/support/AgentProcess.h"
+#include "tests/support/HeldReply.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/Strings.h"
 
 // clang-format off: it takes the first anonymous argument for a part of the name.
@@ -123,8 +125,13 @@ TEST_F(AgentOperations, AReplyThatIsNoDictionaryIsNil) {
 }
 
 TEST_F(AgentOperations, AnAgentKilledDuringTheCallGivesNil) {
-  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.2, @"die" : @"before"}});
+  const HeldReply hold;
+  agent.setScript(@{@"getAccess::" : hold.entry(@{@"reply" : success(@"never")})});
+  const RepeatingTimer kill(NSConnectionReplyMode, [&] {
+    if ([agent.calls() count] == 1) agent.process().signal(SIGKILL);
+  });
   EXPECT_EQ([controller() getAccess:@"id":YES], nil);
+  EXPECT_TRUE(waitFor([&] { return agent.process().hasEnded(); }));
 }
 
 TEST_F(AgentOperations, AnAgentThatDiesWhileItsReplyIsReadGivesNil) {

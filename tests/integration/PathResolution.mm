@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ostream>
 
 #import "app/ContextMenuAppAppDelegate.h"
 #include "tests/support/Strings.h"
@@ -177,6 +178,68 @@ TEST_F(PathResolution, AnIdThatIsNotUtf8IsNoId) {
   engine.files["/x"] = "\xff\xfe";
   EXPECT_EQ(file(@"/x"), 0);
   EXPECT_EQ(text(outId), "");
+}
+
+namespace {
+
+/// A path, as the bytes that the library must get.
+struct Path {
+  const char *name;
+  std::string bytes;
+};
+
+void PrintTo(const Path &path, std::ostream *out) {
+  *out << path.name;
+}
+
+struct PathBytes : PathResolution, testing::WithParamInterface<Path> {
+  const std::string bytes = "/Users/ada/Brisvale" + GetParam().bytes;
+  NSString *path = [[[NSString alloc] initWithBytes:bytes.data()
+                                             length:bytes.size()
+                                           encoding:NSUTF8StringEncoding] autorelease];
+};
+
+}  // namespace
+
+TEST_P(PathBytes, ReachTheLibraryAsTheyAre) {
+  file(path);
+  folder(path);
+  state(path);
+  const std::string begin = "BvInitialize";
+  const std::string end = "BvUninitialize";
+  EXPECT_EQ(engine.calls,
+            (Calls{begin, "BvGetFileIdByName " + bytes, end, begin, "BvGetFolderIdByName " + bytes,
+                   end, begin, "BvGetFileSyncState " + bytes, end}));
+}
+
+// The file system of a Mac keeps names decomposed, most others as they were entered.
+INSTANTIATE_TEST_SUITE_P(
+    Of, PathBytes,
+    testing::Values(Path{"PlainText", "/a.txt"}, Path{"ComposedAccent", "/Caf\xC3\xA9"},
+                    Path{"DecomposedAccent", "/Cafe\xCC\x81"},
+                    Path{"TwoAccentsInOneOrder", "/q\xCC\xA3\xCC\x87"},
+                    Path{"TwoAccentsInTheOther", "/q\xCC\x87\xCC\xA3"},
+                    Path{"Angstrom", "/\xE2\x84\xAB"}, Path{"LetterAWithRing", "/\xC3\x85"},
+                    Path{"Ligature", "/\xEF\xAC\x81le"}, Path{"ComposedHangul", "/\xED\x95\x9C"},
+                    Path{"DecomposedHangul", "/\xE1\x84\x92\xE1\x85\xA1\xE1\x86\xAB"},
+                    Path{"Devanagari", "/\xE0\xA4\xA8\xE0\xA4\xBF"},
+                    Path{"RightToLeft", "/\xD9\x85\xD8\xAC\xD9\x84\xD8\xAF \xE2\x80\x8F"},
+                    Path{"HalfWidthKana", "/\xEF\xBD\xB6\xEF\xBE\x9E"},
+                    Path{"JoinedEmoji", "/\xF0\x9F\x91\xA9\xE2\x80\x8D\xF0\x9F\x94\xAC"},
+                    Path{"BlanksAtItsEnds", "/ a\xC2\xA0 "},
+                    Path{"CharactersOfEscapes", "/100%25 \\n~:&?#\n\t'\""},
+                    Path{"TwoSlashesAndDots", "//a/./b/../c"}, Path{"OtherLetterCase", "/MYDOCS"},
+                    Path{"FolderWithoutASlash", "/Plans"}, Path{"FolderWithASlash", "/Plans/"},
+                    Path{"MyDocsWithASlash", "/MyDocs/"}, Path{"InsideMyDocs", "/MyDocs/Plans"},
+                    Path{"TheSyncedFolderItself", ""}),
+    [](const auto &info) { return info.param.name; });
+
+TEST_F(PathResolution, MyDocsInAnotherNormalisationGoesToTheLibrary) {
+  [delegate setSyncedFilePath:@"/Users/jos\u00E9/Brisvale"];
+  folder(@"/Users/jose\u0301/Brisvale/MyDocs");
+  EXPECT_EQ(engine.calls,
+            (Calls{"BvInitialize", "BvGetFolderIdByName /Users/jose\xCC\x81/Brisvale/MyDocs",
+                   "BvUninitialize"}));
 }
 
 TEST_F(PathResolution, PathsReachTheLibraryInUtf8) {

@@ -9,13 +9,14 @@
 
 #include "tests/support/ChildProcess.h"
 
-std::vector<std::string> logLinesIn(const std::string &output) {
-  std::vector<std::string> lines;
+Lines logLinesIn(const std::string &output) {
+  Lines lines;
   std::istringstream stream(output);
   for (std::string line; std::getline(stream, line);) {
-    // "2026-11-21 04:37:24.013 Name[1:1] text"
-    const auto mark = line.find("] ");
-    if (mark != std::string::npos && line.starts_with("20")) lines.push_back(line.substr(mark + 2));
+    // "2026-11-21 04:37:24.013 Name[1:1] text". Any other line is kept as it is: it would be the
+    // rest of a text with line breaks, or what a library has printed.
+    const auto mark = line.starts_with("20") ? line.find("] ") : std::string::npos;
+    lines.push_back(mark == std::string::npos ? line : line.substr(mark + 2));
   }
   return lines;
 }
@@ -32,7 +33,7 @@ CapturedLog::~CapturedLog() {
   close(formerStandardError_);
 }
 
-std::vector<std::string> CapturedLog::lines() const {
+Lines CapturedLog::lines() const {
   std::ifstream file(path_);
   return logLinesIn({std::istreambuf_iterator<char>(file), {}});
 }

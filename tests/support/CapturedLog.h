@@ -3,7 +3,14 @@
 #include <string>
 #include <vector>
 
-/// While one of these lives, the system log lines of this process (its standard error) go to a
+/// Log lines in their order.
+using Lines = std::vector<std::string>;
+
+/// What is logged when the agent or the service could not be reached.
+inline constexpr const char *kNoReplyLine =
+    "Getting null data from rest API(machine offline or server down)";
+
+/// While one of these lives, what this process logs or otherwise writes to standard error goes to a
 /// file.
 class CapturedLog {
  public:
@@ -12,13 +19,14 @@ class CapturedLog {
   CapturedLog(const CapturedLog &) = delete;
   CapturedLog &operator=(const CapturedLog &) = delete;
 
-  /// The lines so far, without the time and process that the platform puts in front of each.
-  std::vector<std::string> lines() const;
+  /// All lines so far, without the time and process that the platform puts in front of each.
+  Lines lines() const;
 
  private:
   std::string path_;
   int formerStandardError_;
 };
 
-/// The log lines in the output of another process, without the time and process in front.
-std::vector<std::string> logLinesIn(const std::string &output);
+/// All lines in the output of another process, without the time and process in front of those that
+/// it has logged.
+Lines logLinesIn(const std::string &output);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "tests/support/ChildProcess.h"
+#include "tests/support/HeldReply.h"
 
 @class ContextMenuPlugin;
 @class DefaultModeRunner;
@@ -30,7 +31,7 @@ class CallDuringAction {
 
   /// A script's entry for the agent's operation that the action waits for: this one, but with the
   /// reply held until the default mode runs.
-  NSDictionary *held(NSDictionary *entry) const;
+  NSDictionary *held(NSDictionary *entry) const { return hold_.entry(entry); }
 
   /// Whether the default mode has run and the call was not served in it.
   bool hasWaited();
@@ -39,7 +40,7 @@ class CallDuringAction {
   bool isServed();
 
  private:
-  std::string hold_;
+  HeldReply hold_;
   ChildProcess client_;
   DefaultModeRunner *runner_;
 };

@@ -1,8 +1,5 @@
 #import "tests/ui/CallDuringAction.h"
 
-#include <filesystem>
-#include <fstream>
-
 #import "plugin/ContextMenuPlugin.h"
 #include "tests/support/Events.h"
 
@@ -11,12 +8,6 @@ namespace {
 /// A call that can be served is served in a fraction of these turns of the run loop.
 constexpr int kTurns = 100;
 constexpr NSTimeInterval kTurnSeconds = 0.01;
-
-std::string newHold() {
-  std::string path = newTemporaryFolder() + "/hold";
-  std::ofstream(path).put('\n');
-  return path;
-}
 
 }  // namespace
 
@@ -33,7 +24,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 /// Runs the default mode once, the first time that the reply mode runs.
 @interface DefaultModeRunner : NSObject {
  @public
-  const std::string *hold;
+  const HeldReply *hold;
   ChildProcess *client;
   bool hasRun;
   bool wasServed;
@@ -44,7 +35,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 
 - (void)run:(NSTimer *)timer {
   [timer invalidate];
-  std::filesystem::remove(*hold);
+  hold->release();
   for (int turn = 0; turn < kTurns && !client->hasEnded(); ++turn) {
     @autoreleasepool {
       NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:kTurnSeconds];
@@ -60,9 +51,7 @@ std::vector<std::string> callThatOpensAnotherWindow() {
 @end
 
 CallDuringAction::CallDuringAction()
-    : hold_(newHold()),
-      client_(callThatOpensAnotherWindow()),
-      runner_([[DefaultModeRunner alloc] init]) {
+    : client_(callThatOpensAnotherWindow()), runner_([[DefaultModeRunner alloc] init]) {
   client_.waitForOutput("calling");
   runner_->hold = &hold_;
   runner_->client = &client_;
@@ -76,12 +65,6 @@ CallDuringAction::CallDuringAction()
 
 CallDuringAction::~CallDuringAction() {
   [runner_ release];
-}
-
-NSDictionary *CallDuringAction::held(NSDictionary *entry) const {
-  NSMutableDictionary *const held = [[entry mutableCopy] autorelease];
-  [held setObject:[NSString stringWithUTF8String:hold_.c_str()] forKey:@"hold"];
-  return held;
 }
 
 bool CallDuringAction::hasWaited() {

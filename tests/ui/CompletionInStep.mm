@@ -1,12 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 #import "addressbook/AddressBookCompletion.h"
 #import "addressbook/IndexedBook.h"
 #include "tests/support/AgentProcess.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/Pump.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 #import "windows/share/InviteTabController.h"
@@ -61,18 +60,12 @@ TEST_F(CompletionInStep, TheLoadBringsTheIndexAlong) {
 
 TEST_F(CompletionInStep, WhileTheAgentIsAskedNothingIsOfferedAndThenTheNewEntries) {
   // Held while the test checks the completions.
-  const std::string hold = newTemporaryFolder() + "/hold";
-  std::ofstream(hold) << "";
-  agent.setScript(@{
-    kBook : @{
-      @"hold" : [NSString stringWithUTF8String:hold.c_str()],
-      @"reply" : success(@[ contact(@"Ian", @"ian@x") ])
-    }
-  });
+  const HeldReply hold;
+  agent.setScript(@{kBook : hold.entry(@{@"reply" : success(@[ contact(@"Ian", @"ian@x") ])})});
   NSArray *const open = [delegate completionsForSubstring:@"an"];
   [delegate updateAddressBook:nil];
   EXPECT_TRUE(pumpUntil([&] { return completed(@"an").empty(); }));
-  std::filesystem::remove(hold);
+  hold.release();
   EXPECT_TRUE(pumpUntil([&] { return completed(@"an") == "Ian<ian@x>"; }));
   // The list that was open all the time.
   EXPECT_EQ(text([open componentsJoinedByString:@" "]), "Anna<anna@x> Dan<dan@x>");
@@ -108,8 +101,10 @@ TEST_F(CompletionInStep, AColleagueFoundByTheInviteTabIsOfferedFromThenOn) {
 }
 
 TEST_F(CompletionInStep, AColleagueFoundWhileTheBookIsRefreshedIsInTheNewBookAndItsIndex) {
+  const HeldReply hold;
   agent.setScript(@{
-    kBook : @{@"delay" : @0.3, @"reply" : success(@[ contact(@"Ian", @"ian@x") ])},
+    kBook : hold.entry(
+        @{@"reply" : success(@[ contact(@"Ian", @"ian@x") ])}),
     @"getUserInfo::" : @{
       @"reply" : success(
           @{@"accountemployee" : @1,
@@ -120,6 +115,8 @@ TEST_F(CompletionInStep, AColleagueFoundWhileTheBookIsRefreshedIsInTheNewBookAnd
   [delegate updateAddressBook:nil];
   ASSERT_TRUE(pumpUntil([&] { return [agent.calls() count] == 2; }));
   InviteTabController *const tab = [[[InviteTabController alloc] init] autorelease];
+  // The agent, which replies to one request after the other, is asked for both.
+  const RepeatingTimer release(NSConnectionReplyMode, [&] { hold.release(); });
   EXPECT_TRUE([tab isEmployee:@"dian@x"]);
   EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 2; }));
   EXPECT_EQ(completed(@"ian"), "Ian<ian@x> Dian<dian@x>");

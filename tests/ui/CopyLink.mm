@@ -10,8 +10,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 struct CopyLink : testing::Test {
   CopyLinkController *controller = [[CopyLinkController alloc] init];
 

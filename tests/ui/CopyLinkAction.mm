@@ -11,7 +11,6 @@ const std::string kUnreachable = "Brisvale cannot be reached.";
 const std::string kUnreachableMore =
     "Check your internet connection and that Brisvale is running, then try again. Nothing you "
     "entered is lost.";
-const std::string kNoReplyLine = "Getting null data from rest API(machine offline or server down)";
 const std::string kRefusedLine = "Unable to copy link at this time";
 
 struct CopyLinkAction : MenuActions {
@@ -207,8 +206,7 @@ TEST_F(CopyLinkAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
     copyLink();
   }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
-  expectSilence(
-      {kActivated, "recieve Notification close send/copy window.", "window closed", kOutsideLine});
+  expectSilence({"recieve Notification close send/copy window.", "window closed", kOutsideLine});
   EXPECT_TRUE([delegate contextMenuFlag]);
 }
 
@@ -216,8 +214,7 @@ TEST_F(CopyLinkAction, AnOpenShareWindowHasClosedBeforeTheAlertShows) {
   engine.files.clear();
   ASSERT_NE(openShare(), nil);
   copyLink();
-  expectAlert(
-      kUnable, "",
-      {kActivated, "recieve Notification - close share folder window", "window closed", kNoIdLine});
+  expectAlert(kUnable, "",
+              {"recieve Notification - close share folder window", "window closed", kNoIdLine});
   EXPECT_TRUE(flagInAlert);
 }

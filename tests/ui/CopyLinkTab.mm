@@ -77,15 +77,14 @@ TEST_F(CopyLinkTab, BothOptionsReachTheAgent) {
 TEST_F(CopyLinkTab, ASuccessPutsTheLinkOnTheClipboardAndClosesTheWindowAfterThreeSeconds) {
   agent.answer(kFileOperation, success(@"https://x/y"));
   open();
-  NSDate *const pressed = [NSDate date];
+  const double pressed = detail::secondsNow();
   pressCopy();
   EXPECT_EQ(text(clipboardText()), "https://x/y");
   EXPECT_EQ([[[NSPasteboard generalPasteboard] types] count], 1u);
-  EXPECT_EQ(linesInLog("copy success = 1"), 1);
   EXPECT_TRUE(alertShows("The link is on the clipboard."));
   EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
-  EXPECT_GE(-[pressed timeIntervalSinceNow], 2.99);
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_GE(detail::secondsNow() - pressed, 2.99);
+  EXPECT_EQ(log.lines(), withActivations({"copy success = 1", "window closed"}));
   EXPECT_TRUE([delegate contextMenuFlag]);
 }
 
@@ -99,6 +98,7 @@ TEST_F(CopyLinkTab, ARefusalEmptiesTheClipboardAndIsShownAndLeavesTheOptions) {
   EXPECT_EQ(clipboardText(), nil);
   EXPECT_TRUE(alertShows("The link could not be copied."));
   EXPECT_FALSE(alertShows("quota"));
+  EXPECT_EQ(log.lines(), withActivations({}));
   [button([window attachedSheet], @"OK") performClick:nil];
   handlePostedEvents();
   EXPECT_EQ([window attachedSheet], nil);
@@ -112,6 +112,7 @@ TEST_F(CopyLinkTab, AnEmptyReplyIsTheCannotConnectAlert) {
   pressCopy();
   EXPECT_TRUE(alertShows("Brisvale cannot be reached."));
   EXPECT_EQ(clipboardText(), nil);
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 TEST_F(CopyLinkTab, NoReplyAtAllIsTheCannotConnectAlertAndALaterTrySucceeds) {
@@ -151,7 +152,7 @@ TEST_F(CopyLinkTab, AFolderOnDiskIsAFolderWhateverTheOpenerSaid) {
   open({.item = folder, .isFolder = NO, .isFileId = NO});
   pressCopy();
   EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFolder:::::");
-  EXPECT_EQ(linesInLog("is folder"), 1);
+  EXPECT_EQ(log.lines(), withActivations({"is folder"}));
   EXPECT_TRUE(([lastArguments() isEqual:@[ folder, @0, @0, @"-1", @0 ]])) << text(lastArguments());
 }
 
@@ -161,7 +162,7 @@ TEST_F(CopyLinkTab, AFileOnDiskIsAFileWhateverTheOpenerSaid) {
   open({.item = file, .isFolder = YES, .isFileId = NO});
   pressCopy();
   EXPECT_EQ(text([agent.operations() lastObject]), "getLinkForFile:::::");
-  EXPECT_EQ(linesInLog("is folder"), 0);
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 TEST_F(CopyLinkTab, AMissingItemIsAskedForAsAFile) {

@@ -13,9 +13,19 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 constexpr NSTimeInterval kOneDay = 86400;
+
+/// A launch looks for an agent twice, each time until this much time has passed, and after a try
+/// that failed it pauses before it looks at the time.
+constexpr double kAttemptSeconds = 15.0;
+constexpr double kPauseSeconds = 0.1;
+
+/// How late a busy machine may end the last pause of each. A third attempt would take 15 s more,
+/// attempts of 18 s would take 6 s more.
+constexpr double kLatenessSeconds = 5.0;
+
+const Lines kLinesOfAGoodLaunch = {"Context Menu Application Launched for first time",
+                                   "Context Menu Plugin Connection successfully created."};
 
 NSDictionary *script() {
   NSArray *const book = @[ @{@"name" : @"Doe, John", @"primaryemail" : @"a@b"} ];
@@ -85,7 +95,9 @@ TEST_F(Delegate, LaunchLoadsTheAddressBooksAndTheHomeFolderInfoAndSetsTheFlag) {
   AgentProcess agent;
   agent.setScript(script());
   EXPECT_FALSE([delegate contextMenuFlag]);
+  const CapturedLog log;
   launch();
+  EXPECT_EQ(log.lines(), kLinesOfAGoodLaunch);
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_EQ(text([[delegate addressBookForShare] objectAtIndex:0]), "John Doe<a@b>");
   EXPECT_EQ(text([[delegate employeeContacts] objectAtIndex:0]), "a@b");
@@ -93,15 +105,18 @@ TEST_F(Delegate, LaunchLoadsTheAddressBooksAndTheHomeFolderInfoAndSetsTheFlag) {
   EXPECT_EQ([delegate addressBookForSend], nil);
 }
 
-TEST_F(Delegate, WithoutAnAgentLaunchCompletesWithEmptyListsAndAnEmptyDictionary) {
+TEST_F(Delegate, WithoutAnAgentLaunchTakesTwoAttemptsAndEndsWithEmptyListsAndAnEmptyDictionary) {
   const CapturedLog log;
+  const double start = detail::secondsNow();
   launch();
+  const double seconds = detail::secondsNow() - start;
+  EXPECT_GE(seconds, 2 * kAttemptSeconds);
+  EXPECT_LT(seconds, 2 * (kAttemptSeconds + kPauseSeconds) + kLatenessSeconds);
   EXPECT_TRUE([[delegate homeFolderInfo] isEqual:@{}]);
   EXPECT_EQ([[delegate homeFolderInfo] objectForKey:@"homefolder"], nil);
   EXPECT_EQ([[delegate addressBookForShare] count], 0u);
   EXPECT_TRUE([delegate contextMenuFlag]);
-  EXPECT_EQ(log.lines(), (Lines{"Context Menu Application Launched for first time",
-                                "Context Menu Plugin Connection successfully created."}));
+  EXPECT_EQ(log.lines(), kLinesOfAGoodLaunch);
   EXPECT_EQ([NSApp modalWindow], nil);
 }
 

@@ -6,6 +6,8 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Events.h"
+#include "tests/support/HeldReply.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 
@@ -43,12 +45,8 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 NSString *const kFileOperation = @"getLinkForFile:::::";
 
-constexpr const char *kNoReplyLine =
-    "Getting null data from rest API(machine offline or server down)";
 constexpr const char *kRefusedLine = "Unable to copy link at this time";
 
 struct DirectCopy : testing::Test {
@@ -76,7 +74,7 @@ struct DirectCopy : testing::Test {
   }
 
   void expectRefusedAlert() {
-    EXPECT_EQ(log.lines().back(), kRefusedLine);
+    EXPECT_EQ(log.lines(), Lines{kRefusedLine});
     ASSERT_EQ(user.alerts().size(), 1u);
     EXPECT_TRUE(user.alerts()[0].shows(kRefusedLine));
     expectEndAfterAlert();
@@ -237,8 +235,13 @@ TEST_F(DirectCopy, AReplyThatIsNoDictionaryIsNoReply) {
 
 TEST_F(DirectCopy, AnAgentKilledDuringTheCallIsNoReply) {
   AgentProcess agent;
-  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"die" : @"before"}});
+  const HeldReply hold;
+  agent.setScript(@{kFileOperation : hold.entry(@{@"reply" : success(@"never")})});
+  const RepeatingTimer kill(NSConnectionReplyMode, [&] {
+    if ([agent.calls() count] == 1) agent.process().signal(SIGKILL);
+  });
   copy();
+  EXPECT_TRUE(waitFor([&] { return agent.process().hasEnded(); }));
   expectNoReplyAlert();
 }
 

@@ -2,8 +2,11 @@
 
 #include <fstream>
 #include <iterator>
+#include <ostream>
 
 #import "tests/support/Arguments.h"
+#include "tests/support/HeldReply.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #import "tests/ui/InviteTabFixture.h"
 
@@ -15,7 +18,6 @@ using Titles = std::vector<std::string>;
 
 const std::string kBadAddress = "Check the recipients.";
 const std::string kNoConnection = "Brisvale cannot be reached.";
-const std::string kNoReply = "Getting null data from rest API(machine offline or server down)";
 
 }  // namespace
 
@@ -63,26 +65,67 @@ TEST_F(InviteTabOutcomes, TheFirstOutsiderAloneIsNamedAndTheOthersAreNotLookedUp
   EXPECT_EQ(counter->posts, 0);
 }
 
-TEST_F(InviteTabOutcomes, EveryKindOfMissingReplyForTheSecondStopsThereAndLeavesEverything) {
-  for (NSDictionary *none in @[ @{@"reply" : @{}}, @{@"nil" : @1}, @{@"raise" : @"NSOops"} ]) {
-    knowColleagues(@[ @"a@x.de", @"b@x.de", @"c@x.de" ]);
-    grants(none);
-    open();
-    [message() setString:@"kept"];
-    [access() selectItemAtIndex:0];
-    const NSUInteger before = calls(kGrant);
-    const long linesBefore = linesInLog(kNoReply);
-    invite(@"a@x.de,b@x.de,c@x.de");
-    EXPECT_EQ(calls(kGrant), before + 1) << text(none);
-    EXPECT_TRUE(alertShows(kNoConnection)) << text(none);
-    EXPECT_EQ(alertButtons(), Titles{"OK"});
-    EXPECT_EQ(linesInLog(kNoReply), linesBefore + 1);
-    EXPECT_TRUE([spinner() isHidden]);
-    EXPECT_EQ(counter->posts, 0);
-    EXPECT_EQ(text([recipients() stringValue]), "a@x.de,b@x.de,c@x.de");
-    EXPECT_EQ(text([message() string]), "kept");
-    EXPECT_EQ([access() indexOfSelectedItem], 0);
-  }
+namespace {
+
+/// A reply that is none: an entry of the agent's script.
+struct MissingReply {
+  const char *name;
+  NSDictionary *(*entry)();
+};
+
+void PrintTo(const MissingReply &reply, std::ostream *out) {
+  *out << reply.name;
+}
+
+struct InviteTabWithoutReply : InviteTabFixture, testing::WithParamInterface<MissingReply> {};
+
+}  // namespace
+
+TEST_P(InviteTabWithoutReply, ForTheSecondStopsThereAndLeavesEverything) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de", @"c@x.de" ]);
+  grants(@[ granted(), GetParam().entry(), granted() ]);
+  open();
+  [message() setString:@"kept"];
+  [access() selectItemAtIndex:0];
+  invite(@"a@x.de,b@x.de,c@x.de");
+  EXPECT_EQ(calls(kGrant), 2u);
+  EXPECT_TRUE(alertShows(kNoConnection));
+  EXPECT_EQ(alertButtons(), Titles{"OK"});
+  EXPECT_EQ(log.lines(), withActivations({kNoReplyLine}));
+  EXPECT_TRUE([spinner() isHidden]);
+  EXPECT_EQ(counter->posts, 0);
+  EXPECT_EQ(text([recipients() stringValue]), "a@x.de,b@x.de,c@x.de");
+  EXPECT_EQ(text([message() string]), "kept");
+  EXPECT_EQ([access() indexOfSelectedItem], 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Of, InviteTabWithoutReply,
+    testing::Values(MissingReply{"NoEntries", []() -> NSDictionary * { return
+                                                                           @{@"reply" : @{}}; }},
+                    MissingReply{"Nil", []() -> NSDictionary * { return
+                                                                     @{@"nil" : @1}; }},
+                    MissingReply{"AnException",
+                                 []() -> NSDictionary * { return @{@"raise" : @"NSOops"}; }}),
+    [](const auto &info) { return info.param.name; });
+
+TEST_F(InviteTabOutcomes, TheIndicatorIsShownUntilTheSecondReplyIsEmptyAndThenHidden) {
+  knowColleagues(@[ @"a@x.de", @"b@x.de", @"c@x.de" ]);
+  const HeldReply hold;
+  grants(@[ granted(), hold.entry(@{@"reply" : @{}}), granted() ]);
+  open();
+  bool isShown = false;
+  const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    if (calls(kGrant) < 2) return;
+    isShown = ![spinner() isHidden];
+    hold.release();
+  });
+  invite(@"a@x.de,b@x.de,c@x.de");
+  EXPECT_TRUE(isShown);
+  EXPECT_TRUE([spinner() isHidden]);
+  EXPECT_TRUE(alertShows(kNoConnection));
+  EXPECT_EQ(calls(kGrant), 2u);
+  EXPECT_EQ(text([grantArguments(1) objectAtIndex:grant_operation::kUserEmail]), "b@x.de");
 }
 
 TEST_F(InviteTabOutcomes, RefusalsLeaveWhatWasEnteredAndTheAgentsReasonIsNotShown) {
@@ -120,11 +163,11 @@ TEST_F(InviteTabOutcomes, ARefusalIsToldOnceAndAfterItsAlert) {
 
 TEST_F(InviteTabOutcomes, KeysPressedBeforeTheAlertShowsDoNotDismissItUnread) {
   knowColleagues(@[ @"a@x.de" ]);
-  NSMutableDictionary *const slowly = [NSMutableDictionary dictionaryWithDictionary:refused()];
-  [slowly setObject:@0.2 forKey:@"delay"];
-  grants(slowly);
+  const HeldReply hold;
+  grants(hold.entry(refused()));
   open();
-  const TypeAheadUser user(window, @"\r", [&] { return calls(kGrant) == 1; });
+  const TypeAheadUser user(
+      window, @"\r", [&] { return calls(kGrant) == 1; }, [&] { hold.release(); });
   invite(@"a@x.de");
   EXPECT_TRUE(user.hasTyped());
   EXPECT_TRUE(alertShows("The folder can only be shared with colleagues."));
@@ -136,10 +179,10 @@ TEST_F(InviteTabOutcomes, AKeyPressedWhileTheListIsLoadedBehindTheAlertDismisses
   grants(refused());
   open();
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
-  answer(
-      @"getAccess::",
-      @{@"delay" : @0.3});
-  const TypeAheadUser user(window, @"\r", [&] { return calls(@"getAccess::") == 2; });
+  const HeldReply hold;
+  answer(@"getAccess::", hold.entry(@{}));
+  const TypeAheadUser user(
+      window, @"\r", [&] { return calls(@"getAccess::") == 2; }, [&] { hold.release(); });
   invite(@"a@x.de");
   EXPECT_TRUE(user.hasTyped());
   EXPECT_EQ([window attachedSheet], nil);
@@ -157,16 +200,17 @@ TEST_F(InviteTabOutcomes, AnInvitationAfterAnOpeningIsThreeLoadsOfTheList) {
 TEST_F(InviteTabOutcomes, AWindowThatWasClosedAndOpenedAgainLoadsTwiceForAnInvitation) {
   knowColleagues(@[ @"a@x.de" ]);
   grants(granted());
-  countEndsOf([PermissionTabController class]);
+  std::function<bool()> formerHasEnded;
   @autoreleasepool {
     open();
+    formerHasEnded = endOf([controller givePermissionTab]);
     [window close];
   }
   @autoreleasepool {
     // Until then the application retains what it has hidden.
     [NSApp unhideWithoutActivation];
   }
-  ASSERT_TRUE(handleEventsUntil([] { return ended([PermissionTabController class]) == 1; }));
+  ASSERT_TRUE(handleEventsUntil(formerHasEnded));
   open();
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
   invite(@"a@x.de");

@@ -5,14 +5,8 @@
 #include "tests/support/engine/ScriptedEngine.h"
 #include "tests/ui/WindowFixtures.h"
 
-using Lines = std::vector<std::string>;
-
 extern const char *const kOutsideLine;
 extern const char *const kNoIdLine;
-
-/// Logged when an action opens a window: on this platform an application becomes active when one of
-/// its windows gets the keyboard.
-inline constexpr const char *kActivated = "Context Menu Application Did Become Active";
 
 /// The context menu's actions, with a real synced folder elsewhere than the user's, a file manager
 /// in another process, a sync engine library that records its calls, and a user who dismisses the
@@ -46,10 +40,12 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   void knowFolder(NSString *path, const char *itemId) const;
 
   /// Expects that one alert was shown, with this message and informative text ("" for none) and no
-  /// other text, with these log lines, and that the application is hidden and has opened no window.
+  /// other text, with these log lines and the activations', and that the application is hidden and
+  /// has opened no window.
   void expectAlert(const std::string &message, const std::string &informative, const Lines &lines);
 
-  /// Expects that only this was logged, and the application is hidden without an alert or window.
+  /// Expects that only this and activations were logged, and the application is hidden without an
+  /// alert or window.
   void expectSilence(const Lines &lines) const;
 
   /// The one window that can be seen, and its controller.

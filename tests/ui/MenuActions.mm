@@ -78,7 +78,7 @@ void MenuActionsWithoutAgent::knowFolder(NSString *path, const char *itemId) con
 
 void MenuActionsWithoutAgent::expectAlert(const std::string &message,
                                           const std::string &informative, const Lines &lines) {
-  EXPECT_EQ(log.lines(), lines);
+  EXPECT_EQ(log.lines(), withActivations(lines));
   ASSERT_EQ(user.alerts().size(), 1u);
   Lines shown = user.alerts()[0].texts;
   std::erase(shown, "");
@@ -88,7 +88,7 @@ void MenuActionsWithoutAgent::expectAlert(const std::string &message,
 }
 
 void MenuActionsWithoutAgent::expectSilence(const Lines &lines) const {
-  EXPECT_EQ(log.lines(), lines);
+  EXPECT_EQ(log.lines(), withActivations(lines));
   EXPECT_TRUE(user.alerts().empty());
   EXPECT_TRUE([NSApp isHidden]);
   EXPECT_TRUE(visibleWindows().empty());

@@ -4,6 +4,7 @@
 
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Events.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
 #import "windows/share/BrisvaleTabController.h"
@@ -90,16 +91,16 @@ struct PermissionsWindow : testing::Test {
 /// The same and an agent.
 struct PermissionsTab : PermissionsWindow {
   AgentProcess agent;
-  /// While it exists, the agent hangs in the call that is scripted with held.
-  const std::string hold = newTemporaryFolder() + "/hold";
+  /// What the agent waits for in the call that is scripted with held.
+  const HeldReply hold;
 
   ~PermissionsTab() override;
 
   /// The agent's only replies: those to requests for the access list.
   void answerList(NSArray *entries) const { agent.answer(@"getAccess::", success(entries)); }
   /// A reply to the request for the access list that is sent after resumeAgent.
-  NSDictionary *held(NSArray *entries) const;
-  void resumeAgent() const;
+  NSDictionary *held(NSArray *entries) const { return hold.entry(@{@"reply" : success(entries)}); }
+  void resumeAgent() const { hold.release(); }
   /// The agent's reply to the operation, in addition to the list.
   void answer(NSArray *entries, NSString *operation, NSDictionary *entry) const;
 

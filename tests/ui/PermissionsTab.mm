@@ -2,8 +2,6 @@
 
 #import <objc/runtime.h>
 
-#include <filesystem>
-#include <fstream>
 #include <mutex>
 #include <set>
 
@@ -119,15 +117,6 @@ void PermissionsWindow::finish() {
   [pool_ drain];
   pool_ = nil;
   close();
-}
-
-NSDictionary *PermissionsTab::held(NSArray *entries) const {
-  std::ofstream(hold) << "";
-  return @{@"hold" : [NSString stringWithUTF8String:hold.c_str()], @"reply" : success(entries)};
-}
-
-void PermissionsTab::resumeAgent() const {
-  std::filesystem::remove(hold);
 }
 
 void PermissionsTab::answer(NSArray *entries, NSString *operation, NSDictionary *reply) const {

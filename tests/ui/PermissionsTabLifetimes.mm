@@ -102,13 +102,7 @@ TEST_F(PermissionsTabLifetimes, AWindowClosedWhileItsListIsFetchedLeavesNothingB
 }
 
 TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOwn) {
-  agent.setScript(@{
-    @"getAccess::" : @[
-      @{@"delay" : @0.3,
-        @"reply" : success(people(7))},
-      @{@"reply" : success(people(2))}
-    ]
-  });
+  agent.setScript(@{@"getAccess::" : @[ held(people(7)), @{@"reply" : success(people(2))} ]});
   const int controllers = endedControllers;
   openWindow();
   event([&] {
@@ -119,6 +113,7 @@ TEST_F(PermissionsTabLifetimes, AnotherWindowOpenedWhileAListIsFetchedShowsItsOw
   openWindow();
   event([&] {
     [tab setFilePath:@"folder-2"];
+    resumeAgent();
     EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   });
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));

@@ -1,3 +1,5 @@
+#include "tests/support/CapturedLog.h"
+#include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
@@ -54,24 +56,26 @@ TEST_F(PermissionsTabList, OpeningTheWindowRunsExactlyOneLoad) {
 }
 
 TEST_F(PermissionsTabList, TheFirstThingToBeSeenIsThatTheListIsBeingFetched) {
-  agent.setScript(@{@"getAccess::" : @{@"delay" : @0.5, @"reply" : success(people(1))}});
+  agent.setScript(@{@"getAccess::" : held(people(1))});
   openWindow();
   EXPECT_TRUE(showsStatus(localizedText(@"fetchingEmployeeListKey")));
   [tab setFilePath:@"folder-1"];
   EXPECT_TRUE(handleEventsUntil([&] { return ![spinner() isHidden]; }));
   EXPECT_TRUE(showsStatus(localizedText(@"fetchingEmployeeListKey")));
+  resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
 }
 
 TEST_F(PermissionsTabList, TheApplicationGoesOnWhileTheListIsBeingFetched) {
-  agent.setScript(@{@"getAccess::" : @{@"delay" : @1, @"reply" : success(people(1))}});
+  agent.setScript(@{@"getAccess::" : held(people(1))});
   open();
   int turns = 0;
   EXPECT_TRUE(handleEventsUntil([&] {
     turns += [spinner() isHidden] ? 0 : 1;
-    return showsList();
+    return turns > 10;
   }));
-  EXPECT_GT(turns, 10);
+  resumeAgent();
+  EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
 }
 
 TEST_F(PermissionsTabList, OnlyOwnersAndGranteesOfOtherTypesMakeAnEmptyList) {
@@ -171,6 +175,24 @@ TEST_F(PermissionsTabList, AnInvitationLoadsTheListAnewAndAtOnce) {
   EXPECT_EQ([[tab personList] count], 4u);
   EXPECT_TRUE(showsList());
   EXPECT_TRUE([spinner() isHidden]);
+}
+
+TEST_F(PermissionsTabList, ALoadIsNotLoggedWhetherItSucceedsIsRefusedOrGetsNoReply) {
+  agent.setScript(@{
+    @"getAccess::" : @[
+      @{@"reply" : success(people(2))}, @{@"reply" : refusal(1, @"why")},
+      @{@"reply" : @{}},
+      @{@"nil" : @1}
+    ]
+  });
+  openWindow();
+  const CapturedLog log;
+  const ActivationsInLog activations(log);
+  [tab setFilePath:@"folder-1"];
+  ASSERT_TRUE(waitUntilLoaded());
+  for (int i = 0; i < 3; ++i) [tab listenNotification:nil];
+  EXPECT_EQ(calls(@"getAccess::"), 4u);
+  EXPECT_EQ(log.lines(), activations.with({}));
 }
 
 TEST_F(PermissionsTabList, BothNoticesOfAnInvitationAreALoadEach) {

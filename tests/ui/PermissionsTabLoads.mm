@@ -1,11 +1,15 @@
+#import "tests/faults/EndedThreads.h"
 #import "tests/support/Arguments.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
 namespace {
 
-NSDictionary *later(double seconds, NSArray *entries) {
-  return @{@"delay" : [NSNumber numberWithDouble:seconds], @"reply" : success(entries)};
+NSString *const kGrant = @"grantAccess:::::::::";
+
+NSDictionary *atOnce(NSArray *entries) {
+  return @{@"reply" : success(entries)};
 }
 
 struct PermissionsTabLoads : PermissionsTab {
@@ -21,7 +25,7 @@ struct PermissionsTabLoads : PermissionsTab {
 }  // namespace
 
 TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
-  agent.setScript(@{@"getAccess::" : @[ held(people(7)), later(0, people(2)) ]});
+  agent.setScript(@{@"getAccess::" : @[ held(people(7)), atOnce(people(2)) ]});
   open(@"older");
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
@@ -33,29 +37,31 @@ TEST_F(PermissionsTabLoads, OfTwoFoldersTheNewerOnesListStays) {
 }
 
 TEST_F(PermissionsTabLoads, TheOlderOfTwoLoadsDoesNotHideThatTheNewerIsBusy) {
-  agent.setScript(@{@"getAccess::" : @[ held(people(7)), later(0.4, people(2)) ]});
+  const HeldReply holdOfNewer;
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  agent.setScript(@{
+    @"getAccess::" : @[ held(people(7)), holdOfNewer.entry(@{@"reply" : success(people(2))}) ]
+  });
   open(@"older");
   ASSERT_TRUE(waitUntilBegun(1));
   [tab setFilePath:@"newer"];
   ASSERT_TRUE(waitUntilBegun(2));
   resumeAgent();
-  bool seemedIdle = false;
-  ASSERT_TRUE(handleEventsUntil([&] {
-    if (showsList()) return true;
-    seemedIdle = seemedIdle || [spinner() isHidden];
-    return false;
-  }));
-  EXPECT_FALSE(seemedIdle);
+  ASSERT_TRUE(handleEventsUntil([&] { return threads->count == 1; }));
+  EXPECT_FALSE(showsList());
+  EXPECT_FALSE([spinner() isHidden]);
+  holdOfNewer.release();
+  ASSERT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE([spinner() isHidden]);
 }
 
 TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
-  agent.setScript(@{@"getAccess::" : @[ held(people(1)), later(0, people(2)) ]});
+  agent.setScript(@{@"getAccess::" : @[ held(people(1)), atOnce(people(2)) ]});
   open();
   ASSERT_TRUE(waitUntilBegun(1));
   // The invitation's loads wait for the agent on this thread.
-  ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
+  const RepeatingTimer release(NSConnectionReplyMode, [&] { resumeAgent(); });
   for (int i = 0; i < 2; ++i) {
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
@@ -69,16 +75,24 @@ TEST_F(PermissionsTabLoads, AnInvitationWhileTheFirstLoadRunsShowsTheInvited) {
 }
 
 TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
+  const HeldReply holdOfGrant;
   agent.setScript(@{
-    @"getAccess::" : @[ later(0, people(3)), held(people(5)) ],
-    @"grantAccess:::::::::" : @{@"reply" : success(@1), @"delay" : @0.3}
+    @"getAccess::" : @[ atOnce(people(3)), held(people(5)) ],
+    kGrant : holdOfGrant.entry(
+        @{@"reply" : success(@1),
+          @"serves" : @true})
   });
   openLoaded();
   SharedWith *const first = person(1);
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  // No step of the load runs inside the action, which takes longer than the load.
-  ChildProcess release({"/bin/sh", "-c", "sleep 0.3; rm \"$1\"", "sh", hold});
+  // No step of the load runs inside the action, which takes longer than the load. Nothing must
+  // happen, so there is no condition to wait for.
+  int looks = 0;
+  const RepeatingTimer release(NSConnectionReplyMode, [&] {
+    resumeAgent();
+    if (calls(kGrant) == 1 && ++looks > 20) holdOfGrant.release();
+  });
   choose(1, @"accessPermissionReadWriteKey");
   EXPECT_EQ(person(1), first);
   EXPECT_EQ([first accessPermission], 1);
@@ -86,10 +100,12 @@ TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
 }
 
 TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
-  agent.setScript(@{@"getAccess::" : @[ later(0, people(3)), later(0, people(5)) ]});
+  agent.setScript(@{@"getAccess::" : @[ atOnce(people(3)), held(people(5)) ]});
   openLoaded();
   [tab setFilePath:@"folder-2"];
-  ASSERT_TRUE(waitFor([&] { return calls(@"getAccess::") <= 2 && [NSThread isMultiThreaded]; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
+  resumeAgent();
+  // Nothing must happen, so there is no condition to wait for.
   NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:0.3];
   while ([soon timeIntervalSinceNow] > 0) {
     [[NSRunLoop currentRunLoop] runMode:NSEventTrackingRunLoopMode beforeDate:soon];
@@ -102,7 +118,7 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
   NSDictionary *const anna = reader(@"anna", @"a", @"anna@x.org");
   NSDictionary *const bert = reader(@"bert", @"b", @"bert@x.org");
   agent.setScript(@{
-    @"getAccess::" : @[ later(0, @[ anna, bert ]), later(0, @[ bert, anna ]) ],
+    @"getAccess::" : @[ atOnce(@[ anna, bert ]), atOnce(@[ bert, anna ]) ],
     @"revokeAccess:::" : @{@"reply" : success(@1)}
   });
   openLoaded();
@@ -116,7 +132,7 @@ TEST_F(PermissionsTabLoads, AQuestionIsAboutThePersonAndNotAboutTheRow) {
 
 TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork) {
   NSString *const book = @"getEmployeeAddressBook";
-  agent.setScript(@{book : held(@[]), @"getAccess::" : later(0, people(3))});
+  agent.setScript(@{book : held(@[]), @"getAccess::" : atOnce(people(3))});
   [loadedDelegate() updateAddressBook:nil];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(book) == 1; }));
   open();

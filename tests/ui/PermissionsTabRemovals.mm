@@ -2,12 +2,11 @@
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
 #include "tests/support/TypeAheadUser.h"
+#include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
 namespace {
-
-using Lines = std::vector<std::string>;
 
 NSString *const kRevoke = @"revokeAccess:::";
 NSString *const kNobody = @"notSharingTextMessageKey";
@@ -50,10 +49,14 @@ TEST_F(PermissionsTabRemovals, YesTakesTheAccessOfThePersonInTheRowAway) {
   EXPECT_TRUE(showsList());
 }
 
-TEST_F(PermissionsTabRemovals, ARemovalIsShownAsASuccess) {
-  openAndAnswerYes(
+TEST_F(PermissionsTabRemovals, ARemovalIsShownAsASuccessAndNotLogged) {
+  openWith(
       3,
-      @{@"reply" : success(@1)}, 1);
+      @{@"reply" : success(@1)});
+  const CapturedLog log;
+  const ActivationsInLog activations(log);
+  press(askToRemove(1), kYes);
+  EXPECT_EQ(log.lines(), activations.with({}));
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() == [tab modalWindow]; }));
   EXPECT_EQ(text([[tab modalWindowText] stringValue]), text(localizedText(kSuccess)));
   EXPECT_TRUE([spinner() isHidden]);
@@ -65,8 +68,9 @@ TEST_F(PermissionsTabRemovals, TheSecondButtonOnlyLogs) {
       @{@"reply" : success(@1)});
   NSWindow *const question = askToRemove(1);
   const CapturedLog log;
+  const ActivationsInLog activations(log);
   press(question, kNo);
-  EXPECT_EQ(log.lines(), Lines{"result: Cancel"});
+  EXPECT_EQ(log.lines(), activations.with({"result: Cancel"}));
   EXPECT_EQ([[tab personList] count], 3u);
   EXPECT_EQ(calls(kRevoke), 0u);
 }
@@ -77,9 +81,10 @@ TEST_F(PermissionsTabRemovals, EscapeIsTheSecondButton) {
       @{@"reply" : success(@1)});
   NSWindow *const question = askToRemove(1);
   const CapturedLog log;
+  const ActivationsInLog activations(log);
   postKeys(question, @"\033");
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
-  EXPECT_EQ(log.lines(), Lines{"result: Cancel"});
+  EXPECT_EQ(log.lines(), activations.with({"result: Cancel"}));
   EXPECT_EQ(calls(kRevoke), 0u);
 }
 
@@ -88,12 +93,13 @@ TEST_F(PermissionsTabRemovals, OtherReturnCodesDoNothing) {
       1,
       @{@"reply" : success(@1)});
   const CapturedLog log;
+  const ActivationsInLog activations(log);
   [tab handleResult:nil withResult:-1 withSender:nullptr];
-  EXPECT_EQ(log.lines(), Lines{"result: Default Case"});
+  EXPECT_EQ(log.lines(), activations.with({"result: Default Case"}));
   for (const int code : {0, 1, 999, 1002, -1000}) {
     [tab handleResult:nil withResult:code withSender:nullptr];
   }
-  EXPECT_EQ(log.lines(), Lines{"result: Default Case"});
+  EXPECT_EQ(log.lines(), activations.with({"result: Default Case"}));
   EXPECT_EQ(calls(kRevoke), 0u);
 }
 
@@ -130,8 +136,12 @@ TEST_F(PermissionsTabRemovals, ARemovalWithoutAQuestionEndsWithTheFixedText) {
 }
 
 TEST_F(PermissionsTabRemovals, ARefusalIsTheAgentsReasonAndTheRowStays) {
-  openAndAnswerYes(2, @{@"reply" : refusal(9, @"locked")}, 0);
+  openWith(2, @{@"reply" : refusal(9, @"locked")});
+  const CapturedLog log;
+  const ActivationsInLog activations(log);
+  press(askToRemove(0), kYes);
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  EXPECT_EQ(log.lines(), activations.with({}));
   EXPECT_TRUE(sheetShows(@"The access could not be changed: locked"));
   EXPECT_EQ([[tab personList] count], 2u);
   EXPECT_TRUE(showsList());
@@ -139,12 +149,10 @@ TEST_F(PermissionsTabRemovals, ARefusalIsTheAgentsReasonAndTheRowStays) {
 }
 
 TEST_F(PermissionsTabRemovals, KeysPressedWhileARefusedRemovalRunsDoNotDismissItsAlertUnread) {
-  openWith(
-      2,
-      @{@"delay" : @0.2,
-        @"reply" : refusal(9, @"locked")});
+  openWith(2, hold.entry(@{@"reply" : refusal(9, @"locked")}));
   NSWindow *const question = askToRemove(0);
-  const TypeAheadUser user([window window], @"\r");
+  const TypeAheadUser user(
+      [window window], @"\r", [&] { return calls(kRevoke) == 1; }, [&] { resumeAgent(); });
   press(question, kYes);
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
   handlePostedEvents();
@@ -169,14 +177,12 @@ TEST_F(PermissionsTabRemovals, WithoutAnAnswerTheRowStaysAndTheUserIsTold) {
     openWith(2, reply);
     NSWindow *const question = askToRemove(0);
     const CapturedLog log;
+    const ActivationsInLog activations(log);
     press(question, kYes);
     EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
     EXPECT_TRUE(sheetShows(localizedText(@"cannotConnectToBrisvaleMessageTextKey")));
     EXPECT_TRUE(sheetShows(localizedText(@"cannotConnectToBrisvaleInformativeTextKey")));
-    const auto lines = log.lines();
-    EXPECT_EQ(std::count(lines.begin(), lines.end(),
-                         "Getting null data from rest API(machine offline or server down)"),
-              1);
+    EXPECT_EQ(log.lines(), activations.with({kNoReplyLine}));
     EXPECT_EQ([[tab personList] count], 2u);
     close();
   }

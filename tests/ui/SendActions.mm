@@ -54,7 +54,7 @@ TEST_F(SendFileAction, OpensTheSendWindowForTheFile) {
   EXPECT_EQ(text(labelOf(controller)), "Send File");
   EXPECT_EQ(text(subjectOf(controller)), "A file for you");
   expectItem(controller, "id-file", false);
-  EXPECT_EQ(log.lines(), Lines{kActivated});
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 TEST_F(SendFileAction, TheApplicationIsVisibleAndTheFlagCleared) {
@@ -73,7 +73,7 @@ TEST_F(SendFileAction, AsksTheAgentForNothing) {
 TEST_F(SendFileAction, ClosingTheWindowSetsTheFlagAndHidesTheApplication) {
   sendFile();
   [onlyWindow() performClose:nil];
-  EXPECT_EQ(log.lines(), (Lines{kActivated, "window closed"}));
+  EXPECT_EQ(log.lines(), withActivations({"window closed"}));
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);
 }
@@ -145,9 +145,20 @@ TEST_F(SendFileAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   engine.files.clear();
   ASSERT_NE(openSend(1), nil);
   sendFile();
-  expectAlert(
-      kMessage, kNotYet,
-      {kActivated, "recieve Notification close send/copy window.", "window closed", kNoIdLine});
+  expectAlert(kMessage, kNotYet,
+              {"recieve Notification close send/copy window.", "window closed", kNoIdLine});
+}
+
+TEST_F(SendFileAction, ThePathReachesTheLibraryByteForByte) {
+  for (const std::string name : {"Caf\xC3\xA9.txt", "Cafe\xCC\x81.txt", "\xED\x95\x9C",
+                                 "\xE1\x84\x92\xE1\x85\xA1\xE1\x86\xAB", " 100%25\t"}) {
+    select(makeFile([NSString stringWithUTF8String:name.c_str()]));
+    engine.calls.clear();
+    sendFile();
+    EXPECT_EQ(engine.calls,
+              (Lines{"BvInitialize", "BvGetFileIdByName " + text(syncedFolder) + "/" + name,
+                     "BvUninitialize"}));
+  }
 }
 
 TEST_F(SendFileAction, ANameInAnyScriptIsTheTitle) {
@@ -170,7 +181,7 @@ TEST_F(SendFolderAction, OpensTheSendWindowForTheFolder) {
   EXPECT_EQ(text(labelOf(controller)), "Send Folder");
   EXPECT_EQ(text(subjectOf(controller)), "A folder for you");
   expectItem(controller, "id-folder", true);
-  EXPECT_EQ(log.lines(), (Lines{kActivated, kFolderEnd}));
+  EXPECT_EQ(log.lines(), withActivations({kFolderEnd}));
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
   EXPECT_EQ([agent.operations() count], 0u);
@@ -189,6 +200,18 @@ TEST_F(SendFolderAction, LooksTheFolderUpWithoutItsSlash) {
   sendFolder();
   EXPECT_EQ(engine.calls,
             (Lines{"BvInitialize", "BvGetFolderIdByName " + text(folder), "BvUninitialize"}));
+}
+
+TEST_F(SendFolderAction, ThePathReachesTheLibraryByteForByteWithoutItsSlash) {
+  for (const std::string name : {"Caf\xC3\xA9", "Cafe\xCC\x81", "\xED\x95\x9C",
+                                 "\xE1\x84\x92\xE1\x85\xA1\xE1\x86\xAB", " 100%25\t"}) {
+    select(makeFolder([NSString stringWithUTF8String:name.c_str()]));
+    engine.calls.clear();
+    sendFolder();
+    EXPECT_EQ(engine.calls,
+              (Lines{"BvInitialize", "BvGetFolderIdByName " + text(syncedFolder) + "/" + name,
+                     "BvUninitialize"}));
+  }
 }
 
 TEST_F(SendFolderAction, ASelectedFileLosesItsLastCharacterAndIsLookedUpAsAFolder) {
@@ -256,6 +279,6 @@ TEST_F(SendFolderAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   select(nil);
   ASSERT_NE(openShare(), nil);
   sendFolder();
-  expectSilence({kActivated, "recieve Notification - close share folder window", "window closed",
-                 kOutsideLine, kFolderEnd});
+  expectSilence({"recieve Notification - close share folder window", "window closed", kOutsideLine,
+                 kFolderEnd});
 }

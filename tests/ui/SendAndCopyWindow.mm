@@ -1,41 +1,12 @@
+#include <ostream>
+
+#import "tests/ui/HidingObserver.h"
 #import "tests/ui/WindowFixtures.h"
-
-/// Records the delegate's flag when the application is about to hide.
-@interface HidingObserver : NSObject {
- @public
-  bool hides;
-  BOOL flag;
-}
-@end
-
-@implementation HidingObserver
-
-- (id)init {
-  if ((self = [super init])) {
-    [[NSNotificationCenter defaultCenter] addObserver:self
-                                             selector:@selector(willHide:)
-                                                 name:NSApplicationWillHideNotification
-                                               object:nil];
-  }
-  return self;
-}
-
-- (void)dealloc {
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
-  [super dealloc];
-}
-
-- (void)willHide:(NSNotification *)notification {
-  (void)notification;
-  hides = true;
-  flag = [loadedDelegate() contextMenuFlag];
-}
-
-@end
 
 namespace {
 
 const std::string kClosedByOpener = "recieve Notification close send/copy window.";
+const std::string kClosed = "window closed";
 
 struct SendAndCopyWindow : Windows {};
 
@@ -98,13 +69,12 @@ TEST_F(SendAndCopyWindow, OpeningItTwiceLeavesExactlyOneWindow) {
     EXPECT_EQ(visibleWindows().size(), 1u);
   }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
-  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+  EXPECT_EQ(log.lines(), withActivations({kClosedByOpener, kClosed}));
 }
 
 TEST_F(SendAndCopyWindow, DoesNotCloseItselfWhenItIsOpened) {
   openSend();
-  EXPECT_EQ(linesInLog(kClosedByOpener), 0);
-  EXPECT_EQ(linesInLog("window closed"), 0);
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 namespace {
@@ -113,7 +83,12 @@ namespace {
 struct Closing {
   const char *name;
   void (*close)(SendAndCopyTabController *);
+  Lines lines = {kClosed};
 };
+
+void PrintTo(const Closing &closing, std::ostream *out) {
+  *out << closing.name;
+}
 
 void byTheCloseButton(SendAndCopyTabController *controller) {
   [[controller window] performClose:nil];
@@ -141,40 +116,40 @@ struct SendAndCopyWindowClosed : Windows, testing::WithParamInterface<Closing> {
 }  // namespace
 
 TEST_P(SendAndCopyWindowClosed, LogsOnceEnablesTheMenuHidesAndEndsTheController) {
+  std::function<bool()> sendTabHasEnded;
+  std::function<bool()> copyTabHasEnded;
   @autoreleasepool {
     SendAndCopyTabController *const controller = openSend();
     ASSERT_NE(controller, nil);
     EXPECT_FALSE([delegate contextMenuFlag]);
     countEndsOf([SendAndCopyTabController class]);
-    countEndsOf([SendFileController class]);
-    countEndsOf([CopyLinkController class]);
+    sendTabHasEnded = endOf([controller sendFile]);
+    copyTabHasEnded = endOf([controller sendCopyFile]);
     GetParam().close(controller);
     EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
     handlePostedEvents();
   }
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_EQ(log.lines(), withActivations(GetParam().lines));
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
-  EXPECT_EQ(ended([SendFileController class]), 1);
-  EXPECT_EQ(ended([CopyLinkController class]), 1);
+  EXPECT_TRUE(sendTabHasEnded());
+  EXPECT_TRUE(copyTabHasEnded());
 }
 
-INSTANTIATE_TEST_SUITE_P(ByAnyPath, SendAndCopyWindowClosed,
-                         testing::Values(Closing{"CloseButton", byTheCloseButton},
-                                         Closing{"Close", byClose},
-                                         Closing{"Notification", byTheNotification},
-                                         Closing{"CancelOnSendTab", byCancelOnTheSendTab},
-                                         Closing{"CancelOnCopyTab", byCancelOnTheCopyTab},
-                                         Closing{"Escape", byEscape}),
-                         [](const auto &info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    ByAnyPath, SendAndCopyWindowClosed,
+    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
+                    Closing{"Notification", byTheNotification, {kClosedByOpener, kClosed}},
+                    Closing{"CancelOnSendTab", byCancelOnTheSendTab},
+                    Closing{"CancelOnCopyTab", byCancelOnTheCopyTab}, Closing{"Escape", byEscape}),
+    [](const auto &info) { return info.param.name; });
 
 TEST_F(SendAndCopyWindow, IsNoObserverAnyMoreWhenItHasGone) {
   openSend();
   byTheNotification(nil);
   byTheNotification(nil);
-  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_EQ(log.lines(), withActivations({kClosedByOpener, kClosed}));
 }
 
 TEST_F(SendAndCopyWindow, CopiesTheFilePathThatItIsGiven) {
@@ -215,6 +190,6 @@ TEST_F(SendAndCopyWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
   SendAndCopyTabController *const controller = openSend();
   HidingObserver *const observer = [[[HidingObserver alloc] init] autorelease];
   [controller close];
-  EXPECT_TRUE(observer->hides);
+  EXPECT_EQ(observer->hidings, 1);
   EXPECT_TRUE(observer->flag);
 }

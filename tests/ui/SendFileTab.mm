@@ -117,6 +117,7 @@ TEST_F(SendFileTab, TheFirstBadAddressIsNamedAndNothingIsSent) {
   EXPECT_TRUE(alertShows(
       "\u201cbad\u201d is not a valid e-mail address. Correct or remove it, then try again."));
   EXPECT_FALSE(wasSent());
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 TEST_F(SendFileTab, AnAlertLeavesEverythingThatWasEntered) {
@@ -128,7 +129,7 @@ TEST_F(SendFileTab, AnAlertLeavesEverythingThatWasEntered) {
   pressSend();
   EXPECT_TRUE(alertShows("The file could not be sent."));
   EXPECT_FALSE(alertShows("quota"));
-  EXPECT_EQ(linesInLog("Error sending:quota"), 1);
+  EXPECT_EQ(log.lines(), withActivations({"Error sending:quota"}));
   [button([window attachedSheet], @"OK") performClick:nil];
   handlePostedEvents();
   EXPECT_TRUE([window isVisible]);
@@ -141,11 +142,12 @@ TEST_F(SendFileTab, ASuccessShowsTheSheetOfFilesAndClosesTheWindowAfterThreeSeco
   agent.answer(kSendFile, success(@"sent"));
   open();
   enterRecipients(@"a@example.org");
-  NSDate *const pressed = [NSDate date];
+  const double pressed = detail::secondsNow();
   pressSend();
   EXPECT_TRUE(alertShows("The link to the file has been sent."));
   EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
-  EXPECT_GE(-[pressed timeIntervalSinceNow], 2.99);
+  EXPECT_GE(detail::secondsNow() - pressed, 2.99);
+  EXPECT_EQ(log.lines(), withActivations({"window closed"}));
 }
 
 TEST_F(SendFileTab, AFolderIsSentByTheFolderOperationWithTheSheetOfFolders) {
@@ -155,6 +157,7 @@ TEST_F(SendFileTab, AFolderIsSentByTheFolderOperationWithTheSheetOfFolders) {
   pressSend();
   EXPECT_EQ(text([agent.operations() lastObject]), text(kSendFolder));
   EXPECT_TRUE(alertShows("The link to the folder has been sent."));
+  EXPECT_EQ(log.lines(), withActivations({}));
 }
 
 TEST_F(SendFileTab, AFoldersRefusalHasTheTextsOfFolders) {
@@ -163,6 +166,7 @@ TEST_F(SendFileTab, AFoldersRefusalHasTheTextsOfFolders) {
   enterRecipients(@"a@example.org");
   pressSend();
   EXPECT_TRUE(alertShows("The folder could not be sent."));
+  EXPECT_EQ(log.lines(), withActivations({"Error sending:no"}));
   EXPECT_TRUE(alertShows("Make sure that the folder has finished syncing, then try again. Your "
                          "message has been kept."));
 }
@@ -172,7 +176,7 @@ TEST_F(SendFileTab, NoReplyIsLoggedAndShownAndTheWindowStays) {
   enterRecipients(@"a@example.org");
   pressSend();
   EXPECT_TRUE(alertShows("Brisvale cannot be reached."));
-  EXPECT_EQ(linesInLog("Getting null data from rest API(machine offline or server down)"), 1);
+  EXPECT_EQ(log.lines(), withActivations({kNoReplyLine}));
   EXPECT_TRUE([window isVisible]);
 }
 
@@ -203,7 +207,9 @@ TEST_F(SendFileTab, AnEmptySubjectBecomesTheDefaultOfTheKindThatTheOpenerGave) {
   pressSend();
   EXPECT_EQ(text([agent.operations() lastObject]), text(kSendFolder));
   EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kSubject]), "A%20file%20for%20you");
-  EXPECT_EQ(linesInLog("is folder"), 1);
+  EXPECT_EQ(log.lines(),
+            withActivations({"Error sending:no", "recieve Notification close send/copy window.",
+                             "window closed", "is folder", "Error sending:no"}));
 }
 
 TEST_F(SendFileTab, ALongSubjectReachesTheAgentAsItsFirstEightyUnits) {

@@ -35,7 +35,7 @@ TEST_F(ShareFolderAction, OpensTheShareWindowForTheFolder) {
   EXPECT_TRUE([[controller givePermissionTab] isFileId]);
   EXPECT_EQ(text([[controller sendInviteTab] filePath]), "id-folder");
   EXPECT_TRUE([[controller sendInviteTab] isFileId]);
-  EXPECT_EQ(log.lines(), (Lines{kActivated, kEnd}));
+  EXPECT_EQ(log.lines(), withActivations({kEnd}));
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
 }
@@ -139,7 +139,7 @@ TEST_F(ShareFolderAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   ASSERT_NE(openSend(), nil);
   shareFolder();
   expectAlert(kNotAllowed, "",
-              {kActivated, "recieve Notification close send/copy window.", "window closed", kEnd});
+              {"recieve Notification close send/copy window.", "window closed", kEnd});
 }
 
 TEST_F(ShareFolderAction, ClosingTheWindowSetsTheFlagAndHidesTheApplication) {

@@ -1,8 +1,13 @@
+#include <ostream>
+
+#import "tests/ui/HidingObserver.h"
 #import "tests/ui/WindowFixtures.h"
 
 namespace {
 
 const std::string kClosedByOpener = "recieve Notification - close share folder window";
+const std::string kSendClosedByOpener = "recieve Notification close send/copy window.";
+const std::string kClosed = "window closed";
 
 struct ShareWindow : Windows {};
 
@@ -34,8 +39,7 @@ TEST_F(ShareWindow, OpeningItTwiceClosesTheOldOneAndShowsANewOne) {
     EXPECT_EQ(visibleWindows().size(), 1u);
   }
   EXPECT_EQ(ended([BrisvaleTabController class]), 1);
-  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_EQ(log.lines(), withActivations({kClosedByOpener, kClosed}));
   EXPECT_FALSE([delegate contextMenuFlag]);
   EXPECT_FALSE([NSApp isHidden]);
 }
@@ -47,8 +51,7 @@ TEST_F(ShareWindow, OpeningItClosesTheSendWindowInTheSameWay) {
     EXPECT_NE(openShare(), nil);
   }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
-  EXPECT_EQ(linesInLog("recieve Notification close send/copy window."), 1);
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_EQ(log.lines(), withActivations({kSendClosedByOpener, kClosed}));
 }
 
 TEST_F(ShareWindow, OpeningTheSendWindowClosesIt) {
@@ -58,7 +61,15 @@ TEST_F(ShareWindow, OpeningTheSendWindowClosesIt) {
     EXPECT_NE(openSend(), nil);
   }
   EXPECT_EQ(ended([BrisvaleTabController class]), 1);
-  EXPECT_EQ(linesInLog(kClosedByOpener), 1);
+  EXPECT_EQ(log.lines(), withActivations({kClosedByOpener, kClosed}));
+}
+
+TEST_F(ShareWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
+  BrisvaleTabController *const controller = openShare();
+  HidingObserver *const observer = [[[HidingObserver alloc] init] autorelease];
+  [controller close];
+  EXPECT_EQ(observer->hidings, 1);
+  EXPECT_TRUE(observer->flag);
 }
 
 TEST_F(ShareWindow, AnIndexGivenAfterLoadingHasNoVisibleEffect) {
@@ -79,7 +90,12 @@ namespace {
 struct Closing {
   const char *name;
   void (*close)(BrisvaleTabController *);
+  Lines lines = {kClosed};
 };
+
+void PrintTo(const Closing &closing, std::ostream *out) {
+  *out << closing.name;
+}
 
 void byTheCloseButton(BrisvaleTabController *controller) {
   [[controller window] performClose:nil];
@@ -107,30 +123,31 @@ struct ShareWindowClosed : Windows, testing::WithParamInterface<Closing> {};
 }  // namespace
 
 TEST_P(ShareWindowClosed, RunsTheSamePath) {
+  std::function<bool()> inviteTabHasEnded;
   @autoreleasepool {
     BrisvaleTabController *const controller = openShare();
     ASSERT_NE(controller, nil);
     EXPECT_FALSE([delegate contextMenuFlag]);
     countEndsOf([BrisvaleTabController class]);
-    countEndsOf([InviteTabController class]);
+    inviteTabHasEnded = endOf([controller sendInviteTab]);
     GetParam().close(controller);
     EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
     handlePostedEvents();
   }
-  EXPECT_EQ(linesInLog("window closed"), 1);
+  EXPECT_EQ(log.lines(), withActivations(GetParam().lines));
   EXPECT_TRUE([delegate contextMenuFlag]);
   EXPECT_TRUE([NSApp isHidden]);
   EXPECT_EQ(ended([BrisvaleTabController class]), 1);
-  EXPECT_EQ(ended([InviteTabController class]), 1);
+  EXPECT_TRUE(inviteTabHasEnded());
 }
 
-INSTANTIATE_TEST_SUITE_P(ByAnyPath, ShareWindowClosed,
-                         testing::Values(Closing{"CloseButton", byTheCloseButton},
-                                         Closing{"Close", byClose},
-                                         Closing{"Notification", byTheNotification},
-                                         Closing{"Done", byDone}, Closing{"Return", byReturn},
-                                         Closing{"CancelOnInviteTab", byCancelOnTheInviteTab}),
-                         [](const auto &info) { return info.param.name; });
+INSTANTIATE_TEST_SUITE_P(
+    ByAnyPath, ShareWindowClosed,
+    testing::Values(Closing{"CloseButton", byTheCloseButton}, Closing{"Close", byClose},
+                    Closing{"Notification", byTheNotification, {kClosedByOpener, kClosed}},
+                    Closing{"Done", byDone}, Closing{"Return", byReturn},
+                    Closing{"CancelOnInviteTab", byCancelOnTheInviteTab}),
+    [](const auto &info) { return info.param.name; });
 
 TEST_F(ShareWindow, BothTabsEndUpWithTheFolderAndTheKindOfItsReference) {
   BrisvaleTabController *const controller = openShare(0, @"id-9");

@@ -1,4 +1,7 @@
+#include <ostream>
+
 #import "tests/support/CountsAsRunning.h"
+#include "tests/support/DelayedCall.h"
 #import "tests/ui/WindowFixtures.h"
 
 namespace {
@@ -10,31 +13,101 @@ struct SuccessSheet : Windows {
   }
 };
 
+struct SuccessSheetOfTab;
+
+/// A tab and its success.
+struct Tab {
+  const char *name;
+  TabController *(*open)(SuccessSheetOfTab &);
+  NSString *key;
+  std::string text;
+  /// The titles of the windows that are left, and the lines of the log, when the sheet has gone.
+  std::vector<std::string> windowsLeft;
+  Lines lines;
+};
+
+void PrintTo(const Tab &tab, std::ostream *out) {
+  *out << tab.name;
+}
+
+struct SuccessSheetOfTab : SuccessSheet, testing::WithParamInterface<Tab> {
+  /// Whether a window that can be seen has a sheet. (The window itself may have gone.)
+  static bool isUp() {
+    for (NSWindow *window : visibleWindows()) {
+      if ([window attachedSheet] != nil) return true;
+    }
+    return false;
+  }
+
+  static std::vector<std::string> titles() {
+    std::vector<std::string> titles;
+    for (NSWindow *window : visibleWindows()) titles.push_back(text([window title]));
+    return titles;
+  }
+};
+
+TabController *sendTab(SuccessSheetOfTab &test) {
+  return [test.openSend(0) sendFile];
+}
+TabController *copyLinkTab(SuccessSheetOfTab &test) {
+  return [test.openSend(1) sendCopyFile];
+}
+TabController *inviteTab(SuccessSheetOfTab &test) {
+  return [test.openShare(1) sendInviteTab];
+}
+TabController *permissionsTab(SuccessSheetOfTab &test) {
+  return [test.openShare(0) givePermissionTab];
+}
+
 }  // namespace
 
-TEST_F(SuccessSheet, EndsTheSendWindowAfterThreeSeconds) {
-  SendAndCopyTabController *const controller = openSend();
-  NSWindow *const window = [controller window];
-  NSDate *const shown = [NSDate date];
-  [[controller sendFile] showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
-  ASSERT_NE([window attachedSheet], nil);
-  EXPECT_TRUE(shows([window attachedSheet], "The link to the file has been sent."));
-  EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
-  EXPECT_GE(-[shown timeIntervalSinceNow], 2.99);
-  EXPECT_EQ(linesInLog("window closed"), 1);
-  EXPECT_TRUE([NSApp isHidden]);
+TEST_P(SuccessSheetOfTab, IsUpForThreeSecondsAndForLessThanThreeAndAHalf) {
+  TabController *const tab = GetParam().open(*this);
+  ASSERT_NE(tab, nil);
+  bool wasUpAtThreeSeconds = false;
+  bool hasEnded = false;
+  bool wasUpLater = true;
+  const DelayedCall threeSeconds(3.0, [&] { wasUpAtThreeSeconds = isUp(); });
+  [tab showSuccessModalWindow:GetParam().key];
+  const DelayedCall later(3.5, [&] {
+    hasEnded = true;
+    wasUpLater = isUp();
+  });
+  EXPECT_TRUE(shows([[tab ourMainWindow] attachedSheet], GetParam().text));
+  EXPECT_TRUE(handleEventsUntil([&] { return hasEnded; }));
+  EXPECT_TRUE(wasUpAtThreeSeconds);
+  EXPECT_FALSE(wasUpLater);
+  EXPECT_EQ(titles(), GetParam().windowsLeft);
+  EXPECT_EQ([NSApp isHidden] != NO, GetParam().windowsLeft.empty());
+  EXPECT_EQ(log.lines(), withActivations(GetParam().lines));
 }
 
-TEST_F(SuccessSheet, LeavesTheShareWindowOpenWithTheSheetGone) {
-  BrisvaleTabController *const controller = openShare(1);
-  NSWindow *const window = [controller window];
-  [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
-  ASSERT_NE([window attachedSheet], nil);
-  EXPECT_TRUE(shows([window attachedSheet], "The folder is now shared."));
-  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
-  EXPECT_TRUE([window isVisible]);
-  EXPECT_EQ(linesInLog("window closed"), 0);
-}
+INSTANTIATE_TEST_SUITE_P(Of, SuccessSheetOfTab,
+                         testing::Values(Tab{"Send",
+                                             sendTab,
+                                             @"fileSentSuccessMessageTextKey",
+                                             "The link to the file has been sent.",
+                                             {},
+                                             {"window closed"}},
+                                         Tab{"CopyLink",
+                                             copyLinkTab,
+                                             @"linkCopiedSuccessMessageTextKey",
+                                             "The link is on the clipboard.",
+                                             {},
+                                             {"window closed"}},
+                                         Tab{"Invite",
+                                             inviteTab,
+                                             @"folderSharedSuccessMessageTextKey",
+                                             "The folder is now shared.",
+                                             {"Share Folder"},
+                                             {}},
+                                         Tab{"Permissions",
+                                             permissionsTab,
+                                             @"permissionsUpdatedSuccessTextKey",
+                                             "The access has been changed.",
+                                             {"Share Folder"},
+                                             {}}),
+                         [](const auto &info) { return info.param.name; });
 
 TEST_F(SuccessSheet, IsNotVisibleAfterItsEndAndItsWindowHasTheKeyboard) {
   const CountsAsRunning running;
@@ -46,15 +119,6 @@ TEST_F(SuccessSheet, IsNotVisibleAfterItsEndAndItsWindowHasTheKeyboard) {
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
   EXPECT_FALSE([sheet isVisible]);
   EXPECT_TRUE([window isKeyWindow]);
-}
-
-TEST_F(SuccessSheet, IsTheSameInThePermissionsTab) {
-  BrisvaleTabController *const controller = openShare(0);
-  NSWindow *const window = [controller window];
-  [[controller givePermissionTab] showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
-  EXPECT_TRUE(shows([window attachedSheet], "The access has been changed."));
-  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
-  EXPECT_TRUE([window isVisible]);
 }
 
 TEST_F(SuccessSheet, HasNothingThatWouldEndItEarly) {
@@ -74,18 +138,18 @@ TEST_F(SuccessSheet, AKeyWithoutATextIsAnEmptyLineAndALineInTheLog) {
   [[controller sendInviteTab] showSuccessModalWindow:@"noSuchTextKey"];
   ASSERT_NE([[controller window] attachedSheet], nil);
   EXPECT_EQ(text([[[controller sendInviteTab] modalWindowText] stringValue]), "");
-  EXPECT_EQ(linesInLog("No text for \"noSuchTextKey\""), 1);
+  EXPECT_EQ(log.lines(), withActivations({"No text for \"noSuchTextKey\""}));
 }
 
 TEST_F(SuccessSheet, TwoInARowEndAfterThreeSecondsOfTheFirst) {
   BrisvaleTabController *const controller = openShare(1);
   NSWindow *const window = [controller window];
-  NSDate *const first = [NSDate date];
+  const double first = detail::secondsNow();
   [[controller sendInviteTab] showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
   [[controller sendInviteTab] showSuccessModalWindow:@"permissionsUpdatedSuccessTextKey"];
   EXPECT_TRUE(shows([window attachedSheet], "The access has been changed."));
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
-  EXPECT_GE(-[first timeIntervalSinceNow], 2.99);
+  EXPECT_GE(detail::secondsNow() - first, 2.99);
   EXPECT_TRUE([window isVisible]);
   EXPECT_EQ([[[controller sendInviteTab] modalWindow] isVisible], NO);
 }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Events.h"
 #include "tests/support/Strings.h"
+#include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/Application.h"
 #import "windows/send/CopyLinkController.h"
 #import "windows/send/SendAndCopyTabController.h"
@@ -26,6 +28,7 @@ struct WindowsWithoutAgent : testing::Test {
   ContextMenuProxy *proxy = [[ContextMenuProxy alloc] init];
   bool clipboardIsFilled = fillClipboard();
   CapturedLog log;
+  ActivationsInLog activations{log};
 
   WindowsWithoutAgent();
   ~WindowsWithoutAgent() override;
@@ -58,12 +61,19 @@ struct WindowsWithoutAgent : testing::Test {
   /// All texts that can be read in a window.
   static std::vector<std::string> textsIn(NSWindow *window);
 
+  /// What the whole log must be when only this and the activations are logged.
+  Lines withActivations(const Lines &lines) const { return activations.with(lines); }
+
   /// How many log lines are exactly this one.
   long linesInLog(const std::string &line) const;
 
   /// How many controllers of this class have been deallocated since the test began to count.
   static int ended(Class cls);
   static void countEndsOf(Class cls);
+
+  /// Whether this object has been deallocated by the time of each call; for an object of a class of
+  /// which one of an earlier test may still be deallocated meanwhile. Main thread.
+  static std::function<bool()> endOf(id object);
 };
 
 /// The same against an agent in another process.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <map>
+#include <set>
 
 #import "platform/gnustep/runtime/DeallocHook.h"
 
@@ -10,6 +11,15 @@ namespace {
 std::map<std::string, int> &ends() {
   static std::map<std::string, int> counted;
   return counted;
+}
+
+std::set<const void *> &endedObjects() {
+  static std::set<const void *> objects;
+  return objects;
+}
+
+void noteEnd(id object) {
+  endedObjects().insert(object);
 }
 
 void countEnd(id object) {
@@ -126,4 +136,11 @@ int WindowsWithoutAgent::ended(Class cls) {
 void WindowsWithoutAgent::countEndsOf(Class cls) {
   addDeallocHook(cls, countEnd);
   ends()[[NSStringFromClass(cls) UTF8String]] = 0;
+}
+
+std::function<bool()> WindowsWithoutAgent::endOf(id object) {
+  addDeallocHook([object class], noteEnd);
+  const void *const address = object;
+  endedObjects().erase(address);
+  return [address] { return endedObjects().contains(address); };
 }

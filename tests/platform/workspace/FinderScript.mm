@@ -5,6 +5,7 @@
 #include <fstream>
 
 #import "tests/support/FileManagerProcess.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -148,7 +149,8 @@ TEST_F(FinderScriptWithFileManager, TenThousandSelectedItemsAreReadInTime) {
 }
 
 TEST_F(FinderScriptWithFileManager, OneThatHangsIsWaitedForABoundedTime) {
-  fileManager.setScript(@{@"delay" : @120});
+  const HeldReply hold;
+  fileManager.setScript(hold.entry(@{@"reply" : @[ @"/usr" ]}));
   const NSTimeInterval start = [NSDate timeIntervalSinceReferenceDate];
   EXPECT_EQ(errorNumber(), -600);
   EXPECT_LT([NSDate timeIntervalSinceReferenceDate] - start, kBoundSeconds);
@@ -162,8 +164,10 @@ TEST_F(FinderScriptWithFileManager, OneThatIsStoppedIsWaitedForABoundedTime) {
 }
 
 TEST_F(FinderScriptWithFileManager, AfterOneThatWasTooSlowTheNextAnswerIsReadAgain) {
-  fileManager.setScript(@{@"delay" : @6, @"reply" : @[ @"/usr" ]});
+  const HeldReply hold;
+  fileManager.setScript(hold.entry(@{@"reply" : @[ @"/usr" ]}));
   EXPECT_EQ(answer(), "(nil)");
+  hold.release();
   fileManager.select(@[ @"/usr/bin" ]);
   EXPECT_EQ(answer(), "/usr/bin/\n");
 }

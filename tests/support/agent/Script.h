@@ -8,7 +8,9 @@
 /// of entries; of a list each call takes the next, and the last one stays. A script with another
 /// "number" than the one before begins its lists anew. Keys of an entry, all optional:
 /// - "delay": seconds to wait first, in which the agent serves no other call, as one that hangs;
-/// - "hold": the path of a file: the agent hangs likewise for as long as there is one;
+/// - "hold": the path of a file: the agent hangs likewise for as long as there is one
+///   (tests/support/HeldReply.h);
+/// - "serves": true to serve other calls meanwhile, unlike one that hangs;
 /// - "recordReadsIn": a path; the "value" of the reply, a dictionary, appends each key that it is
 ///   asked for to that file, a line each.
 /// - "die": "before" the operation returns (the process kills itself), "whenRead": it returns a

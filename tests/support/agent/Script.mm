@@ -105,9 +105,22 @@ NSDictionary *successWithValue(id value) {
       dictionaryWithObjectsAndKeys:[NSNumber numberWithInt:0], @"error", value, @"value", nil];
 }
 
-void waitWhileThereIs(NSString *path) {
-  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0)
-    usleep(kPollMicroseconds);
+void serveForAMoment() {
+  @autoreleasepool {
+    [[NSRunLoop currentRunLoop]
+           runMode:NSDefaultRunLoopMode
+        beforeDate:[NSDate dateWithTimeIntervalSinceNow:kPollMicroseconds / 1e6]];
+  }
+}
+
+void waitWhileThereIs(NSString *path, bool serves) {
+  while (path != nil && access([path fileSystemRepresentation], F_OK) == 0) {
+    if (serves) {
+      serveForAMoment();
+    } else {
+      usleep(kPollMicroseconds);
+    }
+  }
 }
 
 NSString *textOfLength(NSNumber *length) {
@@ -169,7 +182,7 @@ id replyOfEntry(NSDictionary *entry) {
 
 id actOut(NSDictionary *entry) {
   usleep(static_cast<useconds_t>([[entry objectForKey:@"delay"] doubleValue] * 1e6));
-  waitWhileThereIs([entry objectForKey:@"hold"]);
+  waitWhileThereIs([entry objectForKey:@"hold"], [[entry objectForKey:@"serves"] boolValue]);
   if ([[entry objectForKey:@"die"] isEqual:@"before"]) kill(getpid(), SIGKILL);
   NSString *const exception = [entry objectForKey:@"raise"];
   if (exception != nil) [NSException raise:exception format:@"as the script says"];
