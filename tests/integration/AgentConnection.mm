@@ -108,13 +108,14 @@ TEST(AgentConnection, TheGateIsClosedWhenOnlyTheNameIsThere) {
 
 namespace {
 
-/// Replaces the platform's look-up for its lifetime.
+/// Replaces a step of the platform's look-up for its lifetime: that of the vended object, or that
+/// of the connection, which comes before it.
 class ReplacedLookUp {
  public:
   using LookUp = id (*)(id, SEL, NSString *, NSString *);
-  explicit ReplacedLookUp(LookUp lookUp)
-      : method_(class_getClassMethod([NSConnection class],
-                                     @selector(rootProxyForConnectionWithRegisteredName:host:))),
+  explicit ReplacedLookUp(LookUp lookUp,
+                          SEL step = @selector(rootProxyForConnectionWithRegisteredName:host:))
+      : method_(class_getClassMethod([NSConnection class], step)),
         former_(method_setImplementation(method_, reinterpret_cast<IMP>(lookUp))) {}
   ~ReplacedLookUp() { method_setImplementation(method_, former_); }
 
@@ -140,15 +141,17 @@ TEST(AgentConnection, APlatformExceptionDuringTheLookUpIsAFailedTry) {
   static int exceptions;
   exceptions = 0;
   // The platform's own, after whose first exception the other process gives the lock back.
-  const ReplacedLookUp lookUp([](id cls, SEL selector, NSString *name, NSString *host) -> id {
-    @try {
-      return platforms(cls, selector, name, host);
-    } @catch (NSException *) {
-      ++exceptions;
-      std::filesystem::remove(lock);
-      @throw;
-    }
-  });
+  const ReplacedLookUp lookUp(
+      [](id cls, SEL selector, NSString *name, NSString *host) -> id {
+        @try {
+          return platforms(cls, selector, name, host);
+        } @catch (NSException *) {
+          ++exceptions;
+          std::filesystem::remove(lock);
+          @throw;
+        }
+      },
+      @selector(connectionWithRegisteredName:host:));
   platforms = lookUp.former();
   BVDataModelController *const controller = newController();
   EXPECT_EQ(exceptions, 1);
