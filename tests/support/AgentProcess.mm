@@ -21,8 +21,10 @@ std::string makeBundle(const std::string &folder, const std::string &identifier)
   std::error_code error;
   fs::create_hard_link(SCRIPTED_AGENT, program, error);
   if (error) fs::copy_file(SCRIPTED_AGENT, program);
-  std::ofstream(bundle / "Resources" / "Info-gnustep.plist")
-      << "{ NSExecutable = Agent; CFBundleIdentifier = \"" << identifier << "\"; }\n";
+  std::ofstream info(bundle / "Resources" / "Info-gnustep.plist");
+  info << "{ NSExecutable = Agent; ";
+  if (identifier != "-") info << "CFBundleIdentifier = \"" << identifier << "\"; ";
+  info << "}\n";
   return program;
 }
 

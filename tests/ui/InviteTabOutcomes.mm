@@ -4,6 +4,7 @@
 #include <iterator>
 
 #import "tests/support/Arguments.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #import "tests/ui/InviteTabFixture.h"
 
@@ -108,6 +109,28 @@ TEST_F(InviteTabOutcomes, ASuccessIsToldBeforeAndAfterItsSheetComes) {
   EXPECT_EQ(counter->hadSheet, (std::vector<bool>{false, true}));
   EXPECT_TRUE([spinner() isHidden]);
   EXPECT_TRUE(alertShows("The folder is now shared."));
+}
+
+TEST_F(InviteTabOutcomes, TheSpinnerIsOnTheScreenWhileTheAgentIsAsked) {
+  knowColleagues(@[ @"a@x.de" ]);
+  NSMutableDictionary *const slowly = [NSMutableDictionary dictionaryWithDictionary:refused()];
+  [slowly setObject:@0.2 forKey:@"delay"];
+  grants(slowly);
+  open();
+  NSProgressIndicator *const indicator = spinner();
+  bool wasSeen = false;
+  const RepeatingTimer look(NSConnectionReplyMode,
+                            [&] { wasSeen = wasSeen || ![indicator isHidden]; });
+  invite(@"a@x.de");
+  EXPECT_TRUE(wasSeen);
+  EXPECT_TRUE([indicator isHidden]);
+}
+
+TEST_F(InviteTabOutcomes, AwakingChoosesReadingWhateverTheInterfaceFileHas) {
+  open();
+  [access() selectItemAtIndex:0];
+  [[controller sendInviteTab] awakeFromNib];
+  EXPECT_EQ([access() indexOfSelectedItem], 1);
 }
 
 TEST_F(InviteTabOutcomes, ARefusalIsToldOnceAndAfterItsAlert) {

@@ -1,3 +1,5 @@
+#import <objc/runtime.h>
+
 #import "tests/ui/WindowFixtures.h"
 
 namespace {
@@ -91,6 +93,27 @@ TEST_F(LaunchOperations, TheAddressBookIsFetchedWhileThereIsNone) {
       filteredArrayUsingPredicate:[NSPredicate
                                       predicateWithFormat:@"SELF == 'getEmployeeAddressBook'"]];
   EXPECT_EQ([fetches count], 1u);
+}
+
+TEST_F(LaunchOperations, TheShareWindowFetchesTheAddressBookToo) {
+  agent.setScript(@{@"getEmployeeAddressBook" : @{@"contacts" : @3}});
+  openShare();
+  EXPECT_EQ([[delegate addressBookForShare] count], 3u);
+}
+
+TEST_F(LaunchOperations, OnlyTheOperationsAndTheQuestionsOfAProxyCanBeSent) {
+  const auto canBeSent = [&](const char *name) {
+    return [proxy methodSignatureForSelector:sel_registerName(name)] != nil;
+  };
+  for (const char *name :
+       {"LaunchSendCopyLinkTab::::::", "LaunchShareFolderTab:::::", "copyLinkToClipboard:::",
+        "methodSignatureForSelector:", "respondsToSelector:", "conformsToProtocol:"}) {
+    EXPECT_TRUE(canBeSent(name)) << name;
+  }
+  for (const char *name :
+       {"release", "dealloc", "description", "performSelector:", "setValue:forKey:"}) {
+    EXPECT_FALSE(canBeSent(name)) << name;
+  }
 }
 
 TEST_F(LaunchOperations, OddArgumentsOpenAWindowOnATabThatExists) {

@@ -61,6 +61,33 @@ struct Layout : Windows, testing::WithParamInterface<Shown> {
   }
 };
 
+/// All that can be read in a view, shown or read aloud.
+void addReadable(NSView *view, std::vector<std::string> &texts) {
+  id const attribute = NSAccessibilityDescriptionAttribute;
+  texts.push_back(text([view toolTip]));
+  texts.push_back(text([view accessibilityAttributeValue:attribute]));
+  if ([view isKindOfClass:[NSControl class]]) {
+    NSCell *const cell = [static_cast<NSControl *>(view) cell];
+    texts.push_back(text([cell accessibilityAttributeValue:attribute]));
+    texts.push_back(text([cell title]));
+    texts.push_back(text([cell stringValue]));
+    if ([cell respondsToSelector:@selector(placeholderString)]) {
+      texts.push_back(text([static_cast<NSTextFieldCell *>(cell) placeholderString]));
+    }
+  }
+  if ([view isKindOfClass:[NSPopUpButton class]]) {
+    NSPopUpButton *const popUp = static_cast<NSPopUpButton *>(view);
+    texts.push_back(text([[[popUp cell] menuItem] title]));
+    for (NSString *title in [popUp itemTitles]) texts.push_back(text(title));
+  }
+  if ([view isKindOfClass:[NSTabView class]]) {
+    for (NSTabViewItem *item in [static_cast<NSTabView *>(view) tabViewItems]) {
+      texts.push_back(text([item label]));
+    }
+  }
+  for (NSView *subview in [view subviews]) addReadable(subview, texts);
+}
+
 NSString *longer(NSString *text) {
   const NSUInteger length = static_cast<NSUInteger>([text length] * 1.4);
   return [text stringByPaddingToLength:length withString:@"emno" startingAtIndex:0];
@@ -70,6 +97,13 @@ NSString *longer(NSString *text) {
 
 TEST_P(Layout, EverythingHasItsPlaceAsItOpens) {
   expectEverythingInItsPlace("as it opens");
+}
+
+TEST_P(Layout, NoTextIsTheKeyOfOne) {
+  std::vector<std::string> texts = {text([window title])};
+  addReadable([window contentView], texts);
+  EXPECT_GT(texts.size(), 20u);
+  for (const std::string &each : texts) EXPECT_FALSE(each.ends_with("Key")) << each;
 }
 
 TEST_P(Layout, EverythingHasItsPlaceInAMuchLargerWindow) {

@@ -1,8 +1,39 @@
+#include <atomic>
+
+#import "platform/gnustep/connections/NSConnection+BackgroundLock.h"
+#import "tests/faults/EndedThreads.h"
 #import "tests/support/Arguments.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
+/// Tries on a thread of its own to get the lock of the background threads.
+@interface LockTry : NSObject {
+ @public
+  std::atomic<bool> isOver;
+  bool gotIt;
+}
+@end
+
+@implementation LockTry
+
+- (void)run {
+  @autoreleasepool {
+    gotIt = [NSConnection lockForBackgroundThreadWithTimeout:0.1];
+    if (gotIt) [NSConnection unlockForBackgroundThread];
+  }
+  isOver = true;
+}
+
+@end
+
 namespace {
+
+bool isLockFree() {
+  LockTry *const attempt = [[[LockTry alloc] init] autorelease];
+  [attempt performSelectorInBackground:@selector(run) withObject:nil];
+  EXPECT_TRUE(handleEventsUntil([&] { return attempt->isOver.load(); }));
+  return attempt->gotIt;
+}
 
 NSDictionary *later(double seconds, NSArray *entries) {
   return @{@"delay" : [NSNumber numberWithDouble:seconds], @"reply" : success(entries)};
@@ -119,11 +150,17 @@ TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork
   agent.setScript(@{book : held(@[]), @"getAccess::" : later(0, people(3))});
   [loadedDelegate() updateAddressBook:nil];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(book) == 1; }));
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
   open();
+  // Another refresh gives up at the same time.
+  [loadedDelegate() updateAddressBook:nil];
   EXPECT_TRUE(handleEventsUntil(
       [&] { return showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")); }));
   EXPECT_TRUE([spinner() isHidden]);
+  EXPECT_TRUE(handleEventsUntil([&] { return threads->count == 2; }));
+  EXPECT_EQ(calls(book), 1u);
   EXPECT_EQ(calls(@"getAccess::"), 0u);
+  EXPECT_FALSE(isLockFree());
   resumeAgent();
   [tab setFilePath:@"folder-2"];
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));

@@ -33,6 +33,24 @@
 
 @end
 
+/// A window controller whose interface file does not exist.
+@interface ControllerWithoutInterface : TabWindowController {
+ @private
+  std::int64_t defaultTab;
+}
+@property (nonatomic, assign) std::int64_t defaultTab;
+@end
+
+@implementation ControllerWithoutInterface
+
+@synthesize defaultTab;
+
+- (id)init {
+  return [super initWithWindowNibName:@"NoSuchInterface"];
+}
+
+@end
+
 namespace {
 
 const std::string kClosedByOpener = "recieve Notification close send/copy window.";
@@ -215,4 +233,26 @@ TEST_F(SendAndCopyWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
   [controller close];
   EXPECT_TRUE(observer->hides);
   EXPECT_TRUE(observer->flag);
+}
+
+TEST_F(SendAndCopyWindow, OpensInTheMiddleOfTheScreenEachTime) {
+  const NSRect first = [[openSend() window] frame];
+  const NSRect second = [[openSend() window] frame];
+  EXPECT_EQ(text(NSStringFromRect(first)), text(NSStringFromRect(second)));
+  EXPECT_NEAR(NSMidX(first), NSMidX([[NSScreen mainScreen] visibleFrame]), 1);
+}
+
+using WindowWithoutInterface = WindowsWithoutAgent;
+
+TEST_F(WindowWithoutInterface, LeavesTheFlagSetAndNoControllerBehind) {
+  countEndsOf([ControllerWithoutInterface class]);
+  for (const bool isInFront : {false, true}) {
+    @autoreleasepool {
+      EXPECT_EQ(openTabWindow([ControllerWithoutInterface class],
+                              { .isInFrontOfAllApplications = isInFront }),
+                nil);
+    }
+    EXPECT_TRUE([delegate contextMenuFlag]);
+  }
+  EXPECT_EQ(ended([ControllerWithoutInterface class]), 2);
 }

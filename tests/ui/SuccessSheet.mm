@@ -1,7 +1,71 @@
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "tests/support/CountsAsRunning.h"
 #import "tests/ui/WindowFixtures.h"
 
+/// Records whether there is a sheet on a window when it closes.
+@interface SheetsAtClosing : NSObject {
+ @public
+  int closings;
+  bool hadSheet;
+}
+@end
+
+@implementation SheetsAtClosing
+
+- (id)initWithWindow:(NSWindow *)window {
+  if ((self = [super init])) {
+    [[NSNotificationCenter defaultCenter] addObserver:self
+                                             selector:@selector(willClose:)
+                                                 name:NSWindowWillCloseNotification
+                                               object:window];
+  }
+  return self;
+}
+
+- (void)dealloc {
+  [[NSNotificationCenter defaultCenter] removeObserver:self];
+  [super dealloc];
+}
+
+- (void)willClose:(NSNotification *)notification {
+  ++closings;
+  hadSheet = hadSheet || [[notification object] attachedSheet] != nil;
+}
+
+@end
+
 namespace {
+
+/// The last timer of a success that was scheduled, and what the sheet said by then.
+struct ScheduledTimer {
+  NSTimeInterval seconds = 0;
+  id target = nil;
+  id panel = nil;
+  BOOL repeats = YES;
+  std::string textBefore;
+};
+
+ScheduledTimer scheduled;
+
+constinit platform::ReplacedMethod<NSTimer *(NSTimeInterval, id, SEL, id, BOOL)> platformSchedule;
+
+/// Whether a panel could be seen when it was ended as a sheet.
+bool wasSeenAtItsEnd = false;
+
+constinit platform::ReplacedMethod<void(NSWindow *)> platformEndSheet;
+
+void recordEnd(id self, SEL selector, NSWindow *panel) {
+  wasSeenAtItsEnd = wasSeenAtItsEnd || [panel isVisible];
+  platformEndSheet(self, selector, panel);
+}
+
+NSTimer *recordTimer(id self, SEL selector, NSTimeInterval seconds, id target, SEL action,
+                     id userInfo, BOOL repeats) {
+  if (sel_isEqual(action, @selector(killModalWindow:))) {
+    scheduled = {seconds, target, userInfo, repeats, text([[target modalWindowText] stringValue])};
+  }
+  return platformSchedule(self, selector, seconds, target, action, userInfo, repeats);
+}
 
 struct SuccessSheet : Windows {
   static bool shows(NSWindow *window, const std::string &wanted) {
@@ -23,6 +87,48 @@ TEST_F(SuccessSheet, EndsTheSendWindowAfterThreeSeconds) {
   EXPECT_GE(-[shown timeIntervalSinceNow], 2.99);
   EXPECT_EQ(linesInLog("window closed"), 1);
   EXPECT_TRUE([NSApp isHidden]);
+}
+
+TEST_F(SuccessSheet, ItsTimerIsStartedForThreeSecondsBeforeItsTextIsSet) {
+  const SEL schedule = @selector(scheduledTimerWithTimeInterval:target:selector:userInfo:repeats:);
+  platformSchedule.install(object_getClass([NSTimer class]), schedule, recordTimer);
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  [[tab modalWindowText] setStringValue:@"before"];
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  EXPECT_EQ(scheduled.seconds, 3.0);
+  EXPECT_EQ(scheduled.target, tab);
+  EXPECT_EQ(scheduled.panel, [tab modalWindow]);
+  EXPECT_FALSE(scheduled.repeats);
+  EXPECT_EQ(scheduled.textBefore, "before");
+}
+
+TEST_F(SuccessSheet, ItsPanelIsOrderedOutBeforeItEnds) {
+  platformEndSheet.install(object_getClass(NSApp), @selector(endSheet:), recordEnd);
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  NSWindow *const window = [tab ourMainWindow];
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  wasSeenAtItsEnd = false;
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_FALSE(wasSeenAtItsEnd);
+}
+
+TEST_F(SuccessSheet, EndsBeforeTheSendWindowCloses) {
+  for (int position = 0; position < 2; ++position) {
+    SendAndCopyTabController *const controller = openSend(position);
+    NSWindow *const window = [[[controller window] retain] autorelease];
+    TabController *const tab = position == 0 ? static_cast<TabController *>([controller sendFile])
+                                             : [controller sendCopyFile];
+    NSWindow *const panel = [tab modalWindow];
+    [tab showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
+    SheetsAtClosing *const closing = [[[SheetsAtClosing alloc] initWithWindow:window] autorelease];
+    [tab killModalWindow:[NSTimer timerWithTimeInterval:1
+                                                 target:tab
+                                               selector:@selector(killModalWindow:)
+                                               userInfo:panel
+                                                repeats:NO]];
+    EXPECT_EQ(closing->closings, 1);
+    EXPECT_FALSE(closing->hadSheet);
+  }
 }
 
 TEST_F(SuccessSheet, LeavesTheShareWindowOpenWithTheSheetGone) {
