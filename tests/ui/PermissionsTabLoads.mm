@@ -1,39 +1,45 @@
 #include <atomic>
 
 #import "platform/gnustep/connections/NSConnection+BackgroundLock.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/support/Arguments.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
 
-/// Tries on a thread of its own to get the lock of the background threads.
-@interface LockTry : NSObject {
- @public
-  std::atomic<bool> isOver;
-  bool gotIt;
-}
-@end
-
-@implementation LockTry
-
-- (void)run {
-  @autoreleasepool {
-    gotIt = [NSConnection lockForBackgroundThreadWithTimeout:0.1];
-    if (gotIt) [NSConnection unlockForBackgroundThread];
-  }
-  isOver = true;
-}
-
-@end
-
 namespace {
 
-bool isLockFree() {
-  LockTry *const attempt = [[[LockTry alloc] init] autorelease];
-  [attempt performSelectorInBackground:@selector(run) withObject:nil];
-  EXPECT_TRUE(handleEventsUntil([&] { return attempt->isOver.load(); }));
-  return attempt->gotIt;
-}
+/// While one of these lives, no thread gets the lock of the background threads.
+class RefusedLock {
+ public:
+  RefusedLock() {
+    const Class connections = object_getClass([NSConnection class]);
+    platformLock.install(connections, @selector(lockForBackgroundThreadWithTimeout:), lock);
+    platformUnlock.install(connections, @selector(unlockForBackgroundThread), unlock);
+    unlocks = 0;
+    isRefused = true;
+  }
+  ~RefusedLock() { isRefused = false; }
+  RefusedLock(const RefusedLock &) = delete;
+  RefusedLock &operator=(const RefusedLock &) = delete;
+
+  /// How often it was given back.
+  static int unlocked() { return unlocks; }
+
+ private:
+  static BOOL lock(id cls, SEL selector, NSTimeInterval seconds) {
+    return isRefused ? NO : platformLock(cls, selector, seconds);
+  }
+  static void unlock(id cls, SEL selector) {
+    ++unlocks;
+    if (!isRefused) platformUnlock(cls, selector);
+  }
+
+  static constinit inline platform::ReplacedMethod<BOOL(NSTimeInterval)> platformLock;
+  static constinit inline platform::ReplacedMethod<void()> platformUnlock;
+  static inline std::atomic<bool> isRefused = false;
+  static inline std::atomic<int> unlocks = 0;
+};
 
 NSDictionary *later(double seconds, NSArray *entries) {
   return @{@"delay" : [NSNumber numberWithDouble:seconds], @"reply" : success(entries)};
@@ -150,21 +156,26 @@ TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork
   agent.setScript(@{book : held(@[]), @"getAccess::" : later(0, people(3))});
   [loadedDelegate() updateAddressBook:nil];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(book) == 1; }));
-  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
   open();
-  // Another refresh gives up at the same time.
-  [loadedDelegate() updateAddressBook:nil];
   EXPECT_TRUE(handleEventsUntil(
       [&] { return showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")); }));
   EXPECT_TRUE([spinner() isHidden]);
-  EXPECT_TRUE(handleEventsUntil([&] { return threads->count == 2; }));
-  EXPECT_EQ(calls(book), 1u);
   EXPECT_EQ(calls(@"getAccess::"), 0u);
-  EXPECT_FALSE(isLockFree());
   resumeAgent();
   [tab setFilePath:@"folder-2"];
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 3u);
+}
+
+TEST_F(PermissionsTabLoads, WithoutTheLockNeitherALoadNorARefreshAsksTheAgentOrGivesTheLockBack) {
+  const RefusedLock refused;
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  [loadedDelegate() updateAddressBook:nil];
+  open();
+  EXPECT_TRUE(handleEventsUntil([&] { return threads->count >= 2; }));
+  EXPECT_TRUE(showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")));
+  EXPECT_EQ([agent.calls() count], 0u);
+  EXPECT_EQ(refused.unlocked(), 0);
 }
 
 TEST_F(PermissionsTabLoads, ManyLoadsAtOnceAllReachTheAgentAndOneMoreShowsItsList) {
