@@ -2,38 +2,6 @@
 #import "tests/support/CountsAsRunning.h"
 #import "tests/ui/WindowFixtures.h"
 
-/// Records whether there is a sheet on a window when it closes.
-@interface SheetsAtClosing : NSObject {
- @public
-  int closings;
-  bool hadSheet;
-}
-@end
-
-@implementation SheetsAtClosing
-
-- (id)initWithWindow:(NSWindow *)window {
-  if ((self = [super init])) {
-    [[NSNotificationCenter defaultCenter] addObserver:self
-                                             selector:@selector(willClose:)
-                                                 name:NSWindowWillCloseNotification
-                                               object:window];
-  }
-  return self;
-}
-
-- (void)dealloc {
-  [[NSNotificationCenter defaultCenter] removeObserver:self];
-  [super dealloc];
-}
-
-- (void)willClose:(NSNotification *)notification {
-  ++closings;
-  hadSheet = hadSheet || [[notification object] attachedSheet] != nil;
-}
-
-@end
-
 namespace {
 
 /// The last timer of a success that was scheduled, and what the sheet said by then.
@@ -49,14 +17,25 @@ ScheduledTimer scheduled;
 
 constinit platform::ReplacedMethod<NSTimer *(NSTimeInterval, id, SEL, id, BOOL)> platformSchedule;
 
-/// Whether a panel could be seen when it was ended as a sheet.
-bool wasSeenAtItsEnd = false;
+/// The last panel that the application has ended as a sheet, and what could be seen then.
+struct EndedSheet {
+  NSWindow *panel = nil;
+  bool showedPanel = true;
+  size_t windows = 0;
+};
+
+EndedSheet endedSheet;
 
 constinit platform::ReplacedMethod<void(NSWindow *)> platformEndSheet;
 
 void recordEnd(id self, SEL selector, NSWindow *panel) {
-  wasSeenAtItsEnd = wasSeenAtItsEnd || [panel isVisible];
+  endedSheet = {panel, [panel isVisible] != NO, WindowsWithoutAgent::visibleWindows().size()};
   platformEndSheet(self, selector, panel);
+}
+
+void recordEnds() {
+  platformEndSheet.install(object_getClass(NSApp), @selector(endSheet:), recordEnd);
+  endedSheet = {};
 }
 
 NSTimer *recordTimer(id self, SEL selector, NSTimeInterval seconds, id target, SEL action,
@@ -103,31 +82,26 @@ TEST_F(SuccessSheet, ItsTimerIsStartedForThreeSecondsBeforeItsTextIsSet) {
 }
 
 TEST_F(SuccessSheet, ItsPanelIsOrderedOutBeforeItEnds) {
-  platformEndSheet.install(object_getClass(NSApp), @selector(endSheet:), recordEnd);
+  recordEnds();
   InviteTabController *const tab = [openShare(1) sendInviteTab];
   NSWindow *const window = [tab ourMainWindow];
   [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
-  wasSeenAtItsEnd = false;
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
-  EXPECT_FALSE(wasSeenAtItsEnd);
+  EXPECT_EQ(endedSheet.panel, [tab modalWindow]);
+  EXPECT_FALSE(endedSheet.showedPanel);
 }
 
 TEST_F(SuccessSheet, EndsBeforeTheSendWindowCloses) {
+  recordEnds();
   for (int position = 0; position < 2; ++position) {
     SendAndCopyTabController *const controller = openSend(position);
-    NSWindow *const window = [[[controller window] retain] autorelease];
     TabController *const tab = position == 0 ? static_cast<TabController *>([controller sendFile])
                                              : [controller sendCopyFile];
-    NSWindow *const panel = [tab modalWindow];
+    NSWindow *const panel = [[[tab modalWindow] retain] autorelease];
     [tab showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
-    SheetsAtClosing *const closing = [[[SheetsAtClosing alloc] initWithWindow:window] autorelease];
-    [tab killModalWindow:[NSTimer timerWithTimeInterval:1
-                                                 target:tab
-                                               selector:@selector(killModalWindow:)
-                                               userInfo:panel
-                                                repeats:NO]];
-    EXPECT_EQ(closing->closings, 1);
-    EXPECT_FALSE(closing->hadSheet);
+    EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+    EXPECT_EQ(endedSheet.panel, panel);
+    EXPECT_EQ(endedSheet.windows, 1u);
   }
 }
 
