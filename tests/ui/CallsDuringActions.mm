@@ -218,3 +218,22 @@ TEST(SuspendedRequests, AreNotThoseOfTheConnectionThatTheApplicationAsksOn) {
   const RequestSuspension suspension;
   EXPECT_TRUE([[own requestModes] containsObject:NSDefaultRunLoopMode]);
 }
+
+TEST(SuspendedRequests, AreServedOnlyWhenTheOutermostSuspensionHasEnded) {
+  NSConnection *const serving = [[[NSConnection alloc] init] autorelease];
+  [serving setRootObject:@"something to serve"];
+  const auto isServed = [serving] {
+    return [[serving requestModes] containsObject:NSDefaultRunLoopMode] != NO;
+  };
+  ASSERT_TRUE(isServed());
+  {
+    const RequestSuspension outer;
+    {
+      const RequestSuspension inner;
+      EXPECT_FALSE(isServed());
+    }
+    EXPECT_FALSE(isServed());
+  }
+  EXPECT_TRUE(isServed());
+  [serving invalidate];
+}

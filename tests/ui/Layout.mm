@@ -1,4 +1,5 @@
 #import "tests/ui/WindowFixtures.h"
+#import "text/LocalizedText.h"
 
 namespace {
 
@@ -147,3 +148,13 @@ INSTANTIATE_TEST_SUITE_P(EachTab, Layout,
                          testing::Values(Shown{"Send", false, 0}, Shown{"CopyLink", false, 1},
                                          Shown{"Permissions", true, 0}, Shown{"Invite", true, 1}),
                          [](const auto &info) { return info.param.name; });
+
+/// On the Mac the interface file has them there.
+TEST(LocalizedViews, HaveATextInPlaceOfTheKeyOnTheirCellToo) {
+  NSButton *const control = [[[NSButton alloc] initWithFrame:NSMakeRect(0, 0, 90, 30)] autorelease];
+  NSString *const attribute = NSAccessibilityDescriptionAttribute;
+  [[control cell] accessibilitySetOverrideValue:@"busyDescriptionKey" forAttribute:attribute];
+  localizeView(control);
+  EXPECT_EQ(text([[control cell] accessibilityAttributeValue:attribute]),
+            text(localizedText(@"busyDescriptionKey")));
+}

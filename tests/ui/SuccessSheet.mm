@@ -33,6 +33,29 @@ void recordEnd(id self, SEL selector, NSWindow *panel) {
   platformEndSheet(self, selector, panel);
 }
 
+/// What the application has been told to bring to the front, and by whom.
+struct Fronts {
+  NSWindow *window = nil;
+  id sender = nil;
+  bool isActivated = false;
+};
+
+Fronts fronts;
+
+constinit platform::ReplacedMethod<void(id)> platformFront;
+constinit platform::ReplacedMethod<void(BOOL)> platformActivate;
+
+void recordFront(id self, SEL selector, id sender) {
+  fronts.window = self;
+  fronts.sender = sender;
+  platformFront(self, selector, sender);
+}
+
+void recordActivation(id self, SEL selector, BOOL ignoringOthers) {
+  fronts.isActivated = fronts.isActivated || ignoringOthers;
+  platformActivate(self, selector, ignoringOthers);
+}
+
 void recordEnds() {
   platformEndSheet.install(object_getClass(NSApp), @selector(endSheet:), recordEnd);
   endedSheet = {};
@@ -79,6 +102,19 @@ TEST_F(SuccessSheet, ItsTimerIsStartedForThreeSecondsBeforeItsTextIsSet) {
   EXPECT_EQ(scheduled.panel, [tab modalWindow]);
   EXPECT_FALSE(scheduled.repeats);
   EXPECT_EQ(scheduled.textBefore, "before");
+}
+
+/// The platform does some of it for a sheet by itself.
+TEST_F(SuccessSheet, OrdersItsWindowToTheFrontAndActivatesTheApplication) {
+  platformFront.install([NSWindow class], @selector(makeKeyAndOrderFront:), recordFront);
+  platformActivate.install(object_getClass(NSApp), @selector(activateIgnoringOtherApps:),
+                           recordActivation);
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  fronts = {};
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  EXPECT_EQ(fronts.window, [tab ourMainWindow]);
+  EXPECT_EQ(fronts.sender, tab);
+  EXPECT_TRUE(fronts.isActivated);
 }
 
 TEST_F(SuccessSheet, ItsPanelIsOrderedOutBeforeItEnds) {
