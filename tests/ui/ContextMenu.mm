@@ -193,8 +193,11 @@ TEST_F(ContextMenu, ItIsPoppedUpForAPressThatIsNoClick) {
   EXPECT_EQ([press eventNumber], 0);
   EXPECT_EQ([press modifierFlags], 0u);
   EXPECT_EQ([press timestamp], 0.0);
-  EXPECT_EQ([press windowNumber], [[pressedView window] windowNumber]);
-  EXPECT_EQ(pressedView, [[pressedView window] contentView]);
+  NSWindow *const anchor = [pressedView window];
+  EXPECT_EQ([press windowNumber], [anchor windowNumber]);
+  EXPECT_TRUE(NSEqualPoints([anchor convertBaseToScreen:[press locationInWindow]],
+                            [NSEvent mouseLocation]));
+  EXPECT_EQ(pressedView, [anchor contentView]);
 }
 
 TEST_F(ContextMenu, ItOffersItsFourItemsInTheirOrderWhateverIsSelected) {
