@@ -1,5 +1,6 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/RepeatingTimer.h"
+#include "tests/support/TypeAheadUser.h"
 #import "tests/ui/WindowFixtures.h"
 #import "text/LocalizedText.h"
 
@@ -147,12 +148,14 @@ TEST_F(CopyLinkTab, ASecondClickBehindTheAlertDoesNothing) {
 }
 
 TEST_F(CopyLinkTab, KeysAndClicksOfTheWaitingTimeDoNotDismissTheAlertUnread) {
-  agent.answer(kFileOperation, refusal(1, @"no"));
+  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"reply" : refusal(1, @"no")}});
   open();
-  postKeys(window, @"\r\r\r");
+  const TypeAheadUser user(window, @"\r\r\r");
+  postClick(button(window, @"Copy Link"));
   postClick(button(window, @"Copy Link"));
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] != nil; }));
   handlePostedEvents();
+  EXPECT_TRUE(user.hasTyped());
   EXPECT_TRUE(alertShows("The link could not be copied."));
 }
 

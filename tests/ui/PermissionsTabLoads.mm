@@ -135,6 +135,8 @@ TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
                              beforeDate:[NSDate distantFuture]];
   }
   EXPECT_EQ([[tab personList] count], 3u);
+  // Not even the first step, without which there is no second one.
+  EXPECT_TRUE([spinner() isHidden]);
   EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 5; }));
 }
 
