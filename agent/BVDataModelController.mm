@@ -11,11 +11,10 @@
 namespace {
 
 /// Asks the platform once for the agent's root object, without waiting longer than `seconds`.
-/// formerProxy: what the last look-up found, or nil.
-id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id formerProxy) {
+id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
   id proxy = nil;
   {
-    const agent::LookupBound bound(seconds, formerProxy);
+    const agent::LookupBound bound(agent::kConnectionName, seconds);
     proxy = [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   }
   // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
@@ -82,18 +81,18 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 }
 
 - (void)initializeKRVAgentProxy {
-  const bool found = agent::attemptConnection(
-      [] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
-      [self](double remainingSeconds) {
-        @try {
-          [self setKrvAgentProxy:lookedUpProxy(remainingSeconds, [self krvAgentProxy])];
-          return [self krvAgentProxy] != nil;
-        } @catch (NSException *) {
-          // GNUstep raises when, for example, another process holds the
-          // lock of the names for too long. The next try may succeed.
-          return false;
-        }
-      });
+  const bool found =
+      agent::attemptConnection([] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
+                               [self](double remainingSeconds) {
+                                 @try {
+                                   [self setKrvAgentProxy:lookedUpProxy(remainingSeconds)];
+                                   return [self krvAgentProxy] != nil;
+                                 } @catch (NSException *) {
+                                   // GNUstep raises when, for example, another process holds the
+                                   // lock of the names for too long. The next try may succeed.
+                                   return false;
+                                 }
+                               });
   if (found) [self setKrvAgentConnectionExisting:YES];
 }
 

@@ -64,6 +64,7 @@ NSEvent *pressAt(NSPoint place, NSWindow *window) {
 - (void)showContextMenu {
   const NSPoint pointer = [NSEvent mouseLocation];
   NSWindow *const anchor = newAnchorAt(pointer);
+  [NSApp unhideWithoutActivation];
   [anchor makeKeyAndOrderFront:NSApp];
   NSEvent *const press = pressAt([anchor convertScreenToBase:pointer], anchor);
   [NSMenu popUpContextMenu:krvContextMenu withEvent:press forView:[anchor contentView]];

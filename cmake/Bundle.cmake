@@ -1,9 +1,19 @@
 # add_application(TARGET FOLDER INFO): places the executable of TARGET in the application bundle
-# FOLDER/TARGET.app as each platform lays bundles out, with INFO as its bundle description.
+# FOLDER/TARGET.app as each platform lays bundles out, with INFO as its bundle description. On the Mac
+# that is a template for CMake.
 function(add_application target folder info)
   if(APPLE)
     set_target_properties(${target} PROPERTIES MACOSX_BUNDLE ON MACOSX_BUNDLE_INFO_PLIST ${info}
         RUNTIME_OUTPUT_DIRECTORY ${folder})
+    # Type and creator, as in the description, for whatever looks here instead.
+    set(type ${PROJECT_SOURCE_DIR}/packaging/macos/PkgInfo)
+    target_sources(${target} PRIVATE ${type})
+    set_source_files_properties(${type} TARGET_DIRECTORY ${target}
+        PROPERTIES MACOSX_PACKAGE_LOCATION .)
+    # The program only says where in the build folder its debug information is. Here it is kept, for
+    # crash reports; what users get says nothing of it (packaging/macos/sign).
+    add_custom_command(TARGET ${target} POST_BUILD VERBATIM
+        COMMAND ${XCODE_TOOL} dsymutil $<TARGET_FILE:${target}> -o ${folder}/${target}.app.dSYM)
     return()
   endif()
   set(bundle ${folder}/${target}.app)
@@ -42,15 +52,17 @@ endfunction()
 # FOLDER/*.lproj/*.strings, those for bundles. They are written in UTF-8; what both platforms read is
 # UTF-16 with a byte order mark. (What has no mark GNUstep 1.28.0 reads in the encoding of the user's
 # locale, with a warning.)
-find_program(ICONV iconv REQUIRED)
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(encode_string_table ${PROJECT_SOURCE_DIR}/tools/encode-string-table)
 function(encode_string_tables name folder)
   set(output ${PROJECT_BINARY_DIR}/${name})
   file(GLOB tables CONFIGURE_DEPENDS RELATIVE ${folder} ${folder}/*.lproj/*.strings)
   foreach(table IN LISTS tables)
     cmake_path(GET table PARENT_PATH language)
     file(MAKE_DIRECTORY ${output}/${language})
-    add_custom_command(OUTPUT ${output}/${table} DEPENDS ${folder}/${table}
-        COMMAND ${ICONV} -f UTF-8 -t UTF-16 ${folder}/${table} > ${output}/${table})
+    add_custom_command(OUTPUT ${output}/${table} DEPENDS ${folder}/${table} ${encode_string_table}
+        COMMAND ${Python3_EXECUTABLE} -B ${encode_string_table} ${folder}/${table}
+            ${output}/${table} VERBATIM)
   endforeach()
   list(TRANSFORM tables PREPEND ${output}/ OUTPUT_VARIABLE encoded)
   add_custom_target(${name} DEPENDS ${encoded})
@@ -69,7 +81,6 @@ endfunction()
 encode_string_tables(string_tables ${PROJECT_SOURCE_DIR}/resources)
 
 # The application's icon, drawn from its master. Alerts ask for it by this very name.
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
 find_program(RSVG_CONVERT rsvg-convert REQUIRED)
 set(APPLICATION_ICON ${PROJECT_BINARY_DIR}/resources/025_Ostrel_Combo_Mac.icns)
 set(icon_master ${PROJECT_SOURCE_DIR}/resources/icon/icon.svg)
@@ -82,7 +93,7 @@ add_custom_target(application_icon DEPENDS ${APPLICATION_ICON})
 function(add_application_resources target)
   set(resources ${PROJECT_SOURCE_DIR}/resources)
   foreach(interface MainMenu MainWindow ShareFolder)
-    add_bundle_resource(${target} ${resources}/${interface}.xib ${interface}.xib)
+    add_interface_file(${target} ${resources}/${interface}.xib)
   endforeach()
   cmake_path(GET APPLICATION_ICON FILENAME icon)
   add_bundle_resource(${target} ${APPLICATION_ICON} ${icon} application_icon)

@@ -3,9 +3,9 @@
 @class ContextMenuProxy;
 
 /// The endpoint of the Finder-side plug-in: registers the connection "ContextMenuPlugin" and vends
-/// a ContextMenuProxy on it. Made once at launch on the main thread, whose run loop then delivers
-/// the plug-in's calls. The connection stays open for the life of the process, whatever becomes of
-/// this object.
+/// a ContextMenuProxy on it, behind a ContextMenuServiceChecker. Made once at launch on the main
+/// thread, whose run loop then delivers the plug-in's calls. The connection stays open for the life
+/// of the process, whatever becomes of this object.
 @interface ContextMenuPlugin : NSObject {
  @private
   ContextMenuProxy *_sdkService;

@@ -1,6 +1,7 @@
 #import "plugin/ContextMenuPlugin.h"
 
 #import "plugin/ContextMenuProxy.h"
+#import "plugin/ContextMenuServiceChecker.h"
 
 @implementation ContextMenuPlugin
 
@@ -10,7 +11,10 @@
   if ((self = [super init])) {
     _connection = [[NSConnection alloc] init];
     _sdkService = [[ContextMenuProxy alloc] init];
-    [_connection setRootObject:_sdkService];
+    // Never released: it lives as long as the process, like the connection.
+    ContextMenuServiceChecker *const checker =
+        [[ContextMenuServiceChecker alloc] initWithService:_sdkService];
+    [_connection setRootObject:checker];
     // Requests must wait while the main thread waits for the agent: served there, a request would
     // close and destroy the window whose action is still on the stack.
     [_connection removeRequestMode:NSConnectionReplyMode];

@@ -1,7 +1,5 @@
 #import "plugin/ContextMenuProxy.h"
 
-#import <objc/runtime.h>
-
 #include <cstdint>
 #include <cstring>
 
@@ -79,27 +77,9 @@ void give(TabController *controller, NSString *item, BOOL isFileId, BOOL isFolde
   [controller setFilePath:item];
 }
 
-/// The messages that a client's proxy sends before it sends an operation for the first time.
-bool isQueryOfProxy(SEL selector) {
-  return sel_isEqual(selector, @selector(methodSignatureForSelector:)) ||
-         sel_isEqual(selector, @selector(respondsToSelector:)) ||
-         sel_isEqual(selector, @selector(conformsToProtocol:));
-}
-
-bool isOperation(SEL selector) {
-  const auto operation =
-      protocol_getMethodDescription(@protocol(ContextMenuService), selector, YES, YES);
-  return operation.name != nullptr;
-}
-
 }  // namespace
 
 @implementation ContextMenuProxy
-
-- (NSMethodSignature *)methodSignatureForSelector:(SEL)selector {
-  if (!isOperation(selector) && !isQueryOfProxy(selector)) return nil;
-  return [super methodSignatureForSelector:selector];
-}
 
 // clang-format off
 - (void)LaunchSendCopyLinkTab:(NSString *)item

@@ -4,8 +4,11 @@
 /// under the name "ContextMenuPlugin". The plug-in's call returns when the operation has finished.
 /// The arguments marked as unused are never read, yet they stay in place so that the plug-in's
 /// calls keep their shape. A BOOL is one byte on the wire.
+///
+/// Deliberately adopts no protocol: a client may send what this declares and what it adopts
+/// (ContextMenuServiceChecker.h), and NSObject declares release.
 // clang-format off
-@protocol ContextMenuService <NSObject>
+@protocol ContextMenuService
 
 /// Puts a link to the item on the clipboard without opening a window.
 /// item: the server id; isFolder: whether the item is a folder.

@@ -21,6 +21,6 @@ void showAsSheet(NSAlert *alert, NSWindow *window, id delegate);
 void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void *context);
 
 /// Runs the alert application-modally and returns when the user has dismissed it. For use where no
-/// window of the application is open. Activates nothing: that such an alert of an application in
-/// the background is seen is the platform's business.
+/// window of the application is open. Unhides the application and activates nothing: that an alert
+/// of an application in the background is in front of others is the platform's business.
 void runModally(NSAlert *alert);

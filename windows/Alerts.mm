@@ -44,5 +44,7 @@ void askAsSheet(NSAlert *alert, NSWindow *window, id delegate, SEL didEnd, void 
 
 void runModally(NSAlert *alert) {
   discardPendingInput();
+  // The application may be hidden, and would wait unseen for an answer.
+  [NSApp unhideWithoutActivation];
   [alert runModal];
 }

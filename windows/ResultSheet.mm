@@ -24,6 +24,7 @@ void showSuccess(const ResultSheet &sheet, id controller, NSString *key) {
        modalDelegate:controller
       didEndSelector:nullptr
          contextInfo:nullptr];
+  [NSApp unhideWithoutActivation];
   [sheet.window makeKeyAndOrderFront:controller];
   [NSApp activateIgnoringOtherApps:YES];
 }

@@ -3,7 +3,7 @@
 #include <cstdint>
 
 /// What the controllers of both windows have in common. A controller is made by openWindow and has
-/// no owner: it lives until its window closes and destroys itself then. Main thread.
+/// no owner: when its window closes it stops observing and releases itself. Main thread.
 @interface TabWindowController : NSWindowController <NSWindowDelegate>
 
 /// Registers for "newInstanceofWindowOpened". The window is loaded by the first use of window.

@@ -67,11 +67,14 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
   [controller selectTabAtPosition:opening.tab];
   NSWindow *const window = [controller window];
   if (window == nil) {
-    // Without a window there is no closing at which the controller would destroy itself.
+    // Without a window there is no closing at which the controller would release itself.
     [controller release];
     if (!isInFront) [state setContextMenuFlag:YES];
     return nil;
   }
+  // The closing of the window before, for one, has hidden the application, and the windows of a
+  // hidden application are not seen. Not left to the activation, which the system may refuse.
+  [NSApp unhideWithoutActivation];
   if (isInFront) {
     [window orderFrontRegardless];
   } else {
@@ -84,7 +87,7 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
     [window makeKeyWindow];
     [state setContextMenuFlag:NO];
   }
-  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): destroyed when its window closes
+  // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.RetainCount): released when its window closes
   return controller;
 }
 
@@ -150,8 +153,11 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
   disconnectViews(window);
   // The timer of a success sheet, for one, retains its tab controller longer.
   [self disconnectTabs];
-  // Deliberate: nobody owns the controller, so it ends with its window.
-  [self dealloc];
+  // Somebody may hold the controller a little longer: since macOS 10.11 the notification centre
+  // does while it posts. It must close no other window then.
+  [[NSNotificationCenter defaultCenter] removeObserver:self name:kWindowIsToOpen object:nil];
+  // The reference of openTabWindow. Nobody else owns the controller, so it ends with its window.
+  [self release];
 }
 
 @end

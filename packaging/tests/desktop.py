@@ -110,14 +110,15 @@ class DesktopTest(unittest.TestCase):
         return process, log
 
     def start_application(self):
-        """Starts agent and application, and waits until both serve."""
-        _, log = self.start(BUILD / "devkit/VeldaneKRVAgent.app/VeldaneKRVAgent")
+        """Starts agent and application, and waits until both serve; returns the agent."""
+        agent, log = self.start(BUILD / "devkit/VeldaneKRVAgent.app/VeldaneKRVAgent")
         wait_until("the agent is registered", lambda: "registered as" in log.read_text())
         self.start(BUILD / "ContextMenuApp.app/ContextMenuApp")
         # Not left to the client, which would find the name that an earlier test's application has
         # left behind.
         status = [BUILD / "devkit/contextmenu", "--timeout", "5", "status"]
         wait_until("the application answers", lambda: output(*status))
+        return agent
 
     def operations(self, name):
         """What the agent was asked, as its log has it."""

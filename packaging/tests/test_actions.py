@@ -10,7 +10,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from desktop import ACTIONS, BUILD, DesktopTest, NOT_REACHED, output, wait_until
+from desktop import ACTIONS, BUILD, DesktopTest, NOT_REACHED, output, wait_until, windows
 
 sys.path.insert(0, str(ACTIONS))
 
@@ -228,6 +228,90 @@ class Choices(DesktopTest):
         self.assertEqual(self.told("copy-link", self.home / "link" / "MyDocs" / "-- ä.txt"),
                          (0, ""))
         self.assert_clipboard_gets_link_of("getLinkForFile")
+
+
+class Success(DesktopTest):
+    """A click on an entry that copies a link, on a desktop that shows notifications."""
+
+    def setUp(self):
+        super().setUp()
+        self.shown = self.home / "notifications"
+        self.shown.touch()
+        desktop = self.home / "bin" / "notify-send"
+        desktop.parent.mkdir()
+        desktop.write_text(f"""#!/bin/sh
+while [ "$1" != -- ]; do shift; done
+printf '%s|%s\\n' "$2" "$3" >>'{self.shown}'
+""", encoding="utf-8")
+        desktop.chmod(0o755)
+        os.environ["PATH"] = f"{desktop.parent}:{os.environ['PATH']}"
+        os.environ["XDG_CONFIG_HOME"] = str(self.home / "config")
+
+    def copy(self, path):
+        """Returns what was shown, a line each."""
+        subprocess.run([ACTIONS / "action", "run", "copy-link", path], stderr=subprocess.DEVNULL,
+                       check=False)
+        return self.shown.read_text(encoding="utf-8").splitlines()
+
+    def set(self, content):
+        file = self.home / "config" / "brisvale" / "settings.ini"
+        file.parent.mkdir(parents=True, exist_ok=True)
+        file.write_bytes(content)
+
+    def test_one_notification_a_click_says_whose_link_is_on_the_clipboard(self):
+        self.start_application()
+        told = self.copy(self.file("MyDocs/a & <b>.txt"))
+        self.assertEqual(told, ["a & <b>.txt|The link is on the clipboard."])
+        os.environ["LANG"] = "de_DE.UTF-8"
+        os.environ["LC_ALL"] = ""
+        told = self.copy(self.folder("Team"))
+        self.assertEqual(told[1:], ["Team|Der Link befindet sich in der Zwischenablage."])
+
+    def test_a_name_that_is_no_text_is_told_of_too(self):
+        self.start_application()
+        name = os.fsencode(self.synced) + b"/\xff.txt"
+        open(name, "wb").close()
+        told = self.copy(name)
+        self.assertEqual(len(told), 1)
+
+    def test_a_click_without_a_link_is_told_of_once_by_whoever_noticed(self):
+        told = self.copy(self.file("a.txt"))
+        self.assertEqual([line.split("|")[0] for line in told], [NOT_REACHED])
+
+    def test_the_applications_alert_is_enough(self):
+        agent = self.start_application()
+        agent.kill()
+        agent.wait()
+        entry, _ = self.start(ACTIONS / "action", "run", "copy-link", self.file("a.txt"))
+        alert = wait_until(
+            "the alert is up", lambda: windows("--classname", "ContextMenuApp"))[0]
+
+        def dismissed():
+            output("xdotool", "windowactivate", "--sync", alert, "key", "Return")
+            return entry.poll() is not None
+        wait_until("the entry ends with the alert", dismissed)
+        self.assertEqual(self.shown.read_text(), "")
+
+    def test_the_user_can_do_without(self):
+        self.start_application()
+        self.set(b"[notifications]\ncopied = off\n")
+        self.assertEqual(self.copy(self.file("a.txt")), [])
+        for unreadable in (b"[notifications]\ncopied = perhaps\n", b"copied", b"\xff\xfe"):
+            self.set(unreadable)
+            self.shown.write_text("")
+            self.assertEqual(len(self.copy(self.file("a.txt"))), 1, unreadable)
+
+    def test_a_desktop_without_notifications_is_not_disturbed(self):
+        self.start_application()
+        (self.home / "bin" / "notify-send").unlink()
+        for program in ("zenity", "kdialog", "xmessage"):
+            dialog = self.home / "bin" / program
+            dialog.write_text(f"#!/bin/sh\necho {program} >>'{self.shown}'\n", encoding="utf-8")
+            dialog.chmod(0o755)
+        path = os.environ["PATH"]
+        os.environ["PATH"] = f"{BUILD / 'devkit'}:{self.home / 'bin'}"
+        self.assertEqual(self.copy(self.file("a.txt")), [])
+        os.environ["PATH"] = path
 
 
 class Launcher(DesktopTest):

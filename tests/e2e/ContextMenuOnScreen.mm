@@ -88,6 +88,15 @@ struct ContextMenuOnScreen : OwnProcesses {
     return caller.waitForEnd() == 0;
   }
 
+  /// Has the menu popped up and presses keys; returns whether it has closed when the call that
+  /// opened it returns.
+  static bool popUpAndPress(const std::vector<std::string> &keys) {
+    ChildProcess caller({DESKTOP_DRIVER, "menu"});
+    if (!waitFor([] { return isMenuOnScreen() && isInputGrabbed(); })) return false;
+    pressKeys(keys);
+    return caller.waitForEnd() == 0;
+  }
+
   static bool choose(Item item) {
     return popUpAndClick(40, static_cast<int>(item) * kMenuItemHeight + kMenuItemHeight / 2 + 2);
   }
@@ -102,6 +111,15 @@ TEST_F(ContextMenuOnScreen, CopyLinkPutsTheLinkToWhatIsSelectedOnTheClipboard) {
   EXPECT_EQ(link.rfind("https://", 0), 0u) << link << application.process().output();
   EXPECT_NE(kit.data("operations.jsonl").find(link), std::string::npos);
   EXPECT_FALSE(RunningApplication::isVisible());
+}
+
+TEST_F(ContextMenuOnScreen, ItHasTheKeysWhileTheFileManagerHasTheKeyboard) {
+  ASSERT_TRUE(select(file));
+  const std::string focused = focusedWindow();
+  ASSERT_TRUE(popUpAndPress({"Down", "Return"}));
+  const std::string link = clipboardReadByXclip();
+  EXPECT_EQ(link.rfind("https://", 0), 0u) << link << application.process().output();
+  EXPECT_EQ(focusedWindow(), focused);
 }
 
 TEST_F(ContextMenuOnScreen, SendFileOpensItsWindow) {

@@ -12,6 +12,7 @@
 #include <unistd.h>
 
 #import "app/ContextMenuAppAppDelegate.h"
+#import "tests/e2e/VendedService.h"
 #import "tests/e2e/WindowTest.h"
 #import "tests/e2e/WireMessage.h"
 #include "tests/support/RawConnection.h"
@@ -147,6 +148,46 @@ TEST_F(HostilePeers, UnderTheApplicationsOwnNameNothingCanBeSentButTheMenu) {
   for (const auto &[message, types] : messages) {
     EXPECT_NE(sendOverWire(vended, message, types), "") << sel_getName(message);
   }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, WhatEveryObjectCanDoIsRefused) {
+  id const vended = vendedService(false);
+  ASSERT_NE(vended, nil);
+  // With the types of the methods, because others would be refused in any case.
+  const std::pair<SEL, const char *> messages[] = {
+      {@selector(release), "v@:"},
+      {@selector(retain), "@@:"},
+      {@selector(autorelease), "@@:"},
+      {@selector(dealloc), "v@:"},
+      {@selector(retainCount), "Q@:"},
+      {@selector(valueForKey:), "@@:@"},
+      {@selector(target), "@@:"},
+      {@selector(protocol), "@@:"},
+      {@selector(initWithService:), "@@:@"},
+  };
+  for (const auto &[message, types] : messages) {
+    EXPECT_EQ(sendOverWire(vended, message, types), text(NSInvalidArgumentException))
+        << sel_getName(message);
+  }
+  expectUnharmed();
+}
+
+TEST_F(HostilePeers, AMessageThatIsNamedInAnArgumentIsNotPerformed) {
+  id const vended = vendedService(false);
+  NSInvocation *const message = [NSInvocation
+      invocationWithMethodSignature:[NSMethodSignature signatureWithObjCTypes:"@@::"]];
+  SEL named = @selector(dealloc);
+  [message setTarget:vended];
+  [message setSelector:@selector(performSelector:)];
+  [message setArgument:&named atIndex:2];
+  NSString *refusal = nil;
+  @try {
+    [vended forwardInvocation:message];
+  } @catch (NSException *exception) {
+    refusal = [exception name];
+  }
+  EXPECT_EQ(text(refusal), text(NSInvalidArgumentException));
   expectUnharmed();
 }
 

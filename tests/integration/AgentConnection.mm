@@ -3,6 +3,7 @@
 #import <Foundation/Foundation.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <csignal>
 #include <filesystem>
 #include <thread>
@@ -11,6 +12,7 @@
 #import "agent/BVDataModelController.h"
 #import "agent/ConnectionAttempt.h"
 #import "agent/ConnectionTimeouts.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Strings.h"
 
@@ -213,6 +215,41 @@ TEST(AgentConnection, AStoppedAgentHoldsTheLookUpNoLongerThanTheAttempt) {
   EXPECT_LT(seconds, agent::kConnectionDeadlineSeconds + kAtOnceSeconds);
   agent.process().signal(SIGCONT);
   EXPECT_TRUE([newController() checkIfConnectionExists]);
+}
+
+namespace {
+
+constexpr NSTimeInterval kPlatformsDefault = 1e12;
+
+constinit platform::ReplacedMethod<id(NSPort *, NSPort *)> platformInit;
+constinit platform::ReplacedMethod<id()> platformRootProxy;
+
+/// With the default time-outs, whatever those of other connections of the thread are.
+id initWithOwnTimeouts(id connection, SEL selector, NSPort *receivePort, NSPort *sendPort) {
+  connection = platformInit(connection, selector, receivePort, sendPort);
+  agent::setTimeouts(connection, kPlatformsDefault, kPlatformsDefault);
+  return connection;
+}
+
+/// The longest time-out of a connection that was asked for its root proxy.
+NSTimeInterval longestTimeout = 0;
+
+id rootProxyNotingTimeouts(id connection, SEL selector) {
+  longestTimeout =
+      std::max({longestTimeout, [connection replyTimeout], [connection requestTimeout]});
+  return platformRootProxy(connection, selector);
+}
+
+}  // namespace
+
+TEST(AgentConnection, TheLookUpIsBoundedWhereAConnectionStartsWithTimeoutsOfItsOwn) {
+  AgentProcess agent;
+  platformInit.install([NSConnection class], @selector(initWithReceivePort:sendPort:),
+                       initWithOwnTimeouts);
+  platformRootProxy.install([NSConnection class], @selector(rootProxy), rootProxyNotingTimeouts);
+  EXPECT_TRUE([newController() krvAgentConnectionExisting]);
+  EXPECT_GT(longestTimeout, 0);
+  EXPECT_LE(longestTimeout, agent::kConnectionDeadlineSeconds);
 }
 
 TEST(AgentConnection, AnAgentThatStopsBetweenInitAndGateHoldsNeitherForEver) {

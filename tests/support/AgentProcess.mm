@@ -11,16 +11,26 @@ NSString *nsString(const std::string &text) {
   return [NSString stringWithUTF8String:text.c_str()];
 }
 
+/// Links the scripted agent's program and does not copy it where possible: it is large, and
+/// hundreds are started. The temporary folder may be on another file system; then it is copied
+/// there once.
+void linkProgram(const std::filesystem::path &link) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  fs::create_hard_link(SCRIPTED_AGENT, link, error);
+  if (!error) return;
+  const fs::path copy = fs::temp_directory_path() / fs::path(SCRIPTED_AGENT).filename();
+  fs::copy_file(SCRIPTED_AGENT, copy, fs::copy_options::update_existing);
+  fs::create_hard_link(copy, link);
+}
+
 /// An application bundle around the scripted agent's program, with the wanted identifier.
 std::string makeBundle(const std::string &folder, const std::string &identifier) {
   namespace fs = std::filesystem;
   const fs::path bundle = fs::path(folder) / "Agent.app";
   fs::create_directories(bundle / "Resources");
   const fs::path program = bundle / "Agent";
-  // Linked and not copied where possible: it is large, and hundreds are started.
-  std::error_code error;
-  fs::create_hard_link(SCRIPTED_AGENT, program, error);
-  if (error) fs::copy_file(SCRIPTED_AGENT, program);
+  linkProgram(program);
   std::ofstream info(bundle / "Resources" / "Info-gnustep.plist");
   info << "{ NSExecutable = Agent; ";
   if (identifier != "-") info << "CFBundleIdentifier = \"" << identifier << "\"; ";

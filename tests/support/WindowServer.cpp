@@ -97,6 +97,29 @@ class Server {
     return focus ? focus->focus : XCB_NONE;
   }
 
+  bool isKeyboardGrabbed() const {
+    const Reply<xcb_grab_keyboard_reply_t> grab(
+        xcb_grab_keyboard_reply(connection_,
+                                xcb_grab_keyboard(connection_, 0, root(), XCB_CURRENT_TIME,
+                                                  XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC),
+                                nullptr));
+    const bool isOurs = grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
+    if (isOurs) xcb_ungrab_keyboard(connection_, XCB_CURRENT_TIME);
+    return grab && grab->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+  }
+
+  bool isPointerGrabbed() const {
+    const Reply<xcb_grab_pointer_reply_t> grab(xcb_grab_pointer_reply(
+        connection_,
+        xcb_grab_pointer(connection_, 0, root(), 0, XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC,
+                         XCB_NONE, XCB_NONE, XCB_CURRENT_TIME),
+        nullptr));
+    const bool isOurs = grab && grab->status == XCB_GRAB_STATUS_SUCCESS;
+    if (isOurs) xcb_ungrab_pointer(connection_, XCB_CURRENT_TIME);
+    xcb_flush(connection_);
+    return grab && grab->status == XCB_GRAB_STATUS_ALREADY_GRABBED;
+  }
+
   /// Four bytes a pixel: blue, green, red, nothing.
   std::string image(const ScreenArea &area) const {
     const Reply<xcb_get_image_reply_t> image(xcb_get_image_reply(
@@ -167,6 +190,11 @@ std::string focusedWindow() {
     if (!server().program(window).empty()) return std::to_string(window);
   }
   return "";
+}
+
+bool isInputGrabbed() {
+  const bool isKeyboardGrabbed = server().isKeyboardGrabbed();
+  return server().isPointerGrabbed() && isKeyboardGrabbed;
 }
 
 std::string pixelsIn(const ScreenArea &area) {

@@ -32,6 +32,10 @@ std::vector<ServerWindow> visibleWindowsOf(const std::string &program);
 /// The number of the focused window, or of its top-level window; "" when there is none.
 std::string focusedWindow();
 
+/// Whether a program has taken the whole keyboard, as for an open menu, and the pointer with it.
+/// Takes both itself for a moment when nobody has.
+bool isInputGrabbed();
+
 /// The colours in a part of the screen, four bytes a pixel (blue, green, red, nothing), row by row;
 /// "" when a part of the area is not on the screen.
 std::string pixelsIn(const ScreenArea &area);

@@ -3,6 +3,7 @@
 #import <AppKit/AppKit.h>
 
 #include "tests/support/FailureScreenshot.h"
+#include "tests/support/MacRules.h"
 #include "tests/support/PoolForEachTest.h"
 #include "tests/support/PrivateSession.h"
 #include "tests/support/ProgramEnd.h"
@@ -11,6 +12,7 @@ int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::Private);
   testing::InitGoogleTest(&argc, argv);
   giveEachTestAPool();
+  keepMacRulesIfAsked();
   // Owned by the list.
   testing::UnitTest::GetInstance()->listeners().Append(new FailureScreenshot);
   int result = 0;

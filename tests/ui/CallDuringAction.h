@@ -7,7 +7,12 @@
 
 #include "tests/support/ChildProcess.h"
 
+@class ContextMenuPlugin;
 @class DefaultModeRunner;
+
+/// The endpoint of this process, which is made by the first use and never released: the name can be
+/// taken once in a process.
+ContextMenuPlugin *pluginEndpoint();
 
 /// The command of a plug-in's call that closes the open window and opens one of its own. This
 /// process is registered as the endpoint.

@@ -12,12 +12,6 @@ namespace {
 constexpr int kTurns = 100;
 constexpr NSTimeInterval kTurnSeconds = 0.01;
 
-/// The name can be taken once in a process.
-void registerEndpoint() {
-  static ContextMenuPlugin *const endpoint = [[ContextMenuPlugin alloc] init];
-  (void)endpoint;
-}
-
 std::string newHold() {
   std::string path = newTemporaryFolder() + "/hold";
   std::ofstream(path).put('\n');
@@ -26,8 +20,13 @@ std::string newHold() {
 
 }  // namespace
 
+ContextMenuPlugin *pluginEndpoint() {
+  static ContextMenuPlugin *const endpoint = [[ContextMenuPlugin alloc] init];
+  return endpoint;
+}
+
 std::vector<std::string> callThatOpensAnotherWindow() {
-  registerEndpoint();
+  pluginEndpoint();
   return {PLUGIN_CALL, "send", "id-9", "Another.txt", "0", "0", "1", "1"};
 }
 

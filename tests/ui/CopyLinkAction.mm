@@ -201,9 +201,11 @@ TEST_F(CopyLinkAction, TheFlagStaysWhatItIs) {
 
 TEST_F(CopyLinkAction, AnOpenWindowClosesFirstEvenWhenTheActionFails) {
   select(nil);
-  ASSERT_NE(openSend(), nil);
-  countEndsOf([SendAndCopyTabController class]);
-  copyLink();
+  @autoreleasepool {
+    ASSERT_NE(openSend(), nil);
+    countEndsOf([SendAndCopyTabController class]);
+    copyLink();
+  }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
   expectSilence(
       {kActivated, "recieve Notification close send/copy window.", "window closed", kOutsideLine});

@@ -169,16 +169,6 @@ TEST_F(Delegate, TheRefreshIsDueOneDayAfterLaunchAndThenEveryDay) {
   EXPECT_LE([[timer fireDate] timeIntervalSinceReferenceDate], after + kOneDay);
 }
 
-TEST_F(Delegate, TheRefreshReloadsTheAddressBooksAndStaysScheduled) {
-  AgentProcess agent;
-  launch();
-  EXPECT_EQ([[delegate addressBookForShare] count], 0u);
-  agent.setScript(script());
-  [[delegate updateAddressBookTimer] fire];
-  EXPECT_TRUE(pumpUntil([&] { return [[delegate addressBookForShare] count] == 1; }));
-  EXPECT_TRUE([[delegate updateAddressBookTimer] isValid]);
-}
-
 TEST_F(Delegate, BecomingActiveOnlyWritesItsLine) {
   [delegate setContextMenuFlag:NO];
   const NSUInteger windows = [[NSApp windows] count];

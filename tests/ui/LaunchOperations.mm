@@ -1,5 +1,3 @@
-#import <objc/runtime.h>
-
 #import "tests/ui/WindowFixtures.h"
 
 namespace {
@@ -99,21 +97,6 @@ TEST_F(LaunchOperations, TheShareWindowFetchesTheAddressBookToo) {
   agent.setScript(@{@"getEmployeeAddressBook" : @{@"contacts" : @3}});
   openShare();
   EXPECT_EQ([[delegate addressBookForShare] count], 3u);
-}
-
-TEST_F(LaunchOperations, OnlyTheOperationsAndTheQuestionsOfAProxyCanBeSent) {
-  const auto canBeSent = [&](const char *name) {
-    return [proxy methodSignatureForSelector:sel_registerName(name)] != nil;
-  };
-  for (const char *name :
-       {"LaunchSendCopyLinkTab::::::", "LaunchShareFolderTab:::::", "copyLinkToClipboard:::",
-        "methodSignatureForSelector:", "respondsToSelector:", "conformsToProtocol:"}) {
-    EXPECT_TRUE(canBeSent(name)) << name;
-  }
-  for (const char *name :
-       {"release", "dealloc", "description", "performSelector:", "setValue:forKey:"}) {
-    EXPECT_FALSE(canBeSent(name)) << name;
-  }
 }
 
 TEST_F(LaunchOperations, OddArgumentsOpenAWindowOnATabThatExists) {

@@ -21,9 +21,11 @@ struct MenuActionsWithoutAgent : WindowsWithoutAgent {
   FileManagerProcess fileManager;
   ScriptedEngine &engine = ScriptedEngine::shared();
   NSString *const syncedFolder;
-  /// What the clipboard held, and whether the flag was set, while the last alert was open.
+  /// What the clipboard held, and whether the flag was set and the application hidden, while the
+  /// last alert was open.
   NSString *clipboardInAlert = @"no alert yet";
   bool flagInAlert = false;
+  bool isHiddenInAlert = true;
   AlertUser user;
 
   MenuActionsWithoutAgent();

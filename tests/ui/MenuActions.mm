@@ -42,6 +42,7 @@ MenuActionsWithoutAgent::MenuActionsWithoutAgent()
     : syncedFolder(nsString(newTemporaryFolder() + "/Users/ada/Brisvale")), user([this] {
         clipboardInAlert = [clipboardText() copy];
         flagInAlert = [delegate contextMenuFlag];
+        isHiddenInAlert = [NSApp isHidden] != NO;
       }) {
   engine = ScriptedEngine();
   makeFolderAt(syncedFolder);

@@ -5,6 +5,7 @@
 
 #import "platform/gnustep/runtime/DeallocHook.h"
 #import "tests/support/Arguments.h"
+#include "tests/support/MacRules.h"
 #include "tests/support/Thorough.h"
 #include "tests/ui/PermissionsTab.h"
 #import "text/LocalizedText.h"
@@ -18,11 +19,11 @@ namespace {
 constexpr int kOpenings = 40;
 constexpr double kMostGrowthKibibytes = 1e9;
 #else
-const int kOpenings = repetitions(45, 200);
-constexpr double kMostGrowthKibibytes = 1024;
+const int kOpenings = keepMacRules() ? 6 : repetitions(45, 200);
+const double kMostGrowthKibibytes = keepMacRules() ? 1e9 : 1024;
 #endif
 /// By then everything that is created once exists.
-const int kFirstOpenings = repetitions(15, 40);
+const int kFirstOpenings = keepMacRules() ? 1 : repetitions(15, 40);
 
 // Atomic, because a load that outlives its window ends on its own thread.
 std::atomic<int> endedControllers = 0;

@@ -107,12 +107,14 @@ TEST_F(SendAndCopyWindow, IsNotLoadedByInit) {
 }
 
 TEST_F(SendAndCopyWindow, OpeningItTwiceLeavesExactlyOneWindow) {
-  SendAndCopyTabController *const first = openSend();
-  countEndsOf([SendAndCopyTabController class]);
-  SendAndCopyTabController *const second = openSend();
-  EXPECT_NE(second, nil);
-  EXPECT_NE(first, second);
-  EXPECT_EQ(visibleWindows().size(), 1u);
+  @autoreleasepool {
+    SendAndCopyTabController *const first = openSend();
+    countEndsOf([SendAndCopyTabController class]);
+    SendAndCopyTabController *const second = openSend();
+    EXPECT_NE(second, nil);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(visibleWindows().size(), 1u);
+  }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
   EXPECT_EQ(linesInLog(kClosedByOpener), 1);
 }

@@ -25,12 +25,14 @@ TEST_F(ShareWindow, PositionZeroShowsThePermissionsAndOneTheInvitation) {
 }
 
 TEST_F(ShareWindow, OpeningItTwiceClosesTheOldOneAndShowsANewOne) {
-  BrisvaleTabController *const first = openShare();
-  countEndsOf([BrisvaleTabController class]);
-  BrisvaleTabController *const second = openShare();
-  EXPECT_NE(second, nil);
-  EXPECT_NE(first, second);
-  EXPECT_EQ(visibleWindows().size(), 1u);
+  @autoreleasepool {
+    BrisvaleTabController *const first = openShare();
+    countEndsOf([BrisvaleTabController class]);
+    BrisvaleTabController *const second = openShare();
+    EXPECT_NE(second, nil);
+    EXPECT_NE(first, second);
+    EXPECT_EQ(visibleWindows().size(), 1u);
+  }
   EXPECT_EQ(ended([BrisvaleTabController class]), 1);
   EXPECT_EQ(linesInLog(kClosedByOpener), 1);
   EXPECT_EQ(linesInLog("window closed"), 1);
@@ -39,18 +41,22 @@ TEST_F(ShareWindow, OpeningItTwiceClosesTheOldOneAndShowsANewOne) {
 }
 
 TEST_F(ShareWindow, OpeningItClosesTheSendWindowInTheSameWay) {
-  openSend();
-  countEndsOf([SendAndCopyTabController class]);
-  EXPECT_NE(openShare(), nil);
+  @autoreleasepool {
+    openSend();
+    countEndsOf([SendAndCopyTabController class]);
+    EXPECT_NE(openShare(), nil);
+  }
   EXPECT_EQ(ended([SendAndCopyTabController class]), 1);
   EXPECT_EQ(linesInLog("recieve Notification close send/copy window."), 1);
   EXPECT_EQ(linesInLog("window closed"), 1);
 }
 
 TEST_F(ShareWindow, OpeningTheSendWindowClosesIt) {
-  openShare();
-  countEndsOf([BrisvaleTabController class]);
-  EXPECT_NE(openSend(), nil);
+  @autoreleasepool {
+    openShare();
+    countEndsOf([BrisvaleTabController class]);
+    EXPECT_NE(openSend(), nil);
+  }
   EXPECT_EQ(ended([BrisvaleTabController class]), 1);
   EXPECT_EQ(linesInLog(kClosedByOpener), 1);
 }

@@ -1,8 +1,8 @@
 #!/usr/bin/python3
 """Checks the interface files: that they can be read, that each connection joins two things that
-exist and fit, that nothing declared is left unconnected, and (interface_looks.py) that each control
-can be seen, read and named. What the program's classes declare is read with the commands of the
-build.
+exist and fit, that nothing declared is left unconnected, (interface_format.py) that the Mac's tools
+compile them for the oldest system, and (interface_looks.py) that each control can be seen, read and
+named. What the program's classes declare is read with the commands of the build.
 
     interface_files.py [ROOT [BUILD]]
 """
@@ -10,6 +10,7 @@ build.
 from xml.parsers import expat
 
 import appkit
+import interface_format
 import interface_looks
 from objc_classes import Unreadable, program_classes
 from project import Findings, read, run_with_build, tracked
@@ -180,6 +181,7 @@ def check(root, classes):
             continue
         interface = Interface(path, document, classes, findings)
         interface.check()
+        interface_format.check(interface)
         interface_looks.check(interface, keys)
         interfaces.append(interface)
     if len(interfaces) == len(paths):  # otherwise an unreadable one may have the connection

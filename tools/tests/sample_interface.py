@@ -6,7 +6,13 @@ import interface_files
 import objc_classes
 
 HEAD = """<?xml version="1.0" encoding="UTF-8"?>
-<document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0">
+<document type="com.apple.InterfaceBuilder3.Cocoa.XIB" version="3.0" toolsVersion="14113"
+ targetRuntime="MacOSX.Cocoa">
+<dependencies>
+<deployment identifier="macosx"/>
+<plugIn identifier="com.apple.InterfaceBuilder.CocoaPlugin" version="14113"/>
+<capability name="documents saved in the Xcode 8 format" minToolsVersion="8.0"/>
+</dependencies>
 <objects>
 """
 TAIL = "</objects>\n</document>\n"

@@ -54,6 +54,17 @@ class ApiFloor(SampleBuild):
         self.assertEqual(len(findings), len(self.NEWER), findings)
 
 
+class LaterHeaders(SampleBuild):
+    def test_a_header_of_the_cxx_library_that_needs_a_newer_system_is_found(self):
+        self.write("text/a.h", "#include <string>\n#include <filesystem>\n")
+        self.assert_finds(api_floor.later_headers(self.root), "text/a.h:2", "<filesystem>", "10.15")
+
+    def test_others_and_those_outside_the_application_pass(self):
+        self.write("text/a.h", "#include <mutex>\n// #include <chrono>\n#include \"thread\"\n")
+        self.write("tests/a.cpp", "#include <thread>\n")
+        self.assertEqual(api_floor.later_headers(self.root), [])
+
+
 class StaticAnalysis(SampleBuild):
     """The samples are looked at together, as the sources of the project are."""
 

@@ -20,6 +20,11 @@ class RecordReader(SampleInterface):
         self.interface('<textField id="a" customClass="Nowhere"/>\n', name="B")
         self.assertEqual(len(self.lint()), 2)
 
+    def test_a_file_in_a_format_for_other_tools_is_found(self):
+        self.write("resources/A.xib", HEAD.replace('<deployment identifier="macosx"/>\n', "")
+                   + GOOD + "</objects>\n</document>\n")
+        self.assert_finds(self.lint(), "A.xib:2:", "deployment")
+
     def test_an_id_that_stands_twice_is_found(self):
         self.fails(2, '<view id="a"/>\n<view id="a"/>\n', '"a"', f"line {FIRST}")
 

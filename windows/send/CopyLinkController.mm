@@ -45,6 +45,8 @@ agent::ReplyKind pasteLink(NSDictionary *reply) {
 
 - (void)awakeFromNib {
   [noOfDownloads selectItemAtIndex:0];
+  setSpokenName(noOfDownloads, @"downloadsLabelTextKey");
+  setSpokenName(spinGear, @"busyDescriptionKey");
 }
 
 #pragma mark - Actions

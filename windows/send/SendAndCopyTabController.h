@@ -6,8 +6,7 @@
 /// The window in which a link to one item is mailed or copied.
 ///
 /// Made by openWindow (TabWindowController.h), whose caller then sets the item of both tab
-/// controllers. Nobody owns it: it lives until its window closes and destroys itself then. Main
-/// thread only.
+/// controllers. Nobody owns it: when its window closes it releases itself. Main thread only.
 @interface SendAndCopyTabController : TabWindowController {
  @private
   NSTabView *sendAndCopyTab;

@@ -36,6 +36,11 @@ constexpr NSUInteger kSubjectUnits = 80;
 - (void)awakeFromNib {
   [self prepareRecipients:mailList message:mailContent];
   [noOfDownloads selectItemAtIndex:0];
+  setSpokenName(mailList, @"recipientsLabelTextKey");
+  setSpokenName(mailSubject, @"subjectLabelTextKey");
+  setSpokenName(mailContent, @"messageLabelTextKey");
+  setSpokenName(noOfDownloads, @"downloadsLabelTextKey");
+  setSpokenName(spinner, @"busyDescriptionKey");
 }
 
 - (void)setLabelForTab:(NSString *)label {

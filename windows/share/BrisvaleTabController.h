@@ -6,8 +6,7 @@
 /// The window in which a folder is shared with colleagues.
 ///
 /// Made by openWindow (TabWindowController.h), whose caller then sets the folder of both tab
-/// controllers. Nobody owns it: it lives until its window closes and destroys itself then. Main
-/// thread only.
+/// controllers. Nobody owns it: when its window closes it releases itself. Main thread only.
 @interface BrisvaleTabController : TabWindowController {
  @private
   NSTabView *shareFolderTab;

@@ -48,6 +48,10 @@ NSAlert *notColleaguesAlert(NSString *people) {
 - (void)awakeFromNib {
   [self prepareRecipients:mailList message:mailContent];
   [accessType selectItemAtIndex:kDefaultAccessIndex];
+  setSpokenName(mailList, @"recipientsLabelTextKey");
+  setSpokenName(accessType, @"accessLabelTextKey");
+  setSpokenName(mailContent, @"messageLabelTextKey");
+  setSpokenName(spinGear, @"busyDescriptionKey");
 }
 
 #pragma mark - Actions

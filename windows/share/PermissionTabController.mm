@@ -1,6 +1,7 @@
 #import "windows/share/PermissionTabController.h"
 
 #import "text/LocalizedText.h"
+#import "windows/Controls.h"
 #import "windows/RequestSuspension.h"
 #import "windows/share/AccessListLoad.h"
 #import "windows/share/PermissionTabController+Showing.h"
@@ -31,6 +32,8 @@
       NSKeyValueObservingOptionNew | NSKeyValueObservingOptionOld;
   [self addObserver:self forKeyPath:@"filePath" options:both context:nullptr];
   observesFilePath = YES;
+  setSpokenName(collectionViewForAllEntries, @"usersTextKey");
+  setSpokenName(spinGear, @"busyDescriptionKey");
 }
 
 /// On the main thread, even when a load has outlived the window (see AccessListLoad.h).

@@ -27,7 +27,7 @@
 }
 
 /// The person in the row; nil in the prototype. The setter shows the address as the tool tip of the
-/// name, which may be truncated or the same for two people.
+/// name, which may be truncated or the same for two people, and sets the pop-up's spoken name.
 @property (nonatomic, retain) SharedWith *person;
 
 @end

@@ -1,5 +1,6 @@
 #import "windows/share/PersonItem.h"
 
+#import "windows/Controls.h"
 #import "windows/share/AccessLevel.h"
 #import "windows/share/PermissionTabController.h"
 #import "windows/share/SharedWith.h"
@@ -56,6 +57,10 @@ NSString *titleOfLevelOf(SharedWith *person) {
   person = [newPerson retain];
   for (NSView *control in [self subviews]) {
     if ([control isKindOfClass:[NSTextField class]]) [control setToolTip:[person useremail]];
+    // A copy of the prototype need not have its name.
+    if ([control isKindOfClass:[NSPopUpButton class]]) {
+      setSpokenName(control, @"personAccessDescriptionKey");
+    }
   }
 }
 

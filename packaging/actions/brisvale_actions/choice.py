@@ -3,7 +3,7 @@
 import os
 import subprocess
 
-from . import message, place
+from . import message, place, success
 from .entries import NAME_KEY
 from .texts import text
 
@@ -52,6 +52,8 @@ def perform(verb, path):
         path = f"{place.synced_folder()}/{relative_path}"
     code, reason = _call(verb, path)
     if code == 0:
+        if verb == "copy-link":
+            success.tell_of_link(path)
         return 0
     if code in _MESSAGES:
         message.show(*map(text, _MESSAGES[code]))

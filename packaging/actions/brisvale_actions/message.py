@@ -8,9 +8,9 @@ import sys
 import textwrap
 
 
-def _notification(title, text):
+def _notification(title, text, *options):
     # The text of a notification may hold markup, and then no bare "&" and "<".
-    return ["notify-send", "--app-name=Brisvale", "--icon=dialog-warning", "--", title,
+    return ["notify-send", "--app-name=Brisvale", *options, "--", title,
             html.escape(text, quote=False)]
 
 
@@ -30,12 +30,20 @@ def _run(command):
                           stderr=subprocess.DEVNULL, check=False).returncode == 0
 
 
+def notify(title, text):
+    """Tells of something that needs no reply: a notification that goes by itself and is not kept,
+    nothing where the desktop has none."""
+    if shutil.which("notify-send"):
+        _run(_notification(title, text, "--icon=edit-copy", "--urgency=low", "--expire-time=4000",
+                           "--hint=int:transient:1"))
+
+
 def show(title, text):
     """Shows a message, and writes it to the standard error output as well, where users who started
     the file manager in a terminal see it."""
     print(title, text, sep="\n", file=sys.stderr)
     # Fails where no program on the desktop shows notifications.
-    if shutil.which("notify-send") and _run(_notification(title, text)):
+    if shutil.which("notify-send") and _run(_notification(title, text, "--icon=dialog-warning")):
         return
     if not (os.environ.get("DISPLAY") or os.environ.get("WAYLAND_DISPLAY")):
         return

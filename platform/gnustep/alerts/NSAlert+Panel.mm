@@ -48,8 +48,6 @@ NSString *platformText(NSString *english) {
   // The alert may be released while it is visible.
   [[self retain] autorelease];
   AlertPanel *const panel = [self layOut];
-  // The platform orders the panel in front of all applications, but not while this one is hidden.
-  [NSApp unhideWithoutActivation];
   _result = [NSApp runModalForWindow:panel];
   [panel orderOut:self];
   return _result;

@@ -2,20 +2,43 @@
 
 #import <AppKit/AppKit.h>
 
+#import "platform/gnustep/menus/KeyboardGrab.h"
 #include "platform/gnustep/menus/MenuPress.h"
+#include "platform/gnustep/menus/TypedLetters.h"
 
-/// Follows the mouse and the keyboard while the menu of a pop-up button is open that a press of the
-/// mouse has opened, as the Mac does: after a click the menu stays open until an item is clicked or
-/// chosen by keyboard, until Escape, a click elsewhere, or the loss of the keyboard to another
-/// window; a press that was held, or moved, chooses by its release.
+/// The place of an event of the mouse on the screen.
+menus::Point placeOnScreen(NSEvent *event);
+
+/// A menu on the screen, and the press of the mouse that opened it.
+struct OpenMenu {
+  NSMenu *menu = nil;
+  menus::Point place;
+  /// The timestamp of the press.
+  double seconds = 0;
+  /// Whether its release, an event of the mask, is still to come.
+  bool isPressed = true;
+  NSUInteger releases = NSLeftMouseUpMask;
+  /// The index of the selected item, -1 for none, and the area on the screen that belongs to it.
+  NSInteger selected = -1;
+  menus::Area areaOfSelected;
+  /// The index of the first item that is shown.
+  NSInteger first = 0;
+  /// The window whose keys are meant for the menu, which is to be closed when that is no longer the
+  /// key window. Nil: all keys that are pressed while it is open are meant for it.
+  NSWindow *owner = nil;
+};
+
+/// Follows the mouse and the keyboard while a menu is open that a press of the mouse has opened, as
+/// the Mac does: after a click the menu stays open until an item is clicked or chosen by keyboard
+/// (arrows and first letters, then Return, Enter or the space bar), until Escape, a click
+/// elsewhere, or the loss of the keyboard to another window; a press that was held, or moved,
+/// chooses by its release.
 ///
 /// Consumes all events of the mouse and the keyboard; the run loop runs in the event tracking mode.
-/// Main thread. The cell, the view and their window must outlast it.
+/// Main thread. The owner must outlast it.
 class MenuTracking {
  public:
-  /// cell: its menu is open. buttonFrame: in the view. press: the event that opened the menu, of
-  /// the view's window.
-  MenuTracking(NSPopUpButtonCell *cell, NSRect buttonFrame, NSView *view, NSEvent *press);
+  explicit MenuTracking(const OpenMenu &open);
   ~MenuTracking();
   MenuTracking(const MenuTracking &) = delete;
   MenuTracking &operator=(const MenuTracking &) = delete;
@@ -37,19 +60,24 @@ class MenuTracking {
   Step stepForRelease(NSEvent *event, menus::Point place);
   Step stepForKey(NSEvent *event);
   Step stepForPlatformEvent(NSEvent *event);
+  Step stepForLetter(NSEvent *event, unichar letter);
   void pointTo(menus::Point place);
 
   NSInteger itemAt(menus::Point place) const;
   bool canChoose(NSInteger item) const;
+  bool canChoose(NSInteger item, const std::u16string &beginning) const;
   NSInteger nextItem(NSInteger from, NSInteger direction) const;
 
-  NSPopUpButtonCell *cell_;
   NSMenu *menu_;
   NSMenuView *menuView_;
   NSWindow *owner_;
+  NSUInteger releases_;
+  NSInteger first_;
   NSInteger selected_;
   menus::MenuPress press_;
-  Phase phase_ = Phase::Pressed;
+  menus::TypedLetters letters_;
+  KeyboardGrab keyboard_;
+  Phase phase_;
   bool hasMouse_ = false;
   bool hadKeyboard_ = false;
 };

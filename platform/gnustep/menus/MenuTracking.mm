@@ -19,50 +19,35 @@ constexpr NSUInteger kReleased = NSLeftMouseUpMask | NSRightMouseUpMask | NSOthe
 constexpr NSUInteger kMoved =
     NSMouseMovedMask | NSLeftMouseDraggedMask | NSRightMouseDraggedMask | NSOtherMouseDraggedMask;
 
-menus::Point onScreen(NSEvent *event) {
+/// Without case and marks. The platform's searches that ignore both find nothing.
+NSString *folded(NSString *text) {
+  NSString *const decomposed = [[text decomposedStringWithCanonicalMapping] lowercaseString];
+  NSArray *const parts =
+      [decomposed componentsSeparatedByCharactersInSet:[NSCharacterSet nonBaseCharacterSet]];
+  return [parts componentsJoinedByString:@""];
+}
+
+}  // namespace
+
+menus::Point placeOnScreen(NSEvent *event) {
   NSWindow *const window = [event window];
   const NSPoint place = [event locationInWindow];
   const NSPoint point = window == nil ? place : [window convertBaseToScreen:place];
   return {point.x, point.y};
 }
 
-menus::Area onScreen(NSView *view, NSRect rect) {
-  rect = [view convertRect:rect toView:nil];
-  const NSPoint origin = [[view window] convertBaseToScreen:rect.origin];
-  return {origin.x, origin.y, NSWidth(rect), NSHeight(rect)};
-}
-
-/// How far the centres of a button and of the item over it may be apart.
-constexpr double kAlignedPoints = 1;
-
-bool isOver(const menus::Area &item, const menus::Area &button) {
-  const double apart = (item.y + item.height / 2) - (button.y + button.height / 2);
-  return std::abs(apart) <= kAlignedPoints;
-}
-
-/// The area that belongs to the selected item of a menu that was opened by a press: the button, if
-/// the item lies over it. At the edge of the screen the menu may be shifted, and the area is empty.
-menus::Area areaOfSelectedItem(NSPopUpButtonCell *cell, const menus::Area &button) {
-  if ([cell pullsDown]) return button;
-  const NSInteger selected = [cell indexOfSelectedItem];
-  if (selected < 0) return {};
-  NSMenuView *const menuView = [[cell menu] menuRepresentation];
-  const menus::Area item = onScreen(menuView, [menuView rectOfItemAtIndex:selected]);
-  return isOver(item, button) ? button : menus::Area();
-}
-
-}  // namespace
-
-MenuTracking::MenuTracking(NSPopUpButtonCell *cell, NSRect buttonFrame, NSView *view,
-                           NSEvent *press)
-    : cell_(cell),
-      menu_([[cell menu] retain]),
-      menuView_([[menu_ menuRepresentation] retain]),
-      owner_([view window]),
-      selected_([cell pullsDown] ? -1 : [cell indexOfSelectedItem]),
-      press_([press timestamp], onScreen(press),
-             areaOfSelectedItem(cell, onScreen(view, buttonFrame)),
-             { [NSEvent doubleClickInterval], kClickPoints }) {}
+MenuTracking::MenuTracking(const OpenMenu &open)
+    : menu_([open.menu retain]),
+      menuView_([[open.menu menuRepresentation] retain]),
+      owner_(open.owner),
+      releases_(open.releases),
+      first_(open.first),
+      selected_(open.selected),
+      press_(open.seconds, open.place, open.areaOfSelected,
+             {[NSEvent doubleClickInterval], kClickPoints}),
+      letters_(static_cast<int>([open.menu numberOfItems]),
+               [this](int item, const std::u16string &text) { return canChoose(item, text); }),
+      phase_(open.isPressed ? Phase::Pressed : Phase::Open) {}
 
 MenuTracking::~MenuTracking() {
   if (hasMouse_) [GSCurrentServer() releasemouse];
@@ -77,6 +62,7 @@ NSInteger MenuTracking::chosenItem() {
     if (!hasMouse_) {
       hasMouse_ = [GSCurrentServer() capturemouse:[[menuView_ window] windowNumber]] != NO;
     }
+    if (owner_ == nil) keyboard_.grabFor([menuView_ window]);
     @autoreleasepool {
       NSEvent *const event = nextEvent();
       switch (event == nil ? Step::Continue : stepFor(event)) {
@@ -108,7 +94,7 @@ MenuTracking::Step MenuTracking::stepFor(NSEvent *event) {
   const NSUInteger kind = NSEventMaskFromType([event type]);
   if ((kind & NSKeyDownMask) != 0) return stepForKey(event);
   if ((kind & NSAppKitDefinedMask) != 0) return stepForPlatformEvent(event);
-  const menus::Point place = onScreen(event);
+  const menus::Point place = placeOnScreen(event);
   if ((kind & kPressed) != 0) return stepForPress(place);
   if ((kind & kReleased) != 0) return stepForRelease(event, place);
   if ((kind & kMoved) != 0) {
@@ -132,7 +118,9 @@ MenuTracking::Step MenuTracking::stepForRelease(NSEvent *event, menus::Point pla
   const Phase phase = phase_;
   // The release of an earlier press.
   if (phase == Phase::Open) return Step::Continue;
-  if (phase == Phase::Pressed && [event type] != NSLeftMouseUp) return Step::Continue;
+  if (phase == Phase::Pressed && (NSEventMaskFromType([event type]) & releases_) == 0) {
+    return Step::Continue;
+  }
   phase_ = Phase::Open;
   if (phase == Phase::Pressed && press_.isClickWithReleaseAt([event timestamp], place)) {
     return Step::Continue;
@@ -149,6 +137,8 @@ MenuTracking::Step MenuTracking::stepForKey(NSEvent *event) {
     case kEscape:
       return Step::Close;
     case ' ':
+      if (letters_.canContinue(key, [event timestamp])) return stepForLetter(event, key);
+      [[fallthrough]];
     case NSCarriageReturnCharacter:
     case NSNewlineCharacter:
     case NSEnterCharacter:
@@ -161,8 +151,15 @@ MenuTracking::Step MenuTracking::stepForKey(NSEvent *event) {
       [menuView_ setHighlightedItemIndex:nextItem(current, 1)];
       return Step::Continue;
     default:
-      return Step::Continue;
+      return key == 0 ? Step::Continue : stepForLetter(event, key);
   }
+}
+
+MenuTracking::Step MenuTracking::stepForLetter(NSEvent *event, unichar letter) {
+  const int highlighted = static_cast<int>([menuView_ highlightedItemIndex]);
+  const auto item = letters_.itemFor(letter, [event timestamp], highlighted);
+  if (item) [menuView_ setHighlightedItemIndex:*item];
+  return Step::Continue;
 }
 
 MenuTracking::Step MenuTracking::stepForPlatformEvent(NSEvent *event) {
@@ -187,16 +184,22 @@ NSInteger MenuTracking::itemAt(menus::Point place) const {
 }
 
 bool MenuTracking::canChoose(NSInteger item) const {
-  if (item < 0 || item >= [menu_ numberOfItems]) return false;
+  if (item < first_ || item >= [menu_ numberOfItems]) return false;
   NSMenuItem *const menuItem = static_cast<NSMenuItem *>([menu_ itemAtIndex:item]);
   return [menuItem isEnabled] && ![menuItem isSeparatorItem];
 }
 
+bool MenuTracking::canChoose(NSInteger item, const std::u16string &beginning) const {
+  if (!canChoose(item)) return false;
+  NSString *const text =
+      [NSString stringWithCharacters:reinterpret_cast<const unichar *>(beginning.data())
+                              length:beginning.size()];
+  return [folded([[menu_ itemAtIndex:item] title]) hasPrefix:folded(text)];
+}
+
 /// The next item that can be chosen, or `from` when there is none.
 NSInteger MenuTracking::nextItem(NSInteger from, NSInteger direction) const {
-  // The first item of a pull-down menu is the title of the button and not shown.
-  const NSInteger first = [cell_ pullsDown] ? 1 : 0;
-  for (NSInteger item = from + direction; item >= first && item < [menu_ numberOfItems];
+  for (NSInteger item = from + direction; item >= first_ && item < [menu_ numberOfItems];
        item += direction) {
     if (canChoose(item)) return item;
   }

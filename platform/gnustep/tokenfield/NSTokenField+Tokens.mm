@@ -1,5 +1,6 @@
 #import "platform/gnustep/tokenfield/NSTokenField+Tokens.h"
 
+#import "platform/gnustep/interface-files/NSObject+Accessibility.h"
 #import "platform/gnustep/tokenfield/FieldToken.h"
 #import "platform/gnustep/tokenfield/TokenEditor.h"
 #import "platform/gnustep/tokenfield/TokenFieldCell.h"
@@ -164,7 +165,9 @@ constexpr CGFloat kWheelPoints = 20;
 }
 
 - (id)accessibilityAttributeValue:(NSString *)attribute {
-  return [attribute isEqualToString:NSAccessibilityValueAttribute] ? [self stringValue] : nil;
+  return [attribute isEqualToString:NSAccessibilityValueAttribute]
+             ? [self stringValue]
+             : [super accessibilityAttributeValue:attribute];
 }
 
 @end
