@@ -4,6 +4,7 @@
 #import "agent/ResultDictionary.h"
 #include "app/BVSyncEngine.h"
 #import "app/ContextMenuAppAppDelegate.h"
+#import "text/UTF16.h"
 
 namespace {
 
@@ -20,8 +21,10 @@ int queryEngine(Query query) {
       BvUninitialize);
 }
 
+/// Replaces half a surrogate pair: a platform that left it out would make another item's path.
 std::string utf8(NSString *path) {
-  NSData *const data = [path dataUsingEncoding:NSUTF8StringEncoding allowLossyConversion:YES];
+  NSString *const wellFormed = utf16::stringOf(utf16::wellFormed(utf16::unitsOf(path)));
+  NSData *const data = [wellFormed dataUsingEncoding:NSUTF8StringEncoding];
   return std::string(static_cast<const char *>([data bytes]), [data length]);
 }
 

@@ -99,6 +99,11 @@ TEST(AgentConnection, AnotherApplicationIsNotTheAgent) {
   EXPECT_FALSE([newController() checkIfAppIsRunning]);
 }
 
+TEST(AgentConnection, AnApplicationWithoutAnIdentifierIsNotTheAgent) {
+  AgentProcess agent({.identifier = "-"});
+  EXPECT_FALSE([newController() checkIfAppIsRunning]);
+}
+
 TEST(AgentConnection, TheGateIsClosedWhenOnlyTheNameIsThere) {
   AgentProcess stranger({.identifier = "org.example.other"});
   BVDataModelController *const controller = newController();
@@ -283,6 +288,41 @@ TEST(AgentConnection, OtherConnectionsKeepTheirOwnTimeouts) {
   newController();
   EXPECT_EQ([[NSConnection defaultConnection] replyTimeout], 77);
   EXPECT_EQ([[NSConnection defaultConnection] requestTimeout], 88);
+}
+
+TEST(AgentConnection, AConnectionThatWasFoundLateWaitsAsLongAsAnyOther) {
+  AgentProcess agent({.registerAfterSeconds = 0.5});
+  NSConnection *const connection = agent::connectionOf([newController() krvAgentProxy]);
+  EXPECT_EQ([connection replyTimeout], agent::kConnectionDeadlineSeconds);
+  EXPECT_EQ([connection requestTimeout], agent::kConnectionDeadlineSeconds);
+}
+
+TEST(AgentConnection, AfterAReplyTheConnectionHasItsTimeoutsAgain) {
+  AgentProcess agent;
+  BVDataModelController *const controller = newController();
+  NSConnection *const connection = agent::connectionOf([controller krvAgentProxy]);
+  [controller getEmployeeAddressBook];
+  EXPECT_EQ([connection replyTimeout], agent::kConnectionDeadlineSeconds);
+  EXPECT_EQ([connection requestTimeout], agent::kConnectionDeadlineSeconds);
+}
+
+TEST(AgentConnection, TheActiveAccountIsWaitedForLongerThanAnAttemptLasts) {
+  AgentProcess agent;
+  agent.setScript(@{@"getActiveAccount" : @{@"delay" : @17, @"reply" : @"late"}});
+  EXPECT_EQ(text([newController() getActiveAccount]), "late");
+}
+
+TEST(AgentConnection, AnOperationIsOneMessage) {
+  AgentProcess agent;
+  agent.setScript(@{@"getEmployeeAddressBook" : @{@"nil" : @1}});
+  BVDataModelController *const controller = newController();
+  NSConnection *const connection = agent::connectionOf([controller krvAgentProxy]);
+  const auto messages = [&] {
+    return [[[connection statistics] objectForKey:NSConnectionRequestsSent] intValue];
+  };
+  const int before = messages();
+  [controller getEmployeeAddressBook];
+  EXPECT_EQ(messages(), before + 1);
 }
 
 TEST(AgentConnection, ManyInstancesLeaveNoDescriptorBehind) {

@@ -113,6 +113,14 @@ TEST_F(ContactRecords, ADictionaryThatClaimsToBeAStringIsNone) {
   expectAsRead(records);
 }
 
+TEST_F(ContactRecords, ASeparatorInWhatADictionaryClaimsToBeDoesNoHarm) {
+  NSMutableArray *const records = [[ordinaryContacts(20) mutableCopy] autorelease];
+  NSDictionary *const claimant = @{@"classForCoder" : @"NSString\x1fNSString"};
+  [records replaceObjectAtIndex:3 withObject:contact(claimant, claimant)];
+  [records replaceObjectAtIndex:9 withObject:contact(@42, @17)];
+  expectAsRead(records);
+}
+
 TEST_F(ContactRecords, TextThatLooksLikeANullOrANumberIsText) {
   NSMutableArray *const records = [[ordinaryContacts(20) mutableCopy] autorelease];
   [records replaceObjectAtIndex:2 withObject:contact(@"<null>", @"<null>")];

@@ -85,6 +85,26 @@ TEST_F(PathResolution, AnUnknownPathHandsTheCodeOnAndLeavesTheIdAlone) {
   EXPECT_EQ(text(outId), "");
 }
 
+TEST_F(PathResolution, AnUnknownPathLeavesTheIdAloneWhateverTheBufferHolds) {
+  char buffer[] = "scratch";
+  // clang-format off
+  EXPECT_NE([delegate GetFileIdByPath:@"/elsewhere":buffer:&outId], 0);
+  EXPECT_NE([delegate GetFolderIdByPath:@"/elsewhere":buffer:&outId], 0);
+  // clang-format on
+  EXPECT_EQ(text(outId), "");
+}
+
+TEST_F(PathResolution, TheIdNeedNotBeAskedFor) {
+  engine.files["/known"] = "id";
+  engine.folders["/known"] = "id";
+  NSString *const home = @"/Users/ada/Brisvale/MyDocs";
+  // clang-format off
+  EXPECT_EQ([delegate GetFileIdByPath:@"/known":nullptr:nullptr], 0);
+  EXPECT_EQ([delegate GetFolderIdByPath:@"/known":nullptr:nullptr], 0);
+  EXPECT_EQ([delegate GetFolderIdByPath:home:nullptr:nullptr], 0);
+  // clang-format on
+}
+
 TEST_F(PathResolution, CodesArePassedOnUnchanged) {
   for (const int code : {-1, 1, 2147483647}) {
     engine.queryCode = code;
@@ -259,6 +279,7 @@ TEST_F(PathResolution, APathThatUtf8CannotHoldIsAskedForAndUnknown) {
   [alone appendFormat:@"%C", static_cast<unichar>(0xD800)];
   ASSERT_EQ([alone length], 2u);
   EXPECT_EQ(file(alone), ScriptedEngine::kUnknownPath);
+  EXPECT_EQ(engine.calls[1], "BvGetFileIdByName /\uFFFD");
 }
 
 TEST_F(PathResolution, TheFileStateAnswersWhetherTheQuerySucceededAndNothingElse) {

@@ -12,7 +12,7 @@
 class AgentProcess {
  public:
   struct Options {
-    /// The bundle identifier of the application that it runs as.
+    /// The bundle identifier of the application that it runs as; "-" for none.
     std::string identifier = KRV_AGENT_BUNDLE_IDENTIFIER;
     /// The name that it registers; "-" for none.
     std::string name = "KRVSyncAgent";

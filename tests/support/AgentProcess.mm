@@ -31,8 +31,10 @@ std::string makeBundle(const std::string &folder, const std::string &identifier)
   fs::create_directories(bundle / "Resources");
   const fs::path program = bundle / "Agent";
   linkProgram(program);
-  std::ofstream(bundle / "Resources" / "Info-gnustep.plist")
-      << "{ NSExecutable = Agent; CFBundleIdentifier = \"" << identifier << "\"; }\n";
+  std::ofstream info(bundle / "Resources" / "Info-gnustep.plist");
+  info << "{ NSExecutable = Agent; ";
+  if (identifier != "-") info << "CFBundleIdentifier = \"" << identifier << "\"; ";
+  info << "}\n";
   return program;
 }
 

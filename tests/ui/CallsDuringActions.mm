@@ -1,7 +1,9 @@
 #include "tests/support/PlatformServer.h"
 #import "tests/ui/CallDuringAction.h"
 #import "tests/ui/InviteTabFixture.h"
+#import "tests/ui/MenuActions.h"
 #import "tests/ui/PermissionsTab.h"
+#import "windows/RequestSuspension.h"
 
 // The default mode runs inside each of these actions while a call of the plug-in waits that would
 // close the action's window.
@@ -116,4 +118,120 @@ TEST_F(CallDuringAChangeOfAccess, WaitsForTheListThatAnInvitationReadsAgain) {
   [tab listenNotification:nil];
   EXPECT_EQ([[tab personList] count], 2u);
   expectThatItHasWaited(call);
+}
+
+namespace {
+
+/// The default mode runs while the file manager is asked for the selection.
+struct CallDuringTheMenu : MenuActions {
+  void select(NSString *path) {
+    MenuActions::select(path);
+    knowFile(path, "id");
+    knowFolder(path, "id");
+  }
+
+  /// The window of the action is the only one, until the call is served.
+  void expectThatItHasWaited(CallDuringAction &call, const std::string &title) {
+    EXPECT_TRUE(call.hasWaited());
+    EXPECT_EQ(text([onlyWindow() title]), title);
+    EXPECT_TRUE(call.isServed());
+    EXPECT_EQ(text([onlyWindow() title]), "Another.txt");
+  }
+};
+
+/// The default mode runs while the agent is asked.
+struct CallDuringACall : Windows {
+  void hold(CallDuringAction &call, NSString *operation) {
+    agent.setScript(@{operation : call.held(@{@"reply" : success(@"https://x/first")})});
+  }
+
+  void expectThatItHasWaited(CallDuringAction &call) {
+    EXPECT_TRUE(call.hasWaited());
+    EXPECT_EQ(visibleWindows().size(), 1u);
+    EXPECT_TRUE(call.isServed());
+  }
+};
+
+NSString *const kBook = @"getEmployeeAddressBook";
+
+}  // namespace
+
+TEST_F(CallDuringTheMenu, WaitsForTheCopyingOfALink) {
+  select(makeFile(@"figures.csv"));
+  agent.answer(@"getLinkForFile:::::", success(@"https://x/file"));
+  CallDuringAction call;
+  [delegate CopyLink:nil];
+  EXPECT_EQ(text(clipboardText()), "https://x/file");
+  expectThatItHasWaited(call, "(nil)");
+}
+
+TEST_F(CallDuringTheMenu, WaitsForTheSelectionOfAFileToSend) {
+  select(makeFile(@"figures.csv"));
+  CallDuringAction call;
+  [delegate SendFile:nil];
+  expectThatItHasWaited(call, "figures.csv");
+}
+
+TEST_F(CallDuringTheMenu, WaitsForTheSelectionOfAFolderToSend) {
+  select(makeFolder(@"Plans"));
+  CallDuringAction call;
+  [delegate SendFolder:nil];
+  expectThatItHasWaited(call, "Plans");
+}
+
+TEST_F(CallDuringTheMenu, WaitsForTheSelectionOfAFolderToShare) {
+  select(makeFolder(@"MyDocs/Plans"));
+  CallDuringAction call;
+  [delegate ShareFolder:nil];
+  expectThatItHasWaited(call, "Plans");
+}
+
+TEST_F(CallDuringACall, WaitsForTheOpeningOfTheSendWindow) {
+  CallDuringAction call;
+  hold(call, kBook);
+  EXPECT_NE(openSend(), nil);
+  expectThatItHasWaited(call);
+}
+
+TEST_F(CallDuringACall, WaitsForTheOpeningOfTheShareWindow) {
+  CallDuringAction call;
+  hold(call, kBook);
+  // Events are handled only after the check.
+  // clang-format off
+  [proxy LaunchShareFolderTab:@"id-2":@"":NO:NO:YES];
+  // clang-format on
+  expectThatItHasWaited(call);
+}
+
+TEST_F(CallDuringACall, WaitsForADirectCopy) {
+  CallDuringAction call;
+  hold(call, @"getLinkForFile:::::");
+  // clang-format off
+  [proxy copyLinkToClipboard:@"id-1":NO:NO];
+  // clang-format on
+  EXPECT_TRUE(call.hasWaited());
+  EXPECT_EQ(text(clipboardText()), "https://x/first");
+  EXPECT_TRUE(call.isServed());
+}
+
+/// Replies to its own requests, and the platform's messages to the application, arrive there.
+TEST(SuspendedRequests, AreNotThoseOfTheConnectionThatTheApplicationAsksOn) {
+  NSConnection *const own = [NSConnection defaultConnection];
+  withRequestsSuspended(
+      [&] { EXPECT_TRUE([[own requestModes] containsObject:NSDefaultRunLoopMode]); });
+}
+
+TEST(SuspendedRequests, AreServedOnlyWhenTheOutermostSuspensionHasEnded) {
+  NSConnection *const serving = [[[NSConnection alloc] init] autorelease];
+  [serving setRootObject:@"something to serve"];
+  const auto isServed = [serving] {
+    return [[serving requestModes] containsObject:NSDefaultRunLoopMode] != NO;
+  };
+  ASSERT_TRUE(isServed());
+  withRequestsSuspended([&] {
+    withRequestsSuspended([&] { EXPECT_FALSE(isServed()); });
+    EXPECT_FALSE(isServed());
+  });
+  EXPECT_TRUE(isServed());
+  [serving invalidate];
 }

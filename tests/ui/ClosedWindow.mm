@@ -196,6 +196,20 @@ TEST_F(ClosedWindow, OfTheInviteTabReachesNoController) {
   EXPECT_EQ([tabs count], 2u);
 }
 
+TEST_F(ClosedWindow, IsNoLongerKnownToItsTabs) {
+  SendAndCopyTabController *const sending = openSend(0);
+  NSMutableArray *const tabs =
+      [NSMutableArray arrayWithObjects:[sending sendFile], [sending sendCopyFile], nil];
+  BrisvaleTabController *const sharing = openShare(0);
+  [tabs addObjectsFromArray:@[ [sharing givePermissionTab], [sharing sendInviteTab] ]];
+  closeWindows();
+  for (TabController *tab in tabs) {
+    EXPECT_EQ([tab ourMainWindow], nil) << text(tab);
+    EXPECT_EQ([tab modalWindow], nil) << text(tab);
+    EXPECT_EQ([tab modalWindowText], nil) << text(tab);
+  }
+}
+
 TEST_F(ClosedWindow, ListsNoCompletionsForWhatWasTypedBefore) {
   SendAndCopyTabController *const controller = openSend(0);
   // Retained, so that it could receive messages.

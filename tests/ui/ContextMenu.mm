@@ -3,6 +3,7 @@
 #include <memory>
 #include <set>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #include "tests/support/WindowServer.h"
 #include "tests/ui/MenuActions.h"
 
@@ -32,6 +33,19 @@ constexpr NSPoint kSecondPointer = {300, 300};
 std::vector<std::string> onServer(NSPoint place) {
   const double top = NSMaxY([[NSScreen mainScreen] frame]) - place.y;
   return {std::to_string(static_cast<int>(place.x)), std::to_string(static_cast<int>(top))};
+}
+
+/// The event and the view that a menu was popped up for, instead of showing it.
+NSEvent *press = nil;
+NSView *pressedView = nil;
+bool showsNoMenu = false;
+
+constinit platform::ReplacedMethod<void(NSMenu *, NSEvent *, NSView *)> platformPopUp;
+
+void recordPopUp(id self, SEL selector, NSMenu *menu, NSEvent *event, NSView *view) {
+  if (!showsNoMenu) return platformPopUp(self, selector, menu, event, view);
+  press = event;
+  pressedView = view;
 }
 
 NSWindow *windowOf(NSMenu *menu) {
@@ -195,6 +209,25 @@ TEST_F(ContextMenu, ItOpensAtThePointer) {
   const NSRect frame = popUpAndClick(kElsewhere);
   EXPECT_NEAR(NSMinX(frame), kPointer.x, 2);
   EXPECT_NEAR(NSMaxY(frame), kPointer.y, 2);
+}
+
+TEST_F(ContextMenu, ItIsPoppedUpForAPressThatIsNoClick) {
+  platformPopUp.install(object_getClass([NSMenu class]),
+                        @selector(popUpContextMenu:withEvent:forView:), recordPopUp);
+  showsNoMenu = true;
+  [delegate showContextMenu];
+  showsNoMenu = false;
+  ASSERT_NE(press, nil);
+  EXPECT_EQ([press type], NSLeftMouseDown);
+  EXPECT_EQ([press clickCount], 0);
+  EXPECT_EQ([press eventNumber], 0);
+  EXPECT_EQ([press modifierFlags], 0u);
+  EXPECT_EQ([press timestamp], 0.0);
+  NSWindow *const anchor = [pressedView window];
+  EXPECT_EQ([press windowNumber], [anchor windowNumber]);
+  EXPECT_TRUE(NSEqualPoints([anchor convertBaseToScreen:[press locationInWindow]],
+                            [NSEvent mouseLocation]));
+  EXPECT_EQ(pressedView, [anchor contentView]);
 }
 
 TEST_F(ContextMenu, ItOffersItsFourItemsInTheirOrderWhateverIsSelected) {

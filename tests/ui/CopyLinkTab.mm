@@ -1,5 +1,8 @@
 #import "tests/support/Arguments.h"
+#include "tests/support/RepeatingTimer.h"
+#include "tests/support/TypeAheadUser.h"
 #import "tests/ui/WindowFixtures.h"
+#import "text/LocalizedText.h"
 
 namespace {
 
@@ -20,6 +23,14 @@ struct CopyLinkTab : Windows {
     [[numbers menu] performActionForItemAtIndex:[numbers indexOfItemWithTitle:downloads]];
   }
   NSPopUpButton *popUp() { return static_cast<NSPopUpButton *>(button(window, @"Unlimited")); }
+  NSProgressIndicator *spinner() {
+    for (NSView *view in [[popUp() superview] subviews]) {
+      if ([view isKindOfClass:[NSProgressIndicator class]]) {
+        return static_cast<NSProgressIndicator *>(view);
+      }
+    }
+    return nil;
+  }
 
   std::vector<std::string> alert() {
     return [window attachedSheet] == nil ? std::vector<std::string>{}
@@ -138,12 +149,14 @@ TEST_F(CopyLinkTab, ASecondClickBehindTheAlertDoesNothing) {
 }
 
 TEST_F(CopyLinkTab, KeysAndClicksOfTheWaitingTimeDoNotDismissTheAlertUnread) {
-  agent.answer(kFileOperation, refusal(1, @"no"));
+  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"reply" : refusal(1, @"no")}});
   open();
-  postKeys(window, @"\r\r\r");
+  const TypeAheadUser user(window, @"\r\r\r");
+  postClick(button(window, @"Copy Link"));
   postClick(button(window, @"Copy Link"));
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] != nil; }));
   handlePostedEvents();
+  EXPECT_TRUE(user.hasTyped());
   EXPECT_TRUE(alertShows("The link could not be copied."));
 }
 
@@ -197,16 +210,39 @@ TEST_F(CopyLinkTab, AMixedCheckBoxIsNotChecked) {
 TEST_F(CopyLinkTab, TheSpinnerIsHiddenBeforeAndAfter) {
   agent.answer(kFileOperation, refusal(1, @"no"));
   open();
-  NSProgressIndicator *spinner = nil;
-  for (NSView *view in [[popUp() superview] subviews]) {
-    if ([view isKindOfClass:[NSProgressIndicator class]]) {
-      spinner = static_cast<NSProgressIndicator *>(view);
-    }
-  }
-  ASSERT_NE(spinner, nil);
-  EXPECT_TRUE([spinner isHidden]);
+  NSProgressIndicator *const indicator = spinner();
+  ASSERT_NE(indicator, nil);
+  EXPECT_TRUE([indicator isHidden]);
   pressCopy();
-  EXPECT_TRUE([spinner isHidden]);
+  EXPECT_TRUE([indicator isHidden]);
+}
+
+TEST_F(CopyLinkTab, TheSpinnerTurnsWhileTheAgentIsAsked) {
+  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"reply" : refusal(1, @"no")}});
+  open();
+  NSProgressIndicator *const indicator = spinner();
+  bool turned = false;
+  const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    turned |= ![indicator isHidden] && [[indicator valueForKey:@"isRunning"] boolValue];
+  });
+  pressCopy();
+  EXPECT_TRUE(turned);
+}
+
+TEST_F(CopyLinkTab, ARefusalSaysWhatCanBeDone) {
+  agent.answer(kFileOperation, refusal(1, @"no"));
+  open();
+  pressCopy();
+  EXPECT_TRUE(alertShows(text(localizedText(@"unableCopyLinkInformativeKey"))));
+}
+
+TEST_F(CopyLinkTab, AwakingChoosesTheFirstNumberWhateverTheInterfaceFileHas) {
+  CopyLinkController *const controller = [openSend(1) sendCopyFile];
+  window = [controller ourMainWindow];
+  NSPopUpButton *const numbers = popUp();
+  [numbers selectItemAtIndex:3];
+  [controller awakeFromNib];
+  EXPECT_EQ([numbers indexOfSelectedItem], 0);
 }
 
 TEST_F(CopyLinkTab, ReturnPressesCopyLink) {

@@ -35,6 +35,17 @@ NSDictionary *script() {
   };
 }
 
+/// All that can be read in a menu and those below it.
+Lines titlesIn(NSMenu *menu) {
+  Lines titles = {text([menu title])};
+  for (NSMenuItem *item in [menu itemArray]) {
+    titles.push_back(text([item title]));
+    if (![item hasSubmenu]) continue;
+    for (const std::string &title : titlesIn([item submenu])) titles.push_back(title);
+  }
+  return titles;
+}
+
 struct Delegate : testing::Test {
   ContextMenuAppAppDelegate *delegate = loadedDelegate();
 
@@ -103,6 +114,29 @@ TEST_F(Delegate, LaunchLoadsTheAddressBooksAndTheHomeFolderInfoAndSetsTheFlag) {
   EXPECT_EQ(text([[delegate employeeContacts] objectAtIndex:0]), "a@b");
   EXPECT_TRUE(([[delegate homeFolderInfo] isEqual:@{@"homefolder" : @"home-1", @"quota" : @5}]));
   EXPECT_EQ([delegate addressBookForSend], nil);
+}
+
+TEST_F(Delegate, TheHomeFolderInfoHasAllItsEntriesWhateverTheirKeys) {
+  AgentProcess agent;
+  NSDictionary *const info = @{@"homefolder" : @"home-1", @"value" : @"v", @"error" : @0};
+  agent.answer(@"getHomeDirectoryInfo", info);
+  launch();
+  EXPECT_TRUE([[delegate homeFolderInfo] isEqual:info]) << text([delegate homeFolderInfo]);
+}
+
+TEST_F(Delegate, TheHomeFolderIsAskedForAlsoWhereTheAgentDoesNotCountAsRunning) {
+  AgentProcess agent({.identifier = "org.example.other"});
+  agent.setScript(script());
+  launch();
+  EXPECT_EQ(text([[delegate homeFolderInfo] objectForKey:@"homefolder"]), "home-1");
+  EXPECT_EQ([[delegate addressBookForShare] count], 0u);
+}
+
+TEST_F(Delegate, TheMenusHaveTextsInPlaceOfTheirKeys) {
+  Lines titles = titlesIn([NSApp mainMenu]);
+  for (const std::string &title : titlesIn([delegate krvContextMenu])) titles.push_back(title);
+  EXPECT_GT(titles.size(), 10u);
+  for (const std::string &title : titles) EXPECT_FALSE(title.ends_with("Key")) << title;
 }
 
 TEST_F(Delegate, WithoutAnAgentLaunchTakesTwoAttemptsAndEndsWithEmptyListsAndAnEmptyDictionary) {

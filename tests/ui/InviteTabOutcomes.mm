@@ -153,6 +153,28 @@ TEST_F(InviteTabOutcomes, ASuccessIsToldBeforeAndAfterItsSheetComes) {
   EXPECT_TRUE(alertShows("The folder is now shared."));
 }
 
+TEST_F(InviteTabOutcomes, TheSpinnerIsOnTheScreenWhileTheAgentIsAsked) {
+  knowColleagues(@[ @"a@x.de" ]);
+  NSMutableDictionary *const slowly = [NSMutableDictionary dictionaryWithDictionary:refused()];
+  [slowly setObject:@0.2 forKey:@"delay"];
+  grants(slowly);
+  open();
+  NSProgressIndicator *const indicator = spinner();
+  bool wasSeen = false;
+  const RepeatingTimer look(NSConnectionReplyMode,
+                            [&] { wasSeen = wasSeen || ![indicator isHidden]; });
+  invite(@"a@x.de");
+  EXPECT_TRUE(wasSeen);
+  EXPECT_TRUE([indicator isHidden]);
+}
+
+TEST_F(InviteTabOutcomes, AwakingChoosesReadingWhateverTheInterfaceFileHas) {
+  open();
+  [access() selectItemAtIndex:0];
+  [[controller sendInviteTab] awakeFromNib];
+  EXPECT_EQ([access() indexOfSelectedItem], 1);
+}
+
 TEST_F(InviteTabOutcomes, ARefusalIsToldOnceAndAfterItsAlert) {
   knowColleagues(@[ @"a@x.de" ]);
   grants(refused());

@@ -93,6 +93,12 @@ TEST_F(LaunchOperations, TheAddressBookIsFetchedWhileThereIsNone) {
   EXPECT_EQ([fetches count], 1u);
 }
 
+TEST_F(LaunchOperations, TheShareWindowFetchesTheAddressBookToo) {
+  agent.setScript(@{@"getEmployeeAddressBook" : @{@"contacts" : @3}});
+  openShare();
+  EXPECT_EQ([[delegate addressBookForShare] count], 3u);
+}
+
 TEST_F(LaunchOperations, OddArgumentsOpenAWindowOnATabThatExists) {
   for (const int tab : {-128, -1, 2, 127}) {
     EXPECT_NE(openSend(tab, {.item = nil, .name = nil}), nil) << tab;

@@ -1,4 +1,5 @@
 #import "tests/ui/WindowFixtures.h"
+#import "text/LocalizedText.h"
 
 namespace {
 
@@ -61,6 +62,33 @@ struct Layout : Windows, testing::WithParamInterface<Shown> {
   }
 };
 
+/// All that can be read in a view, shown or read aloud.
+void addReadable(NSView *view, std::vector<std::string> &texts) {
+  id const attribute = NSAccessibilityDescriptionAttribute;
+  texts.push_back(text([view toolTip]));
+  texts.push_back(text([view accessibilityAttributeValue:attribute]));
+  if ([view isKindOfClass:[NSControl class]]) {
+    NSCell *const cell = [static_cast<NSControl *>(view) cell];
+    texts.push_back(text([cell accessibilityAttributeValue:attribute]));
+    texts.push_back(text([cell title]));
+    texts.push_back(text([cell stringValue]));
+    if ([cell respondsToSelector:@selector(placeholderString)]) {
+      texts.push_back(text([static_cast<NSTextFieldCell *>(cell) placeholderString]));
+    }
+  }
+  if ([view isKindOfClass:[NSPopUpButton class]]) {
+    NSPopUpButton *const popUp = static_cast<NSPopUpButton *>(view);
+    texts.push_back(text([[[popUp cell] menuItem] title]));
+    for (NSString *title in [popUp itemTitles]) texts.push_back(text(title));
+  }
+  if ([view isKindOfClass:[NSTabView class]]) {
+    for (NSTabViewItem *item in [static_cast<NSTabView *>(view) tabViewItems]) {
+      texts.push_back(text([item label]));
+    }
+  }
+  for (NSView *subview in [view subviews]) addReadable(subview, texts);
+}
+
 NSString *longer(NSString *text) {
   const NSUInteger length = static_cast<NSUInteger>([text length] * 1.4);
   return [text stringByPaddingToLength:length withString:@"emno" startingAtIndex:0];
@@ -70,6 +98,13 @@ NSString *longer(NSString *text) {
 
 TEST_P(Layout, EverythingHasItsPlaceAsItOpens) {
   expectEverythingInItsPlace("as it opens");
+}
+
+TEST_P(Layout, NoTextIsTheKeyOfOne) {
+  std::vector<std::string> texts = {text([window title])};
+  addReadable([window contentView], texts);
+  EXPECT_GT(texts.size(), 20u);
+  for (const std::string &each : texts) EXPECT_FALSE(each.ends_with("Key")) << each;
 }
 
 TEST_P(Layout, EverythingHasItsPlaceInAMuchLargerWindow) {
@@ -113,3 +148,13 @@ INSTANTIATE_TEST_SUITE_P(EachTab, Layout,
                          testing::Values(Shown{"Send", false, 0}, Shown{"CopyLink", false, 1},
                                          Shown{"Permissions", true, 0}, Shown{"Invite", true, 1}),
                          [](const auto &info) { return info.param.name; });
+
+/// On the Mac the interface file has them there.
+TEST(LocalizedViews, HaveATextInPlaceOfTheKeyOnTheirCellToo) {
+  NSButton *const control = [[[NSButton alloc] initWithFrame:NSMakeRect(0, 0, 90, 30)] autorelease];
+  NSString *const attribute = NSAccessibilityDescriptionAttribute;
+  [[control cell] accessibilitySetOverrideValue:@"busyDescriptionKey" forAttribute:attribute];
+  localizeView(control);
+  EXPECT_EQ(text([[control cell] accessibilityAttributeValue:attribute]),
+            text(localizedText(@"busyDescriptionKey")));
+}

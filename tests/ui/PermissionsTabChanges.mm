@@ -1,6 +1,7 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/PermissionsTab.h"
@@ -65,6 +66,22 @@ TEST_F(PermissionsTabChanges, ASuccessIsShownAndTheRowHasTheNewLevel) {
   EXPECT_EQ([person(0) accessPermission], 1);
   EXPECT_EQ(text([person(0) permission]), text(localizedText(kWriter)));
   EXPECT_EQ(text([accessIn(0) titleOfSelectedItem]), text(localizedText(kWriter)));
+  EXPECT_TRUE([spinner() isHidden]);
+}
+
+TEST_F(PermissionsTabChanges, TheRowHasTheNewLevelAndTheSpinnerTurnsWhileTheAgentIsAsked) {
+  openWith(@{@"delay" : @0.2, @"reply" : success(@1)});
+  SharedWith *const changed = person(0);
+  bool wasChanged = false;
+  bool wasSeen = false;
+  const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    if ([spinner() isHidden]) return;
+    wasSeen = true;
+    wasChanged = [changed accessPermission] == 1;
+  });
+  choose(0, kWriter);
+  EXPECT_TRUE(wasChanged);
+  EXPECT_TRUE(wasSeen);
   EXPECT_TRUE([spinner() isHidden]);
 }
 

@@ -62,8 +62,12 @@ struct PermissionsTabLifetimes : PermissionsTab {
       [tab setFilePath:@"folder-1"];
       EXPECT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 1; }));
     });
+    closedTab = tab;
     close();
   }
+
+  /// The tab of that window, which lives until its load ends.
+  PermissionTabController *closedTab = nil;
 
   /// One event of the test's user, with a pool of its own as each event has.
   template <class Step>
@@ -148,6 +152,8 @@ TEST_F(PermissionsTabLifetimes, AnInvitationWhileALoadOutlivesItsWindowReachesNo
     [[NSNotificationCenter defaultCenter] postNotificationName:@"UserAddedToShareFolder"
                                                         object:nil];
   });
+  // The agent hangs, so that it does not record the calls of another load.
+  EXPECT_EQ([[closedTab valueForKey:@"newestLoad"] unsignedIntegerValue], 1u);
   resumeAgent();
   EXPECT_TRUE(handleEventsUntil([&] { return endedControllers == controllers + 1; }));
   EXPECT_EQ(calls(@"getAccess::"), 1);

@@ -1,3 +1,7 @@
+#include <atomic>
+
+#import "platform/gnustep/connections/NSConnection+BackgroundLock.h"
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "tests/faults/EndedThreads.h"
 #import "tests/support/Arguments.h"
 #include "tests/support/RepeatingTimer.h"
@@ -5,6 +9,38 @@
 #import "text/LocalizedText.h"
 
 namespace {
+
+/// While one of these lives, no thread gets the lock of the background threads.
+class RefusedLock {
+ public:
+  RefusedLock() {
+    const Class connections = object_getClass([NSConnection class]);
+    platformLock.install(connections, @selector(lockForBackgroundThreadWithTimeout:), lock);
+    platformUnlock.install(connections, @selector(unlockForBackgroundThread), unlock);
+    unlocks = 0;
+    isRefused = true;
+  }
+  ~RefusedLock() { isRefused = false; }
+  RefusedLock(const RefusedLock &) = delete;
+  RefusedLock &operator=(const RefusedLock &) = delete;
+
+  /// How often it was given back.
+  static int unlocked() { return unlocks; }
+
+ private:
+  static BOOL lock(id cls, SEL selector, NSTimeInterval seconds) {
+    return isRefused ? NO : platformLock(cls, selector, seconds);
+  }
+  static void unlock(id cls, SEL selector) {
+    ++unlocks;
+    if (!isRefused) platformUnlock(cls, selector);
+  }
+
+  static constinit inline platform::ReplacedMethod<BOOL(NSTimeInterval)> platformLock;
+  static constinit inline platform::ReplacedMethod<void()> platformUnlock;
+  static inline std::atomic<bool> isRefused = false;
+  static inline std::atomic<int> unlocks = 0;
+};
 
 NSString *const kGrant = @"grantAccess:::::::::";
 
@@ -105,12 +141,16 @@ TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
   [tab setFilePath:@"folder-2"];
   ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
   resumeAgent();
-  // Nothing must happen, so there is no condition to wait for.
-  NSDate *const soon = [NSDate dateWithTimeIntervalSinceNow:0.3];
-  while ([soon timeIntervalSinceNow] > 0) {
-    [[NSRunLoop currentRunLoop] runMode:NSEventTrackingRunLoopMode beforeDate:soon];
+  // A mode without a timer or an event does not run. In each turn a step could be performed.
+  int turns = 0;
+  const RepeatingTimer tracking(NSEventTrackingRunLoopMode, [&] { ++turns; });
+  while (turns < 25) {
+    [[NSRunLoop currentRunLoop] runMode:NSEventTrackingRunLoopMode
+                             beforeDate:[NSDate distantFuture]];
   }
   EXPECT_EQ([[tab personList] count], 3u);
+  // Not even the first step, without which there is no second one.
+  EXPECT_TRUE([spinner() isHidden]);
   EXPECT_TRUE(handleEventsUntil([&] { return [[tab personList] count] == 5; }));
 }
 
@@ -144,6 +184,17 @@ TEST_F(PermissionsTabLoads, BehindARefreshThatHangsTheTabSaysSoAndLaterLoadsWork
   [tab setFilePath:@"folder-2"];
   EXPECT_TRUE(handleEventsUntil([&] { return showsList(); }));
   EXPECT_EQ([[tab personList] count], 3u);
+}
+
+TEST_F(PermissionsTabLoads, WithoutTheLockNeitherALoadNorARefreshAsksTheAgentOrGivesTheLockBack) {
+  const RefusedLock refused;
+  EndedThreads *const threads = [[[EndedThreads alloc] init] autorelease];
+  [loadedDelegate() updateAddressBook:nil];
+  open();
+  EXPECT_TRUE(handleEventsUntil([&] { return threads->count >= 2; }));
+  EXPECT_TRUE(showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")));
+  EXPECT_EQ([agent.calls() count], 0u);
+  EXPECT_EQ(refused.unlocked(), 0);
 }
 
 TEST_F(PermissionsTabLoads, ManyLoadsAtOnceAllReachTheAgentAndOneMoreShowsItsList) {

@@ -1,6 +1,7 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/PermissionsTab.h"
@@ -59,6 +60,25 @@ TEST_F(PermissionsTabRemovals, ARemovalIsShownAsASuccessAndNotLogged) {
   EXPECT_EQ(log.lines(), activations.with({}));
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() == [tab modalWindow]; }));
   EXPECT_EQ(text([[tab modalWindowText] stringValue]), text(localizedText(kSuccess)));
+  EXPECT_TRUE([spinner() isHidden]);
+}
+
+TEST_F(PermissionsTabRemovals, TheQuestionHasGoneAndTheSpinnerTurnsWhileTheAgentIsAsked) {
+  openWith(
+      3,
+      @{@"delay" : @0.2,
+        @"reply" : success(@1)});
+  NSWindow *const question = askToRemove(1);
+  bool hadGone = false;
+  bool wasSeen = false;
+  const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    if ([spinner() isHidden]) return;
+    wasSeen = true;
+    hadGone = ![question isVisible];
+  });
+  press(question, kYes);
+  EXPECT_TRUE(hadGone);
+  EXPECT_TRUE(wasSeen);
   EXPECT_TRUE([spinner() isHidden]);
 }
 

@@ -171,6 +171,14 @@ TEST_F(SendFileAction, ANameInAnyScriptIsTheTitle) {
   }
 }
 
+TEST_F(SendFileAction, ANameOfBlanksIsATitleWithoutOneAndNotTheWindowsOwn) {
+  NSString *const blank = makeFile(@"MyDocs/  ");
+  select(blank);
+  knowFile(blank, "id-blank");
+  sendFile();
+  EXPECT_EQ(text([onlyWindow() title]), "");
+}
+
 TEST_F(SendFolderAction, OpensTheSendWindowForTheFolder) {
   [delegate hideMe];
   sendFolder();

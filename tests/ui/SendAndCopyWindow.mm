@@ -3,6 +3,24 @@
 #import "tests/ui/HidingObserver.h"
 #import "tests/ui/WindowFixtures.h"
 
+/// A window controller whose interface file does not exist.
+@interface ControllerWithoutInterface : TabWindowController {
+ @private
+  std::int64_t defaultTab;
+}
+@property (nonatomic, assign) std::int64_t defaultTab;
+@end
+
+@implementation ControllerWithoutInterface
+
+@synthesize defaultTab;
+
+- (id)init {
+  return [super initWithWindowNibName:@"NoSuchInterface"];
+}
+
+@end
+
 namespace {
 
 const std::string kClosedByOpener = "recieve Notification close send/copy window.";
@@ -192,4 +210,32 @@ TEST_F(SendAndCopyWindow, TheMenuIsEnabledBeforeTheApplicationHides) {
   [controller close];
   EXPECT_EQ(observer->hidings, 1);
   EXPECT_TRUE(observer->flag);
+}
+
+TEST_F(SendAndCopyWindow, OpensInTheMiddleOfTheScreenEachTime) {
+  SendAndCopyTabController *const controller = openSend();
+  // Where a window has no title bar, as without a window manager, cascading moves none.
+  EXPECT_FALSE([controller shouldCascadeWindows]);
+  NSWindow *const window = [controller window];
+  const NSPoint opened = [window frame].origin;
+  [window setFrameOrigin:NSZeroPoint];
+  [window center];
+  // Halves of points may be rounded.
+  EXPECT_NEAR([window frame].origin.x, opened.x, 1);
+  EXPECT_NEAR([window frame].origin.y, opened.y, 1);
+}
+
+using WindowWithoutInterface = WindowsWithoutAgent;
+
+TEST_F(WindowWithoutInterface, LeavesTheFlagSetAndNoControllerBehind) {
+  countEndsOf([ControllerWithoutInterface class]);
+  for (const bool isInFront : {false, true}) {
+    @autoreleasepool {
+      EXPECT_EQ(openTabWindow([ControllerWithoutInterface class],
+                              { .isInFrontOfAllApplications = isInFront }),
+                nil);
+    }
+    EXPECT_TRUE([delegate contextMenuFlag]);
+  }
+  EXPECT_EQ(ended([ControllerWithoutInterface class]), 2);
 }

@@ -171,6 +171,43 @@ TEST_F(SendFileTab, AFoldersRefusalHasTheTextsOfFolders) {
                          "message has been kept."));
 }
 
+TEST_F(SendFileTab, AFilesRefusalHasTheTextsOfFiles) {
+  agent.answer(kSendFile, refusal(1, @"no"));
+  open();
+  enterRecipients(@"a@example.org");
+  pressSend();
+  EXPECT_TRUE(alertShows(text(localizedText(@"unableToSendFileMessageTextKey"))));
+  EXPECT_TRUE(alertShows(text(localizedText(@"fileNotAvailableInformativeTextKey"))));
+}
+
+TEST_F(SendFileTab, TheSpinnerIsHiddenBeforeAndAfter) {
+  agent.answer(kSendFile, refusal(1, @"no"));
+  open();
+  NSProgressIndicator *const spinner = find<NSProgressIndicator>([NSProgressIndicator class]);
+  ASSERT_NE(spinner, nil);
+  EXPECT_TRUE([spinner isHidden]);
+  enterRecipients(@"a@example.org");
+  pressSend();
+  EXPECT_TRUE([spinner isHidden]);
+}
+
+TEST_F(SendFileTab, ASemicolonEndsARecipientToo) {
+  agent.answer(kSendFile, refusal(1, @"no"));
+  open();
+  enterRecipients(@"a@example.org;b@example.net");
+  pressSend();
+  EXPECT_EQ(text([lastArguments() objectAtIndex:send_operation::kRecipients]),
+            "a@example.org,b@example.net");
+}
+
+TEST_F(SendFileTab, AwakingChoosesTheFirstNumberWhateverTheInterfaceFileHas) {
+  open();
+  NSPopUpButton *const numbers = find<NSPopUpButton>([NSPopUpButton class]);
+  [numbers selectItemAtIndex:3];
+  [[controller sendFile] awakeFromNib];
+  EXPECT_EQ([numbers indexOfSelectedItem], 0);
+}
+
 TEST_F(SendFileTab, NoReplyIsLoggedAndShownAndTheWindowStays) {
   open();
   enterRecipients(@"a@example.org");

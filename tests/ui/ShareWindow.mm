@@ -157,6 +157,13 @@ TEST_F(ShareWindow, BothTabsEndUpWithTheFolderAndTheKindOfItsReference) {
   EXPECT_TRUE([[controller sendInviteTab] isFileId]);
 }
 
+TEST_F(ShareWindow, UntilTheyAreToldThePermissionsTabHasAnIdAndTheInviteTabAPath) {
+  PermissionTabController *const permissions = [[[PermissionTabController alloc] init] autorelease];
+  EXPECT_TRUE([permissions isFileId]);
+  [permissions disconnectFromWindow];
+  EXPECT_FALSE([[[[InviteTabController alloc] init] autorelease] isFileId]);
+}
+
 TEST_F(ShareWindow, AccessIsReadOnlyUntilSomebodyChoosesOtherwise) {
   NSWindow *const window = [openShare(1) window];
   NSButton *const access = button(window, @"Read only");

@@ -1,10 +1,76 @@
 #include <ostream>
 
+#import "platform/gnustep/runtime/MethodReplacement.h"
 #import "tests/support/CountsAsRunning.h"
 #include "tests/support/DelayedCall.h"
 #import "tests/ui/WindowFixtures.h"
 
 namespace {
+
+/// The last timer of a success that was scheduled, and what the sheet said by then.
+struct ScheduledTimer {
+  NSTimeInterval seconds = 0;
+  id target = nil;
+  id panel = nil;
+  BOOL repeats = YES;
+  std::string textBefore;
+};
+
+ScheduledTimer scheduled;
+
+constinit platform::ReplacedMethod<NSTimer *(NSTimeInterval, id, SEL, id, BOOL)> platformSchedule;
+
+/// The last panel that the application has ended as a sheet, and what could be seen then.
+struct EndedSheet {
+  NSWindow *panel = nil;
+  bool showedPanel = true;
+  size_t windows = 0;
+};
+
+EndedSheet endedSheet;
+
+constinit platform::ReplacedMethod<void(NSWindow *)> platformEndSheet;
+
+void recordEnd(id self, SEL selector, NSWindow *panel) {
+  endedSheet = {panel, [panel isVisible] != NO, WindowsWithoutAgent::visibleWindows().size()};
+  platformEndSheet(self, selector, panel);
+}
+
+/// What the application has been told to bring to the front, and by whom.
+struct Fronts {
+  NSWindow *window = nil;
+  id sender = nil;
+  bool isActivated = false;
+};
+
+Fronts fronts;
+
+constinit platform::ReplacedMethod<void(id)> platformFront;
+constinit platform::ReplacedMethod<void(BOOL)> platformActivate;
+
+void recordFront(id self, SEL selector, id sender) {
+  fronts.window = self;
+  fronts.sender = sender;
+  platformFront(self, selector, sender);
+}
+
+void recordActivation(id self, SEL selector, BOOL ignoringOthers) {
+  fronts.isActivated = fronts.isActivated || ignoringOthers;
+  platformActivate(self, selector, ignoringOthers);
+}
+
+void recordEnds() {
+  platformEndSheet.install(object_getClass(NSApp), @selector(endSheet:), recordEnd);
+  endedSheet = {};
+}
+
+NSTimer *recordTimer(id self, SEL selector, NSTimeInterval seconds, id target, SEL action,
+                     id userInfo, BOOL repeats) {
+  if (sel_isEqual(action, @selector(killModalWindow:))) {
+    scheduled = {seconds, target, userInfo, repeats, text([[target modalWindowText] stringValue])};
+  }
+  return platformSchedule(self, selector, seconds, target, action, userInfo, repeats);
+}
 
 struct SuccessSheet : Windows {
   static bool shows(NSWindow *window, const std::string &wanted) {
@@ -108,6 +174,56 @@ INSTANTIATE_TEST_SUITE_P(Of, SuccessSheetOfTab,
                                              {"Share Folder"},
                                              {}}),
                          [](const auto &info) { return info.param.name; });
+
+TEST_F(SuccessSheet, ItsTimerIsStartedForThreeSecondsBeforeItsTextIsSet) {
+  const SEL schedule = @selector(scheduledTimerWithTimeInterval:target:selector:userInfo:repeats:);
+  platformSchedule.install(object_getClass([NSTimer class]), schedule, recordTimer);
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  [[tab modalWindowText] setStringValue:@"before"];
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  EXPECT_EQ(scheduled.seconds, 3.0);
+  EXPECT_EQ(scheduled.target, tab);
+  EXPECT_EQ(scheduled.panel, [tab modalWindow]);
+  EXPECT_FALSE(scheduled.repeats);
+  EXPECT_EQ(scheduled.textBefore, "before");
+}
+
+/// The platform does some of it for a sheet by itself.
+TEST_F(SuccessSheet, OrdersItsWindowToTheFrontAndActivatesTheApplication) {
+  platformFront.install([NSWindow class], @selector(makeKeyAndOrderFront:), recordFront);
+  platformActivate.install(object_getClass(NSApp), @selector(activateIgnoringOtherApps:),
+                           recordActivation);
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  fronts = {};
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  EXPECT_EQ(fronts.window, [tab ourMainWindow]);
+  EXPECT_EQ(fronts.sender, tab);
+  EXPECT_TRUE(fronts.isActivated);
+}
+
+TEST_F(SuccessSheet, ItsPanelIsOrderedOutBeforeItEnds) {
+  recordEnds();
+  InviteTabController *const tab = [openShare(1) sendInviteTab];
+  NSWindow *const window = [tab ourMainWindow];
+  [tab showSuccessModalWindow:@"folderSharedSuccessMessageTextKey"];
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
+  EXPECT_EQ(endedSheet.panel, [tab modalWindow]);
+  EXPECT_FALSE(endedSheet.showedPanel);
+}
+
+TEST_F(SuccessSheet, EndsBeforeTheSendWindowCloses) {
+  recordEnds();
+  for (int position = 0; position < 2; ++position) {
+    SendAndCopyTabController *const controller = openSend(position);
+    TabController *const tab = position == 0 ? static_cast<TabController *>([controller sendFile])
+                                             : [controller sendCopyFile];
+    NSWindow *const panel = [[[tab modalWindow] retain] autorelease];
+    [tab showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
+    EXPECT_TRUE(handleEventsUntil([] { return visibleWindows().empty(); }));
+    EXPECT_EQ(endedSheet.panel, panel);
+    EXPECT_EQ(endedSheet.windows, 1u);
+  }
+}
 
 TEST_F(SuccessSheet, IsNotVisibleAfterItsEndAndItsWindowHasTheKeyboard) {
   const CountsAsRunning running;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#import "addressbook/AddressBookRebuild.h"
 #import "addressbook/IndexedBook.h"
 #include "tests/support/Strings.h"
 
@@ -61,8 +62,53 @@ TEST_F(AddressBookListsTest, TheIndexKnowsWhatWasTakenUp) {
 }
 
 TEST_F(AddressBookListsTest, NothingAddedLeavesListsAndIndexAlone) {
-  IndexedBook *const index = lists->index;
+  // Retained, so that another one cannot have its address.
+  IndexedBook *const index = [[lists->index retain] autorelease];
   [lists mergeEntries:nil addresses:nil];
   EXPECT_EQ(entries(), "bob<b@x> | Zoe<z@x>");
   EXPECT_EQ(lists->index, index);
+}
+
+namespace {
+
+/// A rebuild whose empty lists are in place.
+struct AddressBookRebuildTest : testing::Test {
+  AddressBookRebuild *rebuild = [[[AddressBookRebuild alloc] init] autorelease];
+  NSMutableArray *entries = [rebuild emptyLists]->entries;
+  NSMutableArray *addresses = [rebuild emptyLists]->addresses;
+};
+
+}  // namespace
+
+TEST_F(AddressBookRebuildTest, WithoutAdditionsThereIsNothingToMerge) {
+  EXPECT_FALSE([rebuild noteAdditions]);
+  [rebuild mergeAdditions];
+  EXPECT_EQ([[rebuild lists]->entries count], 0u);
+}
+
+TEST_F(AddressBookRebuildTest, AnAddressAloneIsAnAdditionToo) {
+  [addresses addObject:@"n@x"];
+  EXPECT_TRUE([rebuild noteAdditions]);
+  [rebuild mergeAdditions];
+  EXPECT_TRUE([[rebuild lists]->addresses isEqual:@[ @"n@x" ]]);
+}
+
+TEST_F(AddressBookRebuildTest, WhatWasNotedOnceIsNoAdditionAgain) {
+  [entries addObject:@"New<n@x>"];
+  [addresses addObject:@"n@x"];
+  EXPECT_TRUE([rebuild noteAdditions]);
+  EXPECT_FALSE([rebuild noteAdditions]);
+}
+
+TEST_F(AddressBookRebuildTest, AListThatHasBecomeShorterHasNoAdditions) {
+  [entries addObject:@"New<n@x>"];
+  EXPECT_TRUE([rebuild noteAdditions]);
+  [entries removeAllObjects];
+  EXPECT_FALSE([rebuild noteAdditions]);
+}
+
+TEST_F(AddressBookRebuildTest, OnlyItsOwnListIsTheOneThatItPutInPlace) {
+  EXPECT_TRUE([rebuild hasPutInPlace:entries]);
+  EXPECT_FALSE([rebuild hasPutInPlace:[NSMutableArray array]]);
+  EXPECT_FALSE([rebuild hasPutInPlace:nil]);
 }

@@ -147,6 +147,19 @@ TEST_F(Completion, EveryOtherChangeOfTheBookIsSeenAtTheNextKey) {
   EXPECT_EQ(joined(completionsIn(book, @"x>")), "");
 }
 
+TEST_F(Completion, AnIndexTakesAnAdditionUpAndNoOtherChange) {
+  NSMutableArray *const book = someBook();
+  IndexedBook *const index = [[[IndexedBook alloc] initWithBook:book] autorelease];
+  [book addObject:@"Zoe<z@x>"];
+  EXPECT_TRUE([index updateFromBook:book]);
+  EXPECT_EQ([index count], 3u);
+  [book replaceObjectAtIndex:1 withObject:@"Carl<c@x>"];
+  EXPECT_FALSE([index updateFromBook:book]);
+  [book removeAllObjects];
+  EXPECT_FALSE([index updateFromBook:book]);
+  EXPECT_EQ([index count], 3u);
+}
+
 TEST_F(Completion, AnotherBookIsAnsweredFromItself) {
   EXPECT_EQ(joined(completionsIn(someBook(), @"x>")), "Anna<a@x> Bob<b@x>");
   EXPECT_EQ(joined(completionsIn(@[ @"Carl<c@x>", @"Dan<d@x>" ], @"x>")), "Carl<c@x> Dan<d@x>");

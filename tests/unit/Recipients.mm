@@ -36,6 +36,20 @@ TEST(Recipients, OnlyTheListedCharactersAreAllowed) {
   EXPECT_FALSE(isValidAddress([NSString stringWithFormat:@"a@b.com%C", (unichar)0]));
 }
 
+TEST(Recipients, EachCharacterOfThePatternIsAllowedInItsPart) {
+  EXPECT_TRUE(isValidAddress(@"AZaz09._%+-@b.com"));
+  EXPECT_TRUE(isValidAddress(@"a@AZaz09-b.c-d.com"));
+  EXPECT_FALSE(isValidAddress(@"a@b_c.com"));
+  EXPECT_FALSE(isValidAddress(@"a@b.c0m"));
+}
+
+TEST(Recipients, ATopLevelDomainHasTwoToFourLetters) {
+  EXPECT_FALSE(isValidAddress(@"a@b.c"));
+  EXPECT_TRUE(isValidAddress(@"a@b.co"));
+  EXPECT_TRUE(isValidAddress(@"a@b.info"));
+  EXPECT_FALSE(isValidAddress(@"a@b.infos"));
+}
+
 TEST(Recipients, AVeryLongAddressIsJudgedToo) {
   EXPECT_TRUE(isValidAddress([repeated(@"a", 100000) stringByAppendingString:@"@b.com"]));
   EXPECT_TRUE(isValidAddress(

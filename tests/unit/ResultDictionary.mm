@@ -6,6 +6,23 @@
 
 using agent::ReplyKind;
 
+/// An object of another process that says that it is of any class.
+@interface AnyClassProxy : NSProxy
+@end
+
+@implementation AnyClassProxy
+
++ (id)proxy {
+  return [[self alloc] autorelease];
+}
+
+- (BOOL)isKindOfClass:(Class)cls {
+  (void)cls;
+  return YES;
+}
+
+@end
+
 namespace {
 
 NSDictionary *withError(id error) {
@@ -62,6 +79,13 @@ TEST(ResultDictionary, TheMessageIsOnlyEverAString) {
   EXPECT_EQ(text(agent::errorMessage(@{@"errorMessage" : @7})), "(nil)");
   EXPECT_EQ(text(agent::errorMessage(@{@"errorMessage" : [NSNull null]})), "(nil)");
   EXPECT_EQ(text(agent::errorMessage(nil)), "(nil)");
+}
+
+TEST(ResultDictionary, AProxyThatClaimsToBeAStringOrANumberIsNeither) {
+  id const claimant = [AnyClassProxy proxy];
+  EXPECT_TRUE(agent::stringOrNil(claimant) == nil);
+  EXPECT_FALSE(agent::flagOf(claimant));
+  EXPECT_TRUE(agent::errorText(@{@"error" : claimant}) == nil);
 }
 
 TEST(ResultDictionary, WhatIsNoDictionaryIsNoReply) {
