@@ -56,10 +56,12 @@ TEST_F(CallDuringTheSendWindow, WaitsWhileTheClipboardsServerIsStartedAgain) {
   agent.setScript(
       @{@"getLinkForFile:::::" : @{@"delay" : @0.5, @"reply" : success(@"https://x/first")}});
   PlatformServer("gpbs").kill();
+  const CapturedLog copying;
+  const ActivationsInLog activations(copying);
   [button(window, @"Copy Link") performClick:nil];
   EXPECT_FALSE(client.hasEnded());
   EXPECT_TRUE([window isVisible]);
-  EXPECT_EQ(log.lines(), withActivations({"copy success = 1"}));
+  EXPECT_EQ(copying.lines(), activations.with({"copy success = 1"}));
   EXPECT_EQ(text(clipboardText()), "https://x/first");
   EXPECT_TRUE(handleEventsUntil([&] { return client.hasEnded(); }));
 }

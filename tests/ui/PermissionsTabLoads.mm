@@ -136,11 +136,9 @@ TEST_F(PermissionsTabLoads, AnActionThatWaitsForTheAgentIsNotHeldUpByALoad) {
 }
 
 TEST_F(PermissionsTabLoads, TheListDoesNotChangeWhileAPopUpTracksTheMouse) {
-  agent.setScript(@{@"getAccess::" : @[ atOnce(people(3)), held(people(5)) ]});
+  agent.setScript(@{@"getAccess::" : @[ atOnce(people(3)), atOnce(people(5)) ]});
   openLoaded();
   [tab setFilePath:@"folder-2"];
-  ASSERT_TRUE(handleEventsUntil([&] { return calls(@"getAccess::") == 2; }));
-  resumeAgent();
   // A mode without a timer or an event does not run. In each turn a step could be performed.
   int turns = 0;
   const RepeatingTimer tracking(NSEventTrackingRunLoopMode, [&] { ++turns; });
