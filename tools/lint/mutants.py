@@ -1,19 +1,22 @@
 #!/usr/bin/env python3
 """Checks that the list of mutants (tests/mutants/*.txt) is up to date: that the lines which each
-one replaces are in its file exactly once, and that the test which must fail exists."""
+one replaces are in its file exactly once, and that the test which must fail is in its program."""
 
 import re
 from dataclasses import dataclass, field
+from pathlib import Path
 
-from named_tests import exists, tests_in
+from named_tests import exists, tests_by_source
 from project import APPLICATION_FOLDERS, Findings, read, run, tracked
 
 FOLDER = ("tests", "mutants")
 # `Suite.Test`, in front of the suite what it is instantiated as, behind the suite the type of a
 # typed one, behind the test its parameter
 NAME = re.compile(r"^((?:\w+/)?\w+)\.(\w+\*?|\*)(?:/[\w*]+)?$")
-PROGRAM = re.compile(r"^\s*add_(?:whole_test_program|test_program|gtest_executable)\((\w+)",
-                     re.MULTILINE)
+# Its name and its arguments, with the sources among them
+PROGRAM = re.compile(r"^\s*add_(?:whole_test_program|test_program|gtest_executable)"
+                     r"\((\w+)([^)]*)\)", re.MULTILINE)
+SOURCE = re.compile(r"\S+\.(?:mm|cpp)\b")
 
 
 @dataclass
@@ -93,14 +96,25 @@ def all_mutants(root):
             for mutant in mutants_in(path, read(root, path))]
 
 
+def tests_of_programs(root):
+    """The tests of each program of tests: those in its own sources."""
+    lists = root / "tests" / "CMakeLists.txt"
+    if not lists.exists():
+        return {}
+    tests = tests_by_source(root)
+    return {program: {test for source in SOURCE.findall(arguments)
+                      for test in tests.get(Path("tests", source), ())}
+            for program, arguments in PROGRAM.findall(lists.read_text(encoding="utf-8"))}
+
+
 def is_test(name, tests):
-    """Whether there is a test with this name of GoogleTest."""
+    """Whether one of the tests has this name of GoogleTest."""
     match = NAME.match(name)
     return match is not None and any(exists(suite, match.group(2), tests)
                                      for suite in match.group(1).split("/"))
 
 
-def finding(mutant, root, files, programs, tests):
+def finding(mutant, root, files, programs):
     """What is out of date; None where nothing is."""
     if mutant.fault():
         return mutant.fault()
@@ -111,19 +125,17 @@ def finding(mutant, root, files, programs, tests):
         return f"its lines are {places} times in {mutant.file} instead of once"
     if mutant.program not in programs:
         return f'there is no program of tests "{mutant.program}"'
-    missing = [name for name in mutant.names() if not is_test(name, tests)]
-    return f'there is no test "{missing[0]}"' if missing else None
+    missing = [name for name in mutant.names() if not is_test(name, programs[mutant.program])]
+    return f'there is no test "{missing[0]}" in {mutant.program}' if missing else None
 
 
 def lint(root):
     findings = Findings()
     mutants = all_mutants(root)
     files = {str(path) for path in tracked(root, folders=APPLICATION_FOLDERS)}
-    lists = root / "tests" / "CMakeLists.txt"
-    programs = set(PROGRAM.findall(lists.read_text(encoding="utf-8")) if lists.exists() else ())
-    tests = tests_in(root)
+    programs = tests_of_programs(root)
     for mutant in mutants:
-        found = finding(mutant, root, files, programs, tests)
+        found = finding(mutant, root, files, programs)
         if found:
             findings.add(mutant.path, mutant.line, found)
     return findings

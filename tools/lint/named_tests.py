@@ -10,12 +10,14 @@ NAME = re.compile(r"`([A-Z]\w+)\.(\*|[A-Z]\w*\*?)(?:/\w+)?`")
 TEST = re.compile(r"^(?:TEST|TEST_F|TEST_P|TYPED_TEST)\((\w+),\s*(\w+)\)", re.MULTILINE)
 
 
+def tests_by_source(root):
+    return {path: TEST.findall((root / path).read_text(encoding="utf-8"))
+            for path in tracked(root)
+            if path.parts[0] == "tests" and path.suffix in (".mm", ".cpp")}
+
+
 def tests_in(root):
-    found = set()
-    for path in tracked(root):
-        if path.parts[0] == "tests" and path.suffix in (".mm", ".cpp"):
-            found.update(TEST.findall((root / path).read_text(encoding="utf-8")))
-    return found
+    return {test for tests in tests_by_source(root).values() for test in tests}
 
 
 def exists(suite, test, tests):

@@ -69,6 +69,19 @@ class List(SampleProject):
         self.assert_finds(self.changed("Windows.Close", "Windows.Close:Names.Open"), "Names.Open")
         self.assert_finds(self.changed("Windows.Close", "Windows"), '"Windows"')
 
+    def test_a_test_of_another_program_is_found(self):
+        self.write("tests/background/b.mm", "TEST(Loads, End) {\n}\n")
+        self.write("tests/CMakeLists.txt", """add_test_program(ui_tests SCREEN
+    ALONE Windows
+    SOURCES
+    ui/a.mm)
+add_whole_test_program(background_tests
+    background/b.mm)
+""")
+        self.assertEqual(self.changed("ui_tests Windows.Close", "background_tests Loads.End"), [])
+        self.assert_finds(self.changed("Windows.Close", "Loads.End"),
+                          'no test "Loads.End" in ui_tests')
+
     def test_tests_with_a_parameter_or_a_type_are_there(self):
         for name in ("Of/Names.AreNames/Long", "Tabs/Send.Open", "Windows.*", "Windows.Cl*"):
             self.assertEqual(self.changed("Windows.Close", name), [], name)
