@@ -1,5 +1,5 @@
 // Included in front of every source that is compiled for the Mac (mac_objects.py): the headers of
-// COCOA_HEADERS, what they lack, and in which version of macOS the interfaces that this program
+// COCOA_HEADERS, what they lack (Gaps.h), and in which version of macOS the interfaces that this program
 // uses were deprecated. Those headers have no annotations.
 
 // What is hidden here under another name is declared again below, with its version.
@@ -107,16 +107,4 @@ DEPRECATED_CONSTANT(NSWarningAlertStyle, 10.12);
 #define NSRightMouseUpMask Deprecated_NSRightMouseUpMask
 #define NSWarningAlertStyle Deprecated_NSWarningAlertStyle
 
-// What the headers lack.
-@interface NSProtocolChecker : NSProxy
-- (id)initWithTarget:(NSObject *)target protocol:(Protocol *)protocol;
-- (Protocol *)protocol;
-- (NSObject *)target;
-@end
-@interface NSTextView (MarkedText)
-- (BOOL)hasMarkedText;
-@end
-@protocol NSTextViewDelegate <NSObject>
-@optional
-- (BOOL)textView:(NSTextView *)textView doCommandBySelector:(SEL)selector;
-@end
+#import "Gaps.h"
