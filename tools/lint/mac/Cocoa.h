@@ -1,6 +1,6 @@
 // Included in front of every source that is compiled for the Mac (mac_objects.py): the headers of
-// COCOA_HEADERS, what they lack (Gaps.h), and in which version of macOS the interfaces that this program
-// uses were deprecated. Those headers have no annotations.
+// COCOA_HEADERS, what they lack (Gaps.h), and in which version of macOS the interfaces that this
+// program uses were deprecated. Those headers have no annotations.
 
 // What is hidden here under another name is declared again below, with its version.
 #define accessibilityAttributeValue hidden_accessibilityAttributeValue

@@ -1,5 +1,5 @@
-// Interfaces of macOS 10.6 that the program uses and the headers of COCOA_HEADERS lack, to be included
-// behind those.
+// Interfaces of macOS 10.6 that the program uses and the headers of COCOA_HEADERS lack, to be
+// included behind those.
 
 @interface NSProtocolChecker : NSProxy
 - (id)initWithTarget:(NSObject *)target protocol:(Protocol *)protocol;
