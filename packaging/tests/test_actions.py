@@ -271,8 +271,7 @@ printf '%s|%s\\n' "$2" "$3" >>'{self.shown}'
         self.start_application()
         name = os.fsencode(self.synced) + b"/\xff.txt"
         open(name, "wb").close()
-        told = self.copy(name)
-        self.assertEqual(len(told), 1)
+        self.assertEqual(self.copy(name), ["\ufffd.txt|The link is on the clipboard."])
 
     def test_a_click_without_a_link_is_told_of_once_by_whoever_noticed(self):
         told = self.copy(self.file("a.txt"))

@@ -49,7 +49,7 @@ TEST_F(Launch, ServesThePluginWhileTheServerOfNotificationsHangs) {
   AgentProcess agent;
   // Starts the server, which then keeps running.
   [[NSDistributedNotificationCenter defaultCenter] postNotificationName:@"a" object:nil];
-  const PlatformServer server("gdnc");
+  PlatformServer server("gdnc");
   server.stop();
   RunningApplication application;
   EXPECT_TRUE(application.waitUntilServing()) << application.process().output();

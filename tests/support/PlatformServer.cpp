@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 #include "tests/support/ChildProcess.h"
 
@@ -46,6 +47,11 @@ char stateOf(pid_t pid) {
   return end == std::string::npos ? '-' : status[end + 2];
 }
 
+bool isAlive(pid_t pid) {
+  const char state = stateOf(pid);
+  return state != '-' && state != 'Z';
+}
+
 /// Whether any process of this session holds the lock of the names.
 bool namesAreLocked() {
   const char *const folder = std::getenv("TEMP");
@@ -59,24 +65,31 @@ void send(int signal, pid_t pid) {
 
 }  // namespace
 
-PlatformServer::PlatformServer(const std::string &name) {
-  waitFor([&] { return (pid_ = running(name)) != 0; });
+PlatformServer::PlatformServer(const std::string &name) : name_(name) {
+  if (!waitFor([&] { return (pid_ = running(name_)) != 0; })) {
+    throw std::runtime_error(name_ + " does not run");
+  }
 }
 
 PlatformServer::~PlatformServer() {
   resume();
 }
 
-void PlatformServer::stop() const {
-  send(SIGSTOP, pid_);
-  waitFor([this] { return stateOf(pid_) == 'T'; });
+void PlatformServer::stop() {
+  // Of two that are started at the same time one ends again, and that may be the one that was seen.
+  const bool isStopped = waitFor([this] {
+    if (!isAlive(pid_)) pid_ = running(name_);
+    send(SIGSTOP, pid_);
+    return stateOf(pid_) == 'T';
+  });
+  if (!isStopped) throw std::runtime_error(name_ + " cannot be stopped");
 }
 
 void PlatformServer::resume() const {
   send(SIGCONT, pid_);
 }
 
-void PlatformServer::kill() const {
+void PlatformServer::kill() {
   waitFor([this] {
     stop();
     if (!namesAreLocked()) return true;
@@ -84,5 +97,5 @@ void PlatformServer::kill() const {
     return false;
   });
   send(SIGKILL, pid_);
-  waitFor([this] { return stateOf(pid_) == '-' || stateOf(pid_) == 'Z'; });
+  waitFor([this] { return !isAlive(pid_); });
 }

@@ -8,7 +8,7 @@
 /// private session, while it runs.
 class PlatformServer {
  public:
-  /// name: the program's. Waits until it runs.
+  /// name: the program's. Waits until it runs; throws std::runtime_error when it does not.
   explicit PlatformServer(const std::string &name);
 
   /// Continues it if it is stopped.
@@ -18,14 +18,16 @@ class PlatformServer {
 
   pid_t pid() const { return pid_; }
 
-  /// Stops it, so that it serves no requests; returns when it is stopped.
-  void stop() const;
+  /// Stops it, so that it serves no requests; returns when it is stopped. Throws
+  /// std::runtime_error when it cannot be.
+  void stop();
   void resume() const;
 
   /// Kills it and returns when it has ended. Not while it may hold the lock of the names, which no
   /// process could take for the next 15 seconds then.
-  void kill() const;
+  void kill();
 
  private:
-  pid_t pid_ = 0;  // 0 when it does not run
+  std::string name_;
+  pid_t pid_ = 0;
 };

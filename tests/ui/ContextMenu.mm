@@ -4,24 +4,13 @@
 #include <set>
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
+#include "tests/support/RepeatingTimer.h"
 #include "tests/support/WindowServer.h"
 #include "tests/ui/MenuActions.h"
-
-/// Waits for the context menu as a user does, and then uses the mouse or the keyboard: the
-/// arguments of the program that does it. The target of a timer.
-@interface MenuUser : NSObject {
- @public
-  NSMenu *menu;
-  std::function<std::vector<std::string>()> act;
-  NSRect menuFrame;
-  std::unique_ptr<ChildProcess> *hand;
-}
-@end
 
 namespace {
 
 const std::string kPointingTool = "/usr/bin/xdotool";
-constexpr NSTimeInterval kLookEverySeconds = 0.05;
 
 /// Where no menu that is popped up at kPointer reaches.
 constexpr NSInteger kElsewhere = -1;
@@ -58,24 +47,6 @@ NSPoint middleOfItem(NSMenu *menu, NSInteger item) {
   return [[view window] convertBaseToScreen:NSMakePoint(NSMidX(frame), NSMidY(frame))];
 }
 
-}  // namespace
-
-@implementation MenuUser
-
-- (void)look:(NSTimer *)timer {
-  // Earlier, a key would be somebody else's, and a click elsewhere too.
-  if (![windowOf(menu) isVisible] || !isInputGrabbed()) return;
-  [timer invalidate];
-  menuFrame = [windowOf(menu) frame];
-  std::vector<std::string> command = act();
-  command.insert(command.begin(), kPointingTool);
-  *hand = std::make_unique<ChildProcess>(command);
-}
-
-@end
-
-namespace {
-
 struct FinderSelection : MenuActions {
   /// What is read, as one text per element; {"(nil)"} for no list.
   Lines read() const {
@@ -110,7 +81,9 @@ struct ContextMenu : MenuActions {
     return arguments;
   }
 
-  /// before: what is done with the mouse when it has been moved to the place.
+  /// Waits for the menu as a user does and then uses the mouse or the keyboard; returns the menu's
+  /// frame. act: the arguments of the program that does it. before: what is done with the mouse
+  /// when it has been moved to the place.
   NSRect popUp(const std::function<std::vector<std::string>()> &act, NSPoint place = kPointer,
                const std::vector<std::string> &before = {}) const {
     const auto pointer = onServer(place);
@@ -119,22 +92,23 @@ struct ContextMenu : MenuActions {
     ChildProcess move(command);
     EXPECT_TRUE(handleEventsUntil([&] { return NSEqualPoints([NSEvent mouseLocation], place); }));
     move.waitForEnd();
+    NSMenu *const menu = [delegate krvContextMenu];
+    NSRect menuFrame = NSZeroRect;
     std::unique_ptr<ChildProcess> hand;
-    MenuUser *const person = [[[MenuUser alloc] init] autorelease];
-    person->menu = [delegate krvContextMenu];
-    person->act = act;
-    person->hand = &hand;
-    NSTimer *const timer = [NSTimer timerWithTimeInterval:kLookEverySeconds
-                                                   target:person
-                                                 selector:@selector(look:)
-                                                 userInfo:nil
-                                                  repeats:YES];
-    [[NSRunLoop currentRunLoop] addTimer:timer forMode:NSEventTrackingRunLoopMode];
-    [delegate showContextMenu];
-    [timer invalidate];
+    {
+      const RepeatingTimer user(NSEventTrackingRunLoopMode, [&] {
+        // Earlier, a key would be somebody else's, and a click elsewhere too.
+        if (hand || ![windowOf(menu) isVisible] || !isInputGrabbed()) return;
+        menuFrame = [windowOf(menu) frame];
+        std::vector<std::string> arguments = act();
+        arguments.insert(arguments.begin(), kPointingTool);
+        hand = std::make_unique<ChildProcess>(arguments);
+      });
+      [delegate showContextMenu];
+    }
     if (hand) hand->waitForEnd();  // the menu may close at a press, before the release
-    EXPECT_FALSE([windowOf([delegate krvContextMenu]) isVisible]);
-    return person->menuFrame;
+    EXPECT_FALSE([windowOf(menu) isVisible]);
+    return menuFrame;
   }
 
   /// The windows that showContextMenu leaves behind.

@@ -1,4 +1,5 @@
 #import "tests/support/Arguments.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #import "tests/ui/WindowFixtures.h"
@@ -22,6 +23,7 @@ struct CopyLinkTab : Windows {
     NSPopUpButton *const numbers = popUp();
     [[numbers menu] performActionForItemAtIndex:[numbers indexOfItemWithTitle:downloads]];
   }
+  bool isAsked() const { return [agent.operations() containsObject:kFileOperation]; }
   NSPopUpButton *popUp() { return static_cast<NSPopUpButton *>(button(window, @"Unlimited")); }
   NSProgressIndicator *spinner() {
     for (NSView *view in [[popUp() superview] subviews]) {
@@ -149,9 +151,11 @@ TEST_F(CopyLinkTab, ASecondClickBehindTheAlertDoesNothing) {
 }
 
 TEST_F(CopyLinkTab, KeysAndClicksOfTheWaitingTimeDoNotDismissTheAlertUnread) {
-  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"reply" : refusal(1, @"no")}});
+  const HeldReply hold;
+  agent.setScript(@{kFileOperation : hold.entry(@{@"reply" : refusal(1, @"no")})});
   open();
-  const TypeAheadUser user(window, @"\r\r\r");
+  const TypeAheadUser user(
+      window, @"\r\r\r", [&] { return isAsked(); }, [&] { hold.release(); });
   postClick(button(window, @"Copy Link"));
   postClick(button(window, @"Copy Link"));
   EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] != nil; }));
@@ -218,12 +222,15 @@ TEST_F(CopyLinkTab, TheSpinnerIsHiddenBeforeAndAfter) {
 }
 
 TEST_F(CopyLinkTab, TheSpinnerTurnsWhileTheAgentIsAsked) {
-  agent.setScript(@{kFileOperation : @{@"delay" : @0.2, @"reply" : refusal(1, @"no")}});
+  const HeldReply hold;
+  agent.setScript(@{kFileOperation : hold.entry(@{@"reply" : refusal(1, @"no")})});
   open();
   NSProgressIndicator *const indicator = spinner();
   bool turned = false;
   const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    if (!isAsked()) return;
     turned |= ![indicator isHidden] && [[indicator valueForKey:@"isRunning"] boolValue];
+    hold.release();
   });
   pressCopy();
   EXPECT_TRUE(turned);

@@ -155,14 +155,16 @@ TEST_F(InviteTabOutcomes, ASuccessIsToldBeforeAndAfterItsSheetComes) {
 
 TEST_F(InviteTabOutcomes, TheSpinnerIsOnTheScreenWhileTheAgentIsAsked) {
   knowColleagues(@[ @"a@x.de" ]);
-  NSMutableDictionary *const slowly = [NSMutableDictionary dictionaryWithDictionary:refused()];
-  [slowly setObject:@0.2 forKey:@"delay"];
-  grants(slowly);
+  const HeldReply hold;
+  grants(hold.entry(refused()));
   open();
   NSProgressIndicator *const indicator = spinner();
   bool wasSeen = false;
-  const RepeatingTimer look(NSConnectionReplyMode,
-                            [&] { wasSeen = wasSeen || ![indicator isHidden]; });
+  const RepeatingTimer look(NSConnectionReplyMode, [&] {
+    if (calls(kGrant) == 0) return;
+    wasSeen = wasSeen || ![indicator isHidden];
+    hold.release();
+  });
   invite(@"a@x.de");
   EXPECT_TRUE(wasSeen);
   EXPECT_TRUE([indicator isHidden]);

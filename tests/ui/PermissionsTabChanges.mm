@@ -1,6 +1,7 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/ActivationsInLog.h"
@@ -70,18 +71,20 @@ TEST_F(PermissionsTabChanges, ASuccessIsShownAndTheRowHasTheNewLevel) {
 }
 
 TEST_F(PermissionsTabChanges, TheRowHasTheNewLevelAndTheSpinnerTurnsWhileTheAgentIsAsked) {
-  openWith(@{@"delay" : @0.2, @"reply" : success(@1)});
+  const HeldReply hold;
+  openWith(hold.entry(@{@"reply" : success(@1)}));
   SharedWith *const changed = person(0);
   bool wasChanged = false;
-  bool wasSeen = false;
+  bool turned = false;
   const RepeatingTimer look(NSConnectionReplyMode, [&] {
-    if ([spinner() isHidden]) return;
-    wasSeen = true;
+    if (calls(kGrant) == 0) return;
+    turned |= ![spinner() isHidden] && [[spinner() valueForKey:@"isRunning"] boolValue];
     wasChanged = [changed accessPermission] == 1;
+    hold.release();
   });
   choose(0, kWriter);
   EXPECT_TRUE(wasChanged);
-  EXPECT_TRUE(wasSeen);
+  EXPECT_TRUE(turned);
   EXPECT_TRUE([spinner() isHidden]);
 }
 

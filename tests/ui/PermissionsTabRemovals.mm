@@ -1,6 +1,7 @@
 #import "tests/support/Arguments.h"
 #include "tests/support/CapturedLog.h"
 #import "tests/support/Events.h"
+#include "tests/support/HeldReply.h"
 #include "tests/support/RepeatingTimer.h"
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/ActivationsInLog.h"
@@ -64,21 +65,20 @@ TEST_F(PermissionsTabRemovals, ARemovalIsShownAsASuccessAndNotLogged) {
 }
 
 TEST_F(PermissionsTabRemovals, TheQuestionHasGoneAndTheSpinnerTurnsWhileTheAgentIsAsked) {
-  openWith(
-      3,
-      @{@"delay" : @0.2,
-        @"reply" : success(@1)});
+  const HeldReply hold;
+  openWith(3, hold.entry(@{@"reply" : success(@1)}));
   NSWindow *const question = askToRemove(1);
   bool hadGone = false;
-  bool wasSeen = false;
+  bool turned = false;
   const RepeatingTimer look(NSConnectionReplyMode, [&] {
-    if ([spinner() isHidden]) return;
-    wasSeen = true;
+    if (calls(kRevoke) == 0) return;
+    turned |= ![spinner() isHidden] && [[spinner() valueForKey:@"isRunning"] boolValue];
     hadGone = ![question isVisible];
+    hold.release();
   });
   press(question, kYes);
   EXPECT_TRUE(hadGone);
-  EXPECT_TRUE(wasSeen);
+  EXPECT_TRUE(turned);
   EXPECT_TRUE([spinner() isHidden]);
 }
 
