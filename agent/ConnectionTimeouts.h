@@ -39,10 +39,10 @@ NSConnection *newConnectionWithName(NSString *name) NS_RETURNS_RETAINED;
 ///
 /// The thread's default connection, the parent of a new one, gets them too: another process may
 /// have taken the name over before the second look-up, which then makes another connection. The
-/// Mac's documentation says that a connection takes over the settings of its parent; of GNUstep
-/// only the source says so. Restored at the end, after an exception too; the connection to the
-/// other process stays bounded. (The connections of other threads are left alone: they may end at
-/// any moment, and must end on their own thread.)
+/// Mac's documentation of initWithReceivePort:sendPort: says that a connection takes over the
+/// settings of its parent; of GNUstep only the source says so. Restored at the end, after an
+/// exception too; the connection to the other process stays bounded. (The connections of other
+/// threads are left alone: they may end at any moment, and must end on their own thread.)
 ///
 /// name: of the connection, on this machine. seconds: more than 0; anything less means that the
 /// look-up does not wait. May raise what a look-up of a name may raise.
