@@ -17,6 +17,9 @@ struct ClosedWindow : Windows {
 
   ~ClosedWindow() override { [delegate setAddressBookForShare:nil]; }
 
+  /// Whether the permissions tab that closedShare has opened has been deallocated.
+  std::function<bool()> permissionsTabHasEnded;
+
   static std::vector<Class> tabControllers() {
     return {[SendFileController class],
             [CopyLinkController class],
@@ -48,7 +51,9 @@ struct ClosedWindow : Windows {
   NSWindow *closedShare(int tab) {
     NSWindow *window = nil;
     @autoreleasepool {
-      window = [closed(openShare(tab), [](NSWindow *shown) {
+      BrisvaleTabController *const controller = openShare(tab);
+      permissionsTabHasEnded = endOf([controller givePermissionTab]);
+      window = [closed(controller, [](NSWindow *shown) {
         EXPECT_TRUE(handleEventsUntil([&] { return rowsIn(shown) == 3; }));
       }) retain];
     }
@@ -270,7 +275,7 @@ TEST_F(ClosedWindow, HasRowsAndButtonsInTheShareWindowThatDoNothing) {
     EXPECT_EQ([window attachedSheet], nil);
   }
   // The binding of its list has retained it as long as the window.
-  EXPECT_TRUE(handleEventsUntil([] { return ended([PermissionTabController class]) == 1; }));
+  EXPECT_TRUE(handleEventsUntil(permissionsTabHasEnded));
 }
 
 TEST_F(ClosedWindow, LeavesTheIndicatorsOfTheSendWindowStopped) {
@@ -299,13 +304,15 @@ TEST_F(ClosedWindow, LeavesNoMenuToTheNextWindow) {
 }
 
 TEST_F(ClosedWindow, LeavesASuccessToItsTimer) {
+  std::function<bool()> tabHasEnded;
   @autoreleasepool {
-    closed(openSend(0), [](NSWindow *shown) {
+    closed(openSend(0), [&](NSWindow *shown) {
       SendAndCopyTabController *const controller = [shown windowController];
+      tabHasEnded = endOf([controller sendFile]);
       [[controller sendFile] showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
     });
   }
-  EXPECT_TRUE(handleEventsUntil([] { return ended([SendFileController class]) == 1; }));
+  EXPECT_TRUE(handleEventsUntil(tabHasEnded));
 }
 
 // A message to a deallocated object may go unnoticed, because its memory is unchanged.

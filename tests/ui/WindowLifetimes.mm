@@ -1,5 +1,6 @@
 #import "tests/ui/WindowFixtures.h"
 
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 
@@ -97,31 +98,34 @@ TEST_F(WindowLifetimes, AnAlertThatIsUpWhenAnotherWindowOpensLeavesNothingBehind
 }
 
 TEST_F(WindowLifetimes, ASuccessSheetThatIsUpWhenAnotherWindowOpensLeavesNothingBehind) {
-  countEndsOf([SendFileController class]);
-  countEndsOf([CopyLinkController class]);
+  std::vector<std::function<bool()>> haveEnded;
   for (int i = 0; i < kOpenings; ++i) {
     @autoreleasepool {
       SendAndCopyTabController *const controller = openSend(i % 2);
+      haveEnded.push_back(endOf([controller sendFile]));
+      haveEnded.push_back(endOf([controller sendCopyFile]));
       [[controller sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
       [[controller sendFile] showSuccessModalWindow:@"fileSentSuccessMessageTextKey"];
       closeAll();
     }
   }
   // The timers keep the tab controllers, and their panel, until they have fired.
-  EXPECT_TRUE(handleEventsUntil([] {
-    return ended([SendFileController class]) == kOpenings &&
-           ended([CopyLinkController class]) == kOpenings;
+  EXPECT_TRUE(handleEventsUntil([&] {
+    return std::all_of(haveEnded.begin(), haveEnded.end(),
+                       [](const auto &hasEnded) { return hasEnded(); });
   }));
   EXPECT_EQ(linesInLog("window closed"), kOpenings);
 }
 
 TEST_F(WindowLifetimes, ATimerThatFiresAfterItsWindowWasClosedLeavesTheNextOneOpen) {
-  countEndsOf([CopyLinkController class]);
+  std::function<bool()> tabHasEnded;
   @autoreleasepool {
-    [[openSend(1) sendCopyFile] showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
+    CopyLinkController *const tab = [openSend(1) sendCopyFile];
+    tabHasEnded = endOf(tab);
+    [tab showSuccessModalWindow:@"linkCopiedSuccessMessageTextKey"];
   }
   NSWindow *const next = [openSend(1) window];
-  EXPECT_TRUE(handleEventsUntil([] { return ended([CopyLinkController class]) == 1; }));
+  EXPECT_TRUE(handleEventsUntil(tabHasEnded));
   EXPECT_TRUE([next isVisible]);
   EXPECT_EQ(linesInLog("window closed"), 1);
 }
