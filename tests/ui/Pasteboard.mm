@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include "tests/support/ChildProcess.h"
 #include "tests/support/Strings.h"
 #include "tests/ui/Application.h"
+#include "tests/ui/ClipboardManager.h"
 
 namespace {
 
@@ -31,4 +33,24 @@ TEST(Pasteboard, NothingAndWhatIsNoStringAreNotWritten) {
   EXPECT_FALSE([general() writeObjects:nil]);
   EXPECT_FALSE([general() writeObjects:[NSArray arrayWithObject:@42]]);
   EXPECT_EQ(clipboardText(), nil);
+}
+
+TEST(Pasteboard, AProgramThatReadsAtOnceWhateverIsNewGetsTheText) {
+  const ClipboardManager manager;
+  // Once in four times or so the request reaches the server while that becomes the owner.
+  for (int i = 0; i < 20; ++i) {
+    const std::string written = "text " + std::to_string(i);
+    [general() clearContents];
+    EXPECT_TRUE([general() writeObjects:@[ [NSString stringWithUTF8String:written.c_str()] ]]);
+    ASSERT_TRUE(waitFor([&] { return manager.text() == written; })) << manager.text();
+  }
+}
+
+TEST(Pasteboard, AProgramThatReadsAtOnceWhateverIsNewGetsNothingOfAClearedOne) {
+  fillClipboard();
+  const ClipboardManager manager;
+  [general() writeObjects:@[ @"text" ]];
+  ASSERT_TRUE(waitFor([&] { return manager.text() == "text"; }));
+  [general() clearContents];
+  EXPECT_TRUE(waitFor([&] { return manager.text().empty(); }));
 }

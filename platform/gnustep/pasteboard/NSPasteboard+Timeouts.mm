@@ -6,6 +6,7 @@
 
 #include "platform/gnustep/pasteboard/LargeSelection.h"
 #import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
+#include "platform/gnustep/pasteboard/SelectionOwner.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
 @interface NSPasteboard (PlatformPrivate)
@@ -72,9 +73,14 @@ const char *selectionOf(NSString *name) {
   return nullptr;
 }
 
-/// The display of the application; null for the environment's.
+/// The display of the application; null for none.
+Display *applicationDisplay() {
+  return static_cast<Display *>([GSCurrentServer() serverDevice]);
+}
+
+/// Null for the environment's.
 const char *nameOfDisplay() {
-  auto *const display = static_cast<Display *>([GSCurrentServer() serverDevice]);
+  auto *const display = applicationDisplay();
   return display != nullptr ? DisplayString(display) : nullptr;
 }
 
@@ -162,11 +168,12 @@ NSArray *localCopy(NSArray *remote) {
   const auto ask = [&] {
     return resultOr(0, self, [&] { return platformDeclareTypes(self, _cmd, types, newOwner); });
   };
-  if (const int count = ask()) return count;
+  int count = ask();
   // The server notifies the former owner first, which may hang. At the second request it has none.
-  if (const int count = ask()) return count;
-  withoutServer([self name]);
-  return 0;
+  if (count == 0) count = ask();
+  if (count == 0) withoutServer([self name]);
+  [self wakeServer];
+  return count;
 }
 
 - (int)boundedAddTypes:(NSArray *)types owner:(id)newOwner {
@@ -180,7 +187,21 @@ NSArray *localCopy(NSArray *remote) {
   const BOOL isTaken =
       resultOr<BOOL>(NO, self, [&] { return platformSetData(self, _cmd, data, type); });
   [connection setReplyTimeout:former];
+  if (isTaken) [self announceData:type];
   return isTaken;
+}
+
+/// Programs that read at once whatever is new, as clipboard managers do, were told when the types
+/// were declared, and the data was not there yet. The server tells them once more.
+- (void)announceData:(NSString *)type {
+  if (selectionOf([self name]) == nullptr) return;
+  [self addTypes:[NSArray arrayWithObject:type] owner:nil];
+  [self wakeServer];
+}
+
+- (void)wakeServer {
+  const char *const selection = selectionOf([self name]);
+  if (selection != nullptr) wakeSelectionOwner(applicationDisplay(), selection);
 }
 
 - (void)clearWhenServerResumes {

@@ -162,9 +162,11 @@ TEST_F(IndicatorAnimation, OneThatWasStoppedWhileHiddenDoesNotTurnWhenItIsShown)
   ASSERT_TRUE(start());
   [indicator setHidden:YES];
   [indicator stopAnimation:nil];
+  const int before = turns;
   [indicator setHidden:NO];
   handlePostedEvents();
-  EXPECT_TRUE(nothingIsDueSoon());
+  EXPECT_TRUE(comesToRest());
+  EXPECT_EQ(turns, before);
 }
 
 TEST_F(IndicatorAnimation, AThreadedOneTurnsWithoutAThreadAndCostsNothingWhenHidden) {
