@@ -1,7 +1,9 @@
-"""GNOME's compositor without a screen: Wayland programs, programs for X through Xwayland, a keyboard
-and pictures. To be used in tools/private-desktop --no-display, on a message bus of its own."""
+"""GNOME's compositor without a screen: Wayland programs, programs for X through Xwayland, a
+keyboard and pictures. To be used in tools/private-desktop --no-display, on a message bus of its
+own."""
 
 import os
+import shutil
 import subprocess
 import time
 from pathlib import Path
@@ -12,7 +14,9 @@ gi.require_version("Atspi", "2.0")
 
 from gi.repository import Atspi, Gio, GLib  # noqa: E402  after the version
 
-from desktop import DesktopTest, output, wait_until  # noqa: E402
+from desktop import BUILD, DesktopTest, output, wait_until  # noqa: E402  after the version
+
+PICTURES = BUILD / "gnome"
 
 MONITOR = "Meta-0"  # mutter's name of its first virtual monitor
 MONITOR_SIZE = (1280, 800)
@@ -88,7 +92,7 @@ class GnomeTest(DesktopTest):
 
     @staticmethod
     def _displays(log):
-        """The variables that lead programs to mutter's displays, once it has said which they are."""
+        """The variables that lead programs to mutter's displays, once it has said which."""
         lines = log.read_text(encoding="utf-8", errors="replace")
         found = {}
         for line in lines.splitlines():
@@ -145,16 +149,23 @@ class GnomeTest(DesktopTest):
                                    stderr=subprocess.PIPE, text=True, check=False).stderr
         return different.split()[:1] == ["0"]
 
-    def assert_in_front(self, window):
-        """Waits until the window can be seen as a whole and has the keyboard."""
+    def assert_in_front(self, window, picture):
+        """Waits until the window can be seen as a whole and has the keyboard. picture: the name of
+        the picture of it that is kept."""
         wait_until("the window has the keyboard",
                    lambda: output("xdotool", "getactivewindow") == window)
         wait_until("the window is in front", lambda: self.is_seen(window))
+        self.keep_picture(picture)
+
+    def keep_picture(self, name):
+        """Keeps a picture of the monitor, for docs/windows.md."""
+        PICTURES.mkdir(exist_ok=True)
+        shutil.copy(self.picture(name), PICTURES)
 
 
 class FileManager:
-    """A file manager for Wayland, used by its keyboard. The items of its window are found as a screen
-    reader finds them."""
+    """A file manager for Wayland, used by its keyboard. The items of its window are found as a
+    screen reader finds them."""
 
     def __init__(self, test, program, folder):
         self._test = test

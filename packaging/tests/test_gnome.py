@@ -76,8 +76,10 @@ class Entries(Desktop):
         self.start_application()
         manager = self.manager()
         manager.open_menu()
-        manager.choose("Brisvale", "Send File…")
-        self.assert_in_front(self.only_window())
+        manager.choose("Brisvale")
+        self.keep_picture("gnome-entries")
+        manager.choose("Send File…")
+        self.assert_in_front(self.only_window(), "gnome-send")
         self.assert_closes(manager, "Escape")
 
 
@@ -93,13 +95,13 @@ class Windows(Desktop):
         manager = self.manager()
         plans = self.synced / "MyDocs" / "Plans"
         # The list of people has no button that Escape could press.
-        for verb, item, tab, keys in (("send", self.item, "0", ("Escape",)),
-                                      ("send", self.item, "1", ("Escape",)),
-                                      ("share", plans, "0", ("Alt", "F4")),
-                                      ("share", plans, "1", ("Escape",))):
-            with self.subTest(verb=verb, tab=tab):
+        for name, verb, item, tab, keys in (("send", "send", self.item, "0", ("Escape",)),
+                                            ("copy-link", "send", self.item, "1", ("Escape",)),
+                                            ("people", "share", plans, "0", ("Alt", "F4")),
+                                            ("invite", "share", plans, "1", ("Escape",))):
+            with self.subTest(name=name):
                 self.client(verb, item, "--tab", tab)
-                self.assert_in_front(self.only_window())
+                self.assert_in_front(self.only_window(), f"gnome-{name}")
                 self.assert_closes(manager, *keys)
 
     def test_a_second_window_takes_the_place_of_the_first(self):
@@ -108,17 +110,18 @@ class Windows(Desktop):
         first = self.only_window()
         self.client("share", self.synced / "MyDocs" / "Plans")
         wait_until("the other window is there", lambda: self.windows() not in ([], [first]))
-        self.assert_in_front(self.only_window())
+        self.assert_in_front(self.only_window(), "gnome-second")
 
     def test_completions_lie_under_the_field_and_can_be_chosen(self):
         self.manager()
         self.client("send", self.item)
         window = self.only_window()
-        self.assert_in_front(window)
+        self.assert_in_front(window, "gnome-send")
         self.type("hann")
         completions = wait_until("the list opens", lambda: [
             other for other in self.windows() if other != window])[0]
         wait_until("the list can be seen", lambda: self.is_seen(completions))
+        self.keep_picture("gnome-completion")
         left, top, width, _ = place(completions)
         x, y, _, _ = place(window)
         self.assertEqual((left - x, width), (FIELD_LEFT, FIELD_WIDTH))
@@ -135,7 +138,7 @@ class Windows(Desktop):
         self.agent.kill()
         self.agent.wait()
         self.start(ACTIONS / "action", "run", "copy-link", self.item)
-        self.assert_in_front(self.only_window())
+        self.assert_in_front(self.only_window(), "gnome-alert")
         self.assert_closes(manager, "Return")
 
 
