@@ -13,8 +13,8 @@ NSColor *color(Rgb rgb, double alpha = 1);
 
 void fillRounded(NSRect rect, double radius, NSColor *color);
 
-/// A line that lies wholly inside `rect`.
-void strokeRounded(NSRect rect, double radius, double width, NSColor *color);
+/// A line that lies wholly inside `rect`, as many pixels wide as its points are next to.
+void strokeRounded(NSRect rect, double radius, double points, NSColor *color);
 
 /// A filled rectangle with a border of one point.
 void drawSurface(NSRect rect, double radius, NSColor *surface, NSColor *line);
@@ -30,7 +30,7 @@ NSString *textCutTo(NSString *text, double width, NSDictionary *attributes);
 /// One line of text in the middle of the height of `rect`, cut to its width.
 void drawLine(NSString *text, NSRect rect, NSDictionary *attributes, NSTextAlignment alignment);
 
-/// `rect` rounded to whole points, so that lines of one point are sharp.
+/// `rect` rounded to whole pixels of the window that is drawn, so that its edges are sharp.
 NSRect onPixels(NSRect rect);
 
 }  // namespace theme

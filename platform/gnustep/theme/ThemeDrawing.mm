@@ -18,6 +18,27 @@ NSBezierPath *rounded(NSRect rect, double radius) {
   return [NSBezierPath bezierPathWithRoundedRect:rect xRadius:fitting yRadius:fitting];
 }
 
+/// The pixels of the window that is drawn.
+double pixelsAPoint() {
+  NSWindow *const window = [[NSView focusView] window];
+  return window == nil ? 1 : [window userSpaceScaleFactor];
+}
+
+double onPixel(double coordinate, double scale) {
+  return std::round(coordinate * scale) / scale;
+}
+
+/// Where a point is no whole number of pixels its edges would be blurred.
+NSRect onScaledPixels(NSRect rect) {
+  return pixelsAPoint() == 1 ? rect : onPixels(rect);
+}
+
+/// At least one pixel.
+double widthOnPixels(double width) {
+  const double scale = pixelsAPoint();
+  return std::max(1.0, std::round(width * scale)) / scale;
+}
+
 }  // namespace
 
 NSColor *color(Rgb rgb, double alpha) {
@@ -30,11 +51,12 @@ NSColor *color(Rgb rgb, double alpha) {
 void fillRounded(NSRect rect, double radius, NSColor *color) {
   if (NSIsEmptyRect(rect)) return;
   [color set];
-  [rounded(rect, radius) fill];
+  [rounded(onScaledPixels(rect), radius) fill];
 }
 
-void strokeRounded(NSRect rect, double radius, double width, NSColor *color) {
-  const NSRect middle = NSInsetRect(rect, width / 2, width / 2);
+void strokeRounded(NSRect rect, double radius, double points, NSColor *color) {
+  const double width = widthOnPixels(points);
+  const NSRect middle = NSInsetRect(onScaledPixels(rect), width / 2, width / 2);
   if (NSIsEmptyRect(middle)) return;
   NSBezierPath *const path = rounded(middle, radius - width / 2);
   [path setLineWidth:width];
@@ -85,9 +107,10 @@ void drawLine(NSString *text, NSRect rect, NSDictionary *attributes, NSTextAlign
 }
 
 NSRect onPixels(NSRect rect) {
-  const double x = std::round(NSMinX(rect));
-  const double y = std::round(NSMinY(rect));
-  return NSMakeRect(x, y, std::round(NSMaxX(rect)) - x, std::round(NSMaxY(rect)) - y);
+  const double scale = pixelsAPoint();
+  const double x = onPixel(NSMinX(rect), scale);
+  const double y = onPixel(NSMinY(rect), scale);
+  return NSMakeRect(x, y, onPixel(NSMaxX(rect), scale) - x, onPixel(NSMaxY(rect), scale) - y);
 }
 
 }  // namespace theme

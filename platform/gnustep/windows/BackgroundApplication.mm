@@ -12,6 +12,7 @@
 #include "platform/gnustep/launch/LaunchConditions.h"
 #import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
 #import "platform/gnustep/pasteboard/NSPasteboard+ServerConnection.h"
+#import "platform/gnustep/screen/ScreenScaleDefaults.h"
 #import "platform/gnustep/sheets/NSWindow+Sheet.h"
 #import "platform/gnustep/sheets/SheetQueue.h"
 #import "platform/gnustep/theme/QuietTheme.h"
@@ -67,6 +68,7 @@ class ScopedFlag {
   }];
   useOwnImageReadersOnly();
   installMacKeys();
+  adoptScreenScale();
   installQuietTheme();
   // Not in the build where the platform does it itself.
   if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
