@@ -38,7 +38,7 @@ struct Layout : Windows, testing::WithParamInterface<Shown> {
 
   /// The visible part of a control: a push button's frame has a margin of 6 points at each side.
   static NSRect seen(NSView *view) {
-    const NSRect frame = [view convertRect:[view bounds] toView:nil];
+    const NSRect frame = [view convertRect:[view bounds] toView:[[view window] contentView]];
     const bool isButton = [view isKindOfClass:[NSButton class]];
     return isButton ? NSInsetRect(frame, 6, 4) : frame;
   }

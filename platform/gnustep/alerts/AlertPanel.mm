@@ -76,7 +76,9 @@ CGFloat widthOfRow(NSArray *buttons) {
 - (void)setContents:(const AlertContents &)contents {
   NSView *const view = [[[NSView alloc] initWithFrame:[[self contentView] frame]] autorelease];
   [self setContentView:view];
-  const NSSize screen = screenOf(self).size;
+  const CGFloat scale = [self userSpaceScaleFactor];
+  const NSSize pixels = screenOf(self).size;
+  const NSSize screen = NSMakeSize(pixels.width / scale, pixels.height / scale);
   const CGFloat widest = screen.width - 2 * kRight;
   const CGFloat wanted = kRight + widthOfRow(contents.buttons) + kRight;
   const CGFloat width = std::min(widest, std::max(kWidth, wanted));

@@ -40,12 +40,25 @@ id decodeObject(id unarchiver, SEL selector, GSXibElement *element, NSString *cl
 
 constinit platform::ReplacedMethod<NSSize(NSString *)> platformDecodeSize;
 
-/// The item sizes of a collection view have other keys in an archive than in an interface file.
+/// The smallest size of a window's contents has the key of that of its frame in an interface file.
+/// The platform would take it for the frame's, which has another unit where the screen is scaled.
+NSString *const kContentMinSize = @"NSWindowContentMinSize";
+NSString *const kMinSize = @"NSMinSize";
+
+/// Sizes that have other keys in an archive than in an interface file.
 NSSize decodeSize(id unarchiver, SEL selector, NSString *key) {
   NSString *name = key;
   if ([key isEqualToString:@"NSMinGridSize"]) name = @"minItemSize";
   if ([key isEqualToString:@"NSMaxGridSize"]) name = @"maxItemSize";
+  if ([key isEqualToString:kContentMinSize]) name = kMinSize;
   return platformDecodeSize(unarchiver, selector, name);
+}
+
+constinit platform::ReplacedMethod<BOOL(NSString *)> platformContainsValue;
+
+BOOL containsValue(id unarchiver, SEL selector, NSString *key) {
+  return platformContainsValue(unarchiver, selector,
+                               [key isEqualToString:kContentMinSize] ? kMinSize : key);
 }
 
 constinit platform::ReplacedMethod<void(GSXibElement *, NSString *)> platformSetElement;
@@ -81,6 +94,7 @@ BOOL isDocument(id, SEL, NSData *data) {
   platformDecodeObject.install(self, @selector(decodeObjectForXib:forClassName:withID:),
                                decodeObject);
   platformDecodeSize.install(self, @selector(decodeSizeForKey:), decodeSize);
+  platformContainsValue.install(self, @selector(containsValueForKey:), containsValue);
   platformSetElement.install(objc_getClass("GSXibElement"), @selector(setElement:forKey:),
                              setElement);
   // By its name, because a message would initialise the class before there is an autorelease pool.

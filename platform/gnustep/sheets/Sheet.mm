@@ -9,10 +9,19 @@
 
 namespace {
 
+/// Where its contents are, in the unit of the screen: pixels. (The platform's own method has their
+/// size in points.)
+NSRect contentOnScreen(NSWindow *window) {
+  NSView *const view = [window contentView];
+  NSRect content = [view convertRect:[view bounds] toView:nil];
+  content.origin = [window convertBaseToScreen:content.origin];
+  return content;
+}
+
 /// The origin of a sheet of that size: its upper edge is at the lower edge of the parent's title
 /// bar.
 NSPoint placeUnder(NSWindow *parent, NSSize size) {
-  const NSRect content = [parent contentRectForFrameRect:[parent frame]];
+  const NSRect content = contentOnScreen(parent);
   return NSMakePoint(std::floor(NSMidX(content) - size.width / 2), NSMaxY(content) - size.height);
 }
 

@@ -44,9 +44,14 @@ void tickSelectedItem(NSMenu *menu, int selected) {
   }
 }
 
+NSRect scaled(NSRect rect, double factor) {
+  return NSMakeRect(NSMinX(rect) * factor, NSMinY(rect) * factor, NSWidth(rect) * factor,
+                    NSHeight(rect) * factor);
+}
+
 /// Resizes the window of an open menu to its items, for all of which the platform assumes the
-/// height of the button, and keeps it on the screen. `selected`: negative for a pull-down menu,
-/// else the item that lies over the button.
+/// height of the button, and keeps it on the screen. `button`: on the screen, whose unit is pixels.
+/// `selected`: negative for a pull-down menu, else the item that lies over the button.
 void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   NSWindow *const window = [menuView window];
   const NSRect screen = [([window screen] ?: [NSScreen mainScreen]) visibleFrame];
@@ -54,9 +59,11 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
   const double top = NSMaxY(frame);
   // The first item of a pull-down menu is the title of the button and not shown.
   const NSRect first = [menuView rectOfItemAtIndex:selected < 0 ? 1 : 0];
-  frame.size.height = NSMaxY(first) + 1;
-  frame.origin.y = selected < 0 ? top - NSHeight(frame)
-                                : NSMinY(button) - NSMinY([menuView rectOfItemAtIndex:selected]);
+  const double scale = [window userSpaceScaleFactor];
+  frame.size.height = (NSMaxY(first) + 1) * scale;
+  frame.origin.y = selected < 0
+                       ? top - NSHeight(frame)
+                       : NSMinY(button) - NSMinY([menuView rectOfItemAtIndex:selected]) * scale;
   frame.origin.y = std::min(NSMinY(frame), NSMaxY(screen) - NSHeight(frame));
   frame.origin.y = std::max(NSMinY(frame), NSMinY(screen));
   frame.origin.x = std::min(NSMinX(frame), NSMaxX(screen) - NSWidth(frame));
@@ -167,10 +174,13 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
        controlViewWindow:(NSWindow *)window
            preferredEdge:(NSRectEdge)edge
             selectedItem:(int)selected {
-  NSRect visible = theme::visiblePopUpRect(frame);
+  // On the screen, whose unit is pixels.
+  const double scale = [window userSpaceScaleFactor];
+  NSRect visible = scaled(theme::visiblePopUpRect(scaled(frame, 1 / scale)), scale);
   if (selected >= 0) {
     tickSelectedItem([menuView menu], selected);
-    const double shift = [menuView imageAndTitleOffset] + kItemBorders - kPopUpTextMargin;
+    const double points = [menuView imageAndTitleOffset] + kItemBorders - kPopUpTextMargin;
+    const double shift = points * scale;
     visible.origin.x -= shift;
     visible.size.width += shift;
   }

@@ -83,7 +83,8 @@ constexpr CGFloat kBorder = 1;
   const NSUInteger rows = MIN([items count], kVisibleRows);
   NSScrollView *const scrollView = static_cast<NSScrollView *>([_panel contentView]);
   [scrollView setHasVerticalScroller:[items count] > kVisibleRows];
-  const CGFloat height = rows * [CompletionListView rowHeightForFont:font] + 2 * kBorder;
+  const CGFloat points = rows * [CompletionListView rowHeightForFont:font] + 2 * kBorder;
+  const CGFloat height = points * [[view window] userSpaceScaleFactor];
   [_panel setFrame:[self frameWithHeight:height] display:NO];
   [_rows setFrameSize:NSMakeSize([scrollView contentSize].width, NSHeight([_rows frame]))];
   [_rows setItems:items font:font];
@@ -94,15 +95,17 @@ constexpr CGFloat kBorder = 1;
   [_panel displayIfNeeded];
 }
 
-/// Below the view, or above it where it does not fit, and within the screen.
+/// Below the view, or above it where it does not fit, and within the screen, whose unit the height
+/// has: pixels.
 - (NSRect)frameWithHeight:(CGFloat)height {
   const NSRect inWindow = [_view convertRect:[_view bounds] toView:nil];
   const NSPoint corner = [[_view window] convertBaseToScreen:inWindow.origin];
   const NSRect screen = [[[_view window] screen] visibleFrame];
-  const CGFloat width = MAX(kMinimumWidth, NSWidth(inWindow));
+  const CGFloat scale = [[_view window] userSpaceScaleFactor];
+  const CGFloat width = MAX(kMinimumWidth * scale, NSWidth(inWindow));
   const CGFloat left = MAX(NSMinX(screen), MIN(corner.x, NSMaxX(screen) - width));
-  CGFloat bottom = corner.y - kGap - height;
-  if (bottom < NSMinY(screen)) bottom = corner.y + NSHeight(inWindow) + kGap;
+  CGFloat bottom = corner.y - kGap * scale - height;
+  if (bottom < NSMinY(screen)) bottom = corner.y + NSHeight(inWindow) + kGap * scale;
   return NSMakeRect(left, bottom, width, height);
 }
 
