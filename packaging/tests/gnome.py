@@ -181,27 +181,22 @@ class FileManager:
                 return application
         return None
 
-    def _accessibles(self):
-        """All objects of the file manager."""
-        application = self._application()
+    def _marked(self, *roles):
+        """The names of what has one of the roles and the keyboard, or is marked as selected, as the
+        highlighted entries of a menu are. Empty when something changes meanwhile, or does not
+        reply in time."""
+        states = (Atspi.StateType.FOCUSED, Atspi.StateType.SELECTED)
         try:
-            yield from _below(application) if application is not None else ()
+            application = self._application()
+            return [one.get_name() for one in (_below(application) if application else ())
+                    if one.get_role_name() in roles and any(_is(one, state) for state in states)]
         except GLib.Error:
-            return  # it changed meanwhile
-
-    def _has_item_with_keyboard(self):
-        return any(one.get_role_name() in ITEM_ROLES and _is(one, Atspi.StateType.FOCUSED)
-                   for one in self._accessibles())
-
-    def _chosen(self):
-        """The names of the entries that are highlighted, in each of the open menus."""
-        return {one.get_name() for one in self._accessibles() if one.get_role_name() in MENU_ROLES
-                and (_is(one, Atspi.StateType.FOCUSED) or _is(one, Atspi.StateType.SELECTED))}
+            return []
 
     def is_active(self):
         """Whether one of its windows has the keyboard."""
-        application = self._application()
         try:
+            application = self._application()
             return application is not None and any(
                 _is(window, Atspi.StateType.ACTIVE) for window in _children(application))
         except GLib.Error:
@@ -209,15 +204,21 @@ class FileManager:
 
     def open_menu(self):
         """Selects the only item of the folder and opens its context menu."""
-        self._press_until("an item has the keyboard", "Down", self._has_item_with_keyboard)
+        self._press_until("an item has the keyboard", "Down",
+                          lambda: self._marked(*ITEM_ROLES))
         self._test.press("Control", "a")
         self._test.press("Menu")
-        self._press_until("the menu opens", "Down", self._chosen)
+        self._press_until("the menu opens", "Down", lambda: self._marked(*MENU_ROLES))
+
+    def point_to(self, name):
+        """Highlights an entry of the menu."""
+        self._press_until(f"{name} is highlighted", "Down",
+                          lambda: name in self._marked(*MENU_ROLES))
 
     def choose(self, *names):
         """Chooses an entry by the names of the menus and of itself."""
         for name in names:
-            self._press_until(f"{name} is chosen", "Down", lambda: name in self._chosen())
+            self.point_to(name)
             self._test.press("Return")
 
     def _press_until(self, what, key, condition):

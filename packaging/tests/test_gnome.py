@@ -77,8 +77,9 @@ class Entries(Desktop):
         manager = self.manager()
         manager.open_menu()
         manager.choose("Brisvale")
+        manager.point_to("Send File…")
         self.keep_picture("gnome-entries")
-        manager.choose("Send File…")
+        self.press("Return")
         self.assert_in_front(self.only_window(), "gnome-send")
         self.assert_closes(manager, "Escape")
 
