@@ -12,7 +12,7 @@ import subprocess
 import tempfile
 from collections import namedtuple
 from concurrent.futures import ThreadPoolExecutor
-from functools import lru_cache
+from functools import cached_property, lru_cache
 from pathlib import Path
 
 from project import Findings
@@ -34,8 +34,15 @@ class Unit:
         self.path = Path(entry["directory"], entry["file"]).resolve()
         self.source = self.path.relative_to(root)
         self.directory = Path(entry["directory"])
-        self.arguments = shlex.split(entry["command"])
-        self.object = self.arguments[self.arguments.index("-o") + 1]
+        self.command = entry["command"]
+
+    @cached_property
+    def arguments(self):
+        return shlex.split(self.command)
+
+    @property
+    def object(self):
+        return self.arguments[self.arguments.index("-o") + 1]
 
     def flags(self):
         """Compiler and options, without what names outputs and the source itself, and without

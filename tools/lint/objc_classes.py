@@ -12,7 +12,7 @@ from clang.cindex import CursorKind, Diagnostic, Index, TranslationUnit
 from compilation import batches, units
 from project import APPLICATION_FOLDERS
 
-FOLDERS = (*APPLICATION_FOLDERS, "platform")
+FOLDERS = APPLICATION_FOLDERS
 
 # A class extension is a category, too.
 CLASSES = (CursorKind.OBJC_INTERFACE_DECL, CursorKind.OBJC_CATEGORY_DECL)
