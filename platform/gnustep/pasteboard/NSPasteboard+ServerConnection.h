@@ -9,6 +9,13 @@
 /// seconds at most. Answers whether it is connected. Main thread.
 + (BOOL)connectToServer;
 
+/// Starts the server if none is running, and does not wait for it; answers whether one is running
+/// already. Main thread.
++ (BOOL)startServer;
+
+/// Whether a server has registered its name, even if it hangs. Does not ask it. Main thread.
++ (BOOL)isServerRunning;
+
 /// Whether the connection is valid. It is while the server hangs, but not when it has exited.
 + (BOOL)isConnectedToServer;
 

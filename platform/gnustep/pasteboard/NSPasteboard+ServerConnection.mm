@@ -36,13 +36,18 @@ id lookUp() {
   }
 }
 
-/// Starts a server and waits until it has registered its name. It exits when no program owns a
-/// pasteboard any more.
-bool start() {
+/// Starts a server, which exits when no program owns a pasteboard any more. Of two that are started
+/// one exits again.
+void launch() {
   NSString *const tool = [NSTask launchPathForTool:@"gpbs"];
-  if (tool == nil) return false;
+  if (tool == nil) return;
+  [NSTask launchedTaskWithLaunchPath:tool arguments:[NSArray arrayWithObject:@"--auto"]];
+}
+
+/// Starts a server and waits until it has registered its name.
+bool start() {
   @try {
-    [NSTask launchedTaskWithLaunchPath:tool arguments:[NSArray arrayWithObject:@"--auto"]];
+    launch();
     NSDate *const limit = [NSDate dateWithTimeIntervalSinceNow:kStartSeconds];
     while (!isRunning()) {
       if ([limit timeIntervalSinceNow] < 0) return false;
@@ -100,6 +105,24 @@ id connectToServer(id cls, SEL selector) {
 
 + (BOOL)connectToServer {
   return connectToServer(self, sel_registerName("_pbs")) != nil;
+}
+
++ (BOOL)startServer {
+  if ([self isServerRunning]) return YES;
+  @try {
+    launch();
+  } @catch (NSException *exception) {
+    // Its first use tries again.
+  }
+  return NO;
+}
+
++ (BOOL)isServerRunning {
+  @try {
+    return isRunning();
+  } @catch (NSException *exception) {
+    return NO;  // for example when a process has died with the lock for names
+  }
 }
 
 + (BOOL)isConnectedToServer {

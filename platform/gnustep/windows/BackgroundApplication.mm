@@ -37,8 +37,10 @@ NSString *const kPermittedMessages = @"GSPermittedMessages";
 /// Too short to be noticed.
 constexpr NSTimeInterval kWakeAfterSeconds = 0.01;
 
-constexpr int kPasteboardAttempts = 5;
-constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 1;
+/// Together some seconds: on a busy machine the server may take that long to start.
+constexpr int kPasteboardAttempts = 50;
+constexpr int kAttemptsInAConnection = 10;
+constexpr NSTimeInterval kNextPasteboardAttemptSeconds = 0.1;
 
 /// Sets a flag while in scope, also when an exception leaves the scope.
 class ScopedFlag {
@@ -106,11 +108,28 @@ class ScopedFlag {
 }
 
 /// On the Mac the pasteboard server is always running. Here it is started by the first use, which
-/// blocks meanwhile, so it is started before the user needs it. On a busy machine a try may time
-/// out.
+/// blocks meanwhile, so it is started before the user needs it; nor is it waited for, because the
+/// plug-in may be waiting for the application.
 - (void)startPasteboardServer {
-  if ([NSPasteboard connectToServer] || ++_pasteboardAttempts == kPasteboardAttempts) return;
-  [self performSelector:@selector(startPasteboardServer)
+  if ([NSPasteboard startServer]) {
+    [self connectToPasteboardServer];
+  } else {
+    [self connectToPasteboardServerSoon];
+  }
+}
+
+- (void)connectToPasteboardServer {
+  if ([NSPasteboard isConnectedToServer]) return;
+  if ([NSPasteboard isServerRunning]) {
+    if ([NSPasteboard connectToServer]) return;
+    // It hangs, and each attempt blocks for seconds.
+    _pasteboardAttempts += kAttemptsInAConnection;
+  }
+  if (++_pasteboardAttempts < kPasteboardAttempts) [self connectToPasteboardServerSoon];
+}
+
+- (void)connectToPasteboardServerSoon {
+  [self performSelector:@selector(connectToPasteboardServer)
              withObject:nil
              afterDelay:kNextPasteboardAttemptSeconds];
 }
