@@ -37,17 +37,18 @@ id lookUp() {
 }
 
 /// Starts a server, which exits when no program owns a pasteboard any more. Of two that are started
-/// one exits again.
-void launch() {
+/// one exits again. False where none is installed.
+bool launch() {
   NSString *const tool = [NSTask launchPathForTool:@"gpbs"];
-  if (tool == nil) return;
+  if (tool == nil) return false;
   [NSTask launchedTaskWithLaunchPath:tool arguments:[NSArray arrayWithObject:@"--auto"]];
+  return true;
 }
 
 /// Starts a server and waits until it has registered its name.
 bool start() {
   @try {
-    launch();
+    if (!launch()) return false;
     NSDate *const limit = [NSDate dateWithTimeIntervalSinceNow:kStartSeconds];
     while (!isRunning()) {
       if ([limit timeIntervalSinceNow] < 0) return false;
