@@ -105,6 +105,8 @@ NSColor *highlightColor() {
   }
   NSMutableParagraphStyle *const style = [[[NSMutableParagraphStyle alloc] init] autorelease];
   [style setLineBreakMode:NSLineBreakByClipping];
+  // Also a name from right to left, so that the names stand below each other.
+  [style setAlignment:NSLeftTextAlignment];
   NSDictionary *const attributes = [NSDictionary
       dictionaryWithObjectsAndKeys:_font, NSFontAttributeName, style, NSParagraphStyleAttributeName,
                                    isSelected ? [NSColor whiteColor] : [NSColor textColor],
@@ -112,7 +114,7 @@ NSColor *highlightColor() {
   NSString *const item = [_items objectAtIndex:static_cast<NSUInteger>(row)];
   const NSRect text = NSMakeRect(kTextIndent, NSMinY(place) + kRowPadding / 2,
                                  NSWidth(place) - 2 * kTextIndent, NSHeight(place));
-  [stringOf(pill_text::inScreenOrder(utf16Of(item))) drawInRect:text withAttributes:attributes];
+  [stringOf(pill_text::onOneLine(utf16Of(item))) drawInRect:text withAttributes:attributes];
 }
 
 #pragma mark - Mouse
