@@ -37,8 +37,10 @@ class InputMethods(DesktopTest):
         return window
 
     def choose(self, engine):
-        wait_until(f"{engine} is in use", lambda: output("ibus", "engine", engine) == "" and
-                   output("ibus", "engine") == engine)
+        def is_in_use():
+            subprocess.run(["ibus", "engine", engine], check=False)
+            return output("ibus", "engine") == engine
+        wait_until(f"{engine} is in use", is_in_use)
         if engine == KOREAN:
             self.press("shift+space")  # it begins with Latin letters
 
@@ -53,9 +55,10 @@ class InputMethods(DesktopTest):
         one by one, and when two come at once they change places."""
         for key in keys:
             *modifiers, last = key.split("+")
-            held = [part for modifier in modifiers for part in ("keydown", modifier, "sleep", "0.06")]
-            released = [part for modifier in modifiers for part in ("keyup", modifier)]
-            subprocess.run(["xdotool", *held, "key", last, "sleep", "0.06", *released], check=True)
+            wait = ["sleep", "0.06"]
+            held = [part for name in modifiers for part in ("keydown", name, *wait)]
+            released = [part for name in modifiers for part in ("keyup", name)]
+            subprocess.run(["xdotool", *held, "key", last, *wait, *released], check=True)
 
     def type(self, keys):
         subprocess.run(["xdotool", "type", "--delay", "100", keys], check=True)

@@ -162,7 +162,7 @@ NSString *lookUp(id self, SEL selector, XKeyEvent *event, void *device, KeySym *
   if (found->keysym) *keysym = *found->keysym;
   if (event->keycode == 0) {
     insertFinalText(input_contexts::textBehind(*event) + found->text);
-    return @"";
+    return charactersOfHandledKey();
   }
   const bool isModifier = found->keysym && IsModifierKey(*found->keysym);
   if (isModifier || isLookedUpAgain(*event)) return stringOf(found->text);

@@ -11,12 +11,16 @@ enum class CompositionStep {
   End,     ///< what is being composed is final as it is
 };
 
+/// The characters of a key event whose text was put into the queue as a step. A text view would
+/// insert an empty text, in place of the selected one.
+NSString *charactersOfHandledKey();
+
 /// Puts a step into the event queue, for the text view that has the focus when it is handled.
 /// `caret` is in the text of Mark, in UTF-16 units.
 void postComposition(CompositionStep step, NSString *text, NSUInteger caret);
 
-/// Handles a step, and a key event without any characters, which is none; NO, without an effect,
-/// for any other event.
+/// Handles a step, and an event of which nothing is left to be done; NO, without an effect, for any
+/// other one.
 BOOL handleComposition(NSEvent *event);
 
 /// The window server's number of a window.

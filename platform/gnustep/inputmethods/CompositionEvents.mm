@@ -21,11 +21,9 @@ BOOL isComposition(NSEvent *event) {
   return [unmodified length] == 2 && [unmodified characterAtIndex:0] == kMarker;
 }
 
-/// What is left of an event by which an input method has sent its text. A text view would insert an
-/// empty text, in place of the selected one.
-BOOL isWithoutCharacters(NSEvent *event) {
-  return [event type] == NSKeyDown && [[event characters] length] == 0 &&
-         [[event charactersIgnoringModifiers] length] == 0;
+BOOL isHandledBefore(NSEvent *event) {
+  return [event type] == NSKeyDown &&
+         [[event charactersIgnoringModifiers] isEqualToString:charactersOfHandledKey()];
 }
 
 CompositionStep stepOf(NSEvent *event) {
@@ -52,6 +50,10 @@ void insertBeforeMarkedText(NSTextView *view, NSString *text) {
 
 }  // namespace
 
+NSString *charactersOfHandledKey() {
+  return [NSString stringWithCharacters:&kMarker length:1];
+}
+
 void postComposition(CompositionStep step, NSString *text, NSUInteger caret) {
   NSEvent *const event = [NSEvent keyEventWithType:NSKeyDown
                                           location:NSMakePoint(caret, 0)
@@ -67,7 +69,7 @@ void postComposition(CompositionStep step, NSString *text, NSUInteger caret) {
 }
 
 BOOL handleComposition(NSEvent *event) {
-  if (isWithoutCharacters(event)) return YES;
+  if (isHandledBefore(event)) return YES;
   if (!isComposition(event)) return NO;
   NSTextView *const view = focusedTextView([NSApp keyWindow]);
   NSString *const text = [event characters];

@@ -181,9 +181,9 @@ TEST_F(MarkedText, StepsAndKeysKeepTheirOrder) {
   EXPECT_TRUE(has(@"Dear allabxc"));
 }
 
-TEST_F(MarkedText, AKeyEventWithoutCharactersLeavesTheSelectedTextAlone) {
+TEST_F(MarkedText, AnEventWhoseTextWasHandledLeavesTheSelectedTextAlone) {
   [text selectAll:nil];
-  postKey(window, @"");
+  postKey(window, charactersOfHandledKey());
   handlePostedEvents();
   EXPECT_TRUE(has(@"Dear all"));
 }
