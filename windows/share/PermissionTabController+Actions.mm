@@ -47,6 +47,22 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   return NSNotFound;
 }
 
+/// Whether the view or one in it has the keyboard.
+bool hasKeyboard(NSView *view) {
+  id const responder = [[view window] firstResponder];
+  return [responder isKindOfClass:[NSView class]] && [responder isDescendantOf:view];
+}
+
+/// nil where the row has none.
+NSButton *removeButtonIn(NSView *row) {
+  for (NSView *view in [row subviews]) {
+    if ([view isKindOfClass:[NSButton class]] && ![view isKindOfClass:[NSPopUpButton class]]) {
+      return static_cast<NSButton *>(view);
+    }
+  }
+  return nil;
+}
+
 }  // namespace
 
 @implementation PermissionTabController (Actions)
@@ -136,6 +152,22 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
              reinterpret_cast<void *>(row));
 }
 
+/// To the button that removes the person in a row, or in the last one where there are fewer; behind
+/// the list where there is none. The views of the rows have been made anew.
+- (void)moveKeyboardToRow:(NSUInteger)row {
+  const NSUInteger count = [[arrayController arrangedObjects] count];
+  NSButton *button = nil;
+  if (count > 0) {
+    const NSUInteger next = MIN(row, count - 1);
+    button = removeButtonIn([[collectionViewForAllEntries itemAtIndex:next] view]);
+  }
+  if (button != nil) {
+    [ourMainWindow makeFirstResponder:button];
+  } else {
+    [ourMainWindow selectKeyViewFollowingView:collectionViewForAllEntries];
+  }
+}
+
 - (void)handleResult:(NSAlert *)alert withResult:(NSInteger)returnCode withSender:(void *)context {
   const auto row = reinterpret_cast<NSUInteger>(context);
   withRequestsSuspended([&] { [self handleAnswer:answerOf(returnCode) to:alert aboutRow:row]; });
@@ -189,7 +221,9 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   NSDictionary *const reply = [agent revokeAccess:[person useremail]:path:[self isFileId]];
   // clang-format on
   if ([self didSucceed:reply]) {
+    const bool rowsHaveKeyboard = hasKeyboard(collectionViewForAllEntries);
     [arrayController removeObjectAtArrangedObjectIndex:index];
+    if (rowsHaveKeyboard) [self moveKeyboardToRow:index];
     [self showSuccessModalWindow:@"permissionRevokedSuccessMessageTextFormatKey"];
   }
   [self showIdle];
