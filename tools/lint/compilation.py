@@ -79,14 +79,15 @@ def units(root, build, folders, suffixes):
     return list(found.values())
 
 
-def dependencies(build):
-    """What each object was made from, by object, as the build recorded it."""
-    log = subprocess.run(["ninja", "-C", str(build), "-t", "deps"], capture_output=True, text=True)
+def dependencies(build, objects):
+    """What each of these objects was made from, by object, as the build recorded it."""
+    log = subprocess.run(["ninja", "-C", str(build), "-t", "deps", *objects],
+                         capture_output=True, text=True)
     found, current = {}, None
     for line in log.stdout.splitlines():
         if line.startswith(" "):
             if current is not None:
-                current.append(str(build / line.strip()))
+                current.append(os.path.join(build, line.strip()))
         else:
             name, colon, rest = line.partition(": #deps")
             # An object that changed after its record was written is not to be trusted.
@@ -217,15 +218,16 @@ class Checks:
         return [*filter(None, map(self.alone, to_check))]
 
 
-def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
+def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1, prepare=None):
     """Runs command_for(unit, source) for every unit and returns what the failing ones printed.
 
     extra_inputs are files besides sources and headers that decide the outcome. With a batch_size
     the source is one that includes up to so many units' sources, because reading the platform's
     headers takes longer than checking a source. Each unit that may be the reason for a batch's
-    failure is checked by itself.
+    failure is checked by itself. prepare is called with the units that are to be checked, if there
+    are any, before the first of them, and returns what hinders all of them.
     """
-    depends_on = dependencies(build)
+    depends_on = dependencies(build, [unit.object for unit in checked]) if checked else {}
     cache = Cache(build / "lint-cache" / name)
 
     def remembered(unit):
@@ -239,6 +241,9 @@ def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
     keys = {unit: remembered(unit) for unit in checked}
     to_check = [unit for unit in checked if not cache.has_passed(keys[unit])]
     checks = Checks(command_for, cache, keys)
+    hindrances = prepare(to_check) if prepare is not None and to_check else []
+    if hindrances:
+        return Findings(hindrances)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         findings = Findings(itertools.chain(*pool.map(checks.batch, batches(to_check, batch_size))))
     cache.forget_unused()

@@ -54,6 +54,12 @@ class ApiFloor(SampleBuild):
         self.assertEqual(len(findings), len(self.NEWER), findings)
 
 
+    def test_a_header_in_front_of_all_that_does_not_compile_is_shown(self):
+        self.write(api_floor.HEADER, "#error not like this\n")
+        self.write("app/OldEnough.mm", "int f() { return 1; }\n")
+        self.assert_finds(api_floor.lint(self.root, self.build()), "api_floor.h", "not like this")
+
+
 class LaterHeaders(SampleBuild):
     def test_a_header_of_the_cxx_library_that_needs_a_newer_system_is_found(self):
         self.write("text/a.h", "#include <string>\n#include <filesystem>\n")
