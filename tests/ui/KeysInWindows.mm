@@ -236,6 +236,18 @@ TEST_P(KeyLoop, WhatHasTheKeyboardIsSeen) {
   }
 }
 
+TEST_P(KeyLoop, EachControlHasATitleOrASpokenName) {
+  for (const id view : viewsInReadingOrder(window)) {
+    NSString *name = [view accessibilityAttributeValue:NSAccessibilityDescriptionAttribute];
+    // What a pop-up shows is its value and no name.
+    const bool hasTitle =
+        [view isKindOfClass:[NSButton class]] && ![view isKindOfClass:[NSPopUpButton class]];
+    if (hasTitle) name = [view title];
+    if ([view isKindOfClass:[NSTabView class]]) name = [[view selectedTabViewItem] label];
+    EXPECT_GT([name length], 0u) << text([view description]);
+  }
+}
+
 TEST_P(KeyLoop, FromNoControlTabGoesToTheFirstOneAlsoAfterTheTabWasChanged) {
   NSTabView *const tabs = viewsInReadingOrder(window).front();
   for (NSInteger step = 0; step < 2; ++step) {
