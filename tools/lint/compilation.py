@@ -145,9 +145,22 @@ NOT_COMPILED = "[clang-diagnostic-error"
 # The name that a line at file scope declares or defines, roughly: the last one before its value,
 # parameters or body. The format does not indent what is in a namespace.
 FILE_SCOPE_NAME = re.compile(
-    r"^(?!namespace\b|using\b|template\b|extern\b|#import|#include|[A-Z_]+\()(?=[\w#])"
+    r"^(?!namespace\b|using\b|template\b|extern\b|static_assert\b|[A-Z_]+\()(?=\w)"
     r"[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
     re.MULTILINE)
+MACRO = re.compile(r"^#define (\w+)", re.MULTILINE)
+# The arguments of a template, without such lists of their own, and the break of a line that goes on.
+ARGUMENTS_OF_TEMPLATE = re.compile(r"(?<=\w)<[^<>;{}]*>")
+CONTINUATION = re.compile(r"\n {4,}")
+
+
+def file_scope_names(text):
+    """What a source declares or defines at file scope."""
+    text = CONTINUATION.sub(" ", text)
+    shorter = ARGUMENTS_OF_TEMPLATE.sub("", text)
+    while shorter != text:
+        text, shorter = shorter, ARGUMENTS_OF_TEMPLATE.sub("", shorter)
+    return {*FILE_SCOPE_NAME.findall(text), *MACRO.findall(text)}
 
 
 def batches(checked, size):
@@ -156,7 +169,7 @@ def batches(checked, size):
     found = []
     for unit in checked:
         kind = (unit.source.suffix, unit.flags())
-        names = set(FILE_SCOPE_NAME.findall(unit.text()))
+        names = file_scope_names(unit.text())
         for batch in found:
             if len(batch.units) < size and batch.kind == kind and batch.names.isdisjoint(names):
                 batch.units.append(unit)
@@ -197,21 +210,25 @@ class Checks:
             return self.run(batch[0], together.name)
 
     def suspects(self, batch):
-        """Those that may not pass by themselves; the others have passed."""
+        """Those that may not pass by themselves; the others have passed. None where it may be any,
+        because they do not compile together, or because of a header."""
         result = self.run_together(batch)
         if result.returncode == 0:
             return []
         said = result.stdout + result.stderr
         at_fault = set(PLACE_OF_FINDING.findall(said))
         paths = {str(unit.path) for unit in batch}
-        # Where the compilation was aborted or a header is at fault, each may fail.
         if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
-            return batch
+            return None
         return [unit for unit in batch if str(unit.path) in at_fault]
 
     def batch(self, batch):
         """What the command printed of the units that do not pass, one text each."""
         to_check = self.suspects(batch) if len(batch) > 1 else batch
+        if to_check is None:
+            # Two may not go together.
+            middle = len(batch) // 2
+            return self.batch(batch[:middle]) + self.batch(batch[middle:])
         for unit in batch:
             if unit not in to_check:
                 self.cache.passed(self.keys[unit])

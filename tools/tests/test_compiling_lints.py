@@ -155,6 +155,21 @@ class Batches(SampleBuild):
         self.assertEqual([len(batch) for batch in compilation.batches(units, 1)], [1, 1, 1, 1])
 
 
+class FileScopeNames(unittest.TestCase):
+    def test_they_are_those_of_what_is_declared_and_not_of_its_types(self):
+        for text, names in (
+                ("constinit platform::ReplacedMethod<void(NSString *)> platformText;", {"platformText"}),
+                ("constinit platform::ReplacedMethod<id(std::vector<int>)>\n    platformText;\n",
+                 {"platformText"}),
+                ("std::map<int, std::vector<int>> &ends() {\n  return counted;\n}\n", {"ends"}),
+                ("bool isLess(int a, int b) {\n  return a < b;\n}\nint later = 1;\n",
+                 {"isLess", "later"}),
+                ("#define OURS 1\n#pragma mark - Actions\n#pragma clang diagnostic pop\n", {"OURS"}),
+                ('static_assert(sizeof(int) == 4, "int");\n', set())):
+            with self.subTest(text):
+                self.assertEqual(compilation.file_scope_names(text), names)
+
+
 class Cache(SampleBuild):
     """With a command in place of the compiler that only records that it ran."""
 
