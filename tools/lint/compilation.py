@@ -145,11 +145,13 @@ NOT_COMPILED = "[clang-diagnostic-error"
 # The name that a line at file scope declares or defines, roughly: the last one before its value,
 # parameters or body. The format does not indent what is in a namespace.
 FILE_SCOPE_NAME = re.compile(
-    r"^(?!namespace\b|using\b|template\b|extern\b|static_assert\b|[A-Z_]+\()(?=\w)"
+    r"^(?!namespace\b|using\b|template\b|extern\b|static_assert\b|[A-Z_]+\()"
+    r"(?=\w)"
     r"[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
     re.MULTILINE)
 MACRO = re.compile(r"^#define (\w+)", re.MULTILINE)
-# The arguments of a template, without such lists of their own, and the break of a line that goes on.
+# The arguments of a template, without such lists of their own, and the break of a line that goes
+# on.
 ARGUMENTS_OF_TEMPLATE = re.compile(r"(?<=\w)<[^<>;{}]*>")
 CONTINUATION = re.compile(r"\n {4,}")
 

@@ -55,7 +55,6 @@ class ApiFloor(SampleBuild):
                 self.assert_finds([text for text in findings if f"{name}.mm" in text], found)
         self.assertEqual(len(findings), len(self.NEWER), findings)
 
-
     def test_a_header_in_front_of_all_that_does_not_compile_is_shown(self):
         self.write(api_floor.HEADER, "#error not like this\n")
         self.write("app/OldEnough.mm", "int f() { return 1; }\n")
@@ -158,13 +157,15 @@ class Batches(SampleBuild):
 class FileScopeNames(unittest.TestCase):
     def test_they_are_those_of_what_is_declared_and_not_of_its_types(self):
         for text, names in (
-                ("constinit platform::ReplacedMethod<void(NSString *)> platformText;", {"platformText"}),
+                ("constinit platform::ReplacedMethod<void(NSString *)> platformText;",
+                 {"platformText"}),
                 ("constinit platform::ReplacedMethod<id(std::vector<int>)>\n    platformText;\n",
                  {"platformText"}),
                 ("std::map<int, std::vector<int>> &ends() {\n  return counted;\n}\n", {"ends"}),
                 ("bool isLess(int a, int b) {\n  return a < b;\n}\nint later = 1;\n",
                  {"isLess", "later"}),
-                ("#define OURS 1\n#pragma mark - Actions\n#pragma clang diagnostic pop\n", {"OURS"}),
+                ("#define OURS 1\n#pragma mark - Actions\n#pragma clang diagnostic pop\n",
+                 {"OURS"}),
                 ('static_assert(sizeof(int) == 4, "int");\n', set())):
             with self.subTest(text):
                 self.assertEqual(compilation.file_scope_names(text), names)
