@@ -1,5 +1,7 @@
 #import "windows/share/PermissionTabController.h"
 
+#include <algorithm>
+
 #import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "text/LocalizedText.h"
@@ -53,11 +55,14 @@ bool hasKeyboard(NSView *view) {
   return [responder isKindOfClass:[NSView class]] && [responder isDescendantOf:view];
 }
 
-/// nil where the row has none.
-NSButton *removeButtonIn(NSView *row) {
-  for (NSView *view in [row subviews]) {
-    if ([view isKindOfClass:[NSButton class]] && ![view isKindOfClass:[NSPopUpButton class]]) {
-      return static_cast<NSButton *>(view);
+/// The button that removes a person; nil where the person's row has no view.
+NSButton *removeButtonOf(SharedWith *person, NSView *rows) {
+  for (NSView *row in [rows subviews]) {
+    if (![row isKindOfClass:[PersonRowView class]]) continue;
+    if ([static_cast<PersonRowView *>(row) person] != person) continue;
+    for (NSView *view in [row subviews]) {
+      const BOOL isPopUp = [view isKindOfClass:[NSPopUpButton class]];
+      if ([view isKindOfClass:[NSButton class]] && !isPopUp) return static_cast<NSButton *>(view);
     }
   }
   return nil;
@@ -153,13 +158,15 @@ NSButton *removeButtonIn(NSView *row) {
 }
 
 /// To the button that removes the person in a row, or in the last one where there are fewer; behind
-/// the list where there is none. The views of the rows have been made anew.
+/// the list where there is none.
 - (void)moveKeyboardToRow:(NSUInteger)row {
-  const NSUInteger count = [[arrayController arrangedObjects] count];
+  NSArray *const people = [arrayController arrangedObjects];
   NSButton *button = nil;
-  if (count > 0) {
-    const NSUInteger next = MIN(row, count - 1);
-    button = removeButtonIn([[collectionViewForAllEntries itemAtIndex:next] view]);
+  if ([people count] > 0) {
+    // The views of rows are made when they are drawn.
+    [collectionViewForAllEntries display];
+    SharedWith *const person = [people objectAtIndex:std::min(row, [people count] - 1)];
+    button = removeButtonOf(person, collectionViewForAllEntries);
   }
   if (button != nil) {
     [ourMainWindow makeFirstResponder:button];
