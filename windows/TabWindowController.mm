@@ -7,9 +7,10 @@ namespace {
 
 NSString *const kWindowIsToOpen = @"newInstanceofWindowOpened";
 
-/// Whether it is an object that the interface file has created for the application. Where views are
-/// connected with each other, as a scroller is with its scroll view, the platform needs it.
+/// Whether it is one of the application, created by the interface file or its owner. Where views
+/// are connected with each other, as a scroller is with its scroll view, the platform needs it.
 bool isController(id object) {
+  if ([object isKindOfClass:[TabWindowController class]]) return true;
   return object != nil && ![object isKindOfClass:[NSResponder class]] &&
          ![object isKindOfClass:[NSCell class]];
 }
@@ -41,12 +42,20 @@ void disconnectTree(NSView *view) {
   for (NSView *subview in [view subviews]) disconnectTree(subview);
 }
 
-/// Takes the tab controllers away from all views of a window, those of tabs that are not shown and
+/// Takes the controllers away from all views of a window, those of tabs that are not shown and
 /// of the prototype of rows as well: no view has one as its target or its delegate any more. Views
 /// do not retain their targets and delegates, and a closed window may outlive its controllers until
 /// the pass of the run loop in which it was closed has ended.
 void disconnectViews(NSWindow *window) {
   disconnectTree([window contentView]);
+}
+
+/// Lets Tab begin at the first control of this tab where no control has the keyboard, and not at
+/// one that is not shown.
+void beginAtTab(NSTabViewItem *tab, NSWindow *window) {
+  if ([tab initialFirstResponder] != nil) {
+    [window setInitialFirstResponder:[tab initialFirstResponder]];
+  }
 }
 
 }  // namespace
@@ -120,8 +129,7 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
   if ([tabs numberOfTabViewItems] > 0) {
     [tabs selectTabViewItemAtIndex:tabToShow(tabs, [self defaultTab])];
     // The one from the interface file may be on the tab that is not shown.
-    NSView *const first = [[tabs selectedTabViewItem] initialFirstResponder];
-    if (first != nil) [window setInitialFirstResponder:first];
+    beginAtTab([tabs selectedTabViewItem], window);
   }
   // In the middle of the screen, and not further down with each opening.
   [self setShouldCascadeWindows:NO];
@@ -136,6 +144,17 @@ TabWindowController *openTabWindow(Class controllerClass, const WindowOpening &o
 - (void)closeActiveWindow:(NSNotification *)notification {
   (void)notification;
   [self close];
+}
+
+#pragma mark - NSTabViewDelegate
+
+- (void)tabView:(NSTabView *)tabs didSelectTabViewItem:(NSTabViewItem *)tab {
+  NSWindow *const window = [tabs window];
+  beginAtTab(tab, window);
+  // A list takes no keys itself, but its rows do, which are made when they are first shown.
+  if ([window firstResponder] == window) {
+    [window selectKeyViewFollowingView:[tab initialFirstResponder]];
+  }
 }
 
 #pragma mark - NSWindowDelegate

@@ -2,7 +2,10 @@
 
 #import <Foundation/Foundation.h>
 
+#include <map>
 #include <stdexcept>
+#include <string>
+#include <utility>
 
 namespace {
 
@@ -22,16 +25,14 @@ int valueOf(NSXMLElement *rect, NSString *name) {
   return [[[rect attributeForName:name] stringValue] intValue];
 }
 
-}  // namespace
-
-InterfaceFrame::operator ScreenArea() const {
+ScreenArea readFrame(const std::string &file, const std::string &connection) {
   @autoreleasepool {
-    NSString *const path = [NSString stringWithFormat:@INTERFACE_FOLDER "/%s.xib", file];
+    NSString *const path = [NSString stringWithFormat:@INTERFACE_FOLDER "/%s.xib", file.c_str()];
     NSXMLDocument *const document =
         [[[NSXMLDocument alloc] initWithData:[NSData dataWithContentsOfFile:path]
                                      options:0
                                        error:nullptr] autorelease];
-    NSString *const element = pathOf([NSString stringWithUTF8String:connection]);
+    NSString *const element = pathOf([NSString stringWithUTF8String:connection.c_str()]);
     // A text view first, because its own frame lies in its scroll view.
     for (NSString *form in @[
            @"%@[self::textView]/ancestor::scrollView[1]/rect[@key='frame']",
@@ -45,5 +46,16 @@ InterfaceFrame::operator ScreenArea() const {
               valueOf(rect, @"height")};
     }
   }
-  throw std::runtime_error(std::string("nothing in ") + file + " for " + connection);
+  throw std::runtime_error("nothing in " + file + " for " + connection);
+}
+
+}  // namespace
+
+InterfaceFrame::operator ScreenArea() const {
+  // Looking for a connection takes much longer than most of what is done with its control.
+  static std::map<std::pair<std::string, std::string>, ScreenArea> found;
+  const std::pair<std::string, std::string> key = {file, connection};
+  const auto known = found.find(key);
+  if (known != found.end()) return known->second;
+  return found.emplace(key, readFrame(file, connection)).first->second;
 }

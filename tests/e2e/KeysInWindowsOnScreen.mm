@@ -3,11 +3,28 @@
 #import "tests/e2e/SendTab.h"
 #import "tests/e2e/ShareTab.h"
 #import "tests/e2e/WindowTest.h"
+#import "tests/support/Arguments.h"
 
 namespace {
 
 NSString *const kSendFile = @"sendFile:::::::::";
+NSString *const kGrant = @"grantAccess:::::::::";
 constexpr NSUInteger kMessageArgument = 6;
+
+/// As many entries of an access list, of people with read access.
+NSArray *readers(int count) {
+  NSMutableArray *const all = [NSMutableArray array];
+  for (int i = 0; i < count; ++i) {
+    [all addObject:@{
+      @"type" : @"user",
+      @"candownload" : @true,
+      @"userfname" : @"Reader",
+      @"userlname" : @"Last",
+      @"useremail" : [NSString stringWithFormat:@"reader%d@example.org", i]
+    }];
+  }
+  return all;
+}
 
 struct KeysInWindows : WindowTest, ShareTab {
   bool openSend(int tab) {
@@ -16,8 +33,8 @@ struct KeysInWindows : WindowTest, ShareTab {
     return !window.number.empty();
   }
 
-  bool openInvite() {
-    if (!open(ShareCall{.tab = 1})) return false;
+  bool openShare(int tab) {
+    if (!open(ShareCall{.tab = tab})) return false;
     window = onlyWindow("Share Folder");
     return !window.number.empty();
   }
@@ -50,7 +67,7 @@ TEST_F(KeysInWindows, EscapeInTheMessageOfAMailClosesTheWindow) {
 }
 
 TEST_F(KeysInWindows, EscapeInTheMessageOfAnInvitationClosesTheWindow) {
-  ASSERT_TRUE(openInvite());
+  ASSERT_TRUE(openShare(1));
   click(kInviteMessage);
   typeText("half a message");
   pressKeys({"Escape"});
@@ -60,7 +77,7 @@ TEST_F(KeysInWindows, EscapeInTheMessageOfAnInvitationClosesTheWindow) {
 }
 
 TEST_F(KeysInWindows, EscapeInAListOfColleaguesClosesTheListFirst) {
-  ASSERT_TRUE(openInvite());
+  ASSERT_TRUE(openShare(1));
   typeText("user");
   ASSERT_TRUE(waitForWindows(2));  // the list is one
   pressKeys({"Escape"});
@@ -75,4 +92,17 @@ TEST_F(KeysInWindows, TheRowOfTabsIsInFrontOfTheFirstControl) {
   const std::string before = settledPicture(buttonsOf(window));
   pressKeys({"shift+Tab", "Left"});
   EXPECT_TRUE(waitFor([&] { return picture(buttonsOf(window)) != before; }));
+}
+
+TEST_F(KeysInWindows, TheLevelOfAPersonWhoIsOutOfSightIsChangedByKeyboardAlone) {
+  agent->setScript(
+      @{@"getAccess::" : @{@"reply" : success(readers(20))},
+        kGrant : @{@"reply" : success(@1)}});
+  ASSERT_TRUE(openShare(0));
+  ASSERT_TRUE(seesAnyRow());
+  // From Done to the button and the level of the last row.
+  pressKeys({"shift+Tab", "shift+Tab", "space", "Home", "Return"});
+  ASSERT_TRUE(waitFor([&] { return callsOf(kGrant) == 1; }));
+  EXPECT_EQ(text([argumentsOf(kGrant) objectAtIndex:grant_operation::kUserEmail]),
+            "reader19@example.org");
 }

@@ -10,7 +10,9 @@
 
 int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::Private);
-  testing::InitGoogleTest(&argc, argv);
+  @autoreleasepool {
+    testing::InitGoogleTest(&argc, argv);  // makes the parameters of tests
+  }
   giveEachTestAPool();
   keepMacRulesIfAsked();
   // Owned by the list.

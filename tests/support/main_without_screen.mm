@@ -8,7 +8,9 @@
 
 int main(int argc, char *argv[]) {
   enterPrivateSession(argc, argv, Screen::None);
-  testing::InitGoogleTest(&argc, argv);
+  @autoreleasepool {
+    testing::InitGoogleTest(&argc, argv);  // makes the parameters of tests
+  }
   giveEachTestAPool();
   int result = 0;
   @autoreleasepool {

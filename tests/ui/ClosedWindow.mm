@@ -104,7 +104,7 @@ struct ClosedWindow : Windows {
     for (Class cls : tabControllers()) {
       if ([object isKindOfClass:cls]) return true;
     }
-    return false;
+    return [object isKindOfClass:[TabWindowController class]];
   }
 
   static NSTokenField *recipientsIn(NSWindow *window) {

@@ -2,6 +2,29 @@
 
 #include "tests/ui/WindowFixtures.h"
 
+#include "tests/ui/ReadingOrder.h"
+
+/// Logs which buttons are pressed: "blue" for the default button, "cancel", or "other".
+@interface PressCounter : NSObject {
+ @public
+  std::string log;
+}
+- (void)watch:(NSButton *)button;
+@end
+
+@implementation PressCounter
+- (void)watch:(NSButton *)button {
+  [button setTarget:self];
+  [button setAction:@selector(press:)];
+}
+- (void)press:(NSButton *)button {
+  NSString *const key = [button keyEquivalent];
+  log += [key isEqualToString:@"\r"]     ? "blue "
+         : [key isEqualToString:@"\033"] ? "cancel "
+                                         : "other ";
+}
+@end
+
 namespace {
 
 const std::string kTab = "\t";
@@ -13,11 +36,7 @@ struct Place {
   const char *name;
   bool isShare;
   int tab;
-  /// The titles of its buttons, pop-ups and boxes.
-  std::vector<NSString *> titles;
-  /// What else it has.
-  bool hasRecipients;
-  bool hasMessage;
+  bool hasCancel;
 };
 
 std::string nameOf(const testing::TestParamInfo<Place> &info) {
@@ -69,59 +88,45 @@ struct KeysInWindow : Windows, testing::WithParamInterface<Place> {
     handlePostedEvents();
   }
 
-  /// The control with the focus; for a field that is edited, the field.
-  id focused() const {
-    id const responder = [window firstResponder];
-    if (![responder isKindOfClass:[NSTextView class]] || ![responder isFieldEditor]) {
-      return responder;
-    }
-    return [static_cast<NSTextView *>(responder) delegate];
-  }
-
-  /// The controls that had the focus after so many presses of a key.
-  std::vector<id> visited(const std::string &key, int presses) const {
-    std::vector<id> all;
-    for (int i = 0; i < presses; ++i) {
-      type(key);
-      all.push_back(focused());
-    }
-    return all;
-  }
-
-  /// All key views in the tab.
-  std::vector<id> controls() const {
-    const Place &place = GetParam();
-    std::vector<id> all;
-    for (NSString *title : place.titles) all.push_back(button(window, title));
-    if (place.hasMessage) all.push_back(message());
-    return all;
-  }
+  id focused() const { return viewWithFocus(window); }
 };
 
 struct MessageFields : KeysInWindow {};
 struct KeyLoop : KeysInWindow {};
 
-bool isVisited(const std::vector<id> &visited, Class cls) {
-  return std::any_of(visited.begin(), visited.end(),
-                     [cls](id each) { return [each isKindOfClass:cls]; });
+/// The picture of the part of the window that the view and the ring around it take.
+NSData *pictureOf(NSView *view) {
+  constexpr CGFloat kRing = 4;
+  NSView *const content = [[view window] contentView];
+  NSRect area = NSInsetRect([view convertRect:[view bounds] toView:content], -kRing, -kRing);
+  area = NSIntersectionRect(area, [content bounds]);
+  [content display];
+  [content lockFocus];
+  NSBitmapImageRep *const picture =
+      [[[NSBitmapImageRep alloc] initWithFocusedViewRect:area] autorelease];
+  [content unlockFocus];
+  return [picture TIFFRepresentation];
 }
 
-const Place kSend = {"Send",
-                     false,
-                     0,
-                     {@"Unlimited", @"Send me a copy", @"Notify me of each download",
-                      @"Ask for their e-mail address", @"Cancel", @"Send"},
-                     true,
-                     true};
-const Place kCopy = {"CopyLink",
-                     false,
-                     1,
-                     {@"Unlimited", @"Notify me of each download",
-                      @"Ask for an e-mail address first", @"Cancel", @"Copy Link"},
-                     false,
-                     false};
-const Place kPeople = {"People", true, 0, {@"Done"}, false, false};
-const Place kInvite = {"Invite", true, 1, {@"Read only", @"Cancel", @"Invite"}, true, true};
+/// Lets a view be used by the user or not: disabled or hidden. No effect on what has no such state.
+void setUsable(NSView *view, bool isUsable, bool byHiding) {
+  if (![view isKindOfClass:[NSControl class]]) return;
+  if (byHiding) return [view setHidden:!isUsable];
+  [static_cast<NSControl *>(view) setEnabled:isUsable];
+}
+
+/// The same views, beginning with the one after `last`.
+std::vector<id> beginningAfter(std::vector<id> views, id last) {
+  const auto found = std::find(views.begin(), views.end(), last);
+  EXPECT_NE(found, views.end()) << text([last description]);
+  if (found != views.end()) std::rotate(views.begin(), found + 1, views.end());
+  return views;
+}
+
+const Place kSend = {"Send", false, 0, true};
+const Place kCopy = {"CopyLink", false, 1, true};
+const Place kPeople = {"People", true, 0, false};
+const Place kInvite = {"Invite", true, 1, true};
 
 }  // namespace
 
@@ -160,10 +165,10 @@ TEST_P(MessageFields, ControlTabWritesATab) {
   EXPECT_EQ(focused(), message());
 }
 
-TEST_P(MessageFields, ReturnIsALineBreakAndDoesNotSend) {
+TEST_P(MessageFields, ReturnAndEnterAreLineBreaksAndDoNotSend) {
   enterMessage();
-  type("a\rb");
-  EXPECT_EQ(messageText(), "a\nb");
+  type("a\rb\x03");
+  EXPECT_EQ(messageText(), "a\nb\n");
   EXPECT_EQ([window attachedSheet], nil);
 }
 
@@ -176,27 +181,86 @@ TEST_P(MessageFields, EscapeClosesTheWindow) {
   EXPECT_EQ(log.lines(), withActivations({"window closed"}));
 }
 
-TEST_P(KeyLoop, TabReachesEveryControlAndComesAroundAgain) {
-  const auto all = visited(kTab, 24);
-  for (const id control : controls()) {
-    EXPECT_GE(std::count(all.begin(), all.end(), control), 2) << text([control description]);
-  }
-  EXPECT_EQ(isVisited(all, [NSTokenField class]), GetParam().hasRecipients);
-  EXPECT_TRUE(isVisited(all, [NSTabView class]));
+TEST_P(KeyLoop, TheKeyboardBeginsAtTheFirstControlBelowTheTabs) {
+  const auto views = viewsInReadingOrder(window);
+  ASSERT_GE(views.size(), 2u);
+  EXPECT_TRUE([views.at(0) isKindOfClass:[NSTabView class]]);
+  EXPECT_EQ(focused(), views.at(1));
 }
 
-TEST_P(KeyLoop, ShiftTabReachesEveryControlAndComesAroundAgain) {
-  const auto all = visited(kBackTab, 24);
-  for (const id control : controls()) {
-    EXPECT_GE(std::count(all.begin(), all.end(), control), 2) << text([control description]);
-  }
-  EXPECT_EQ(isVisited(all, [NSTokenField class]), GetParam().hasRecipients);
+TEST_P(KeyLoop, TabGoesThroughAllControlsInTheOrderOfReadingAndAround) {
+  const auto views = beginningAfter(viewsInReadingOrder(window), focused());
+  EXPECT_EQ(visitedByTab(window, views.size()), views);
 }
 
 TEST_P(KeyLoop, ShiftTabGoesTheSameWayBack) {
-  auto there = visited(kTab, 10);
-  auto back = visited(kBackTab, 9);
-  there.pop_back();
-  std::reverse(there.begin(), there.end());
-  EXPECT_EQ(there, back);
+  auto views = beginningAfter(viewsInReadingOrder(window), focused());
+  std::reverse(views.begin(), views.end() - 1);
+  EXPECT_EQ(visitedByTab(window, views.size(), true), views);
+}
+
+TEST_P(KeyLoop, ControlsThatAreHiddenOrDisabledAreSkipped) {
+  const auto all = viewsInReadingOrder(window);
+  for (const bool hides : {false, true}) {
+    for (const std::size_t first : {1u, 2u}) {
+      for (std::size_t i = first; i < all.size(); i += 2) setUsable(all[i], false, hides);
+      auto views = beginningAfter(viewsInReadingOrder(window), visitedByTab(window, 1).back());
+      EXPECT_EQ(visitedByTab(window, views.size()), views) << hides << first;
+      for (const id view : all) setUsable(view, true, hides);
+    }
+  }
+}
+
+TEST_P(KeyLoop, ReturnAndEnterPressTheBlueButtonAndEscapeCancelFromEachControl) {
+  PressCounter *const presses = [[[PressCounter alloc] init] autorelease];
+  const auto views = viewsInReadingOrder(window);
+  for (const id view : views) {
+    if ([view isKindOfClass:[NSButton class]]) [presses watch:view];
+  }
+  std::string expected;
+  for (const id view : views) {
+    if (view == message()) continue;  // Return writes a line break there
+    [window makeFirstResponder:view];
+    for (const char *key : {"\r", "\x03", "\x1b"}) type(key);
+    expected += GetParam().hasCancel ? "blue blue cancel " : "blue blue ";
+  }
+  EXPECT_EQ(presses->log, expected);
+}
+
+TEST_P(KeyLoop, WhatHasTheKeyboardIsSeen) {
+  for (const id view : viewsInReadingOrder(window)) {
+    [window makeFirstResponder:nil];
+    NSData *const without = pictureOf(view);
+    [window makeFirstResponder:view];
+    EXPECT_FALSE([pictureOf(view) isEqual:without]) << text([view description]);
+  }
+}
+
+TEST_P(KeyLoop, EachControlHasATitleOrASpokenName) {
+  for (const id view : viewsInReadingOrder(window)) {
+    NSString *name = [view accessibilityAttributeValue:NSAccessibilityDescriptionAttribute];
+    // What a pop-up shows is its value and no name.
+    const bool hasTitle =
+        [view isKindOfClass:[NSButton class]] && ![view isKindOfClass:[NSPopUpButton class]];
+    if (hasTitle) name = [view title];
+    if ([view isKindOfClass:[NSTabView class]]) name = [[view selectedTabViewItem] label];
+    EXPECT_GT([name length], 0u) << text([view description]);
+  }
+}
+
+TEST_P(KeyLoop, FromNoControlTabGoesToTheFirstOneAlsoAfterTheTabWasChanged) {
+  NSTabView *const tabs = viewsInReadingOrder(window).front();
+  for (NSInteger step = 0; step < 2; ++step) {
+    [tabs selectTabViewItemAtIndex:(GetParam().tab + step) % 2];
+    [window makeFirstResponder:nil];
+    EXPECT_EQ(visitedByTab(window, 1).back(), viewsInReadingOrder(window).at(1)) << step;
+  }
+}
+
+TEST_P(KeyLoop, ATabThatIsOpenedHasTheKeyboardInItsFirstControl) {
+  NSTabView *const tabs = viewsInReadingOrder(window).front();
+  [tabs selectTabViewItemAtIndex:1 - GetParam().tab];
+  EXPECT_EQ(focused(), viewsInReadingOrder(window).at(1));
+  const auto views = beginningAfter(viewsInReadingOrder(window), focused());
+  EXPECT_EQ(visitedByTab(window, views.size()), views);
 }

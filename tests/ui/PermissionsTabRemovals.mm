@@ -6,6 +6,7 @@
 #include "tests/support/TypeAheadUser.h"
 #include "tests/ui/ActivationsInLog.h"
 #include "tests/ui/PermissionsTab.h"
+#import "tests/ui/ReadingOrder.h"
 #import "text/LocalizedText.h"
 
 namespace {
@@ -106,6 +107,54 @@ TEST_F(PermissionsTabRemovals, EscapeIsTheSecondButton) {
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
   EXPECT_EQ(log.lines(), activations.with({"result: Cancel"}));
   EXPECT_EQ(calls(kRevoke), 0u);
+}
+
+TEST_F(PermissionsTabRemovals, TheKeyboardIsWhereItWasAfterEscape) {
+  openWith(
+      3,
+      @{@"reply" : success(@1)});
+  [[window window] makeFirstResponder:removeIn(1)];
+  postKeys([window window], @" ");
+  ASSERT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  postKeys(sheet(), @"\033");
+  ASSERT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
+  EXPECT_EQ([[window window] firstResponder], removeIn(1));
+}
+
+TEST_F(PermissionsTabRemovals, TheKeyboardIsInTheNextRowAfterwards) {
+  openWith(
+      4,
+      @{@"reply" : success(@1)});
+  [[window window] makeFirstResponder:removeIn(1)];
+  postKeys([window window], @" ");
+  ASSERT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
+  postKeys(sheet(), @"\r");
+  ASSERT_TRUE(handleEventsUntil([&] { return sheet() == [tab modalWindow]; }));
+  ASSERT_TRUE(handleEventsUntil([&] { return sheet() == nil; }));
+  EXPECT_EQ([[window window] firstResponder], removeIn(1));
+  EXPECT_EQ(text([[person(1) useremail] substringToIndex:5]), "p0002");
+}
+
+TEST_F(PermissionsTabRemovals, TheKeyboardIsInTheLastRowAfterThatOfTheLastOneAndThenAtDone) {
+  openWith(
+      2,
+      @{@"reply" : success(@1)});
+  [[window window] makeFirstResponder:removeIn(1)];
+  [tab revokeAccessToUser:@1];
+  EXPECT_EQ([[window window] firstResponder], removeIn(0));
+  [tab revokeAccessToUser:@0];
+  NSButton *const done = viewsInReadingOrder([window window]).back();
+  EXPECT_EQ(text([done title]), "Done");
+  EXPECT_EQ([[window window] firstResponder], done);
+}
+
+TEST_F(PermissionsTabRemovals, TheKeyboardStaysWhereItIsOutsideTheRows) {
+  openWith(
+      2,
+      @{@"reply" : success(@1)});
+  id const before = [[window window] firstResponder];
+  [tab revokeAccessToUser:@1];
+  EXPECT_EQ([[window window] firstResponder], before);
 }
 
 TEST_F(PermissionsTabRemovals, OtherReturnCodesDoNothing) {

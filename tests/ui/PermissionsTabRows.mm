@@ -1,7 +1,9 @@
 #import "tests/support/Arguments.h"
 #import "tests/support/Events.h"
 #include "tests/ui/PermissionsTab.h"
+#import "tests/ui/ReadingOrder.h"
 #import "text/LocalizedText.h"
+#import "windows/share/PersonItem.h"
 
 using PermissionsTabRows = PermissionsTab;
 
@@ -11,6 +13,11 @@ constexpr int kMany = 1000;
 
 NSString *const kGrant = @"grantAccess:::::::::";
 NSString *const kRevoke = @"revokeAccess:::";
+
+/// The row of one of people().
+int rowOf(SharedWith *person) {
+  return [[[person useremail] substringWithRange:NSMakeRange(1, 4)] intValue];
+}
 
 }  // namespace
 
@@ -116,20 +123,6 @@ TEST_F(PermissionsTabRows, ARowFollowsItsPerson) {
   EXPECT_EQ(text([nameIn(1) stringValue]), "Renamed");
 }
 
-TEST_F(PermissionsTabRows, TheTabKeyGoesThroughTheControlsOfAllRows) {
-  answerList(people(2));
-  openLoaded();
-  [[window window] display];
-  NSArray *const expected = @[ accessIn(0), removeIn(0), accessIn(1), removeIn(1) ];
-  NSView *const done = static_cast<NSView *>([[window window] firstResponder]);
-  for (NSView *control in expected) {
-    postKeys([window window], @"\t");
-    EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == control; }));
-  }
-  postKeys([window window], @"\t\t");  // the row of tabs is in between
-  EXPECT_TRUE(handleEventsUntil([&] { return [[window window] firstResponder] == done; }));
-}
-
 TEST_F(PermissionsTabRows, SpacePressesTheRemoveButtonThatHasTheKeyboard) {
   answerList(people(2));
   openLoaded();
@@ -138,29 +131,60 @@ TEST_F(PermissionsTabRows, SpacePressesTheRemoveButtonThatHasTheKeyboard) {
   EXPECT_TRUE(handleEventsUntil([&] { return sheet() != nil; }));
 }
 
-TEST_F(PermissionsTabRows, TabGoesThroughTheRowsAndTheRowOfTabsAndShiftTabBack) {
+TEST_F(PermissionsTabRows, TabGoesThroughTheRowsInTheOrderOfReadingAndShiftTabBack) {
+  for (const int count : {1, 3}) {
+    answerList(people(count));
+    openLoaded();
+    [[window window] display];
+    std::vector<id> views = viewsInReadingOrder([window window]);
+    EXPECT_EQ(views.size(), static_cast<std::size_t>(2 * count + 2));
+    ASSERT_EQ(views.back(), [[window window] firstResponder]);  // the button Done
+    EXPECT_EQ(visitedByTab([window window], views.size()), views);
+    std::reverse(views.begin(), views.end() - 1);
+    EXPECT_EQ(visitedByTab([window window], views.size(), true), views);
+    close();
+  }
+}
+
+TEST_F(PermissionsTabRows, TabReachesTheRowsThatAreOutOfSightAndScrollsToThem) {
+  constexpr int kRows = 20;
+  answerList(people(kRows));
+  openLoaded();
+  postKeys([window window], @"\t");  // the row of tabs
+  handlePostedEvents();
+  for (const bool back : {false, true}) {
+    std::vector<int> rows;
+    for (int i = 0; i < 2 * kRows; ++i) {
+      NSView *const control = visitedByTab([window window], 1, back).back();
+      ASSERT_TRUE([[control superview] isKindOfClass:[PersonRowView class]]) << i;
+      EXPECT_TRUE(NSEqualRects([control visibleRect], [control bounds])) << i;
+      rows.push_back(rowOf([static_cast<PersonRowView *>([control superview]) person]));
+    }
+    for (int i = 0; i < 2 * kRows; ++i) {
+      EXPECT_EQ(rows[static_cast<std::size_t>(i)], back ? kRows - 1 - i / 2 : i / 2);
+    }
+    // From the other end.
+    const id behind = visitedByTab([window window], 1, back).back();
+    EXPECT_TRUE([behind isKindOfClass:back ? [NSTabView class] : [NSButton class]]);
+  }
+}
+
+TEST_F(PermissionsTabRows, AControlThatIsEnabledLaterIsReachedByTab) {
   answerList(people(2));
   openLoaded();
+  [person(0) setIsNotOwner:NO];
   rowView(0);
-  NSWindow *const shown = [window window];
-  const id start = [shown firstResponder];
-  std::vector<id> there;
-  do {
-    postKeys(shown, @"\t");
-    handlePostedEvents();
-    there.push_back([shown firstResponder]);
-  } while (there.back() != start && there.size() < 20);
-  std::vector<id> back;
-  do {
-    postKeys(shown, @"\x19");
-    handlePostedEvents();
-    back.push_back([shown firstResponder]);
-  } while (back.back() != start && back.size() < 20);
-  for (const id control : std::vector<id>{accessIn(0), removeIn(0), accessIn(1), removeIn(1)}) {
-    EXPECT_EQ(std::count(there.begin(), there.end(), control), 1);
-    EXPECT_EQ(std::count(back.begin(), back.end(), control), 1);
-  }
-  const auto isTabs = [](id each) { return [each isKindOfClass:[NSTabView class]]; };
-  EXPECT_EQ(std::count_if(there.begin(), there.end(), isTabs), 1);
-  EXPECT_EQ(std::count_if(back.begin(), back.end(), isTabs), 1);
+  EXPECT_EQ(visitedByTab([window window], 3).back(), accessIn(1));
+  [person(0) setIsNotOwner:YES];
+  [[window window] makeFirstResponder:accessIn(0)];
+  EXPECT_EQ(visitedByTab([window window], 1).back(), removeIn(0));
+}
+
+TEST_F(PermissionsTabRows, ATabWithRowsThatIsOpenedHasTheKeyboardInTheFirstRow) {
+  answerList(people(2));
+  openLoaded();
+  NSTabView *const tabs = viewsInReadingOrder([window window]).front();
+  [tabs selectTabViewItemAtIndex:1];
+  [tabs selectTabViewItemAtIndex:0];
+  EXPECT_EQ([[window window] firstResponder], accessIn(0));
 }

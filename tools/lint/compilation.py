@@ -79,14 +79,15 @@ def units(root, build, folders, suffixes):
     return list(found.values())
 
 
-def dependencies(build):
-    """What each object was made from, by object, as the build recorded it."""
-    log = subprocess.run(["ninja", "-C", str(build), "-t", "deps"], capture_output=True, text=True)
+def dependencies(build, objects):
+    """What each of these objects was made from, by object, as the build recorded it."""
+    log = subprocess.run(["ninja", "-C", str(build), "-t", "deps", *objects],
+                         capture_output=True, text=True)
     found, current = {}, None
     for line in log.stdout.splitlines():
         if line.startswith(" "):
             if current is not None:
-                current.append(str(build / line.strip()))
+                current.append(os.path.join(build, line.strip()))
         else:
             name, colon, rest = line.partition(": #deps")
             # An object that changed after its record was written is not to be trusted.
@@ -144,9 +145,24 @@ NOT_COMPILED = "[clang-diagnostic-error"
 # The name that a line at file scope declares or defines, roughly: the last one before its value,
 # parameters or body. The format does not indent what is in a namespace.
 FILE_SCOPE_NAME = re.compile(
-    r"^(?!namespace\b|using\b|template\b|extern\b|#import|#include|[A-Z_]+\()(?=[\w#])"
+    r"^(?!namespace\b|using\b|template\b|extern\b|static_assert\b|[A-Z_]+\()"
+    r"(?=\w)"
     r"[^;={(\[\n]*?([\w:~]+)\s*(?:[;={(\[]|$)",
     re.MULTILINE)
+MACRO = re.compile(r"^#define (\w+)", re.MULTILINE)
+# The arguments of a template, without such lists of their own, and the break of a line that goes
+# on.
+ARGUMENTS_OF_TEMPLATE = re.compile(r"(?<=\w)<[^<>;{}]*>")
+CONTINUATION = re.compile(r"\n {4,}")
+
+
+def file_scope_names(text):
+    """What a source declares or defines at file scope."""
+    text = CONTINUATION.sub(" ", text)
+    shorter = ARGUMENTS_OF_TEMPLATE.sub("", text)
+    while shorter != text:
+        text, shorter = shorter, ARGUMENTS_OF_TEMPLATE.sub("", shorter)
+    return {*FILE_SCOPE_NAME.findall(text), *MACRO.findall(text)}
 
 
 def batches(checked, size):
@@ -155,7 +171,7 @@ def batches(checked, size):
     found = []
     for unit in checked:
         kind = (unit.source.suffix, unit.flags())
-        names = set(FILE_SCOPE_NAME.findall(unit.text()))
+        names = file_scope_names(unit.text())
         for batch in found:
             if len(batch.units) < size and batch.kind == kind and batch.names.isdisjoint(names):
                 batch.units.append(unit)
@@ -196,36 +212,41 @@ class Checks:
             return self.run(batch[0], together.name)
 
     def suspects(self, batch):
-        """Those that may not pass by themselves; the others have passed."""
+        """Those that may not pass by themselves; the others have passed. None where it may be any,
+        because they do not compile together, or because of a header."""
         result = self.run_together(batch)
         if result.returncode == 0:
             return []
         said = result.stdout + result.stderr
         at_fault = set(PLACE_OF_FINDING.findall(said))
         paths = {str(unit.path) for unit in batch}
-        # Where the compilation was aborted or a header is at fault, each may fail.
         if not at_fault or NOT_COMPILED in said or not at_fault <= paths:
-            return batch
+            return None
         return [unit for unit in batch if str(unit.path) in at_fault]
 
     def batch(self, batch):
         """What the command printed of the units that do not pass, one text each."""
         to_check = self.suspects(batch) if len(batch) > 1 else batch
+        if to_check is None:
+            # Two may not go together.
+            middle = len(batch) // 2
+            return self.batch(batch[:middle]) + self.batch(batch[middle:])
         for unit in batch:
             if unit not in to_check:
                 self.cache.passed(self.keys[unit])
         return [*filter(None, map(self.alone, to_check))]
 
 
-def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
+def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1, prepare=None):
     """Runs command_for(unit, source) for every unit and returns what the failing ones printed.
 
     extra_inputs are files besides sources and headers that decide the outcome. With a batch_size
     the source is one that includes up to so many units' sources, because reading the platform's
     headers takes longer than checking a source. Each unit that may be the reason for a batch's
-    failure is checked by itself.
+    failure is checked by itself. prepare is called with the units that are to be checked, if there
+    are any, before the first of them, and returns what hinders all of them.
     """
-    depends_on = dependencies(build)
+    depends_on = dependencies(build, [unit.object for unit in checked]) if checked else {}
     cache = Cache(build / "lint-cache" / name)
 
     def remembered(unit):
@@ -239,6 +260,9 @@ def check_all(build, name, checked, command_for, extra_inputs=(), batch_size=1):
     keys = {unit: remembered(unit) for unit in checked}
     to_check = [unit for unit in checked if not cache.has_passed(keys[unit])]
     checks = Checks(command_for, cache, keys)
+    hindrances = prepare(to_check) if prepare is not None and to_check else []
+    if hindrances:
+        return Findings(hindrances)
     with ThreadPoolExecutor(os.cpu_count()) as pool:
         findings = Findings(itertools.chain(*pool.map(checks.batch, batches(to_check, batch_size))))
     cache.forget_unused()

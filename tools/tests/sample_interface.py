@@ -1,6 +1,12 @@
 """A small interface file for its lint to be tried on."""
 
-from sample import SampleBuild
+import atexit
+import subprocess
+import tempfile
+from functools import lru_cache
+from pathlib import Path
+
+from sample import SampleBuild, platform_flags
 
 import interface_files
 import objc_classes
@@ -39,6 +45,20 @@ TAB = """<customObject id="tab" customClass="Tab"><connections>
 RECT = '<rect key="frame" x="{}" y="{}" width="{}" height="{}"/>'
 
 
+FOLDER = tempfile.TemporaryDirectory(prefix="lint-")
+atexit.register(FOLDER.cleanup)
+
+
+@lru_cache(maxsize=None)
+def precompiled_platform():
+    """The platform's headers, read once for all tests."""
+    header, made = (Path(FOLDER.name, f"platform.{suffix}") for suffix in ("h", "pch"))
+    header.write_text("#import <AppKit/AppKit.h>\n")
+    subprocess.run(["clang++", *platform_flags(), "-x", "objective-c++-header", str(header),
+                    "-o", str(made)], check=True)
+    return made
+
+
 def rect(*numbers):
     return RECT.format(*numbers)
 
@@ -70,7 +90,7 @@ class SampleInterface(SampleBuild):
         key = tuple((str(path), (self.root / path).read_text()) for path in headers) + tuple(
             (str(path.relative_to(self.root)), path.read_text()) for path in sources)
         if key not in self.read:
-            build = self.configure("-include", "AppKit/AppKit.h")
+            build = self.configure("-include-pch", str(precompiled_platform()))
             self.read[key] = objc_classes.program_classes(self.root, build)
         return self.read[key]
 

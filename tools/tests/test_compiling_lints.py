@@ -10,7 +10,8 @@ import api_floor
 import compilation
 import static_analysis
 
-CLASS = """#import <AppKit/AppKit.h>
+# Reading all of AppKit takes longer than the samples themselves.
+CLASS = """#import <Foundation/Foundation.h>
 @interface Sample : NSObject
 - (void)act;
 @end
@@ -39,8 +40,9 @@ class ApiFloor(SampleBuild):
         self.write(api_floor.HEADER, (TOOLS / "lint/api_floor.h").read_text())
         for name, (body, _) in self.NEWER.items():
             self.write(f"app/{name}.mm", CLASS.format(body=body))
-        self.write("app/OldEnough.mm", CLASS.format(body=self.OLD_ENOUGH))
-        self.write("app/CPlusPlus.mm", "#import <AppKit/AppKit.h>\n#include <string>\n"
+        self.write("app/OldEnough.mm",
+                   "#import <AppKit/AppKit.h>\n" + CLASS.format(body=self.OLD_ENOUGH))
+        self.write("app/CPlusPlus.mm", "#import <Foundation/Foundation.h>\n#include <string>\n"
                                        "#include <vector>\n"
                                        "template <class T> T twice(T t) { return t + t; }\n")
         self.write("app/Gap.h", "#import <Foundation/Foundation.h>\n@interface NSString (Gap)\n"
@@ -52,6 +54,11 @@ class ApiFloor(SampleBuild):
             with self.subTest(name):
                 self.assert_finds([text for text in findings if f"{name}.mm" in text], found)
         self.assertEqual(len(findings), len(self.NEWER), findings)
+
+    def test_a_header_in_front_of_all_that_does_not_compile_is_shown(self):
+        self.write(api_floor.HEADER, "#error not like this\n")
+        self.write("app/OldEnough.mm", "int f() { return 1; }\n")
+        self.assert_finds(api_floor.lint(self.root, self.build()), "api_floor.h", "not like this")
 
 
 class LaterHeaders(SampleBuild):
@@ -145,6 +152,23 @@ class Batches(SampleBuild):
         self.assertEqual([[unit.source.stem for unit in batch]
                           for batch in compilation.batches(units, 8)], [["a", "c"], ["b"], ["d"]])
         self.assertEqual([len(batch) for batch in compilation.batches(units, 1)], [1, 1, 1, 1])
+
+
+class FileScopeNames(unittest.TestCase):
+    def test_they_are_those_of_what_is_declared_and_not_of_its_types(self):
+        for text, names in (
+                ("constinit platform::ReplacedMethod<void(NSString *)> platformText;",
+                 {"platformText"}),
+                ("constinit platform::ReplacedMethod<id(std::vector<int>)>\n    platformText;\n",
+                 {"platformText"}),
+                ("std::map<int, std::vector<int>> &ends() {\n  return counted;\n}\n", {"ends"}),
+                ("bool isLess(int a, int b) {\n  return a < b;\n}\nint later = 1;\n",
+                 {"isLess", "later"}),
+                ("#define OURS 1\n#pragma mark - Actions\n#pragma clang diagnostic pop\n",
+                 {"OURS"}),
+                ('static_assert(sizeof(int) == 4, "int");\n', set())):
+            with self.subTest(text):
+                self.assertEqual(compilation.file_scope_names(text), names)
 
 
 class Cache(SampleBuild):

@@ -123,6 +123,10 @@ class MacChecks(SampleProject):
         self.write("cmake/Cocoa.cmake", COCOA)
         self.write("CMakePresets.json", PRESETS)
         self.build = self.root / "build"
+        # Few samples need the C++ library, and they include what they need of it.
+        without = mock.patch.object(mac_objects, "CXX", ())
+        without.start()
+        self.addCleanup(without.stop)
 
     def add(self, **samples):
         for name, text in samples.items():

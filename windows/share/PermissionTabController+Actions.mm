@@ -1,5 +1,7 @@
 #import "windows/share/PermissionTabController.h"
 
+#include <algorithm>
+
 #import "agent/AgentRequest.h"
 #import "agent/BVDataModelController.h"
 #import "text/LocalizedText.h"
@@ -45,6 +47,25 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
     if ([[[people objectAtIndex:row] useremail] isEqual:address]) return row;
   }
   return NSNotFound;
+}
+
+/// Whether the view or one in it has the keyboard.
+bool hasKeyboard(NSView *view) {
+  id const responder = [[view window] firstResponder];
+  return [responder isKindOfClass:[NSView class]] && [responder isDescendantOf:view];
+}
+
+/// The button that removes a person; nil where the person's row has no view.
+NSButton *removeButtonOf(SharedWith *person, NSView *rows) {
+  for (NSView *row in [rows subviews]) {
+    if (![row isKindOfClass:[PersonRowView class]]) continue;
+    if ([static_cast<PersonRowView *>(row) person] != person) continue;
+    for (NSView *view in [row subviews]) {
+      const BOOL isPopUp = [view isKindOfClass:[NSPopUpButton class]];
+      if ([view isKindOfClass:[NSButton class]] && !isPopUp) return static_cast<NSButton *>(view);
+    }
+  }
+  return nil;
 }
 
 }  // namespace
@@ -136,6 +157,24 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
              reinterpret_cast<void *>(row));
 }
 
+/// To the button that removes the person in a row, or in the last one where there are fewer; behind
+/// the list where there is none.
+- (void)moveKeyboardToRow:(NSUInteger)row {
+  NSArray *const people = [arrayController arrangedObjects];
+  NSButton *button = nil;
+  if ([people count] > 0) {
+    // The views of rows are made when they are drawn.
+    [collectionViewForAllEntries display];
+    SharedWith *const person = [people objectAtIndex:std::min(row, [people count] - 1)];
+    button = removeButtonOf(person, collectionViewForAllEntries);
+  }
+  if (button != nil) {
+    [ourMainWindow makeFirstResponder:button];
+  } else {
+    [ourMainWindow selectKeyViewFollowingView:collectionViewForAllEntries];
+  }
+}
+
 - (void)handleResult:(NSAlert *)alert withResult:(NSInteger)returnCode withSender:(void *)context {
   const auto row = reinterpret_cast<NSUInteger>(context);
   withRequestsSuspended([&] { [self handleAnswer:answerOf(returnCode) to:alert aboutRow:row]; });
@@ -189,7 +228,9 @@ NSUInteger rowOf(NSString *address, NSArray *people) {
   NSDictionary *const reply = [agent revokeAccess:[person useremail]:path:[self isFileId]];
   // clang-format on
   if ([self didSucceed:reply]) {
+    const bool rowsHaveKeyboard = hasKeyboard(collectionViewForAllEntries);
     [arrayController removeObjectAtArrangedObjectIndex:index];
+    if (rowsHaveKeyboard) [self moveKeyboardToRow:index];
     [self showSuccessModalWindow:@"permissionRevokedSuccessMessageTextFormatKey"];
   }
   [self showIdle];

@@ -39,10 +39,32 @@ bool isForText(NSResponder *responder, NSEvent *event) {
          [static_cast<NSTextView *>(responder) wantsKeyEquivalent:event];
 }
 
+/// Whether the event is the Enter key of the number pad, without Command.
+bool isEnter(NSEvent *event) {
+  constexpr unichar kEnter = NSEnterCharacter;
+  NSString *const characters = [event charactersIgnoringModifiers];
+  return ([event modifierFlags] & NSCommandKeyMask) == 0 && [characters length] == 1 &&
+         [characters characterAtIndex:0] == kEnter;
+}
+
+NSEvent *returnInsteadOf(NSEvent *event) {
+  return [NSEvent keyEventWithType:[event type]
+                          location:[event locationInWindow]
+                     modifierFlags:[event modifierFlags] & ~NSNumericPadKeyMask
+                         timestamp:[event timestamp]
+                      windowNumber:[event windowNumber]
+                           context:[event context]
+                        characters:@"\r"
+       charactersIgnoringModifiers:@"\r"
+                         isARepeat:[event isARepeat]
+                           keyCode:[event keyCode]];
+}
+
 }  // namespace
 
 // The platform's windows try an unhandled key as a shortcut, as if Command were pressed: "c" typed
 // over the selected text of a label would copy it. On the Mac a shortcut needs its Command key.
+// There Enter presses the button whose key equivalent is Return.
 //
 // Replacing the platform's own methods is the point.
 #pragma clang diagnostic ignored "-Wobjc-protocol-method-implementation"
@@ -62,7 +84,8 @@ bool isForText(NSResponder *responder, NSEvent *event) {
   // The platform sends every key to the buttons of the window before the text that is edited. On
   // the Mac only keys with Command are.
   if (isForText([self firstResponder], event)) return NO;
-  return [[self contentView] performKeyEquivalent:event];
+  if ([[self contentView] performKeyEquivalent:event]) return YES;
+  return isEnter(event) && [[self contentView] performKeyEquivalent:returnInsteadOf(event)];
 }
 
 @end

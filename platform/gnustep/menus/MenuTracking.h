@@ -3,8 +3,8 @@
 #import <AppKit/AppKit.h>
 
 #import "platform/gnustep/menus/KeyboardGrab.h"
+#import "platform/gnustep/menus/MenuKeys.h"
 #include "platform/gnustep/menus/MenuPress.h"
-#include "platform/gnustep/menus/TypedLetters.h"
 
 /// The place of an event of the mouse on the screen.
 menus::Point placeOnScreen(NSEvent *event);
@@ -30,9 +30,8 @@ struct OpenMenu {
 
 /// Follows the mouse and the keyboard while a menu is open that a press of the mouse has opened, as
 /// the Mac does: after a click the menu stays open until an item is clicked or chosen by keyboard
-/// (arrows and first letters, then Return, Enter or the space bar), until Escape, a click
-/// elsewhere, or the loss of the keyboard to another window; a press that was held, or moved,
-/// chooses by its release.
+/// (see MenuKeys), until Escape, a click elsewhere, or the loss of the keyboard to another window;
+/// a press that was held, or moved, chooses by its release.
 ///
 /// Consumes all events of the mouse and the keyboard; the run loop runs in the event tracking mode.
 /// Main thread. The owner must outlast it.
@@ -48,8 +47,7 @@ class MenuTracking {
   NSInteger chosenItem();
 
  private:
-  /// The effect of an event on the menu.
-  enum class Step { Continue, Close, Choose };
+  using Step = MenuKeys::Step;
   /// The button has been down since the press; it has been released and the menu stays open; it has
   /// been pressed again in the open menu.
   enum class Phase { Pressed, Open, PressedAgain };
@@ -58,24 +56,18 @@ class MenuTracking {
   Step stepFor(NSEvent *event);
   Step stepForPress(menus::Point place);
   Step stepForRelease(NSEvent *event, menus::Point place);
-  Step stepForKey(NSEvent *event);
   Step stepForPlatformEvent(NSEvent *event);
-  Step stepForLetter(NSEvent *event, unichar letter);
   void pointTo(menus::Point place);
 
   NSInteger itemAt(menus::Point place) const;
-  bool canChoose(NSInteger item) const;
-  bool canChoose(NSInteger item, const std::u16string &beginning) const;
-  NSInteger nextItem(NSInteger from, NSInteger direction) const;
 
   NSMenu *menu_;
   NSMenuView *menuView_;
   NSWindow *owner_;
   NSUInteger releases_;
-  NSInteger first_;
   NSInteger selected_;
   menus::MenuPress press_;
-  menus::TypedLetters letters_;
+  MenuKeys keys_;
   KeyboardGrab keyboard_;
   Phase phase_;
   bool hasMouse_ = false;

@@ -6,8 +6,6 @@
 
 namespace {
 
-constexpr unichar kEscape = 0x1B;
-
 /// How far the mouse may move during a click.
 constexpr double kClickPoints = 4;
 
@@ -18,14 +16,6 @@ constexpr NSUInteger kPressed = NSLeftMouseDownMask | NSRightMouseDownMask | NSO
 constexpr NSUInteger kReleased = NSLeftMouseUpMask | NSRightMouseUpMask | NSOtherMouseUpMask;
 constexpr NSUInteger kMoved =
     NSMouseMovedMask | NSLeftMouseDraggedMask | NSRightMouseDraggedMask | NSOtherMouseDraggedMask;
-
-/// Without case and marks. The platform's searches that ignore both find nothing.
-NSString *folded(NSString *text) {
-  NSString *const decomposed = [[text decomposedStringWithCanonicalMapping] lowercaseString];
-  NSArray *const parts =
-      [decomposed componentsSeparatedByCharactersInSet:[NSCharacterSet nonBaseCharacterSet]];
-  return [parts componentsJoinedByString:@""];
-}
 
 }  // namespace
 
@@ -41,12 +31,10 @@ MenuTracking::MenuTracking(const OpenMenu &open)
       menuView_([[open.menu menuRepresentation] retain]),
       owner_(open.owner),
       releases_(open.releases),
-      first_(open.first),
       selected_(open.selected),
       press_(open.seconds, open.place, open.areaOfSelected,
              {[NSEvent doubleClickInterval], kClickPoints}),
-      letters_(static_cast<int>([open.menu numberOfItems]),
-               [this](int item, const std::u16string &text) { return canChoose(item, text); }),
+      keys_(open.menu, open.first),
       phase_(open.isPressed ? Phase::Pressed : Phase::Open) {}
 
 MenuTracking::~MenuTracking() {
@@ -92,7 +80,7 @@ NSEvent *MenuTracking::nextEvent() {
 
 MenuTracking::Step MenuTracking::stepFor(NSEvent *event) {
   const NSUInteger kind = NSEventMaskFromType([event type]);
-  if ((kind & NSKeyDownMask) != 0) return stepForKey(event);
+  if ((kind & NSKeyDownMask) != 0) return keys_.stepFor(event);
   if ((kind & NSAppKitDefinedMask) != 0) return stepForPlatformEvent(event);
   const menus::Point place = placeOnScreen(event);
   if ((kind & kPressed) != 0) return stepForPress(place);
@@ -126,40 +114,7 @@ MenuTracking::Step MenuTracking::stepForRelease(NSEvent *event, menus::Point pla
     return Step::Continue;
   }
   pointTo(place);
-  return canChoose([menuView_ highlightedItemIndex]) ? Step::Choose : Step::Close;
-}
-
-MenuTracking::Step MenuTracking::stepForKey(NSEvent *event) {
-  NSString *const characters = [event charactersIgnoringModifiers];
-  const unichar key = [characters length] == 1 ? [characters characterAtIndex:0] : 0;
-  const NSInteger current = [menuView_ highlightedItemIndex];
-  switch (key) {
-    case kEscape:
-      return Step::Close;
-    case ' ':
-      if (letters_.canContinue(key, [event timestamp])) return stepForLetter(event, key);
-      [[fallthrough]];
-    case NSCarriageReturnCharacter:
-    case NSNewlineCharacter:
-    case NSEnterCharacter:
-      return canChoose(current) ? Step::Choose : Step::Close;
-    case NSUpArrowFunctionKey:
-      [menuView_
-          setHighlightedItemIndex:nextItem(current < 0 ? [menu_ numberOfItems] : current, -1)];
-      return Step::Continue;
-    case NSDownArrowFunctionKey:
-      [menuView_ setHighlightedItemIndex:nextItem(current, 1)];
-      return Step::Continue;
-    default:
-      return key == 0 ? Step::Continue : stepForLetter(event, key);
-  }
-}
-
-MenuTracking::Step MenuTracking::stepForLetter(NSEvent *event, unichar letter) {
-  const int highlighted = static_cast<int>([menuView_ highlightedItemIndex]);
-  const auto item = letters_.itemFor(letter, [event timestamp], highlighted);
-  if (item) [menuView_ setHighlightedItemIndex:*item];
-  return Step::Continue;
+  return keys_.canChoose([menuView_ highlightedItemIndex]) ? Step::Choose : Step::Close;
 }
 
 MenuTracking::Step MenuTracking::stepForPlatformEvent(NSEvent *event) {
@@ -175,33 +130,10 @@ MenuTracking::Step MenuTracking::stepForPlatformEvent(NSEvent *event) {
 void MenuTracking::pointTo(menus::Point place) {
   press_.moveTo(place);
   const NSInteger item = press_.isOverSelectedItem() ? selected_ : itemAt(place);
-  [menuView_ setHighlightedItemIndex:canChoose(item) ? item : -1];
+  [menuView_ setHighlightedItemIndex:keys_.canChoose(item) ? item : -1];
 }
 
 NSInteger MenuTracking::itemAt(menus::Point place) const {
   const NSPoint inWindow = [[menuView_ window] convertScreenToBase:NSMakePoint(place.x, place.y)];
   return [menuView_ indexOfItemAtPoint:[menuView_ convertPoint:inWindow fromView:nil]];
-}
-
-bool MenuTracking::canChoose(NSInteger item) const {
-  if (item < first_ || item >= [menu_ numberOfItems]) return false;
-  NSMenuItem *const menuItem = static_cast<NSMenuItem *>([menu_ itemAtIndex:item]);
-  return [menuItem isEnabled] && ![menuItem isSeparatorItem];
-}
-
-bool MenuTracking::canChoose(NSInteger item, const std::u16string &beginning) const {
-  if (!canChoose(item)) return false;
-  NSString *const text =
-      [NSString stringWithCharacters:reinterpret_cast<const unichar *>(beginning.data())
-                              length:beginning.size()];
-  return [folded([[menu_ itemAtIndex:item] title]) hasPrefix:folded(text)];
-}
-
-/// The next item that can be chosen, or `from` when there is none.
-NSInteger MenuTracking::nextItem(NSInteger from, NSInteger direction) const {
-  for (NSInteger item = from + direction; item >= first_ && item < [menu_ numberOfItems];
-       item += direction) {
-    if (canChoose(item)) return item;
-  }
-  return from < [menu_ numberOfItems] ? from : -1;
 }

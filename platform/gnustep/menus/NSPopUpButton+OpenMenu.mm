@@ -1,11 +1,18 @@
 #import "platform/gnustep/menus/NSPopUpButton+OpenMenu.h"
 
+#include <optional>
+
+#import "platform/gnustep/menus/MenuKeys.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
 namespace {
 
 constinit platform::ReplacedMethod<void(NSRect, NSView *)> platformAttachPopUp;
 constinit platform::ReplacedMethod<void()> platformDismissPopUp;
+constinit platform::ReplacedMethod<void(NSEvent *)> platformKeyDown;
+
+/// Of the menu that is open.
+std::optional<MenuKeys> keysOfOpenMenu;
 
 NSWindow *menuWindowOf(NSPopUpButton *popUp) {
   return [[[popUp menu] menuRepresentation] window];
@@ -18,6 +25,21 @@ NSPopUpButton *popUpWithOpenMenu(NSWindow *window) {
   return [menuWindowOf(responder) isVisible] ? responder : nil;
 }
 
+void deliverKey(NSEvent *event, NSPopUpButton *popUp) {
+  if (!keysOfOpenMenu || keysOfOpenMenu->menu() != [popUp menu]) return;
+  switch (keysOfOpenMenu->stepFor(event)) {
+    case MenuKeys::Step::Continue:
+      return;
+    case MenuKeys::Step::Close:
+      return [[popUp cell] dismissPopUp];
+    case MenuKeys::Step::Choose:
+      // The action may release the pop-up, as reloading a list does.
+      [[popUp retain] autorelease];
+      [[popUp menu]
+          performActionForItemAtIndex:[[[popUp menu] menuRepresentation] highlightedItemIndex]];
+  }
+}
+
 }  // namespace
 
 BOOL deliverToOpenMenu(NSEvent *event) {
@@ -25,7 +47,7 @@ BOOL deliverToOpenMenu(NSEvent *event) {
     case NSKeyDown: {
       if (([event modifierFlags] & NSCommandKeyMask) != 0) return NO;
       NSPopUpButton *const popUp = popUpWithOpenMenu([event window]);
-      [popUp keyDown:event];
+      if (popUp != nil) deliverKey(event, popUp);
       return popUp != nil;
     }
     case NSLeftMouseDown:
@@ -62,6 +84,8 @@ void closeMenuOf(NSPopUpButton *popUp) {
 
 - (void)attachObservedPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
   platformAttachPopUp(self, _cmd, frame, view);
+  // The first item of a pull-down menu is the title of the button and not shown.
+  keysOfOpenMenu.emplace([self menu], [self pullsDown] ? 1 : 0);
   NSNotificationCenter *const center = [NSNotificationCenter defaultCenter];
   [center addObserver:self
              selector:@selector(closeOpenMenu:)
@@ -80,6 +104,7 @@ void closeMenuOf(NSPopUpButton *popUp) {
   [center removeObserver:self name:NSWindowWillCloseNotification object:nil];
   [center removeObserver:self name:NSApplicationWillHideNotification object:nil];
   platformDismissPopUp(self, _cmd);
+  if (keysOfOpenMenu && keysOfOpenMenu->menu() == [self menu]) keysOfOpenMenu.reset();
   const NSInteger selected = [self pullsDown] ? -1 : [self indexOfSelectedItem];
   [[[self menu] menuRepresentation] setHighlightedItemIndex:selected];
 }
@@ -87,6 +112,28 @@ void closeMenuOf(NSPopUpButton *popUp) {
 - (void)closeOpenMenu:(NSNotification *)notification {
   (void)notification;
   [self dismissPopUp];
+}
+
+@end
+
+// The platform opens the menu by the space bar only, and moves the highlight of the closed menu by
+// the arrows, which changes the title that the button shows but not what is selected.
+@interface NSPopUpButton (OpenMenu)
+@end
+
+@implementation NSPopUpButton (OpenMenu)
+
++ (void)load {
+  platformKeyDown.install(self, @selector(keyDown:), @selector(openMenuOrKeyDown:));
+}
+
+- (void)openMenuOrKeyDown:(NSEvent *)event {
+  NSString *const characters = [event charactersIgnoringModifiers];
+  const unichar key = [characters length] == 1 ? [characters characterAtIndex:0] : 0;
+  const bool isArrow = key == NSUpArrowFunctionKey || key == NSDownArrowFunctionKey;
+  if (!isArrow || ![self isEnabled]) return platformKeyDown(self, _cmd, event);
+  if ([self numberOfItems] == 0) return NSBeep();
+  [[self cell] attachPopUpWithFrame:[self bounds] inView:self];
 }
 
 @end

@@ -147,6 +147,20 @@ BOOL keysAreWaiting() {
     [_list moveSelectionBy:key.rows];
     return YES;
   }
+  return [self moveSelectionToEndBy:command];
+}
+
+/// Home and End, which move the caret as long as no item is selected.
+- (BOOL)moveSelectionToEndBy:(SEL)command {
+  if ([_list selectedItem] == nil) return NO;
+  constexpr NSInteger kAll = INT_MAX;
+  const ListKey keys[] = {{@selector(moveToBeginningOfParagraph:), -kAll},
+                          {@selector(moveToEndOfParagraph:), kAll}};
+  for (const ListKey &key : keys) {
+    if (!sel_isEqual(command, key.command)) continue;
+    [_list moveSelectionBy:key.rows];
+    return YES;
+  }
   return NO;
 }
 

@@ -1,26 +1,26 @@
-#import <AppKit/AppKit.h>
+#import "platform/gnustep/views/NSCollectionView+Keyboard.h"
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/views/NSTabView+KeyLoop.h"
 
-// On the Mac the controls in a collection view's items belong to the key view loop, in the order of
-// the items, after the collection view and before the next key view of its scroll view. The
-// platform creates items while it draws and does not add them.
-
-@interface NSCollectionView (Keyboard)
-@end
-
 namespace {
 
 constinit platform::ReplacedMethod<void(NSEvent *)> platformKeyDown;
-constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
 
+/// All without subviews of their own: whether they accept the keyboard may change at any time.
 void addKeyViews(NSView *view, NSMutableArray *keyViews) {
   for (NSView *subview in [view subviews]) {
-    const BOOL takesKeys = [subview acceptsFirstResponder];
-    if (takesKeys) [keyViews addObject:subview];
-    if (!takesKeys) addKeyViews(subview, keyViews);
+    if ([[subview subviews] count] == 0 || [subview acceptsFirstResponder]) {
+      [keyViews addObject:subview];
+    } else {
+      addKeyViews(subview, keyViews);
+    }
   }
+}
+
+/// nil for an item that has not been visible, which is only a placeholder.
+NSView *viewOf(id item) {
+  return [item respondsToSelector:@selector(view)] ? [item view] : nil;
 }
 
 /// nil outside any tab view.
@@ -38,7 +38,6 @@ NSTabView *tabViewAround(NSView *view) {
 
 + (void)load {
   platformKeyDown.install(self, @selector(keyDown:), @selector(selectItemsByKey:));
-  platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndLinkKeyViews:));
 }
 
 /// Only if items can be selected.
@@ -55,16 +54,48 @@ NSTabView *tabViewAround(NSView *view) {
   }
 }
 
-- (void)drawRectAndLinkKeyViews:(NSRect)rect {
-  const NSUInteger before = [[self subviews] count];
-  platformDrawRect(self, _cmd, rect);
-  if ([[self subviews] count] != before) [self linkKeyViews];
+- (void)prepareKeyViewsAround:(NSView *)view {
+  const NSUInteger count = [_items count];
+  const NSUInteger index = [self indexOfItemAround:view];
+  if (count > 0) {
+    // Behind the views in front of the list and in front of those behind it.
+    [self createItemAtIndex:0];
+    [self createItemAtIndex:count - 1];
+  }
+  if (index != NSNotFound) {
+    if (index > 0) [self createItemAtIndex:index - 1];
+    if (index + 1 < count) [self createItemAtIndex:index + 1];
+  }
+  [self linkKeyViews];
+}
+
+- (BOOL)scrollItemAroundToVisible:(NSView *)view {
+  const NSUInteger index = [self indexOfItemAround:view];
+  if (index == NSNotFound) return NO;
+  [self scrollRectToVisible:[self frameForItemAtIndex:index]];
+  return YES;
+}
+
+/// NSNotFound for a view in no item.
+- (NSUInteger)indexOfItemAround:(NSView *)view {
+  if (![view isDescendantOf:self]) return NSNotFound;
+  for (NSUInteger index = 0; index < [_items count]; ++index) {
+    NSView *const itemView = viewOf([_items objectAtIndex:index]);
+    if (itemView != nil && [view isDescendantOf:itemView]) return index;
+  }
+  return NSNotFound;
+}
+
+- (void)createItemAtIndex:(NSUInteger)index {
+  if (viewOf([_items objectAtIndex:index]) != nil) return;
+  // The platform sets the frame when it draws the item.
+  [[[self itemAtIndex:index] view] setFrame:[self frameForItemAtIndex:index]];
 }
 
 - (void)linkKeyViews {
   NSMutableArray *const keyViews = [NSMutableArray array];
   for (id item in _items) {
-    if ([item respondsToSelector:@selector(view)]) addKeyViews([item view], keyViews);
+    if (viewOf(item) != nil) addKeyViews(viewOf(item), keyViews);
   }
   NSView *last = self;
   for (NSView *keyView in keyViews) {

@@ -125,6 +125,15 @@ TEST_F(Alerts, ReturnPressesTheFirstButtonOfASheet) {
   EXPECT_EQ(delegate->ends[0].code, NSAlertFirstButtonReturn);
 }
 
+TEST_F(Alerts, EnterPressesTheFirstButtonOfASheet) {
+  addTwoButtons();
+  begin();
+  postKeys(panel(), @"\x03");
+  handlePostedEvents();
+  ASSERT_EQ(delegate->ends.size(), 1u);
+  EXPECT_EQ(delegate->ends[0].code, NSAlertFirstButtonReturn);
+}
+
 TEST_F(Alerts, EscapePressesCancel) {
   addTwoButtons();
   begin();

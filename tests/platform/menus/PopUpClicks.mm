@@ -212,6 +212,75 @@ TEST_F(PopUpClicks, AClickElsewhereClosesAMenuThatWasOpenedByKeyboardAndReachesN
   EXPECT_EQ([button indexOfSelectedItem], 1);
 }
 
+TEST_F(PopUpClicks, HomeEndAndThePageKeysGoToTheEndsOfTheMenu) {
+  clickAnd(row(0), {pressing(NSEndFunctionKey), pressing(kReturn)});
+  EXPECT_EQ([button indexOfSelectedItem], 2);
+  clickAnd(row(0), {pressing(NSHomeFunctionKey), pressing(kReturn)});
+  EXPECT_EQ([button indexOfSelectedItem], 0);
+  clickAnd(row(0), {pressing(NSPageDownFunctionKey), pressing(kReturn)});
+  EXPECT_EQ([button indexOfSelectedItem], 2);
+  clickAnd(row(0), {pressing(NSPageUpFunctionKey), pressing(kReturn)});
+  EXPECT_EQ([button indexOfSelectedItem], 0);
+}
+
+TEST_F(PopUpClicks, AnArrowOpensTheMenuOfAButtonWithTheKeyboardAndChoosesNothing) {
+  focus(button);
+  for (const unichar arrow : {NSUpArrowFunctionKey, NSDownArrowFunctionKey}) {
+    typeKey(window, arrow);
+    EXPECT_TRUE(isOpen());
+    EXPECT_EQ([menu() highlightedItemIndex], 1);
+    typeKey(window, kEscape);
+    EXPECT_FALSE(isOpen());
+  }
+  EXPECT_EQ([button indexOfSelectedItem], 1);
+  EXPECT_EQ(choices->count, 0);
+}
+
+TEST_F(PopUpClicks, AMenuOpenedByKeyboardHasTheSameKeys) {
+  const std::vector<std::pair<unichar, NSInteger>> keys = {{NSEndFunctionKey, 2},
+                                                           {NSHomeFunctionKey, 0},
+                                                           {NSPageDownFunctionKey, 2},
+                                                           {NSPageUpFunctionKey, 0},
+                                                           {'m', 2},
+                                                           {'e', 1},
+                                                           {NSUpArrowFunctionKey, 0}};
+  focus(button);
+  int count = 0;
+  for (const auto &[key, chosen] : keys) {
+    typeKey(window, ' ');
+    ASSERT_TRUE(isOpen());
+    typeKey(window, key);
+    EXPECT_EQ([menu() highlightedItemIndex], chosen);
+    typeKey(window, kReturn);
+    EXPECT_FALSE(isOpen());
+    EXPECT_EQ([button indexOfSelectedItem], chosen);
+    EXPECT_EQ(choices->count, ++count);
+  }
+}
+
+TEST_F(PopUpClicks, TabDoesNothingInAMenuThatWasOpenedByKeyboard) {
+  focus(button);
+  typeKey(window, ' ');
+  ASSERT_TRUE(isOpen());
+  typeKey(window, NSTabCharacter);
+  EXPECT_TRUE(isOpen());
+  EXPECT_EQ([window firstResponder], button);
+  typeKey(window, kEscape);
+  EXPECT_FALSE(isOpen());
+}
+
+TEST_F(PopUpClicks, ArrowsSkipItemsThatCannotBeChosenInAMenuOpenedByKeyboard) {
+  [button setAutoenablesItems:NO];
+  [[button itemAtIndex:2] setEnabled:NO];
+  focus(button);
+  typeKey(window, ' ');
+  ASSERT_TRUE(isOpen());
+  typeKey(window, NSDownArrowFunctionKey);
+  EXPECT_EQ([menu() highlightedItemIndex], 1);
+  typeKey(window, kReturn);
+  EXPECT_EQ([button indexOfSelectedItem], 1);
+}
+
 TEST_F(PopUpClicks, ItemsThatCannotBeChosenAreNot) {
   [button setAutoenablesItems:NO];
   [[button itemAtIndex:2] setEnabled:NO];

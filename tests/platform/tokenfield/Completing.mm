@@ -253,6 +253,26 @@ TEST_F(Completing, PageKeysMoveByPagesAndScroll) {
   EXPECT_EQ(highlighted(), "Person 8<p8@example.org>");
 }
 
+TEST_F(Completing, HomeAndEndGoToTheEndsOfTheListAndScroll) {
+  CountingArray *const many = [[CountingArray alloc] init];
+  many->length = 1000;
+  [delegate->book release];
+  delegate->book = many;
+  focus();
+  type(@"p");
+  ASSERT_TRUE(listOpens());
+  // Without a highlighted item they move the caret.
+  press(NSEndFunctionKey, NSFunctionKeyMask);
+  EXPECT_EQ(highlighted(), "(none)");
+  press(NSDownArrowFunctionKey, NSFunctionKeyMask);
+  press(NSEndFunctionKey, NSFunctionKeyMask);
+  EXPECT_EQ(highlighted(), "Person 999<p999@example.org>");
+  const CGFloat row = [CompletionListView rowHeightForFont:[field font]];
+  EXPECT_TRUE(NSContainsRect([listRows() visibleRect], NSMakeRect(1, 999 * row, 10, row)));
+  press(NSHomeFunctionKey, NSFunctionKeyMask);
+  EXPECT_EQ(highlighted(), "Person 0<p0@example.org>");
+}
+
 TEST_F(Completing, ArrowsEditTheTextWhileNoListIsOpen) {
   [delegate->book release];
   delegate->book = nil;
