@@ -28,7 +28,9 @@ bool isThemeActive() {
 #pragma mark - NSButtonCell
 
 NSColor *textColorOfButton(id self, SEL selector) {
-  if (isThemeActive() && theme::isDefaultButton(self)) return theme::color(theme::kOnAccent);
+  if (isThemeActive() && [self isEnabled] && theme::isDefaultButton(self)) {
+    return theme::color(theme::kOnAccent);
+  }
   return platformTextColor(self, selector);
 }
 
