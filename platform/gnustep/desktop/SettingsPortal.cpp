@@ -1,13 +1,8 @@
 #include "platform/gnustep/desktop/SettingsPortal.h"
 
 #include <dbus/dbus.h>
-#include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
-#include <unistd.h>
 
-#include <algorithm>
-#include <cstddef>
 #include <cstdlib>
 #include <cstring>
 #include <string_view>
@@ -50,47 +45,6 @@ Message callOf(const char *service, const char *path, const char *interface, con
 
 Message callOfBus(const char *method) {
   return callOf(DBUS_SERVICE_DBUS, DBUS_PATH_DBUS, DBUS_INTERFACE_DBUS, method);
-}
-
-/// Whether a program listens at the socket and accepts. The bus's library would wait for one that
-/// hangs and has no room for another connection.
-bool isListening(const sockaddr_un &address, socklen_t length) {
-  const int probe = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-  if (probe < 0) return false;
-  const bool isConnected =
-      connect(probe, reinterpret_cast<const sockaddr *>(&address), length) == 0;
-  close(probe);
-  return isConnected;
-}
-
-/// The same for an address as the bus writes it.
-bool isListening(DBusAddressEntry *entry) {
-  if (std::strcmp(dbus_address_entry_get_method(entry), "unix") != 0) return false;
-  const char *const path = dbus_address_entry_get_value(entry, "path");
-  const char *const abstract = dbus_address_entry_get_value(entry, "abstract");
-  const std::string_view name = path != nullptr ? path : abstract != nullptr ? abstract : "";
-  sockaddr_un address = {};
-  address.sun_family = AF_UNIX;
-  // The name of an abstract socket is after a zero.
-  const std::size_t start = path == nullptr ? 1 : 0;
-  if (name.empty() || start + name.size() >= sizeof address.sun_path) return false;
-  std::copy(name.begin(), name.end(), address.sun_path + start);
-  const std::size_t end = path == nullptr ? 0 : 1;
-  return isListening(
-      address, static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + start + name.size() + end));
-}
-
-/// Whether each of the addresses, of which the library takes the first that works, has a program
-/// that listens.
-bool isListening(const std::string &addresses) {
-  DBusAddressEntry **entries = nullptr;
-  int count = 0;
-  if (dbus_parse_address(addresses.c_str(), &entries, &count, nullptr) == FALSE) return false;
-  const bool are = count > 0 && std::all_of(entries, entries + count, [](DBusAddressEntry *entry) {
-                     return isListening(entry);
-                   });
-  dbus_address_entries_free(entries);
-  return are;
 }
 
 bool isSocket(const std::string &path) {
@@ -208,34 +162,20 @@ std::string addressOfSessionBus() {
   return address;
 }
 
-void SettingsPortal::Close::operator()(DBusConnection *connection) const {
-  dbus_connection_close(connection);
-  dbus_connection_unref(connection);
-}
-
 std::unique_ptr<SettingsPortal> SettingsPortal::connect(const std::string &address) {
-  if (!isListening(address)) return nullptr;
-  DBusConnection *const connection = dbus_connection_open_private(address.c_str(), nullptr);
-  if (connection == nullptr) return nullptr;
-  std::unique_ptr<SettingsPortal> portal(new SettingsPortal(connection));
-  if (dbus_connection_get_unix_fd(connection, &portal->descriptor_) == FALSE) return nullptr;
-  portal->begin();
-  return portal;
+  std::unique_ptr<BusSocket> bus = BusSocket::connect(address);
+  if (bus == nullptr) return nullptr;
+  return std::unique_ptr<SettingsPortal>(new SettingsPortal(std::move(bus)));
 }
 
-SettingsPortal::SettingsPortal(DBusConnection *connection) : connection_(connection) {
-  // The end of the bus is not ours.
-  dbus_connection_set_exit_on_disconnect(connection, FALSE);
-}
-
-/// All requests are sent one after the other: the bus handles them in this order.
-void SettingsPortal::begin() {
-  dbus_connection_send(connection_.get(), callOfBus("Hello").get(), nullptr);
+/// Asks for the signals first, so that no change in between is missed.
+SettingsPortal::SettingsPortal(std::unique_ptr<BusSocket> bus) : bus_(std::move(bus)) {
+  bus_->send(callOfBus("Hello").get());
   for (const char *rule : kRules) {
     const Message call = callOfBus("AddMatch");
     dbus_message_set_no_reply(call.get(), TRUE);
     dbus_message_append_args(call.get(), DBUS_TYPE_STRING, &rule, DBUS_TYPE_INVALID);
-    dbus_connection_send(connection_.get(), call.get(), nullptr);
+    bus_->send(call.get());
   }
   ask();
 }
@@ -246,24 +186,11 @@ void SettingsPortal::ask() {
   const char *const *first = groups;
   dbus_message_append_args(call.get(), DBUS_TYPE_ARRAY, DBUS_TYPE_STRING, &first, 2,
                            DBUS_TYPE_INVALID);
-  dbus_connection_send(connection_.get(), call.get(), &request_);
-  exchange();
-}
-
-/// What cannot be sent yet is sent when the bus has accepted the connection.
-void SettingsPortal::exchange() {
-  // The library takes one step at a time, reading or writing. Accepting takes the most at once: the
-  // end of the last reply to be read, the beginning of messages and these to be written.
-  constexpr int kSteps = 4;
-  for (int step = 0; step < kSteps; ++step) dbus_connection_read_write(connection_.get(), 0);
+  request_ = bus_->send(call.get());
 }
 
 bool SettingsPortal::handleInput() {
-  exchange();
-  while (const Message message{dbus_connection_pop_message(connection_.get())}) {
-    handle(message.get());
-  }
-  return dbus_connection_get_is_connected(connection_.get()) != FALSE;
+  return bus_->receive([this](DBusMessage *message) { handle(message); });
 }
 
 void SettingsPortal::handle(DBusMessage *message) {

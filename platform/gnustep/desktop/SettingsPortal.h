@@ -3,10 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "platform/gnustep/desktop/BusSocket.h"
 #include "platform/gnustep/desktop/DesktopLook.h"
-
-struct DBusConnection;
-struct DBusMessage;
 
 namespace platform {
 
@@ -26,7 +24,7 @@ class SettingsPortal {
   SettingsPortal &operator=(const SettingsPortal &) = delete;
 
   /// Becomes readable when handleInput has something to do.
-  int descriptor() const { return descriptor_; }
+  int descriptor() const { return bus_->descriptor(); }
 
   /// Handles what has arrived. False when the bus has ended the connection: then the descriptor
   /// may not be used any more, and nothing will change.
@@ -36,18 +34,11 @@ class SettingsPortal {
   const LookSettings &settings() const { return settings_; }
 
  private:
-  struct Close {
-    void operator()(DBusConnection *connection) const;
-  };
-
-  explicit SettingsPortal(DBusConnection *connection);
-  void begin();
+  explicit SettingsPortal(std::unique_ptr<BusSocket> bus);
   void ask();
-  void exchange();
   void handle(DBusMessage *message);
 
-  std::unique_ptr<DBusConnection, Close> connection_;
-  int descriptor_ = -1;
+  std::unique_ptr<BusSocket> bus_;
   /// The number of the last request, to which the reply refers.
   unsigned request_ = 0;
   LookSettings settings_;

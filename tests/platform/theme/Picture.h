@@ -31,6 +31,9 @@ class Picture {
   /// The pixel in that column and row, from the upper left.
   theme::Rgb at(int x, int y) const;
 
+  /// All of them, row by row.
+  const std::vector<theme::Rgb> &pixels() const { return pixels_; }
+
   bool operator==(const Picture &other) const = default;
 
  private:
@@ -51,5 +54,5 @@ void PrintTo(const Picture &picture, std::ostream *stream);
 /// Light enough for text on the accent colour.
 bool isWhitish(theme::Rgb color);
 
-/// Dark enough for text.
+/// Dark as text is that is not disabled.
 bool isInk(theme::Rgb color);

@@ -89,6 +89,6 @@ bool isWhitish(theme::Rgb color) {
 }
 
 bool isInk(theme::Rgb color) {
-  constexpr int kDark = 0x70;
+  constexpr int kDark = 0x50;
   return std::max({red(color), green(color), blue(color)}) < kDark;
 }
