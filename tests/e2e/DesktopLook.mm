@@ -45,6 +45,11 @@ struct OnDesktop : Kind, WindowTest {
   }
 };
 
+/// What the window manager is told of the window's title bar.
+std::string variantOf(const ScreenWindow &window) {
+  return outputOf({"/usr/bin/xprop", "-id", window.number, "-notype", "_GTK_THEME_VARIANT"});
+}
+
 using DarkDesktop = OnDesktop<Desktop>;
 using HangingBus = OnDesktop<SlowDesktop>;
 
@@ -53,8 +58,10 @@ using HangingBus = OnDesktop<SlowDesktop>;
 TEST_F(DarkDesktop, AWindowIsDarkAndFollowsTheDesktopWhileItIsOpen) {
   const ScreenWindow window = openSend();
   EXPECT_TRUE(becomes(window, theme::kWindow.dark));
+  EXPECT_EQ(variantOf(window), "_GTK_THEME_VARIANT = \"dark\"\n");
   portal.changeToDark(false);
   EXPECT_TRUE(becomes(window, theme::kWindow.light));
+  EXPECT_EQ(variantOf(window), "_GTK_THEME_VARIANT:  not found.\n");
   portal.changeToDark(true);
   EXPECT_TRUE(becomes(window, theme::kWindow.dark));
 }

@@ -5,6 +5,7 @@
 #include "platform/gnustep/theme/ThemeDrawing.h"
 #import "platform/gnustep/theme/ThemeHooks.h"
 #import "platform/gnustep/theme/ThemeImages.h"
+#import "platform/gnustep/theme/WindowLook.h"
 
 namespace {
 
@@ -177,6 +178,7 @@ void showCurrentLook() {
   if ([theme isKindOfClass:[QuietTheme class]]) {
     // Tells the platform of the colours, and has all windows drawn.
     [theme activate];
+    for (NSWindow *window in [NSApp windows]) giveLookToWindow(window);
     return;
   }
   for (NSWindow *window in [NSApp windows]) [window setViewsNeedDisplay:YES];

@@ -44,8 +44,8 @@ constexpr Tone kButtonPressed = {0xDEDEE0, 0x5E5E62};
 constexpr Tone kButtonDisabled = {0xF4F4F4, 0x353538};
 
 constexpr Tone kText = {0x1F1F21, 0xEBEBED};
-constexpr Tone kTextSecondary = {0x4C4C51, 0xC2C2C7};
-constexpr Tone kTextDisabled = {0x606065, 0xABABB0};
+constexpr Tone kTextSecondary = {0x47474C, 0xC2C2C7};
+constexpr Tone kTextDisabled = {0x58585D, 0xABABB0};
 
 constexpr Tone kLine = {0xC5C5C8, 0x58585C};
 constexpr Tone kLineDisabled = {0xD9D9DB, 0x414144};

@@ -35,16 +35,20 @@ double contrastOf(theme::Rgb one, theme::Rgb other) {
 
 double contrastIn(const Picture &picture) {
   // More than a stray pixel, and fewer than the strokes of a letter have.
-  constexpr std::size_t kPixels = 4;
+  constexpr int kPixels = 5;
   std::map<theme::Rgb, int> counts;
   for (theme::Rgb pixel : picture.pixels()) ++counts[pixel];
   const auto ground = std::max_element(counts.begin(), counts.end(), [](auto &one, auto &other) {
     return one.second < other.second;
   });
-  std::vector<double> contrasts;
-  for (theme::Rgb pixel : picture.pixels()) contrasts.push_back(contrastOf(pixel, ground->first));
-  std::sort(contrasts.begin(), contrasts.end(), std::greater<>());
-  return contrasts.at(kPixels);
+  std::map<double, int, std::greater<>> contrasts;
+  for (const auto &[color, count] : counts) contrasts[contrastOf(color, ground->first)] += count;
+  int seen = 0;
+  for (const auto &[contrast, count] : contrasts) {
+    seen += count;
+    if (seen >= kPixels) return contrast;
+  }
+  return 1;
 }
 
 ShownLook::ShownLook(const platform::DesktopLook &look) {

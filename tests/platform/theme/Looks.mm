@@ -1,5 +1,9 @@
+#import <GNUstepGUI/GSDisplayServer.h>
+#include <xcb/xcb.h>
+
 #include "tests/platform/theme/Contrast.h"
 #include "tests/platform/theme/Themed.h"
+#include "tests/support/WindowServer.h"
 
 namespace {
 
@@ -30,6 +34,23 @@ struct DarkLook : Themed {
     return text;
   }
 };
+
+/// The colour in the middle of a window as the window server shows it before it is drawn.
+theme::Rgb colorBeforeDrawing(NSWindow *window) {
+  GSDisplayServer *const server = GSServerForWindow(window);
+  const auto device = reinterpret_cast<std::uintptr_t>(
+      [server windowDevice:static_cast<int>([window windowNumber])]);
+  xcb_connection_t *const connection = xcb_connect(nullptr, nullptr);
+  xcb_clear_area(connection, 0, static_cast<xcb_window_t>(device), 0, 0, 0, 0);
+  std::free(xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+  xcb_disconnect(connection);
+  const NSRect frame = [window frame];
+  const int height = static_cast<int>(NSHeight([[NSScreen mainScreen] frame]));
+  const std::string pixel =
+      pixelsIn({static_cast<int>(NSMidX(frame)), height - static_cast<int>(NSMidY(frame)), 1, 1});
+  const auto channel = [&](std::size_t at) { return static_cast<unsigned char>(pixel.at(at)); };
+  return static_cast<theme::Rgb>(channel(2) << 16 | channel(1) << 8 | channel(0));
+}
 
 /// A desktop that changes while windows are open.
 struct ChangingLook : Themed {
@@ -104,6 +125,22 @@ TEST_F(ChangingLook, IsDrawnAtOnceInOpenWindows) {
     EXPECT_EQ(corner(content), theme::kWindow.dark);
   }
   EXPECT_EQ(corner(content), theme::kWindow.light);
+}
+
+TEST_F(DarkLook, ANewWindowIsDarkBeforeItIsDrawn) {
+  NSWindow *const next = [[[NSWindow alloc] initWithContentRect:NSMakeRect(100, 100, 300, 200)
+                                                      styleMask:NSTitledWindowMask
+                                                        backing:NSBackingStoreBuffered
+                                                          defer:YES] autorelease];
+  [next setReleasedWhenClosed:NO];
+  [next orderFrontRegardless];
+  EXPECT_EQ(colorBeforeDrawing(next), theme::kWindow);
+  [next close];
+}
+
+TEST_F(ChangingLook, IsThatOfAWindowBeforeItIsDrawnAgain) {
+  const ShownLook dark({.isDark = true});
+  EXPECT_EQ(colorBeforeDrawing(window), theme::kWindow.dark);
 }
 
 TEST_F(ChangingLook, IsThatOfTextsThatWereEnteredBefore) {

@@ -17,6 +17,7 @@ class Picture {
 
   /// The view as it is displayed, without drawing more than is marked for display.
   static Picture onScreen(NSView *view);
+  static Picture onScreen(NSView *view, NSRect part);
 
   using Matches = std::function<bool(theme::Rgb)>;
 

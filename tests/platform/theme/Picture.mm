@@ -35,9 +35,13 @@ Picture::Picture(NSView *view, NSRect part) {
 }
 
 Picture Picture::onScreen(NSView *view) {
+  return onScreen(view, [view bounds]);
+}
+
+Picture Picture::onScreen(NSView *view, NSRect part) {
   [[view window] displayIfNeeded];
   Picture picture;
-  picture.take(view, [view bounds]);
+  picture.take(view, part);
   return picture;
 }
 
