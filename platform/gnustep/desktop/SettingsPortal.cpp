@@ -157,7 +157,7 @@ std::string addressOfSessionBus() {
   const std::string path = std::string(folder) + "/bus";
   if (!isSocket(path)) return {};
   char *const escaped = dbus_address_escape_value(path.c_str());
-  const std::string address = std::string("unix:path=") + escaped;
+  std::string address = std::string("unix:path=") + escaped;
   dbus_free(escaped);
   return address;
 }

@@ -41,8 +41,9 @@ void drawDots(NSRect bounds) {
   constexpr int kDots = 3;
   const double side = std::min(NSWidth(bounds), NSHeight(bounds));
   const double diameter = side / 4.5;
+  const double step = (side - diameter) / (kDots - 1);
   for (int dot = 0; dot < kDots; ++dot) {
-    const double x = NSMidX(bounds) + (dot - kDots / 2) * (side - diameter) / (kDots - 1);
+    const double x = NSMidX(bounds) - (side - diameter) / 2 + dot * step;
     const NSRect place =
         NSMakeRect(x - diameter / 2, NSMidY(bounds) - diameter / 2, diameter, diameter);
     theme::fillRounded(place, diameter / 2, theme::color(theme::kTextSecondary));
