@@ -25,13 +25,11 @@ struct SlowDesktop : Desktop {
   ~SlowDesktop() { bus.process().signal(SIGCONT); }
 };
 
-template <class Kind>
-struct OnDesktop : Kind, WindowTest {
-  OnDesktop()
-      : WindowTest(RunningApplication::program(),
-                   {{"DBUS_SESSION_BUS_ADDRESS", Kind::bus.address()}}) {}
+struct LookTest : WindowTest {
+  explicit LookTest(const ChildProcess::Environment &environment)
+      : WindowTest(RunningApplication::program(), environment) {}
 
-  ScreenWindow openSend() {
+  static ScreenWindow openSend() {
     EXPECT_TRUE(open(SendCall{.name = "a.txt", .tab = 0}));
     return onlyWindow("a.txt");
   }
@@ -43,6 +41,16 @@ struct OnDesktop : Kind, WindowTest {
                                 static_cast<char>(color >> 16)};
     return waitFor([&] { return pixelsIn(corner).substr(0, 3) == wanted; });
   }
+};
+
+template <class Kind>
+struct OnDesktop : Kind, LookTest {
+  OnDesktop() : LookTest({{"DBUS_SESSION_BUS_ADDRESS", Kind::bus.address()}}) {}
+};
+
+/// A desktop without a session bus.
+struct DarkTheme : LookTest {
+  DarkTheme() : LookTest({{"GTK_THEME", "Adwaita:dark"}}) {}
 };
 
 /// What the window manager is told of the window's title bar.
@@ -70,5 +78,10 @@ TEST_F(HangingBus, DelaysNothingAndIsHeardLater) {
   const ScreenWindow window = openSend();
   EXPECT_TRUE(becomes(window, theme::kWindow.light));
   bus.process().signal(SIGCONT);
+  EXPECT_TRUE(becomes(window, theme::kWindow.dark));
+}
+
+TEST_F(DarkTheme, IsFollowedWithoutAPortal) {
+  const ScreenWindow window = openSend();
   EXPECT_TRUE(becomes(window, theme::kWindow.dark));
 }
