@@ -47,13 +47,14 @@ brisvale-context-menu-thunar.
 
 It needs the service's sync engine libraries, or the substitutes in the
 package brisvale-context-menu-devkit.")
-# The platform's packages follow from what the programs are linked with.
+# The platform's packages follow from what the programs are linked with, except for Pango, which
+# is loaded when it is needed.
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_DEPENDS
-    "fonts-dejavu-core, python3:any, brisvale-sync-engine")
+    "fonts-dejavu-core, libpangocairo-1.0-0, python3:any, brisvale-sync-engine")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_RECOMMENDS
-    "fonts-inter, libnotify-bin | zenity | kdialog | x11-utils, python3-gi")
+    "fonts-inter, fonts-noto-cjk | fonts-wqy-microhei | fonts-droid-fallback, fonts-noto-color-emoji, fonts-noto-core, libnotify-bin | zenity | kdialog | x11-utils, python3-gi")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_SUGGESTS
-    "brisvale-context-menu-thunar, fonts-droid-fallback, gworkspace.app, libfm-modules, nemo-python, python3-caja, python3-nautilus")
+    "brisvale-context-menu-thunar, gworkspace.app, libfm-modules, nemo-python, python3-caja, python3-nautilus")
 set(CPACK_DEBIAN_APPLICATION_PACKAGE_CONTROL_EXTRA
     "${control}/conffiles;${control}/prerm")
 

@@ -3,6 +3,7 @@
 #include <unicode/uloc.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <sstream>
 
 namespace {
@@ -65,6 +66,11 @@ LanguageNames languagesWanted(const LanguageEnvironment &environment) {
     break;
   }
   return names;
+}
+
+LanguageNames languagesOfEnvironment() {
+  return languagesWanted({std::getenv("LANGUAGE"), std::getenv("LC_ALL"),
+                          std::getenv("LC_MESSAGES"), std::getenv("LANG")});
 }
 
 std::string localizationFor(const std::string &wanted, const LanguageNames &available) {

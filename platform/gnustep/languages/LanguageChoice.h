@@ -20,6 +20,9 @@ struct LanguageEnvironment {
 /// installed does not matter. Empty for the plain C locale, which is no language.
 LanguageNames languagesWanted(const LanguageEnvironment &environment);
 
+/// Those of the environment of this process.
+LanguageNames languagesOfEnvironment();
+
 /// The best available localisation for a wanted language, as its folder is named; empty when none
 /// has that language and script. A name without a script has the likely one of its region: "zh_TW"
 /// is not "zh-Hans". The same region comes before none, and none before another ("pt_PT" gets

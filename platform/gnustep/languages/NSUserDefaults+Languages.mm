@@ -1,7 +1,5 @@
 #import "platform/gnustep/languages/NSUserDefaults+Languages.h"
 
-#include <cstdlib>
-
 #include "platform/gnustep/languages/LanguageChoice.h"
 
 namespace {
@@ -45,11 +43,6 @@ NSArray *canonical(NSArray *languages) {
   return names;
 }
 
-LanguageNames languagesInEnvironment() {
-  return languagesWanted({std::getenv("LANGUAGE"), std::getenv("LC_ALL"),
-                          std::getenv("LC_MESSAGES"), std::getenv("LANG")});
-}
-
 }  // namespace
 
 @implementation NSUserDefaults (Languages)
@@ -60,7 +53,7 @@ LanguageNames languagesInEnvironment() {
   adopted = true;
   NSUserDefaults *const defaults = [self standardUserDefaults];
   NSArray *const set = languagesSetIn(defaults);
-  const LanguageNames wanted = set != nil ? namesIn(canonical(set)) : languagesInEnvironment();
+  const LanguageNames wanted = set != nil ? namesIn(canonical(set)) : languagesOfEnvironment();
   const LanguageNames available = namesIn([[NSBundle mainBundle] localizations]);
   NSMutableArray *const languages =
       [NSMutableArray arrayWithArray:arrayOf(lookupOrder(wanted, available))];

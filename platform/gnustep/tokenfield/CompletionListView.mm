@@ -102,6 +102,8 @@ constexpr CGFloat kTextIndent = 8;
   }
   NSMutableParagraphStyle *const style = [[[NSMutableParagraphStyle alloc] init] autorelease];
   [style setLineBreakMode:NSLineBreakByClipping];
+  // Also a name from right to left, so that the names stand below each other.
+  [style setAlignment:NSLeftTextAlignment];
   NSDictionary *const attributes = [NSDictionary
       dictionaryWithObjectsAndKeys:_font, NSFontAttributeName, style, NSParagraphStyleAttributeName,
                                    theme::color(isSelected ? theme::kOnAccent : theme::kText),
@@ -109,7 +111,7 @@ constexpr CGFloat kTextIndent = 8;
   NSString *const item = [_items objectAtIndex:static_cast<NSUInteger>(row)];
   const NSRect text = NSMakeRect(kTextIndent, NSMinY(place) + kRowPadding / 2,
                                  NSWidth(place) - 2 * kTextIndent, NSHeight(place));
-  [stringOf(pill_text::inScreenOrder(utf16Of(item))) drawInRect:text withAttributes:attributes];
+  [stringOf(pill_text::onOneLine(utf16Of(item))) drawInRect:text withAttributes:attributes];
 }
 
 #pragma mark - Mouse

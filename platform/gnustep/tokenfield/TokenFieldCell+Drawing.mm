@@ -39,8 +39,15 @@ constexpr CGFloat kSideMargin = 2;
   return YES;
 }
 
+/// Tokens follow each other from left to right, and what is typed becomes a token.
+- (NSTextAlignment)alignment {
+  const NSTextAlignment alignment = [super alignment];
+  return alignment == NSNaturalTextAlignment ? NSLeftTextAlignment : alignment;
+}
+
 - (NSDictionary *)textAttributes {
   NSMutableParagraphStyle *const style = [[[NSMutableParagraphStyle alloc] init] autorelease];
+  [style setAlignment:[self alignment]];
   [style setLineBreakMode:NSLineBreakByWordWrapping];
   [style setMinimumLineHeight:[self lineHeight]];
   [style setMaximumLineHeight:[self lineHeight]];

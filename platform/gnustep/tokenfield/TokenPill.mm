@@ -81,15 +81,15 @@ struct Look {
   const CGFloat room = _maximumWidth - [self margins];
   // Measured once in the usual case, because measuring takes most of the time when a long list is
   // pasted.
-  _shownText = [stringOf(pill_text::inScreenOrder(text)) retain];
+  _shownText = [stringOf(pill_text::onOneLine(text)) retain];
   _shownWidth = [self widthOf:_shownText];
   if (_shownWidth <= room) return _shownText;
   const std::u16string fitting =
       pill_text::truncatedInTheMiddle(text, [self, room](std::u16string_view shorter) {
-        return [self widthOf:stringOf(pill_text::inScreenOrder(shorter))] <= room;
+        return [self widthOf:stringOf(pill_text::onOneLine(shorter))] <= room;
       });
   [_shownText release];
-  _shownText = [stringOf(pill_text::inScreenOrder(fitting)) retain];
+  _shownText = [stringOf(pill_text::onOneLine(fitting)) retain];
   // Cached, because every change of the field's text lays out all its tokens.
   _shownWidth = [self widthOf:_shownText];
   return _shownText;

@@ -100,6 +100,14 @@ TEST_P(Readability, OfLabels) {
   expectReadableWhenDisabled(name, [name bounds]);
 }
 
+TEST_P(Readability, OfOtherScripts) {
+  for (NSString *string in @[ @"שלום עולם", @"مرحبا", @"नमस्ते", @"日本語", @"สวัสดี" ]) {
+    NSTextField *const name = label(string);
+    expectReadable(name, [name bounds]);
+    [name removeFromSuperview];
+  }
+}
+
 TEST_P(Readability, OfFields) {
   NSTextField *const name = field(@"Anna");
   expectReadable(name, kInField);
