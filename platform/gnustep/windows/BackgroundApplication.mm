@@ -8,6 +8,8 @@
 #import "platform/gnustep/desktop/FollowedLook.h"
 #import "platform/gnustep/events/EventArrival.h"
 #import "platform/gnustep/images/ImageTypes.h"
+#import "platform/gnustep/inputmethods/Composition.h"
+#import "platform/gnustep/inputmethods/CompositionEvents.h"
 #import "platform/gnustep/keyboard/MacKeys.h"
 #import "platform/gnustep/languages/NSUserDefaults+Languages.h"
 #include "platform/gnustep/launch/LaunchConditions.h"
@@ -87,6 +89,7 @@ class ScopedFlag {
     platform::endLaunch(program, platform::LaunchFailure::NoPlaceToRun, platform::displayProblem());
   }
   platform::endWithDisplay(program);
+  installComposition();
   installEventArrival();
   installKeyboardFocus();
   return static_cast<BackgroundApplication *>(application);
@@ -200,7 +203,8 @@ class ScopedFlag {
 - (void)sendEvent:(NSEvent *)event {
   const ScopedFlag sending(_isSendingEvent);
   if (_sheetQueue != nil) event = [_sheetQueue eventToDeliver:event];
-  if (event != nil && !deliverToOpenMenu(event)) [super sendEvent:event];
+  if (event == nil || deliverToOpenMenu(event) || handleComposition(event)) return;
+  [super sendEvent:event];
 }
 
 - (BOOL)isSendingEvent {
