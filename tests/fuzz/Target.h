@@ -17,15 +17,16 @@ inline void promise(bool isKept, const char *what) {
 void run(void (*target)(std::string_view), std::string_view input);
 
 // In tests/fuzz/NAME.mm, with the corpus in tests/fuzz/corpus/NAME.
-void Brackets(std::string_view input);      // the address of an entry
-void Completion(std::string_view input);    // the index against the predicates
-void Entries(std::string_view input);       // entries of the address book
-void MailText(std::string_view input);      // cutting and escaping
-void SplitString(std::string_view input);   // the text of a bulk transfer
-void Recipients(std::string_view input);    // recipients as entered
-void Records(std::string_view input);       // bulk transfer of contacts and of access lists
-void Replies(std::string_view input);       // result dictionaries
-void TextFormats(std::string_view input);   // texts with a place for an argument
-void WindowTitles(std::string_view input);  // names as titles of windows
+void Brackets(std::string_view input);         // the address of an entry
+void Completion(std::string_view input);       // the index against the predicates
+void DesktopSettings(std::string_view input);  // settings of GTK
+void Entries(std::string_view input);          // entries of the address book
+void MailText(std::string_view input);         // cutting and escaping
+void SplitString(std::string_view input);      // the text of a bulk transfer
+void Recipients(std::string_view input);       // recipients as entered
+void Records(std::string_view input);          // bulk transfer of contacts and of access lists
+void Replies(std::string_view input);          // result dictionaries
+void TextFormats(std::string_view input);      // texts with a place for an argument
+void WindowTitles(std::string_view input);     // names as titles of windows
 
 }  // namespace fuzz

@@ -1,3 +1,4 @@
+#include "tests/platform/theme/Contrast.h"
 #import "tests/ui/WindowFixtures.h"
 #import "text/LocalizedText.h"
 
@@ -54,6 +55,54 @@ struct Layout : Windows, testing::WithParamInterface<Shown> {
             << when << ": " << text(all[i]) << " " << text(all[j]);
       }
     }
+  }
+
+  /// Where the text of a control is, without lines, rings, marks and arrows; empty where it has
+  /// none.
+  static NSRect placeOfText(NSView *view) {
+    NSRect place = [view bounds];
+    if ([view isKindOfClass:[NSScrollView class]]) return NSInsetRect(place, 4, 4);
+    if ([view isKindOfClass:[NSPopUpButton class]]) {
+      return NSMakeRect(12, 6, NSWidth(place) - 40, NSHeight(place) - 12);
+    }
+    if ([view isKindOfClass:[NSButton class]]) {
+      const bool isPush = [static_cast<NSButton *>(view) isBordered];
+      if (isPush) return NSInsetRect(place, 12, 9);
+      return NSMakeRect(22, 0, NSWidth(place) - 22, NSHeight(place));
+    }
+    if (![view isKindOfClass:[NSTextField class]]) return NSZeroRect;
+    return [static_cast<NSTextField *>(view) isBezeled] ? NSInsetRect(place, 4, 3) : place;
+  }
+
+  /// Whether there is now a text in the view.
+  static bool hasText(NSView *view) {
+    if ([view isKindOfClass:[NSScrollView class]]) {
+      NSTextView *const text = [static_cast<NSScrollView *>(view) documentView];
+      if (![text isKindOfClass:[NSTextView class]]) return false;
+      [text setString:@"Here is what we talked about."];
+      return true;
+    }
+    if ([view isKindOfClass:[NSTextField class]] && [static_cast<NSTextField *>(view) isEditable]) {
+      [static_cast<NSTextField *>(view) setStringValue:@"Olivia Bennett"];
+    }
+    return [view isKindOfClass:[NSButton class]] ||
+           [[static_cast<NSControl *>(view) stringValue] length] > 0;
+  }
+
+  /// The number of texts that were measured.
+  int expectReadableTexts(BOOL areEnabled) {
+    std::vector<NSView *> texts;
+    for (NSView *view : controls()) {
+      if ([view isKindOfClass:[NSControl class]]) {
+        [static_cast<NSControl *>(view) setEnabled:areEnabled];
+      }
+      if (!NSIsEmptyRect(placeOfText(view)) && hasText(view)) texts.push_back(view);
+    }
+    for (NSView *view : texts) {
+      EXPECT_GE(contrastIn(Picture::onScreen(view, placeOfText(view))), kReadable)
+          << text([view description]) << (areEnabled ? "" : " when disabled");
+    }
+    return static_cast<int>(texts.size());
   }
 
   void resize(CGFloat width, CGFloat height) {
@@ -141,6 +190,14 @@ TEST_P(Layout, TextsThatAreFortyPercentLongerFit) {
     }
     EXPECT_LE([cell cellSize].width, NSWidth([view frame]))
         << text([cell stringValue]) << text([view description]);
+  }
+}
+
+TEST_P(Layout, EveryTextCanBeReadOnLightAndDarkDesktops) {
+  for (bool isDark : {false, true}) {
+    const ShownLook look({.isDark = isDark});
+    EXPECT_GE(expectReadableTexts(YES), 2);
+    EXPECT_GE(expectReadableTexts(NO), 2);
   }
 }
 

@@ -73,7 +73,8 @@ class WithoutDisplay(unittest.TestCase):
         self.assertLess(len(longest), 108)
 
     def test_the_callers_desktop_is_out_of_reach(self):
-        names = ("DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS", "LC_ALL")
+        names = ("DISPLAY", "XAUTHORITY", "WAYLAND_DISPLAY", "DBUS_SESSION_BUS_ADDRESS",
+                 "GTK_THEME", "LC_ALL")
         script = "env | grep -E '^(" + "|".join(names) + ")=' || true"
         self.assertEqual(self.shell(script, **{name: "x" for name in names}).stdout, "")
 

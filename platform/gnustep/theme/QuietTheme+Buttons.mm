@@ -63,12 +63,12 @@ void drawDefaultButton(NSRect rect, bool isEnabled, bool isPressed) {
 
 void drawPlainButton(NSRect rect, double radius, bool isEnabled, bool isPressed, bool isFlipped) {
   if (!isEnabled) {
-    drawSurface(rect, radius, color(kSurfaceDisabled), color(kLineDisabled));
+    drawSurface(rect, radius, color(kButtonDisabled), color(kLineDisabled));
     return;
   }
   // A shadow at the lower edge.
   fillRounded(NSOffsetRect(rect, 0, isFlipped ? 0.5 : -0.5), radius, color(kLineShadow));
-  drawSurface(rect, radius, color(isPressed ? kSurfacePressed : kSurface), color(kLine));
+  drawSurface(rect, radius, color(isPressed ? kButtonPressed : kButton), color(kLine));
 }
 
 }  // namespace

@@ -18,11 +18,11 @@ bool scrollsFirstResponder(NSScrollView *view) {
   return [responder isKindOfClass:[NSTextView class]] && responder == [view documentView];
 }
 
-/// The border of a field, thicker and in the accent colour with the keyboard focus. A view here
-/// cannot draw a ring outside its bounds as on the Mac.
+/// The border of a field, thicker and in the colour of the focus ring with the keyboard focus. A
+/// view here cannot draw a ring outside its bounds as on the Mac.
 void drawFieldLine(NSRect rect, bool hasFocus, bool isEnabled) {
   if (hasFocus) {
-    theme::strokeRounded(rect, kFieldRadius, kFocusLineWidth, theme::color(theme::kAccent, 0.8));
+    theme::strokeRounded(rect, kFieldRadius, kFocusLineWidth, theme::color(theme::kFocus, 0.8));
   } else {
     theme::strokeRounded(rect, kFieldRadius, 1,
                          theme::color(isEnabled ? theme::kLine : theme::kLineDisabled));

@@ -76,11 +76,11 @@ void fitWindow(NSMenuView *menuView, NSRect button, int selected) {
 @implementation QuietTheme (Menus)
 
 - (NSColor *)menuBackgroundColor {
-  return theme::color(theme::kSurface);
+  return theme::color(theme::kMenu);
 }
 
 - (NSColor *)menuItemBackgroundColor {
-  return theme::color(theme::kSurface);
+  return theme::color(theme::kMenu);
 }
 
 - (NSColor *)menuBorderColor {

@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/gnustep/desktop/DesktopLook.h"
 #import "platform/gnustep/theme/QuietTheme.h"
 #include "platform/gnustep/theme/ThemeDrawing.h"
+#import "platform/gnustep/views/NSProgressIndicator+Animation.h"
 
 namespace {
 
@@ -34,6 +36,20 @@ void drawSpinner(NSRect bounds, int count) {
   }
 }
 
+/// Three dots in a row, as after "Loading": they say without moving that something runs.
+void drawDots(NSRect bounds) {
+  constexpr int kDots = 3;
+  const double side = std::min(NSWidth(bounds), NSHeight(bounds));
+  const double diameter = side / 4.5;
+  const double step = (side - diameter) / (kDots - 1);
+  for (int dot = 0; dot < kDots; ++dot) {
+    const double x = NSMidX(bounds) - (side - diameter) / 2 + dot * step;
+    const NSRect place =
+        NSMakeRect(x - diameter / 2, NSMidY(bounds) - diameter / 2, diameter, diameter);
+    theme::fillRounded(place, diameter / 2, theme::color(theme::kTextSecondary));
+  }
+}
+
 NSRect barIn(NSRect bounds) {
   const double height = std::min<double>(kBarHeight, NSHeight(bounds));
   return theme::onPixels(
@@ -51,6 +67,14 @@ void drawBar(NSRect bounds, double from, double to) {
                      theme::color(theme::kAccent));
 }
 
+/// The whole bar, paler than a full one: neither a value nor moving.
+void drawFadedBar(NSRect bounds) {
+  constexpr double kPale = 0.5;
+  drawBar(bounds, 0, 0);
+  const NSRect bar = barIn(bounds);
+  theme::fillRounded(bar, NSHeight(bar) / 2, theme::color(theme::kAccent, kPale));
+}
+
 }  // namespace
 
 @implementation QuietTheme (Progress)
@@ -63,8 +87,15 @@ void drawBar(NSRect bounds, double from, double to) {
   (void)clip;
   // The platform also draws an indicator that is not displayed when stopped.
   if ([indicator isHidden]) return;
+  const bool isStill = [indicator isRunning] && !platform::currentLook().isAnimated;
   if ([indicator style] == NSProgressIndicatorSpinningStyle) {
-    drawSpinner(bounds, count);
+    if (isStill) {
+      drawDots(bounds);
+    } else {
+      drawSpinner(bounds, count);
+    }
+  } else if ([indicator isIndeterminate] && isStill) {
+    drawFadedBar(bounds);
   } else if ([indicator isIndeterminate]) {
     const int step = count % (2 * kMovingSteps);
     const double way = std::abs(step - kMovingSteps) / static_cast<double>(kMovingSteps);

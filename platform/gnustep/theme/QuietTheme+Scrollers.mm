@@ -28,7 +28,6 @@ NSRect narrowed(NSRect rect, bool isHorizontal) {
   NSButtonCell *const cell =
       static_cast<NSButtonCell *>([super cellForScrollerKnobSlot:isHorizontal]);
   [cell setBordered:NO];
-  [cell setBackgroundColor:theme::color(theme::kSurface)];
   return cell;
 }
 

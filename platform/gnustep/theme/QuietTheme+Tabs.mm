@@ -114,7 +114,7 @@ bool hasSegments(NSTabViewType type) {
     setClickableRect(item, segments[i]);
     if (i == selectedIndex) {
       theme::drawSurface(NSInsetRect(segments[i], kPieceInset, kPieceInset), kPieceRadius,
-                         theme::color(theme::kSurface), theme::color(theme::kLine));
+                         theme::color(theme::kSegmentChosen), theme::color(theme::kLine));
     } else if (i + 1 < segments.size() && i + 1 != selectedIndex) {
       drawSeparator(segments[i]);
     }

@@ -9,6 +9,10 @@
 @interface QuietTheme : GSTheme
 @end
 
+/// Draws all windows in the current look of the desktop (see desktop/DesktopLook.h). To be called
+/// when it has changed. Main thread.
+void showCurrentLook();
+
 /// Installs the theme and its fonts, unless the user has chosen a theme (the default "GSTheme"). To
 /// be called from the principal class's +sharedApplication, before the platform's own
 /// initialisation, so that no image or font of another theme is loaded; further calls have no

@@ -1,9 +1,11 @@
 #import "platform/gnustep/theme/QuietTheme.h"
 
+#include "platform/gnustep/desktop/DesktopLook.h"
 #import "platform/gnustep/theme/InterfaceFont.h"
 #include "platform/gnustep/theme/ThemeDrawing.h"
 #import "platform/gnustep/theme/ThemeHooks.h"
 #import "platform/gnustep/theme/ThemeImages.h"
+#import "platform/gnustep/theme/WindowLook.h"
 
 namespace {
 
@@ -12,7 +14,7 @@ NSString *const kThemeDefault = @"GSTheme";
 
 struct NamedColor {
   NSString *name;
-  theme::Rgb rgb;
+  theme::Tone tone;
 };
 
 const NamedColor kSystemColors[] = {
@@ -72,9 +74,31 @@ QuietTheme *sharedTheme() {
   return theme;
 }
 
+/// The platform looks up anew only the system colours that it has been asked for by their methods.
+/// An interface file may have others.
+void askForSystemColors() {
+  for (const NamedColor &named : kSystemColors) {
+    SEL const method = NSSelectorFromString(named.name);
+    if ([NSColor respondsToSelector:method]) [NSColor performSelector:method];
+  }
+}
+
 }  // namespace
 
 @implementation QuietTheme
+
+/// Called when it becomes the theme, and again when the desktop has another look.
+- (void)activate {
+  theme::setDark(platform::currentLook().isDark);
+  askForSystemColors();
+  [super activate];
+}
+
+- (void)deactivate {
+  // Other themes have one look.
+  theme::setDark(false);
+  [super deactivate];
+}
 
 /// Called when the default for the theme changes. The platform would search for a bundle on the
 /// disk.
@@ -109,12 +133,9 @@ QuietTheme *sharedTheme() {
 #pragma mark - Colours
 
 - (NSColorList *)colors {
-  static NSColorList *list = nil;
-  if (list == nil) {
-    list = [[NSColorList alloc] initWithName:@"System" fromFile:nil];
-    for (const NamedColor &named : kSystemColors) {
-      [list setColor:theme::color(named.rgb) forKey:named.name];
-    }
+  static NSColorList *const list = [[NSColorList alloc] initWithName:@"System" fromFile:nil];
+  for (const NamedColor &named : kSystemColors) {
+    [list setColor:theme::color(named.tone) forKey:named.name];
   }
   return list;
 }
@@ -122,7 +143,7 @@ QuietTheme *sharedTheme() {
 - (NSColor *)colorNamed:(NSString *)name state:(GSThemeControlState)state {
   (void)state;
   for (const NamedColor &named : kThemeColors) {
-    if ([named.name isEqual:name]) return theme::color(named.rgb);
+    if ([named.name isEqual:name]) return theme::color(named.tone);
   }
   return nil;
 }
@@ -151,6 +172,17 @@ QuietTheme *sharedTheme() {
 }
 
 @end
+
+void showCurrentLook() {
+  GSTheme *const theme = [GSTheme theme];
+  if ([theme isKindOfClass:[QuietTheme class]]) {
+    // Tells the platform of the colours, and has all windows drawn.
+    [theme activate];
+    for (NSWindow *window in [NSApp windows]) giveLookToWindow(window);
+    return;
+  }
+  for (NSWindow *window in [NSApp windows]) [window setViewsNeedDisplay:YES];
+}
 
 void installQuietTheme() {
   static bool isInstalled = false;

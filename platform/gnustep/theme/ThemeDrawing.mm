@@ -71,7 +71,7 @@ void drawSurface(NSRect rect, double radius, NSColor *surface, NSColor *line) {
 
 void drawFocusRing(NSRect rect, double radius) {
   const NSRect outer = NSInsetRect(rect, -kFocusRingReach, -kFocusRingReach);
-  strokeRounded(outer, radius + kFocusRingReach, kFocusRingWidth, color(kAccent, kFocusRingAlpha));
+  strokeRounded(outer, radius + kFocusRingReach, kFocusRingWidth, color(kFocus, kFocusRingAlpha));
 }
 
 NSString *textCutTo(NSString *text, double width, NSDictionary *attributes) {

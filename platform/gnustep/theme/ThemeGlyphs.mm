@@ -57,10 +57,13 @@ void drawMarkable(NSRect box, double radius, bool isOn, const GlyphState &state)
     fillRounded(box, radius, color(fill));
     return;
   }
-  const Rgb fill = !state.isEnabled  ? kSurfaceDisabled
-                   : state.isPressed ? kSurfacePressed
-                                     : kSurface;
-  drawSurface(box, radius, color(fill), color(state.isEnabled ? kLineShadow : kLineDisabled));
+  const Rgb fill = !state.isEnabled ? kButtonDisabled : state.isPressed ? kButtonPressed : kButton;
+  drawSurface(box, radius, color(fill), color(state.isEnabled ? kLineMark : kLineDisabled));
+}
+
+/// Of the tick, dash or dot.
+Rgb inkOnMark(const GlyphState &state) {
+  return state.isEnabled ? kOnAccent : kTextDisabled;
 }
 
 void drawCheckBox(NSRect rect, bool isOn, const GlyphState &state, bool isFlipped) {
@@ -69,9 +72,9 @@ void drawCheckBox(NSRect rect, bool isOn, const GlyphState &state, bool isFlippe
   drawMarkable(box, kBoxRadius, isMarked, state);
   if (!isMarked) return;
   if (state.isMixed) {
-    strokeDash(box, color(kOnAccent), isFlipped);
+    strokeDash(box, color(inkOnMark(state)), isFlipped);
   } else {
-    strokeTick(box, color(kOnAccent), isFlipped);
+    strokeTick(box, color(inkOnMark(state)), isFlipped);
   }
 }
 
@@ -79,7 +82,7 @@ void drawRadio(NSRect rect, bool isOn, const GlyphState &state) {
   const NSRect box = boxIn(rect);
   drawMarkable(box, kBoxSide / 2, isOn, state);
   constexpr double kDotInset = 4.5;
-  if (isOn) fillRounded(NSInsetRect(box, kDotInset, kDotInset), kBoxSide, color(kOnAccent));
+  if (isOn) fillRounded(NSInsetRect(box, kDotInset, kDotInset), kBoxSide, color(inkOnMark(state)));
 }
 
 Rgb inkFor(const GlyphState &state) {

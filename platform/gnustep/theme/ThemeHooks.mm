@@ -7,6 +7,7 @@
 #import "platform/gnustep/theme/QuietTheme.h"
 #include "platform/gnustep/theme/ThemeDrawing.h"
 #import "platform/gnustep/theme/ThemeImages.h"
+#import "platform/gnustep/theme/WindowLook.h"
 
 using theme::Glyph;
 using theme::GlyphState;
@@ -20,6 +21,7 @@ constinit platform::ReplacedMethod<BOOL()> platformBecomeFirstResponder;
 constinit platform::ReplacedMethod<BOOL()> platformResignFirstResponder;
 constinit platform::ReplacedMethod<void(NSNotification *)> platformTextDidEndEditing;
 constinit platform::ReplacedMethod<void(NSRect)> platformDrawToolTip;
+constinit platform::ReplacedMethod<void()> platformInitBackendWindow;
 
 bool isThemeActive() {
   return [[GSTheme theme] isKindOfClass:[QuietTheme class]];
@@ -28,7 +30,9 @@ bool isThemeActive() {
 #pragma mark - NSButtonCell
 
 NSColor *textColorOfButton(id self, SEL selector) {
-  if (isThemeActive() && theme::isDefaultButton(self)) return theme::color(theme::kOnAccent);
+  if (isThemeActive() && [self isEnabled] && theme::isDefaultButton(self)) {
+    return theme::color(theme::kOnAccent);
+  }
   return platformTextColor(self, selector);
 }
 
@@ -133,6 +137,13 @@ void drawToolTip(id self, SEL selector, NSRect rect) {
   NSFrameRect([self bounds]);
 }
 
+#pragma mark - NSWindow
+
+void initBackendWindow(id self, SEL selector) {
+  platformInitBackendWindow(self, selector);
+  if (isThemeActive()) giveLookToWindow(self);
+}
+
 }  // namespace
 
 void installThemeHooks() {
@@ -147,4 +158,6 @@ void installThemeHooks() {
                                     textDidEndEditing);
   platformIsOpaque.install([NSTextFieldCell class], @selector(isOpaque), isFieldOpaque);
   platformDrawToolTip.install(NSClassFromString(@"GSTTView"), @selector(drawRect:), drawToolTip);
+  platformInitBackendWindow.install([NSWindow class], NSSelectorFromString(@"_initBackendWindow"),
+                                    initBackendWindow);
 }

@@ -1,5 +1,6 @@
 #import "platform/gnustep/tokenfield/CompletionListView.h"
 
+#include "platform/gnustep/theme/ThemeDrawing.h"
 #import "platform/gnustep/tokenfield/FieldToken.h"
 #import "platform/gnustep/tokenfield/PillText.h"
 
@@ -7,10 +8,6 @@ namespace {
 
 constexpr CGFloat kRowPadding = 6;
 constexpr CGFloat kTextIndent = 8;
-
-NSColor *highlightColor() {
-  return [NSColor colorWithCalibratedRed:0x2F / 255.0 green:0x7D / 255.0 blue:0xE1 / 255.0 alpha:1];
-}
 
 }  // namespace
 
@@ -88,7 +85,7 @@ NSColor *highlightColor() {
 #pragma mark - Drawing
 
 - (void)drawRect:(NSRect)rect {
-  [[NSColor textBackgroundColor] set];
+  [theme::color(theme::kSurface) set];
   NSRectFill(rect);
   const NSInteger count = static_cast<NSInteger>([_items count]);
   const NSInteger first = MAX(0, static_cast<NSInteger>(floor(NSMinY(rect) / [self rowHeight])));
@@ -100,7 +97,7 @@ NSColor *highlightColor() {
   const NSRect place = [self rectOfRow:row];
   const BOOL isSelected = row == _selectedRow;
   if (isSelected) {
-    [highlightColor() set];
+    [theme::color(theme::kAccent) set];
     NSRectFill(place);
   }
   NSMutableParagraphStyle *const style = [[[NSMutableParagraphStyle alloc] init] autorelease];
@@ -109,7 +106,7 @@ NSColor *highlightColor() {
   [style setAlignment:NSLeftTextAlignment];
   NSDictionary *const attributes = [NSDictionary
       dictionaryWithObjectsAndKeys:_font, NSFontAttributeName, style, NSParagraphStyleAttributeName,
-                                   isSelected ? [NSColor whiteColor] : [NSColor textColor],
+                                   theme::color(isSelected ? theme::kOnAccent : theme::kText),
                                    NSForegroundColorAttributeName, nil];
   NSString *const item = [_items objectAtIndex:static_cast<NSUInteger>(row)];
   const NSRect text = NSMakeRect(kTextIndent, NSMinY(place) + kRowPadding / 2,

@@ -1,5 +1,6 @@
 #import "platform/gnustep/tokenfield/TokenPill.h"
 
+#include "platform/gnustep/theme/ThemeDrawing.h"
 #import "platform/gnustep/tokenfield/FieldToken.h"
 #import "platform/gnustep/tokenfield/PillText.h"
 
@@ -11,21 +12,11 @@ constexpr CGFloat kSpaceAbovePills = 2;
 constexpr CGFloat kMinimumWidth = 24;
 constexpr CGFloat kDefaultMaximumWidth = 260;
 
-NSColor *color(unsigned rgb) {
-  constexpr CGFloat kFull = 255;
-  return [NSColor colorWithCalibratedRed:((rgb >> 16) & 0xFF) / kFull
-                                   green:((rgb >> 8) & 0xFF) / kFull
-                                    blue:(rgb & 0xFF) / kFull
-                                   alpha:1];
-}
-
 struct Look {
-  unsigned ground;
-  unsigned text;
+  theme::Tone ground;
+  theme::Tone text;
+  bool isFilled;
 };
-constexpr Look kNormal = {0xD9E8FC, 0x1A3F78};
-constexpr Look kSelected = {0x2F7DE1, 0xFFFFFF};
-constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
 
 }  // namespace
 
@@ -130,7 +121,9 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
     [[editor backgroundColor] set];
     NSRectFill(frame);
   }
-  const Look look = ![self isEnabled] ? kDisabled : isSelected ? kSelected : kNormal;
+  Look look = {theme::kToken, theme::kTokenText, !_isPlain};
+  if (![self isEnabled]) look = {theme::kTokenDisabled, theme::kTextDisabled, !_isPlain};
+  if ([self isEnabled] && isSelected) look = {theme::kAccent, theme::kOnAccent, true};
   [self drawWithLook:look frame:frame inView:view];
 }
 
@@ -139,16 +132,16 @@ constexpr Look kDisabled = {0xECECEC, 0x8A8A8A};
   const NSRect ground =
       NSMakeRect(NSMinX(frame) + kSpaceBetweenPills / 2, NSMinY(frame) + kSpaceAbovePills,
                  NSWidth(frame) - kSpaceBetweenPills, NSHeight(frame) - kSpaceAbovePills);
-  if (!_isPlain || look.ground == kSelected.ground) {
+  if (look.isFilled) {
     const CGFloat radius = NSHeight(ground) / 2;
-    [color(look.ground) set];
+    [theme::color(look.ground) set];
     [[NSBezierPath bezierPathWithRoundedRect:ground xRadius:radius yRadius:radius] fill];
   }
   NSString *const text =
       _isPlain ? [[self shownText] stringByAppendingString:@","] : [self shownText];
-  NSDictionary *const attributes =
-      [NSDictionary dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, color(look.text),
-                                                 NSForegroundColorAttributeName, nil];
+  NSDictionary *const attributes = [NSDictionary
+      dictionaryWithObjectsAndKeys:[self font], NSFontAttributeName, theme::color(look.text),
+                                   NSForegroundColorAttributeName, nil];
   const NSSize size = [text sizeWithAttributes:attributes];
   // The text view is flipped.
   const NSPoint origin =

@@ -1,7 +1,11 @@
-#import <AppKit/AppKit.h>
+#import "platform/gnustep/views/NSProgressIndicator+Animation.h"
 
+#include "platform/gnustep/desktop/DesktopLook.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
+// Where the user wants no animations, none has a timer: the theme draws a running indicator so that
+// it says without moving that something runs.
+//
 // An animated indicator has a timer only while it is visible, as on the Mac. The platform's has
 // one, or a thread, from startAnimation: to stopAnimation:, and the timer retains it: an indicator
 // that is hidden or whose window is closed would wake the processor twelve times a second until the
@@ -10,7 +14,7 @@
 // Whatever makes an indicator visible again (its window, its tab, setHidden:) draws it, and drawing
 // resumes the animation. The timer stops itself when it is not needed.
 
-@interface NSProgressIndicator (Animation)
+@interface NSProgressIndicator (AnimationTimer)
 - (void)resumeAnimation;
 - (void)suspendAnimation;
 @end
@@ -29,9 +33,17 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   platformDrawRect.install(self, @selector(drawRect:), @selector(drawRectAndResumeAnimation:));
 }
 
+- (BOOL)isRunning {
+  return _isRunning;
+}
+
 /// A determinate bar has none.
 - (BOOL)hasAnimation {
   return _isIndeterminate || _style == NSProgressIndicatorSpinningStyle;
+}
+
+- (BOOL)moves {
+  return platform::currentLook().isAnimated && [self hasAnimation];
 }
 
 - (BOOL)canBeSeen {
@@ -44,7 +56,7 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   _isRunning = YES;
   // One that is not displayed when stopped appears.
   [self setNeedsDisplay:YES];
-  if ([self canBeSeen]) [self resumeAnimation];
+  if ([self moves] && [self canBeSeen]) [self resumeAnimation];
 }
 
 - (void)stopAnimation:(id)sender {
@@ -78,7 +90,7 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
 
 - (void)animationTimerFired:(NSTimer *)timer {
   (void)timer;
-  if ([self hasAnimation] && [self canBeSeen]) {
+  if ([self moves] && [self canBeSeen]) {
     [self animate:nil];
     return;
   }
@@ -91,7 +103,7 @@ constinit platform::ReplacedMethod<void(NSRect)> platformDrawRect;
   platformDrawRect(self, _cmd, rect);
   // Not if it is visible: a window that is being ordered in is drawn before it counts as visible.
   // The timer checks it.
-  if (_isRunning && [self hasAnimation]) [self resumeAnimation];
+  if (_isRunning && [self moves]) [self resumeAnimation];
 }
 
 /// At once, because the timer may be the last to retain it.

@@ -5,6 +5,7 @@
 
 #include <string>
 
+#import "platform/gnustep/desktop/FollowedLook.h"
 #import "platform/gnustep/events/EventArrival.h"
 #import "platform/gnustep/images/ImageTypes.h"
 #import "platform/gnustep/inputmethods/Composition.h"
@@ -73,6 +74,7 @@ class ScopedFlag {
   useOwnImageReadersOnly();
   installMacKeys();
   adoptScreenScale();
+  adoptDesktopLook();
   installQuietTheme();
   // Not in the build where the platform does it itself.
   if ([NSUserDefaults respondsToSelector:@selector(adoptLanguagesOfUser)]) {
@@ -99,6 +101,11 @@ class ScopedFlag {
   [super finishLaunching];
   _isLaunching = NO;
   [self performSelector:@selector(startPasteboardServer) withObject:nil afterDelay:0];
+  [self performSelector:@selector(followDesktop) withObject:nil afterDelay:0];
+}
+
+- (void)followDesktop {
+  followDesktopLook(showCurrentLook);
 }
 
 /// The platform reads these at the first click and registers with the server of distributed

@@ -44,7 +44,7 @@ TEST_F(Buttons, TheTitleOfADefaultButtonIsWhite) {
 TEST_F(Buttons, AnyOtherButtonIsWhiteWithADarkTitle) {
   const Picture picture(pushButton(@"Cancel"));
   EXPECT_EQ(picture.count(isBluish), 0);
-  EXPECT_GT(picture.count(theme::kSurface), picture.width() * picture.height() / 3);
+  EXPECT_GT(picture.count(theme::kButton), picture.width() * picture.height() / 3);
   EXPECT_GT(picture.count(isInk), 10);
 }
 
@@ -53,13 +53,13 @@ TEST_F(Buttons, AReturnKeyAddsNoPicture) {
 }
 
 TEST_F(Buttons, APressedButtonIsDarker) {
-  EXPECT_TRUE(pressed(pushButton(@"Cancel")).shows(theme::kSurfacePressed));
+  EXPECT_TRUE(pressed(pushButton(@"Cancel")).shows(theme::kButtonPressed));
   EXPECT_TRUE(pressed(defaultButton(@"Send")).shows(theme::kAccentPressed));
 }
 
 TEST_F(Buttons, ADisabledButtonIsPale) {
   const Picture plain = disabled(pushButton(@"Cancel"));
-  EXPECT_TRUE(plain.shows(theme::kSurfaceDisabled));
+  EXPECT_TRUE(plain.shows(theme::kButtonDisabled));
   EXPECT_EQ(plain.count(isInk), 0);
   const Picture preset = disabled(defaultButton(@"Send"));
   EXPECT_TRUE(preset.shows(theme::kAccentDisabled));

@@ -1,3 +1,4 @@
+#include "tests/platform/theme/Contrast.h"
 #include "tests/platform/theme/Themed.h"
 
 namespace {
@@ -84,6 +85,22 @@ TEST_F(Indicators, ABarWithoutAValueMoves) {
   EXPECT_GT(before.count(theme::kAccent), 100);
   [progress animate:nil];
   EXPECT_NE(Picture(progress), before);
+}
+
+TEST_F(Indicators, WithoutAnimationsARunningOneSaysSoWithoutMoving) {
+  for (NSProgressIndicator *running in @[ spinner(16), spinner(32), bar() ]) {
+    [running setIndeterminate:YES];
+    const Picture stopped(running);
+    const ShownLook still({.isAnimated = false});
+    [running startAnimation:nil];
+    const Picture before(running);
+    EXPECT_NE(before, stopped);
+    EXPECT_LT(before.count(isWindow), before.width() * before.height() - 20);
+    [running animate:nil];
+    EXPECT_EQ(Picture(running), before);
+    [running stopAnimation:nil];
+    [running removeFromSuperview];
+  }
 }
 
 TEST_F(Indicators, AScrollerIsAKnobWithoutArrows) {

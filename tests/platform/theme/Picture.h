@@ -17,6 +17,7 @@ class Picture {
 
   /// The view as it is displayed, without drawing more than is marked for display.
   static Picture onScreen(NSView *view);
+  static Picture onScreen(NSView *view, NSRect part);
 
   using Matches = std::function<bool(theme::Rgb)>;
 
@@ -30,6 +31,9 @@ class Picture {
 
   /// The pixel in that column and row, from the upper left.
   theme::Rgb at(int x, int y) const;
+
+  /// All of them, row by row.
+  const std::vector<theme::Rgb> &pixels() const { return pixels_; }
 
   bool operator==(const Picture &other) const = default;
 
@@ -51,5 +55,5 @@ void PrintTo(const Picture &picture, std::ostream *stream);
 /// Light enough for text on the accent colour.
 bool isWhitish(theme::Rgb color);
 
-/// Dark enough for text.
+/// Dark as text is that is not disabled.
 bool isInk(theme::Rgb color);

@@ -35,9 +35,13 @@ Picture::Picture(NSView *view, NSRect part) {
 }
 
 Picture Picture::onScreen(NSView *view) {
+  return onScreen(view, [view bounds]);
+}
+
+Picture Picture::onScreen(NSView *view, NSRect part) {
   [[view window] displayIfNeeded];
   Picture picture;
-  picture.take(view, [view bounds]);
+  picture.take(view, part);
   return picture;
 }
 
@@ -89,6 +93,6 @@ bool isWhitish(theme::Rgb color) {
 }
 
 bool isInk(theme::Rgb color) {
-  constexpr int kDark = 0x70;
+  constexpr int kDark = 0x50;
   return std::max({red(color), green(color), blue(color)}) < kDark;
 }

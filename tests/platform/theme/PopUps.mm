@@ -37,7 +37,7 @@ struct PopUps : Themed {
 
 TEST_F(PopUps, AClosedButtonShowsItsTitleAndArrows) {
   const Picture whole(button);
-  EXPECT_GT(whole.count(theme::kSurface), 1000);
+  EXPECT_GT(whole.count(theme::kButton), 1000);
   EXPECT_GT(Picture(button, NSMakeRect(0, 0, 60, 26)).count(isInk), 10);
   EXPECT_GT(Picture(button, NSMakeRect(115, 0, 25, 26)).count(isInk), 5);
 }
@@ -123,7 +123,7 @@ TEST_F(PopUps, OtherItemsAreDarkOnWhite) {
   [menu() setHighlightedItemIndex:2];
   const Picture picture = item(1);
   EXPECT_EQ(picture.count(isBluish), 0);
-  EXPECT_GT(picture.count(theme::kSurface), picture.width() * picture.height() / 2);
+  EXPECT_GT(picture.count(theme::kMenu), picture.width() * picture.height() / 2);
   EXPECT_GT(picture.count(isInk), 10);
 }
 

@@ -45,8 +45,8 @@ TEST_F(Tabs, TheSegmentsStandInTheMiddle) {
 TEST_F(Tabs, TheSelectedSegmentIsWhiteAndTheOthersAreNot) {
   const Picture chosen(view, segment(view, 0));
   const Picture other(view, segment(view, 1));
-  EXPECT_GT(chosen.count(theme::kSurface), 500);
-  EXPECT_EQ(other.count(theme::kSurface), 0);
+  EXPECT_GT(chosen.count(theme::kSegmentChosen), 500);
+  EXPECT_EQ(other.count(theme::kSegmentChosen), 0);
   EXPECT_GT(other.count(theme::kSegments), 500);
 }
 

@@ -1,5 +1,6 @@
 #import "tests/platform/tokenfield/TokenFieldFixture.h"
 
+#include "platform/gnustep/theme/ThemeColors.h"
 #import "platform/gnustep/tokenfield/FieldToken.h"
 #import "platform/gnustep/tokenfield/TokenFieldCell.h"
 #import "platform/gnustep/tokenfield/TokenLayout.h"
@@ -68,20 +69,20 @@ class Looks : public TokenField {
 
 TEST_F(Looks, ATokenIsDrawnAsALightBluePill) {
   [field setStringValue:@"a@b.c"];
-  EXPECT_EQ(rgbAt(edgeOfFirstToken()), 0xD9E8FCu);
+  EXPECT_EQ(rgbAt(edgeOfFirstToken()), theme::kToken);
 }
 
 TEST_F(Looks, ASelectedTokenIsDrawnInTheAccentColour) {
   focus();
   type(@"a@b.c,");
   press(NSLeftArrowFunctionKey, NSFunctionKeyMask);
-  EXPECT_EQ(rgbAt(edgeOfFirstToken()), 0x2F7DE1u);
+  EXPECT_EQ(rgbAt(edgeOfFirstToken()), theme::kAccent);
 }
 
 TEST_F(Looks, ATokenOfADisabledFieldIsGrey) {
   [field setStringValue:@"a@b.c"];
   [field setEnabled:NO];
-  EXPECT_EQ(rgbAt(edgeOfFirstToken()), 0xECECECu);
+  EXPECT_EQ(rgbAt(edgeOfFirstToken()), theme::kTokenDisabled);
 }
 
 TEST_F(Looks, TokensDoNotMoveWhenEditingBegins) {

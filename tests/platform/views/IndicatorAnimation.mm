@@ -6,6 +6,7 @@
 
 #import <AppKit/AppKit.h>
 
+#include "tests/platform/theme/Contrast.h"
 #include "tests/support/DueTimers.h"
 #import "tests/support/Events.h"
 
@@ -182,6 +183,25 @@ TEST_F(IndicatorAnimation, ABarThatGetsAValueCostsNothing) {
   [indicator setStyle:NSProgressIndicatorBarStyle];
   ASSERT_TRUE(start());
   [indicator setIndeterminate:NO];
+  EXPECT_TRUE(comesToRest());
+}
+
+TEST_F(IndicatorAnimation,
+       OneThatIsStartedWithoutAnimationsCostsNothingAndTurnsAsSoonAsThereAreAny) {
+  {
+    const ShownLook still({.isAnimated = false});
+    const int before = turns;
+    [indicator startAnimation:nil];
+    EXPECT_FALSE([indicator isHidden]);
+    EXPECT_TRUE(comesToRest());
+    EXPECT_EQ(turns, before);
+  }
+  EXPECT_TRUE(turnsTwice());
+}
+
+TEST_F(IndicatorAnimation, OneThatTurnsComesToRestWhereTheUserWantsNoAnimations) {
+  ASSERT_TRUE(start());
+  const ShownLook still({.isAnimated = false});
   EXPECT_TRUE(comesToRest());
 }
 
