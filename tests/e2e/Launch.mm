@@ -154,7 +154,7 @@ TEST_F(Launch, ReturnsTheMemoryThatItNeededMeanwhile) {
 TEST_F(Launch, LoadsNoDescriptionsOfThePlatformsProtocols) {
   const std::string program = RunningApplication::program();
   EXPECT_NE(outputOf({"/bin/grep", "-c", "-a", "ContextMenuService", program}), "");
-  EXPECT_EQ(outputOf({"/bin/grep", "-c", "-a", "NSAccessibilityCustomRotorItemSearchDelegate",
-                      program}),
-            "");
+  EXPECT_EQ(
+      outputOf({"/bin/grep", "-c", "-a", "NSAccessibilityCustomRotorItemSearchDelegate", program}),
+      "");
 }

@@ -11,8 +11,9 @@
   NSBitmapImageRep *_bitmap;
 }
 
-/// A PNG file with 8 bits for each of red, green, blue and alpha, a pixel to the point. nil if it is
-/// no such file. What is wrong behind its head is found when it is drawn, and nothing is drawn then.
+/// A PNG file with 8 bits for each of red, green, blue and alpha, a pixel to the point. nil if it
+/// is no such file. What is wrong behind its head is found when it is drawn, and nothing is drawn
+/// then.
 + (IconPicture *)pictureWithFile:(NSData *)file;
 
 /// NO until it has been needed.

@@ -48,9 +48,8 @@ IconFamily familyIn(std::span<const uint8_t> file) {
   while (left.size() >= kHeadBytes) {
     const size_t length = bigEndian(left, 4);
     if (length < kHeadBytes || length > left.size()) break;
-    IconPicture *const picture =
-        [IconPicture pictureWithFile:[NSData dataWithBytes:left.data() + kHeadBytes
-                                                    length:length - kHeadBytes]];
+    IconPicture *const picture = [IconPicture
+        pictureWithFile:[NSData dataWithBytes:left.data() + kHeadBytes length:length - kHeadBytes]];
     if (picture != nil) {
       [family.pictures addObject:picture];
     } else {
