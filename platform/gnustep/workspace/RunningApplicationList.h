@@ -1,12 +1,5 @@
 #import <Foundation/Foundation.h>
 
-#include <cstddef>
-#include <vector>
-
-namespace platform {
-struct ApplicationProcessEntry;
-}
-
 /// The running applications at the time when each is first asked for, as ApplicationProcess
 /// objects. Those of the last reading that are still running come first; the process table is only
 /// read when the enumeration goes on past them. So repeated checks whether an application is
@@ -14,8 +7,8 @@ struct ApplicationProcessEntry;
 @interface RunningApplicationList : NSArray {
  @private
   NSMutableArray *_found;
-  std::vector<platform::ApplicationProcessEntry> *_lastSeen;
-  size_t _checked;
+  NSArray *_lastSeen;
+  NSUInteger _checked;
   BOOL _isComplete;
 }
 @end

@@ -7,24 +7,23 @@
 
 namespace {
 
-using Entries = std::vector<platform::ApplicationProcessEntry>;
-
 /// The result of the last reading of the whole process table.
 class LastSeen {
  public:
-  Entries entries() {
+  NSArray *processes() {
     const std::lock_guard<std::mutex> lock(mutex_);
-    return entries_;
+    return [[processes_ retain] autorelease];
   }
 
-  void set(const Entries &entries) {
+  void set(NSArray *processes) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    entries_ = entries;
+    [processes_ release];
+    processes_ = [processes copy];
   }
 
  private:
   std::mutex mutex_;
-  Entries entries_;
+  NSArray *processes_ = nil;
 };
 
 LastSeen &lastSeen() {
@@ -39,28 +38,22 @@ LastSeen &lastSeen() {
 - (id)init {
   // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.SelfInit): an array's init would call this one again
   _found = [[NSMutableArray alloc] init];
-  _lastSeen = new Entries(lastSeen().entries());
+  _lastSeen = [lastSeen().processes() retain];
   return self;
 }
 
 - (void)dealloc {
-  delete _lastSeen;
+  [_lastSeen release];
   [_found release];
   [super dealloc];
-}
-
-- (void)addEntry:(const platform::ApplicationProcessEntry &)entry {
-  ApplicationProcess *const application = [[ApplicationProcess alloc] initWithEntry:entry];
-  if (![_found containsObject:application]) [_found addObject:application];
-  [application release];
 }
 
 /// Of the processes that were seen by an earlier look, those that still run, one by one until there
 /// are so many: who searches usually finds what it found before.
 - (void)addLastSeenUntilCount:(NSUInteger)count {
-  for (; _checked < _lastSeen->size() && [_found count] < count; ++_checked) {
-    const platform::ApplicationProcessEntry &entry = (*_lastSeen)[_checked];
-    if (platform::isStillRunning(entry)) [self addEntry:entry];
+  for (; _checked < [_lastSeen count] && [_found count] < count; ++_checked) {
+    ApplicationProcess *const process = [_lastSeen objectAtIndex:_checked];
+    if ([process isStillRunning]) [_found addObject:process];
   }
 }
 
@@ -68,9 +61,14 @@ LastSeen &lastSeen() {
   if (_isComplete) return;
   _isComplete = YES;
   [self addLastSeenUntilCount:NSUIntegerMax];
-  const Entries entries = platform::runningApplicationProcesses();
-  lastSeen().set(entries);
-  for (const platform::ApplicationProcessEntry &entry : entries) [self addEntry:entry];
+  NSMutableArray *const all = [NSMutableArray array];
+  for (const auto &entry : platform::runningApplicationProcesses()) {
+    ApplicationProcess *const process = [[ApplicationProcess alloc] initWithEntry:entry];
+    [all addObject:process];
+    if (![_found containsObject:process]) [_found addObject:process];
+    [process release];
+  }
+  lastSeen().set(all);
 }
 
 /// Makes sure that there are so many, if they run at all.
