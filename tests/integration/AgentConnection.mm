@@ -217,7 +217,8 @@ TEST(AgentConnection, TheGateLooksTheNameUpOnce) {
   platformPortForName.install(object_getClass([NSMessagePortNameServer sharedInstance]),
                               @selector(portForName:onHost:),
                               [](id server, SEL selector, NSString *name, NSString *host) {
-                                ++lookUps;
+                                // Not the platform's own, for its servers.
+                                if ([name isEqualToString:@"KRVSyncAgent"]) ++lookUps;
                                 return platformPortForName(server, selector, name, host);
                               });
   lookUps = 0;
