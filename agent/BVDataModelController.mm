@@ -11,8 +11,10 @@
 namespace {
 
 /// Asks the platform once for the agent's root object, without waiting longer than `seconds`.
-id<KRVProxy> lookedUpProxy(NSTimeInterval seconds) {
-  id const proxy = agent::boundingLookUp(agent::kConnectionName, seconds, [] {
+/// former: what the last look-up found.
+id<KRVProxy> lookedUpProxy(NSTimeInterval seconds, id<KRVProxy> former) {
+  NSConnection *const known = agent::connectionOf(former);
+  id const proxy = agent::boundingLookUp(agent::kConnectionName, seconds, known, [] {
     return [NSConnection rootProxyForConnectionWithRegisteredName:agent::kConnectionName host:nil];
   });
   // Saves a round trip for the signature of each operation. KRVOperations and not KRVProxy: only a
@@ -79,18 +81,18 @@ NSDictionary *forward(BVDataModelController *controller, Operation operation) {
 }
 
 - (void)initializeKRVAgentProxy {
-  const bool found =
-      agent::attemptConnection([] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
-                               [self](double remainingSeconds) {
-                                 @try {
-                                   [self setKrvAgentProxy:lookedUpProxy(remainingSeconds)];
-                                   return [self krvAgentProxy] != nil;
-                                 } @catch (NSException *) {
-                                   // GNUstep raises when, for example, another process holds the
-                                   // lock of the names for too long. The next try may succeed.
-                                   return false;
-                                 }
-                               });
+  const bool found = agent::attemptConnection(
+      [] { return [NSDate timeIntervalSinceReferenceDate]; }, usleep,
+      [self](double remainingSeconds) {
+        @try {
+          [self setKrvAgentProxy:lookedUpProxy(remainingSeconds, [self krvAgentProxy])];
+          return [self krvAgentProxy] != nil;
+        } @catch (NSException *) {
+          // GNUstep raises when, for example, another process holds the
+          // lock of the names for too long. The next try may succeed.
+          return false;
+        }
+      });
   if (found) [self setKrvAgentConnectionExisting:YES];
 }
 

@@ -23,9 +23,10 @@ NSDictionary *localCopyOfReply(id reply);
 /// and for anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
 NSDictionary *localCopyOfDictionary(id dictionary);
 
-/// The entries of these keys, of which a string or number is local in the copy; nil for nil and for
-/// anything that is not a dictionary. Raises as localCopyOfReply does. Autoreleased.
-NSDictionary *localCopyOfKeys(NSArray *keys, id dictionary);
+/// The text forms of the entries of these keys, in two round trips: for entries that are strings.
+/// nil for nil and for anything that is not a dictionary, and for texts with control characters
+/// that no text has (U+001E, U+001F). Raises as localCopyOfReply does. Autoreleased.
+NSDictionary *localCopyOfTexts(NSArray *keys, id dictionary);
 
 /// Tells a distant object of which protocol its messages are, which saves a round trip for the
 /// signature of each. Does nothing for any other object, other proxies included.

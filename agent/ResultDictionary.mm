@@ -2,13 +2,22 @@
 
 #import <objc/runtime.h>
 
+#import "text/UTF16.h"
+
 /// What this file sends to dictionaries of another process. Declared as a protocol because a proxy
 /// that knows its protocol need not ask the other side for each method's signature first.
 @protocol RemoteDictionary
 - (NSUInteger)count;
 - (id)objectForKey:(id)key;
+// By copy, because the other process would otherwise ask this one for each key.
+- (NSArray *)objectsForKeys:(bycopy NSArray *)keys notFoundMarker:(bycopy id)marker;
 - (NSArray *)allKeys;
 - (BOOL)isKindOfClass:(Class)cls;
+@end
+
+/// What it sends to arrays.
+@protocol RemoteTexts
+- (NSString *)componentsJoinedByString:(NSString *)separator;
 @end
 
 /// A protocol is only known at run time when a class of the program adopts it.
@@ -16,9 +25,22 @@
 @end
 @implementation NSDictionary (RemoteDictionary)
 @end
+@interface NSArray (RemoteTexts) <RemoteTexts>
+@end
+@implementation NSArray (RemoteTexts)
+@end
 
 namespace agent {
 namespace {
+
+/// Control characters that no text has, "unit separator" and "record separator": one between the
+/// texts, the other in place of one that is missing.
+constexpr unichar kSeparator = 0x1F;
+constexpr unichar kMissing = 0x1E;
+
+NSString *textOf(unichar unit) {
+  return [NSString stringWithCharacters:&unit length:1];
+}
 
 bool isLocal(id object, Class cls) {
   return ![object isProxy] && [object isKindOfClass:cls];
@@ -59,21 +81,32 @@ void setProtocol(id object, Protocol *protocol) {
   if (cls != Nil) [static_cast<NSDistantObject *>(object) setProtocolForProxy:protocol];
 }
 
-NSDictionary *localCopyOfKeys(NSArray *keys, id dictionary) {
+NSDictionary *localCopyOfTexts(NSArray *keys, id dictionary) {
   id const remote = asDictionary(dictionary);
   if (remote == nil) return nil;
+  id const texts = [remote objectsForKeys:keys notFoundMarker:textOf(kMissing)];
+  setProtocol(texts, @protocol(RemoteTexts));
+  NSArray *const parts = utf16::splitString(
+      stringOrNil([texts componentsJoinedByString:textOf(kSeparator)]), kSeparator);
+  if ([parts count] != [keys count]) return nil;
   NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:[keys count]];
-  for (NSString *key in keys) {
-    id const value = [remote objectForKey:key];
-    if (value != nil) [copy setObject:value forKey:key];
+  for (NSUInteger i = 0; i < [keys count]; ++i) {
+    NSString *const part = [parts objectAtIndex:i];
+    if (![part isEqualToString:textOf(kMissing)]) {
+      [copy setObject:part forKey:[keys objectAtIndex:i]];
+    }
   }
   return copy;
 }
 
 NSDictionary *localCopyOfReply(id reply) {
   id const remote = asDictionary(reply);
-  NSDictionary *const copy = localCopyOfKeys(@[ kErrorKey, kValueKey, kErrorMessageKey ], remote);
-  if (copy == nil) return nil;
+  if (remote == nil) return nil;
+  NSMutableDictionary *const copy = [NSMutableDictionary dictionaryWithCapacity:3];
+  for (NSString *key in @[ kErrorKey, kValueKey, kErrorMessageKey ]) {
+    id const value = [remote objectForKey:key];
+    if (value != nil) [copy setObject:value forKey:key];
+  }
   // A further round trip, but only for a reply with none of the three keys.
   return [copy count] > 0 || [remote count] == 0 ? copy : allEntries(remote);
 }

@@ -90,8 +90,10 @@ double millisecondsOfFiltering(NSArray *book, NSString *substring) {
 }
 
 std::string rowName(unsigned contacts, const std::string &what) {
-  NSString *const number = contacts >= 1000 ? [NSString stringWithFormat:@"%u,000", contacts / 1000]
-                                            : [NSString stringWithFormat:@"%u", contacts];
+  NSString *const thousands = contacts >= 1000000
+                                  ? [NSString stringWithFormat:@"%u,000", contacts / 1000000]
+                                  : [NSString stringWithFormat:@"%u", contacts / 1000];
+  NSString *const number = [thousands stringByAppendingString:@",000"];
   return "completion " + std::string([number UTF8String]) + ", " + what;
 }
 
@@ -156,8 +158,10 @@ void measureIndex(NSArray *book, int rounds) {
 }  // namespace
 
 int main(int argc, char *argv[]) {
-  const int rounds = prepareBenchmark(argc, argv, 7);
-  for (const unsigned contacts : {1000U, 20000U, 100000U}) {
+  const auto [rounds, isMillion] = benchmarkArguments(argc, argv, 7);
+  const std::vector<unsigned> books =
+      isMillion ? std::vector{1000000U} : std::vector{1000U, 20000U, 100000U};
+  for (const unsigned contacts : books) {
     @autoreleasepool {
       NSArray *const book = bookOf(contacts);
       measureAgainstFiltering(book,

@@ -25,7 +25,18 @@ MemoryUse atRest(const Program &program) {
   return memoryOf(application.process().pid());
 }
 
+/// An empty application with a folder of its own for names, so that it is not in the way of the
+/// measured one.
+Program neighbour() {
+  Program program = emptyApplication();
+  program.environment.emplace_back("TEMP", newTemporaryFolder());
+  return program;
+}
+
+/// One more application runs meanwhile, as on a desktop in use: otherwise pages of the platform's
+/// libraries are this process's own or not as it happens that another program uses them.
 void printAtRest(int rounds) {
+  const Application other(neighbour());
   Results resident("memory at rest", "KiB");
   Results own("memory at rest, own", "KiB");
   for (int round = 0; round < rounds; ++round) {

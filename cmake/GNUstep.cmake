@@ -57,3 +57,10 @@ foreach(kind EXECUTABLE SHARED_LIBRARY)
   set(CMAKE_${kind}_RUNTIME_OBJCXX_FLAG_SEP ":")
 endforeach()
 add_link_options(LINKER:--enable-new-dtags)
+# An eighth of the size of what the loader has to read to relocate the program, where linker and
+# C library know it.
+include(CheckLinkerFlag)
+check_linker_flag(CXX LINKER:-z,pack-relative-relocs LINKER_PACKS_RELOCATIONS)
+if(LINKER_PACKS_RELOCATIONS)
+  add_link_options(LINKER:-z,pack-relative-relocs)
+endif()

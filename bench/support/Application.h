@@ -11,9 +11,11 @@
 struct Program {
   std::string path;
   NSString *connectionName;
+  /// Additions to this process's own.
+  ChildProcess::Environment environment;
 };
 
-/// The application itself, and the yardsticks.
+/// The application itself, with a sync engine library that does nothing, and the yardsticks.
 Program contextMenuApp();
 Program bareCopy();
 Program emptyApplication();

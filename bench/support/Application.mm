@@ -45,15 +45,15 @@ NSDistantObject *rootProxyWithoutLock(NSString *name) {
 }  // namespace
 
 Program contextMenuApp() {
-  return {CONTEXT_MENU_APP, @"ContextMenuPlugin"};
+  return {CONTEXT_MENU_APP, @"ContextMenuPlugin", {{"LD_LIBRARY_PATH", ENGINE_FOLDER}}};
 }
 
 Program bareCopy() {
-  return {BARE_COPY, @"Yardstick"};
+  return {BARE_COPY, @"Yardstick", {}};
 }
 
 Program emptyApplication() {
-  return {EMPTY_APPLICATION, @"Yardstick"};
+  return {EMPTY_APPLICATION, @"Yardstick", {}};
 }
 
 Application::Application(const Program &program)
@@ -61,7 +61,8 @@ Application::Application(const Program &program)
       // The application has no tile on the desktop; a yardstick with one would have to create one
       // more window.
       process_(std::make_unique<ChildProcess>(
-          std::vector<std::string>{program.path, "-GSSuppressAppIcon", "YES"})) {}
+          std::vector<std::string>{program.path, "-GSSuppressAppIcon", "YES"},
+          program.environment)) {}
 
 Application::~Application() {
   process_.reset();

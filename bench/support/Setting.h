@@ -5,8 +5,17 @@
 #include "bench/support/Application.h"
 #include "tests/support/AgentProcess.h"
 
+/// The arguments of a benchmark program.
+struct BenchmarkArguments {
+  int rounds;      // --rounds N
+  bool isMillion;  // --million: with a million contacts, instead of the usual address books
+};
+
 /// Prepares a benchmark program: moves it to a desktop of its own (unless it is on one already) and
-/// reads its only argument, --rounds N. Returns the number of rounds. To be called first in main.
+/// reads its arguments. To be called first in main.
+BenchmarkArguments benchmarkArguments(int argc, char *argv[], int defaultRounds);
+
+/// The same for a program without --million. Returns the number of rounds.
 int prepareBenchmark(int argc, char *argv[], int defaultRounds);
 
 /// The agent in the benchmarks of whole programs: a link for every file, a small address book, a

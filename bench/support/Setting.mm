@@ -29,12 +29,27 @@ constexpr int kProcessesOfADesktop = 200;
 
 }  // namespace
 
-int prepareBenchmark(int argc, char *argv[], int defaultRounds) {
+BenchmarkArguments benchmarkArguments(int argc, char *argv[], int defaultRounds) {
   enterPrivateSession(argc, argv, Screen::Private);
-  if (argc == 1) return defaultRounds;
-  const int rounds = argc == 3 && std::string_view(argv[1]) == "--rounds" ? std::atoi(argv[2]) : 0;
-  if (rounds > 0) return rounds;
-  std::fprintf(stderr, "usage: %s [--rounds N]\n", argv[0]);
+  BenchmarkArguments arguments = {.rounds = defaultRounds, .isMillion = false};
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view name = argv[i];
+    if (name == "--million") {
+      arguments.isMillion = true;
+    } else if (name == "--rounds" && i + 1 < argc && std::atoi(argv[i + 1]) > 0) {
+      arguments.rounds = std::atoi(argv[++i]);
+    } else {
+      std::fprintf(stderr, "usage: %s [--rounds N] [--million]\n", argv[0]);
+      std::exit(2);
+    }
+  }
+  return arguments;
+}
+
+int prepareBenchmark(int argc, char *argv[], int defaultRounds) {
+  const BenchmarkArguments arguments = benchmarkArguments(argc, argv, defaultRounds);
+  if (!arguments.isMillion) return arguments.rounds;
+  std::fprintf(stderr, "%s has no rows for a million contacts\n", argv[0]);
   std::exit(2);
 }
 

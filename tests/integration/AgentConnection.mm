@@ -11,6 +11,7 @@
 #import "agent/BVDataModelController.h"
 #import "agent/ConnectionAttempt.h"
 #import "agent/ConnectionTimeouts.h"
+#import "agent/ResultDictionary.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 #include "tests/support/AgentProcess.h"
 #include "tests/support/Strings.h"
@@ -208,6 +209,33 @@ TEST(AgentConnection, APresentAgentCostsInitOneTryAndTheGateOneMore) {
   EXPECT_EQ(tries, 2);
 }
 
+TEST(AgentConnection, TheGateLooksTheNameUpOnce) {
+  AgentProcess agent;
+  static int lookUps;
+  static platform::ReplacedMethod<NSPort *(NSString *, NSString *)> platformPortForName;
+  BVDataModelController *const controller = newController();
+  platformPortForName.install(object_getClass([NSMessagePortNameServer sharedInstance]),
+                              @selector(portForName:onHost:),
+                              [](id server, SEL selector, NSString *name, NSString *host) {
+                                // Not the platform's own, for its servers.
+                                if ([name isEqualToString:@"KRVSyncAgent"]) ++lookUps;
+                                return platformPortForName(server, selector, name, host);
+                              });
+  lookUps = 0;
+  EXPECT_TRUE([controller checkIfConnectionExists]);
+  EXPECT_EQ(lookUps, 1);
+}
+
+TEST(AgentConnection, TheGateFindsAnAgentThatWasStartedAgainAfterInit) {
+  auto former = std::make_unique<AgentProcess>();
+  BVDataModelController *const controller = newController();
+  former.reset();
+  AgentProcess agent;
+  EXPECT_TRUE([controller checkIfConnectionExists]);
+  [controller getEmployeeAddressBook];
+  EXPECT_EQ([agent.calls() count], 1u);
+}
+
 TEST(AgentConnection, TheLookUpAsksForTheAgentsNameOnThisHost) {
   static NSString *name;
   static NSString *host = @"unset";
@@ -312,17 +340,35 @@ TEST(AgentConnection, TheActiveAccountIsWaitedForLongerThanAnAttemptLasts) {
   EXPECT_EQ(text([newController() getActiveAccount]), "late");
 }
 
+namespace {
+
+int requestsSent(NSConnection *connection) {
+  return [[[connection statistics] objectForKey:NSConnectionRequestsSent] intValue];
+}
+
+}  // namespace
+
 TEST(AgentConnection, AnOperationIsOneMessage) {
   AgentProcess agent;
   agent.setScript(@{@"getEmployeeAddressBook" : @{@"nil" : @1}});
   BVDataModelController *const controller = newController();
   NSConnection *const connection = agent::connectionOf([controller krvAgentProxy]);
-  const auto messages = [&] {
-    return [[[connection statistics] objectForKey:NSConnectionRequestsSent] intValue];
-  };
-  const int before = messages();
+  const int before = requestsSent(connection);
   [controller getEmployeeAddressBook];
-  EXPECT_EQ(messages(), before + 1);
+  EXPECT_EQ(requestsSent(connection), before + 1);
+}
+
+TEST(AgentConnection, TheTextsOfAnEntryAreTwoMessages) {
+  AgentProcess agent;
+  agent.answer(@"getUserInfo::", success(@{@"name" : @"Zoë", @"city" : @"", @"age" : @7}));
+  BVDataModelController *const controller = newController();
+  NSConnection *const connection = agent::connectionOf([controller krvAgentProxy]);
+  id const user = [[controller getUserInfo:@"zoe@example.org":NO] objectForKey:@"value"];
+  const int before = requestsSent(connection);
+  NSDictionary *const copy =
+      agent::localCopyOfTexts(@[ @"name", @"street", @"city", @"age" ], user);
+  EXPECT_EQ(requestsSent(connection), before + 2);
+  EXPECT_TRUE(([copy isEqual:@{@"name" : @"Zoë", @"city" : @"", @"age" : @"7"}])) << text(copy);
 }
 
 TEST(AgentConnection, ManyInstancesLeaveNoDescriptorBehind) {

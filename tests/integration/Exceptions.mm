@@ -89,7 +89,7 @@ TEST(Exceptions, ThatEndALookUpLeaveTheTimeoutsOfTheDefaultConnection) {
   agent::setTimeouts(connection, {77, 88});
   NSTimeInterval during = 0;
   NSString *const reason = reasonOf([&] {
-    agent::boundingLookUp(@"NobodyAtAll", 5, [&] {
+    agent::boundingLookUp(@"NobodyAtAll", 5, nil, [&] {
       during = [connection replyTimeout];
       return raise();
     });

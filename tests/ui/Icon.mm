@@ -4,6 +4,7 @@
 
 #import <AppKit/AppKit.h>
 
+#import "platform/gnustep/images/IconPicture.h"
 #include "tests/support/Strings.h"
 
 namespace {
@@ -67,6 +68,19 @@ TEST(Icon, IsTheApplicationsOwn) {
 TEST(Icon, HasAPictureForEachSize) {
   const std::set<int> expected = {16, 32, 48, 64, 128, 256, 512};
   EXPECT_EQ(sidesInPixels([icon() representations]), expected);
+}
+
+TEST(Icon, HasPicturesThatAreNotDecodedToShowASmallerOne) {
+  NSImage *const copy = [[[NSImage alloc]
+      initWithContentsOfFile:[[NSBundle mainBundle] pathForImageResource:[icon() name]]]
+      autorelease];
+  // Drawing adds representations.
+  IconPicture *const largest = [[copy representations] lastObject];
+  ASSERT_EQ([largest pixelsWide], 512);
+  drawn(copy, 64);
+  EXPECT_FALSE([largest isDecoded]);
+  drawn(copy, 512);
+  EXPECT_TRUE([largest isDecoded]);
 }
 
 TEST_P(IconAtSide, ShowsAWhiteFolderOnAColouredTile) {

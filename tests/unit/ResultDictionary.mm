@@ -104,3 +104,25 @@ TEST(ResultDictionary, ACopyOfAReplyWithoutTheThreeKeysIsNotEmpty) {
   EXPECT_TRUE([agent::localCopyOfReply(@{@"other" : @1}) isEqual:@{@"other" : @1}]);
   EXPECT_TRUE([agent::localCopyOfReply(@{}) isEqual:@{}]);
 }
+
+TEST(ResultDictionary, ACopyOfTextsHasThoseOfTheKeysThatThereAre) {
+  NSDictionary *const person =
+      @{@"first" : @"Zoë \U0001F600", @"last" : @"", @"other" : @"left out"};
+  EXPECT_TRUE([agent::localCopyOfTexts(@[ @"first", @"middle", @"last" ], person)
+      isEqual:(@{@"first" : @"Zoë \U0001F600", @"last" : @""})]);
+}
+
+TEST(ResultDictionary, ACopyOfTextsOfWhatIsNoDictionaryIsNil) {
+  for (id other in @[ @"text", @42, @[ @"first" ] ]) {
+    EXPECT_EQ(agent::localCopyOfTexts(@[ @"first" ], other), nil) << text(other);
+  }
+  EXPECT_EQ(agent::localCopyOfTexts(@[ @"first" ], nil), nil);
+}
+
+TEST(ResultDictionary, ATextThatCannotBeToldFromTwoIsNoCopy) {
+  EXPECT_EQ(agent::localCopyOfTexts(@[ @"first" ], @{
+              @"first" : @"a\x1F"
+                         @"b"
+            }),
+            nil);
+}

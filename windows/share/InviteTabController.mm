@@ -120,8 +120,8 @@ NSAlert *notColleaguesAlert(NSString *people) {
 /// again instead, but the agent is asked for the person all the same.
 - (void)readPersonIn:(NSDictionary *)reply {
   NSDictionary *const person = agent::nilOnException([&]() -> id {
-    return agent::localCopyOfKeys(@[ @"userfname", @"userlname", @"useremail" ],
-                                  [reply objectForKey:agent::kValueKey]);
+    return agent::localCopyOfTexts(@[ @"userfname", @"userlname", @"useremail" ],
+                                   [reply objectForKey:agent::kValueKey]);
   });
   NSString *const address = agent::stringIn(person, @"useremail");
   SharedWith *const row = [[[SharedWith alloc] init] autorelease];

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace platform {
 
@@ -15,9 +16,13 @@ class FileWatch {
   FileWatch(const FileWatch &) = delete;
   FileWatch &operator=(const FileWatch &) = delete;
 
-  /// Becomes readable after a change; negative when nothing can be watched. A watch reports once:
-  /// make a new one to go on.
+  /// Becomes readable after a change and stays so until `clear`; negative when nothing can be
+  /// watched.
   int descriptor() const { return descriptor_; }
+
+  /// Ends the watching of everything, and forgets what has changed. To go on after a change clear
+  /// the watch instead of making a new one: the kernel needs 15 ms to close one.
+  void clear();
 
   /// Adds the file or folder that is at this path now. No effect where there is none.
   void add(const std::string &path);
@@ -26,7 +31,10 @@ class FileWatch {
   void addFoldersAbove(const std::string &path);
 
  private:
+  void add(const std::string &path, unsigned changes);
+
   int descriptor_;
+  std::vector<int> watched_;
 };
 
 }  // namespace platform

@@ -208,14 +208,21 @@ struct RegisteredNamesState {
 
 /// Called before the files are checked, so that no removal in between is missed.
 - (void)startWatching {
-  auto watch = std::make_unique<platform::FileWatch>();
-  if (watch->descriptor() < 0) return;
+  if (_state->watch == nullptr) [self makeWatch];
+  if (_state->watch == nullptr) return;
+  platform::FileWatch &watch = *_state->watch;
+  watch.clear();
   for (const RegisteredName &registered : _state->names) {
     for (const std::string &path : {registered.files.name, registered.files.socket}) {
-      watch->add(path);
-      watch->addFoldersAbove(path);
+      watch.add(path);
+      watch.addFoldersAbove(path);
     }
   }
+}
+
+- (void)makeWatch {
+  auto watch = std::make_unique<platform::FileWatch>();
+  if (watch->descriptor() < 0) return;
   void *const descriptor = reinterpret_cast<void *>(static_cast<intptr_t>(watch->descriptor()));
   for (NSString *mode in modes()) {
     [[NSRunLoop mainRunLoop] addEvent:descriptor type:ET_RDESC watcher:self forMode:mode];
@@ -240,8 +247,7 @@ struct RegisteredNamesState {
   [NSObject cancelPreviousPerformRequestsWithTarget:self selector:_cmd object:nil];
   BOOL areWatched = NO;
   for (int i = 0; i < kTries && !areWatched; ++i) {
-    [self stopWatching];
-    if (_state->names.empty()) return;
+    if (_state->names.empty()) return [self stopWatching];
     [self startWatching];
     areWatched = ![self repairLostNames];
   }
@@ -257,7 +263,7 @@ struct RegisteredNamesState {
   }
 }
 
-/// Answers whether there are new files, which need a new watch.
+/// Answers whether there are new files, which are not watched yet.
 - (BOOL)repairLostNames {
   BOOL hasChanged = NO;
   for (RegisteredName &registered : _state->names) {

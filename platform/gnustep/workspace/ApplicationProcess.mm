@@ -23,7 +23,8 @@ NSString *identifierOfBundle(NSString *path) {
 
 - (id)initWithEntry:(const platform::ApplicationProcessEntry &)entry {
   if ((self = [super init])) {
-    _processIdentifier = entry.pid;
+    // Given back in dealloc.
+    _entry = new platform::ApplicationProcessEntry(entry);
     _bundlePath = [[[NSFileManager defaultManager]
         stringWithFileSystemRepresentation:entry.bundlePath.data()
                                     length:entry.bundlePath.size()] copy];
@@ -32,6 +33,7 @@ NSString *identifierOfBundle(NSString *path) {
 }
 
 - (void)dealloc {
+  delete _entry;
   [_bundlePath release];
   [super dealloc];
 }
@@ -39,17 +41,21 @@ NSString *identifierOfBundle(NSString *path) {
 - (BOOL)isEqual:(id)other {
   if (![other isKindOfClass:[ApplicationProcess class]]) return NO;
   ApplicationProcess *const process = other;
-  return process->_processIdentifier == _processIdentifier &&
+  return process->_entry->pid == _entry->pid &&
          (process->_bundlePath == _bundlePath ||
           [process->_bundlePath isEqualToString:_bundlePath]);
 }
 
 - (NSUInteger)hash {
-  return static_cast<NSUInteger>(_processIdentifier);
+  return static_cast<NSUInteger>(_entry->pid);
 }
 
 - (pid_t)processIdentifier {
-  return _processIdentifier;
+  return _entry->pid;
+}
+
+- (BOOL)isStillRunning {
+  return platform::isStillRunning(*_entry);
 }
 
 - (NSString *)bundleIdentifier {

@@ -7,25 +7,23 @@
 
 namespace {
 
-using Entries = std::vector<platform::ApplicationProcessEntry>;
-
 /// The result of the last reading of the whole process table.
 class LastSeen {
  public:
-  Entries stillRunning() {
+  NSArray *processes() {
     const std::lock_guard<std::mutex> lock(mutex_);
-    std::erase_if(entries_, [](const auto &entry) { return !platform::isStillRunning(entry); });
-    return entries_;
+    return [[processes_ retain] autorelease];
   }
 
-  void set(const Entries &entries) {
+  void set(NSArray *processes) {
     const std::lock_guard<std::mutex> lock(mutex_);
-    entries_ = entries;
+    [processes_ release];
+    processes_ = [processes copy];
   }
 
  private:
   std::mutex mutex_;
-  Entries entries_;
+  NSArray *processes_ = nil;
 };
 
 LastSeen &lastSeen() {
@@ -40,29 +38,43 @@ LastSeen &lastSeen() {
 - (id)init {
   // NOLINTNEXTLINE(clang-analyzer-osx.cocoa.SelfInit): an array's init would call this one again
   _found = [[NSMutableArray alloc] init];
-  [self addEntries:lastSeen().stillRunning()];
+  _lastSeen = [lastSeen().processes() retain];
   return self;
 }
 
 - (void)dealloc {
+  [_lastSeen release];
   [_found release];
   [super dealloc];
 }
 
-- (void)addEntries:(const Entries &)entries {
-  for (const auto &entry : entries) {
-    ApplicationProcess *const application = [[ApplicationProcess alloc] initWithEntry:entry];
-    if (![_found containsObject:application]) [_found addObject:application];
-    [application release];
+/// Of the processes that were seen by an earlier look, those that still run, one by one until there
+/// are so many: who searches usually finds what it found before.
+- (void)addLastSeenUntilCount:(NSUInteger)count {
+  for (; _checked < [_lastSeen count] && [_found count] < count; ++_checked) {
+    ApplicationProcess *const process = [_lastSeen objectAtIndex:_checked];
+    if ([process isStillRunning]) [_found addObject:process];
   }
 }
 
 - (void)readAll {
   if (_isComplete) return;
   _isComplete = YES;
-  const Entries entries = platform::runningApplicationProcesses();
-  lastSeen().set(entries);
-  [self addEntries:entries];
+  [self addLastSeenUntilCount:NSUIntegerMax];
+  NSMutableArray *const all = [NSMutableArray array];
+  for (const auto &entry : platform::runningApplicationProcesses()) {
+    ApplicationProcess *const process = [[ApplicationProcess alloc] initWithEntry:entry];
+    [all addObject:process];
+    if (![_found containsObject:process]) [_found addObject:process];
+    [process release];
+  }
+  lastSeen().set(all);
+}
+
+/// Makes sure that there are so many, if they run at all.
+- (void)findCount:(NSUInteger)count {
+  if ([_found count] < count) [self addLastSeenUntilCount:count];
+  if ([_found count] < count) [self readAll];
 }
 
 - (NSUInteger)count {
@@ -71,7 +83,7 @@ LastSeen &lastSeen() {
 }
 
 - (id)objectAtIndex:(NSUInteger)index {
-  if (index >= [_found count]) [self readAll];
+  [self findCount:index + 1];
   return [_found objectAtIndex:index];
 }
 
@@ -81,7 +93,7 @@ LastSeen &lastSeen() {
   // One at a time: the platform's own way would ask for the count first.
   const NSUInteger index = state->state;
   if (length == 0) return 0;
-  if (index >= [_found count]) [self readAll];
+  [self findCount:index + 1];
   if (index >= [_found count]) return 0;
   buffer[0] = [_found objectAtIndex:index];
   state->state = index + 1;

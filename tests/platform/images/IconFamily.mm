@@ -4,6 +4,8 @@
 
 #import <AppKit/AppKit.h>
 
+#import "platform/gnustep/images/IconPicture.h"
+
 namespace {
 
 /// A picture of the given side as a PNG file.
@@ -49,6 +51,17 @@ std::vector<NSInteger> sides(NSData *file) {
 
 using Sides = std::vector<NSInteger>;
 
+/// The only picture of an icon file that has no other.
+IconPicture *pictureOf(NSData *content) {
+  NSArray *const read = [NSBitmapImageRep imageRepsWithData:family(@[ element("ic08", content) ])];
+  return [read count] == 1 ? [read objectAtIndex:0] : nil;
+}
+
+/// A file that ends in the middle of its picture.
+NSData *damaged(NSData *file) {
+  return [file subdataWithRange:NSMakeRange(0, [file length] / 2)];
+}
+
 }  // namespace
 
 TEST(IconFamily, APictureOfSixtyFourPixelsIsRead) {
@@ -87,4 +100,44 @@ TEST(IconFamily, AnElementLongerThanTheFileIsPassedOver) {
 TEST(IconFamily, AnElementShorterThanItsHeadEndsTheSearch) {
   NSData *const file = family(@[ element("junk", [NSData data], 0), element("icp6", picture(64)) ]);
   EXPECT_EQ(sides(file), Sides{});
+}
+
+TEST(IconFamily, APictureIsNotDecodedToBeRead) {
+  IconPicture *const read = pictureOf(picture(256));
+  EXPECT_TRUE([read isKindOfClass:[IconPicture class]]);
+  EXPECT_EQ([read pixelsWide], 256);
+  EXPECT_EQ([read pixelsHigh], 256);
+  EXPECT_TRUE([read hasAlpha]);
+  EXPECT_EQ([read bitsPerSample], 8);
+  EXPECT_FALSE([read isDecoded]);
+}
+
+TEST(IconFamily, APictureIsDecodedToBeUsedAsABitmap) {
+  IconPicture *const read = pictureOf(picture(256));
+  ASSERT_TRUE([read respondsToSelector:@selector(samplesPerPixel)]);
+  EXPECT_EQ([static_cast<id>(read) samplesPerPixel], 4);
+  EXPECT_TRUE([read isDecoded]);
+}
+
+TEST(IconFamily, ACopyIsAPictureOfItsOwn) {
+  IconPicture *const read = pictureOf(picture(256));
+  IconPicture *const early = [[read copy] autorelease];
+  EXPECT_EQ([static_cast<id>(read) samplesPerPixel], 4);
+  IconPicture *const late = [[read copy] autorelease];
+  EXPECT_FALSE([early isDecoded]);
+  EXPECT_NE([static_cast<id>(late) bitmapData], [static_cast<id>(read) bitmapData]);
+  EXPECT_NE([static_cast<id>(early) bitmapData], [static_cast<id>(read) bitmapData]);
+}
+
+TEST(IconFamily, ADamagedPictureIsNoBitmapAndDrawsNothing) {
+  IconPicture *const read = pictureOf(damaged(picture(256)));
+  ASSERT_NE(read, nil);
+  EXPECT_FALSE([read respondsToSelector:@selector(samplesPerPixel)]);
+  EXPECT_FALSE([read draw]);
+}
+
+TEST(IconFamily, APictureWithoutASizeIsPassedOver) {
+  NSMutableData *const file = [[picture(64) mutableCopy] autorelease];
+  [file resetBytesInRange:NSMakeRange(16, 8)];
+  EXPECT_EQ(sides(family(@[ element("icp6", file), element("ic08", picture(256)) ])), Sides{256});
 }
