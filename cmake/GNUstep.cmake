@@ -64,3 +64,11 @@ check_linker_flag(CXX LINKER:-z,pack-relative-relocs LINKER_PACKS_RELOCATIONS)
 if(LINKER_PACKS_RELOCATIONS)
   add_link_options(LINKER:-z,pack-relative-relocs)
 endif()
+
+# leave_relocations_as_they_are(): for the programs of a folder and of those in it that are linked with
+# another linker, which does not know that option.
+macro(leave_relocations_as_they_are)
+  get_directory_property(link_options LINK_OPTIONS)
+  list(REMOVE_ITEM link_options LINKER:-z,pack-relative-relocs)
+  set_directory_properties(PROPERTIES LINK_OPTIONS "${link_options}")
+endmacro()

@@ -45,7 +45,7 @@ NSString *stringOf(const std::string &text) {
   return [NSString stringWithUTF8String:text.c_str()] ?: @"";
 }
 
-class Poster : public input_contexts::Composer {
+class Poster final : public input_contexts::Composer {
  public:
   void compose(const std::string &text, std::size_t caret) override {
     postComposition(CompositionStep::Mark, stringOf(text), caret);

@@ -82,6 +82,8 @@ void tell(Context &context) {
   context.composer->compose(context.text.utf8(), context.text.caret());
 }
 
+// The types of the parameters are those of Xlib's callbacks.
+// NOLINTBEGIN(readability-non-const-parameter)
 Context &contextFrom(XPointer data) {
   return *reinterpret_cast<Context *>(data);
 }
@@ -117,6 +119,8 @@ void drawPreedit(XIC, XPointer data, XPointer call) {
   if (!wasEmpty) context.owesText = context.text.isEmpty();
   tell(context);
 }
+
+// NOLINTEND(readability-non-const-parameter)
 
 /// Where the caret goes is told with the next text.
 void moveCaret(XIC, XPointer, XPointer) {}
@@ -201,9 +205,8 @@ void filterMessages(Display *display) {
   while (XCheckIfEvent(display, &event, isMessage, nullptr)) {
     if (!XFilterEvent(&event, None)) others.push_back(event);
   }
-  for (auto other = others.rbegin(); other != others.rend(); ++other) {
-    XPutBackEvent(display, &*other);
-  }
+  std::ranges::reverse(others);
+  for (XEvent &other : others) XPutBackEvent(display, &other);
 }
 
 LookedUp lookUpWithoutMethod(XKeyEvent &event) {
@@ -260,6 +263,7 @@ void keyWillArrive(XKeyEvent key) {
 
 std::string textBehind(const XKeyEvent &key) {
   Window window = key.window;
+  // NOLINTNEXTLINE(readability-non-const-parameter): the type is Xlib's
   const auto isText = [](Display *, XEvent *event, XPointer data) -> Bool {
     return event->type == KeyPress && event->xkey.keycode == 0 &&
            event->xkey.window == *reinterpret_cast<Window *>(data);

@@ -45,7 +45,7 @@ std::u32string codePointsOf(std::string_view utf8) {
   std::u32string result;
   for (std::size_t i = 0; i < utf8.size();) {
     UChar32 codePoint = 0;
-    U8_NEXT(utf8.data(), i, utf8.size(), codePoint);
+    U8_NEXT(utf8, i, utf8.size(), codePoint);
     result.push_back(static_cast<char32_t>(codePoint < 0 ? kReplacement : codePoint));
   }
   return result;

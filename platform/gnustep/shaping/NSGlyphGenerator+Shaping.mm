@@ -1,11 +1,15 @@
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSLayoutManager.h>
 
+#include <memory>
+#include <mutex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
 #import "platform/gnustep/shaping/BackendFont.h"
+#import "platform/gnustep/shaping/GlyphGeneration.h"
 #import "platform/gnustep/shaping/OriginalFont.h"
 #import "platform/gnustep/shaping/Paragraph.h"
 #import "platform/gnustep/shaping/TextShaper.h"
@@ -62,11 +66,54 @@ std::vector<text_shaper::FontRun> fontRuns(NSAttributedString *text, NSRange par
   return runs;
 }
 
+/// A paragraph that was looked at; without glyphs when the platform's own are right for it.
+struct KnownParagraph {
+  const void *storage = nullptr;
+  NSRange range = {0, 0};
+  std::shared_ptr<const std::u16string> units;
+  std::shared_ptr<const text_shaper::Glyphs> glyphs;
+};
+
+/// The last one: the platform asks for the glyphs of a paragraph part by part.
+KnownParagraph &lastParagraph() {
+  static auto *const last = new KnownParagraph;
+  return *last;
+}
+
+std::mutex &lastParagraphLock() {
+  static auto *const lock = new std::mutex;
+  return *lock;
+}
+
+KnownParagraph paragraphOf(id<NSGlyphStorage> storage, NSUInteger index) {
+  {
+    const std::lock_guard guard(lastParagraphLock());
+    const KnownParagraph &last = lastParagraph();
+    if (last.storage == storage && NSLocationInRange(index, last.range)) return last;
+  }
+  NSAttributedString *const text = [storage attributedString];
+  KnownParagraph paragraph;
+  paragraph.storage = storage;
+  paragraph.range = [[text string] paragraphRangeForRange:NSMakeRange(index, 0)];
+  auto units = std::make_shared<const std::u16string>(unitsOf([text string], paragraph.range));
+  if (user_characters::needShaping(*units) && backendDrawsShapedGlyphs()) {
+    paragraph.glyphs = text_shaper::shape(*units, fontRuns(text, paragraph.range));
+    paragraph.units = std::move(units);
+  }
+  const std::lock_guard guard(lastParagraphLock());
+  return lastParagraph() = paragraph;
+}
+
 NSGlyph platformGlyph(char16_t unit) {
   return unit == NSAttachmentCharacter ? GSAttachmentGlyph : NSControlGlyph;
 }
 
 }  // namespace
+
+void forgetLastParagraph() {
+  const std::lock_guard guard(lastParagraphLock());
+  lastParagraph() = KnownParagraph();
+}
 
 @interface GSLayoutManager (GlyphStorage)
 - (void)insertGlyphs:(const NSGlyph *)glyphs
@@ -90,31 +137,25 @@ NSGlyph platformGlyph(char16_t unit) {
              numberOfCharacters:(NSUInteger)count
                      glyphIndex:(NSUInteger *)glyph
                  characterIndex:(NSUInteger *)index {
-  NSAttributedString *const text = [storage attributedString];
   const NSUInteger end = *index + count;
   while (*index < end) {
-    const NSRange paragraph = [[text string] paragraphRangeForRange:NSMakeRange(*index, 0)];
-    const NSUInteger part = MIN(end, NSMaxRange(paragraph)) - *index;
-    const std::u16string units = unitsOf([text string], paragraph);
-    if (user_characters::needShaping(units) && backendDrawsShapedGlyphs()) {
-      const auto glyphs = text_shaper::shape(units, fontRuns(text, paragraph));
-      if (glyphs != nullptr) {
-        const NSUInteger first = *index - paragraph.location;
-        [self insertGlyphs:*glyphs
-                   ofUnits:units
-                     range:NSMakeRange(first, part)
-                 inStorage:static_cast<GSLayoutManager *>(storage)
-                glyphIndex:*glyph
-            characterIndex:*index];
-        *index += part;
-        *glyph += part;
-        continue;
-      }
+    const KnownParagraph paragraph = paragraphOf(storage, *index);
+    const NSUInteger part = MIN(end, NSMaxRange(paragraph.range)) - *index;
+    if (paragraph.glyphs == nullptr) {
+      platformGenerate(self,
+                       @selector(generateGlyphsForGlyphStorage:
+                                     desiredNumberOfCharacters:glyphIndex:characterIndex:),
+                       storage, part, glyph, index);
+      continue;
     }
-    platformGenerate(self,
-                     @selector(generateGlyphsForGlyphStorage:
-                                   desiredNumberOfCharacters:glyphIndex:characterIndex:),
-                     storage, part, glyph, index);
+    [self insertGlyphs:*paragraph.glyphs
+               ofUnits:*paragraph.units
+                 range:NSMakeRange(*index - paragraph.range.location, part)
+             inStorage:static_cast<GSLayoutManager *>(storage)
+            glyphIndex:*glyph
+        characterIndex:*index];
+    *index += part;
+    *glyph += part;
   }
 }
 

@@ -7,6 +7,7 @@
 #include <vector>
 
 #import "platform/gnustep/runtime/MethodReplacement.h"
+#import "platform/gnustep/shaping/GlyphGeneration.h"
 #import "platform/gnustep/shaping/LineCells.h"
 #import "platform/gnustep/shaping/Paragraph.h"
 #import "platform/gnustep/shaping/ShapedGlyphs.h"
@@ -28,6 +29,7 @@ constinit platform::ReplacedMethod<unsigned(GSInsertionPointMovementDirection, u
                                             float)>
     platformMove;
 constinit platform::ReplacedMethod<void(NSRange, int, NSRange *)> platformInvalidate;
+constinit platform::ReplacedMethod<void(NSTextStorage *)> platformSetTextStorage;
 
 constexpr CGFloat kNoDifference = 0.01;
 
@@ -96,6 +98,7 @@ void appendRects(const LineCells &line, NSRange range, std::vector<NSRect> &rect
   platformInvalidate.install(
       self, @selector(invalidateGlyphsForCharacterRange:changeInLength:actualCharacterRange:),
       @selector(invalidateShapedGlyphsForCharacterRange:changeInLength:actualCharacterRange:));
+  platformSetTextStorage.install(self, @selector(setTextStorage:), @selector(setOtherTextStorage:));
 }
 
 #pragma mark - Changes
@@ -105,6 +108,7 @@ void appendRects(const LineCells &line, NSRange range, std::vector<NSRect> &rect
 - (void)invalidateShapedGlyphsForCharacterRange:(NSRange)range
                                  changeInLength:(int)lengthChange
                            actualCharacterRange:(NSRange *)actualRange {
+  forgetLastParagraph();
   if (shaped_glyphs::any()) {
     NSString *const text = [_textStorage string];
     const NSUInteger end = MIN(NSMaxRange(range) + 1, [text length]);
@@ -112,6 +116,11 @@ void appendRects(const LineCells &line, NSRange range, std::vector<NSRect> &rect
     range = NSUnionRange(range, [text paragraphRangeForRange:NSMakeRange(first, end - first)]);
   }
   platformInvalidate(self, _cmd, range, lengthChange, actualRange);
+}
+
+- (void)setOtherTextStorage:(NSTextStorage *)storage {
+  forgetLastParagraph();
+  platformSetTextStorage(self, _cmd, storage);
 }
 
 #pragma mark - Selection
