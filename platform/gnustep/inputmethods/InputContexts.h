@@ -20,8 +20,7 @@ class Composer {
   /// What is being composed is final as it is.
   virtual void end() = 0;
 
- protected:
-  ~Composer() = default;
+  virtual ~Composer() = default;
 };
 
 /// An input context for a window; nullptr where the input method cannot leave the drawing of the
