@@ -82,8 +82,7 @@ void tell(Context &context) {
   context.composer->compose(context.text.utf8(), context.text.caret());
 }
 
-// The types of the parameters are those of Xlib's callbacks.
-// NOLINTBEGIN(readability-non-const-parameter)
+// NOLINTBEGIN(readability-non-const-parameter): the types are those of Xlib's callbacks
 Context &contextFrom(XPointer data) {
   return *reinterpret_cast<Context *>(data);
 }

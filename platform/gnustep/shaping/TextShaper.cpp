@@ -121,13 +121,28 @@ struct Segment {
   std::size_t end;
 };
 
+/// Pango takes hundreds of bytes for a letter.
+constexpr std::size_t kLongestSegment = 4096;
+
+/// Where a part that begins at `first` ends: at `end`, or behind a space if that is too far.
+std::size_t endOfPart(std::u16string_view paragraph, std::size_t first, std::size_t end) {
+  if (end - first <= kLongestSegment) return end;
+  const std::size_t space = paragraph.rfind(u' ', first + kLongestSegment - 1);
+  if (space != std::u16string_view::npos && space > first) return space + 1;
+  return user_characters::endAfter(paragraph, first + kLongestSegment - 1);
+}
+
 std::vector<Segment> segmentsOf(std::u16string_view paragraph) {
   std::vector<Segment> result;
   for (std::size_t i = 0; i < paragraph.size(); ++i) {
     if (isLeftToThePlatform(paragraph[i])) continue;
-    const std::size_t first = i;
+    std::size_t first = i;
     while (i < paragraph.size() && !isLeftToThePlatform(paragraph[i])) ++i;
-    result.push_back({first, i});
+    while (first < i) {
+      const std::size_t end = std::min(i, endOfPart(paragraph, first, i));
+      result.push_back({first, end});
+      first = end;
+    }
   }
   return result;
 }

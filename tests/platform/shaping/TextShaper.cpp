@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -114,6 +115,12 @@ TEST(TextShaper, AHugeParagraphIsShapedWhole) {
   const text_shaper::Glyphs glyphs = shaped(text);
   ASSERT_EQ(glyphs.size(), text.size());
   EXPECT_EQ(glyphs[text.size() - 3], glyphs[0]);
+}
+
+TEST(TextShaper, AHugeWordIsShapedWhole) {
+  const std::u16string word(20000, u'\u0628');
+  const text_shaper::Glyphs glyphs = shaped(word);
+  EXPECT_EQ(std::count(glyphs.begin(), glyphs.end(), 0U), 0);
 }
 
 TEST(TextShaper, GlyphsOfThePlatformHaveNoLevelAndNoWidth) {
