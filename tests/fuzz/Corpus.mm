@@ -90,10 +90,12 @@ TEST_P(FuzzCorpus, LeavesNothingBehind) {
   }
 INSTANTIATE_TEST_SUITE_P(Of, FuzzCorpus,
                          testing::Values(FUZZ_TARGET_NAMED(Brackets), FUZZ_TARGET_NAMED(Completion),
+                                         FUZZ_TARGET_NAMED(DesktopSettings),
                                          FUZZ_TARGET_NAMED(Entries), FUZZ_TARGET_NAMED(MailText),
                                          FUZZ_TARGET_NAMED(SplitString),
                                          FUZZ_TARGET_NAMED(Recipients), FUZZ_TARGET_NAMED(Records),
-                                         FUZZ_TARGET_NAMED(Replies), FUZZ_TARGET_NAMED(TextFormats),
+                                         FUZZ_TARGET_NAMED(Replies), FUZZ_TARGET_NAMED(Scripts),
+                                         FUZZ_TARGET_NAMED(TextFormats),
                                          FUZZ_TARGET_NAMED(WindowTitles)),
                          [](const auto &info) { return info.param.name; });
 

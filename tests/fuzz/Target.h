@@ -22,6 +22,7 @@ void Completion(std::string_view input);       // the index against the predicat
 void DesktopSettings(std::string_view input);  // settings of GTK
 void Entries(std::string_view input);          // entries of the address book
 void MailText(std::string_view input);         // cutting and escaping
+void Scripts(std::string_view input);          // texts in every script
 void SplitString(std::string_view input);      // the text of a bulk transfer
 void Recipients(std::string_view input);       // recipients as entered
 void Records(std::string_view input);          // bulk transfer of contacts and of access lists
