@@ -83,6 +83,9 @@ void closeMenuOf(NSPopUpButton *popUp) {
 }
 
 - (void)attachObservedPopUpWithFrame:(NSRect)frame inView:(NSView *)view {
+  // The sender of the action, which the cell otherwise learns when it is drawn: keys may open the
+  // menu of a row that has just been scrolled to before that.
+  [self setControlView:view];
   platformAttachPopUp(self, _cmd, frame, view);
   // The first item of a pull-down menu is the title of the button and not shown.
   keysOfOpenMenu.emplace([self menu], [self pullsDown] ? 1 : 0);

@@ -8,13 +8,14 @@
   NSPopUpButton *watched;
   BOOL sawOpenMenu;
   NSInteger sawSelected;
+  id sawSender;
 }
 - (void)chosen:(id)sender;
 @end
 
 @implementation ChoiceCounter
 - (void)chosen:(id)sender {
-  (void)sender;
+  sawSender = sender;
   ++count;
   sawOpenMenu = [[[[watched menu] menuRepresentation] window] isVisible];
   sawSelected = [watched indexOfSelectedItem];
@@ -256,6 +257,15 @@ TEST_F(PopUpClicks, AMenuOpenedByKeyboardHasTheSameKeys) {
     EXPECT_EQ([button indexOfSelectedItem], chosen);
     EXPECT_EQ(choices->count, ++count);
   }
+}
+
+TEST_F(PopUpClicks, AButtonThatHasNotBeenDrawnYetIsTheSenderOfItsAction) {
+  NSPopUpButton *const fresh = popUp(@[ @"View", @"Edit" ]);
+  [fresh setTarget:choices];
+  [fresh setAction:@selector(chosen:)];
+  [[fresh cell] attachPopUpWithFrame:[fresh bounds] inView:fresh];
+  [[fresh menu] performActionForItemAtIndex:1];
+  EXPECT_EQ(choices->sawSender, fresh);
 }
 
 TEST_F(PopUpClicks, TabDoesNothingInAMenuThatWasOpenedByKeyboard) {
