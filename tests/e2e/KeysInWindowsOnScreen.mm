@@ -11,21 +11,6 @@ NSString *const kSendFile = @"sendFile:::::::::";
 NSString *const kGrant = @"grantAccess:::::::::";
 constexpr NSUInteger kMessageArgument = 6;
 
-/// As many entries of an access list, of people with read access.
-NSArray *readers(int count) {
-  NSMutableArray *const all = [NSMutableArray array];
-  for (int i = 0; i < count; ++i) {
-    [all addObject:@{
-      @"type" : @"user",
-      @"candownload" : @true,
-      @"userfname" : @"Reader",
-      @"userlname" : @"Last",
-      @"useremail" : [NSString stringWithFormat:@"reader%d@example.org", i]
-    }];
-  }
-  return all;
-}
-
 struct KeysInWindows : WindowTest, ShareTab {
   bool openSend(int tab) {
     if (!open(SendCall{.tab = tab})) return false;

@@ -14,21 +14,6 @@ const std::string kTitle = "Share Folder";
 /// Colleagues in the scripted agent's address book.
 const std::string kThree = "user0@example.org,user1@example.org,user2@example.org,";
 
-/// As many entries of an access list, of people with read access.
-NSArray *readers(int count) {
-  NSMutableArray *const all = [NSMutableArray array];
-  for (int i = 0; i < count; ++i) {
-    [all addObject:@{
-      @"type" : @"user",
-      @"candownload" : @true,
-      @"userfname" : [NSString stringWithFormat:@"Reader%d", i],
-      @"userlname" : @"Last",
-      @"useremail" : [NSString stringWithFormat:@"reader%d@example.org", i]
-    }];
-  }
-  return all;
-}
-
 NSDictionary *answered(id value) {
   return @{@"reply" : success(value)};
 }

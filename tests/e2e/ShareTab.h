@@ -25,6 +25,9 @@ constexpr int kReadOnly = 1;
 /// The frame of the pop-up in a row of the people's list, which is not scrolled.
 ScreenArea accessInRow(int row);
 
+/// As many entries of an access list, of people with read access: Reader0 Last and so on.
+NSArray *readers(int count);
+
 /// The share window, used with real keys and clicks.
 struct ShareTab : ScreenTab {
   /// Switches to the other tab by a click on its label.

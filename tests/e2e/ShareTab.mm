@@ -44,6 +44,20 @@ bool successIsOnScreen() {
 
 }  // namespace
 
+NSArray *readers(int count) {
+  NSMutableArray *const all = [NSMutableArray array];
+  for (int i = 0; i < count; ++i) {
+    [all addObject:@{
+      @"type" : @"user",
+      @"candownload" : @true,
+      @"userfname" : [NSString stringWithFormat:@"Reader%d", i],
+      @"userlname" : @"Last",
+      @"useremail" : [NSString stringWithFormat:@"reader%d@example.org", i]
+    }];
+  }
+  return all;
+}
+
 ScreenArea accessInRow(int row) {
   return inRow(row, kAccess);
 }

@@ -24,20 +24,6 @@
 
 namespace {
 
-void postKey(NSWindow *window, NSString *characters) {
-  [NSApp postEvent:[NSEvent keyEventWithType:NSKeyDown
-                                          location:NSZeroPoint
-                                     modifierFlags:0
-                                         timestamp:0
-                                      windowNumber:[window windowNumber]
-                                           context:nil
-                                        characters:characters
-                       charactersIgnoringModifiers:characters
-                                         isARepeat:NO
-                                           keyCode:0]
-           atStart:NO];
-}
-
 /// A window whose first responder is a text view with "Dear all" and the caret behind it.
 struct MarkedText : testing::Test {
   NSWindow *window = [[NSWindow alloc] initWithContentRect:NSMakeRect(200, 200, 300, 200)
@@ -175,7 +161,7 @@ TEST_F(MarkedText, FinalTextComesBeforeWhatIsStillComposed) {
 TEST_F(MarkedText, StepsAndKeysKeepTheirOrder) {
   postComposition(CompositionStep::Mark, @"ab", 2);
   postComposition(CompositionStep::End, @"", 0);
-  postKey(window, @"x");
+  postKeys(window, @"x");
   postComposition(CompositionStep::Insert, @"c", 0);
   handlePostedEvents();
   EXPECT_TRUE(has(@"Dear allabxc"));
@@ -183,7 +169,7 @@ TEST_F(MarkedText, StepsAndKeysKeepTheirOrder) {
 
 TEST_F(MarkedText, AnEventWhoseTextWasHandledLeavesTheSelectedTextAlone) {
   [text selectAll:nil];
-  postKey(window, charactersOfHandledKey());
+  postKeys(window, charactersOfHandledKey());
   handlePostedEvents();
   EXPECT_TRUE(has(@"Dear all"));
 }

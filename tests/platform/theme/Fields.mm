@@ -2,18 +2,7 @@
 
 namespace {
 
-struct Fields : Themed {
-  NSTextView *textView() {
-    NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
-    [scroll setBorderType:NSBezelBorder];
-    [scroll setHasVerticalScroller:YES];
-    NSTextView *const text =
-        [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 180, 90)] autorelease];
-    [scroll setDocumentView:text];
-    show(scroll);
-    return text;
-  }
-};
+struct Fields : Themed {};
 
 }  // namespace
 

@@ -22,17 +22,6 @@ struct DarkLook : Themed {
   static bool isDark(const Picture &picture) {
     return picture.count(isLightGround) < picture.width() * picture.height() / 10;
   }
-
-  NSTextView *textView() {
-    NSScrollView *const scroll = [[NSScrollView alloc] initWithFrame:NSMakeRect(20, 20, 200, 100)];
-    [scroll setBorderType:NSBezelBorder];
-    [scroll setHasVerticalScroller:YES];
-    NSTextView *const text =
-        [[[NSTextView alloc] initWithFrame:NSMakeRect(0, 0, 180, 90)] autorelease];
-    [scroll setDocumentView:text];
-    show(scroll);
-    return text;
-  }
 };
 
 /// The colour in the middle of a window as the window server shows it before it is drawn.

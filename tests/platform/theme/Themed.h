@@ -28,6 +28,8 @@ struct Themed : testing::Test {
   NSTextField *label(NSString *text);
   NSPopUpButton *popUp(NSArray *titles);
   NSTabView *tabs(NSArray *labels);
+  /// In a scroll view with a border.
+  NSTextView *textView();
 
   bool focus(NSView *view) { return [window makeFirstResponder:view]; }
 
