@@ -22,11 +22,20 @@ class InputMethods(DesktopTest):
             "XDG_CACHE_HOME": str(self.home / "cache"),
             "XDG_CONFIG_HOME": str(self.home / "config"),
         })
+        self.start_input_methods()
+        self.start_application()
+
+    def start_input_methods(self):
         self.daemon, _ = self.start("ibus-daemon", "--xim", "--panel", "disable", "--cache", "none",
                                     "--config", "/usr/libexec/ibus-memconf")
         wait_until("the input methods are there", lambda: output("ibus", "list-engine"))
         wait_until("programs can reach them", lambda: output("pgrep", "-f", "ibus-x11"))
-        self.start_application()
+
+    def end_input_methods(self):
+        """As a crash does: without a word to anybody."""
+        self.daemon.kill()
+        self.daemon.wait()
+        subprocess.run(["pkill", "-9", "ibus"], check=False)
 
     def open(self, *arguments):
         """Opens a window by the plug-in's client; it has the keyboard."""
@@ -35,6 +44,11 @@ class InputMethods(DesktopTest):
         wait_until("the window has the keyboard",
                    lambda: output("xdotool", "getwindowfocus") == window)
         return window
+
+    @staticmethod
+    def wait_until_closed(window):
+        wait_until("the window closes",
+                   lambda: window not in windows("--classname", "ContextMenuApp"))
 
     def choose(self, engine):
         def is_in_use():
@@ -131,14 +145,23 @@ class InputMethods(DesktopTest):
         self.type("namaste ")
         self.assert_field_has("नमस्ते")
         self.press("Right")
-        self.daemon.kill()
-        self.daemon.wait()
-        subprocess.run(["pkill", "-9", "ibus"], check=False)
+        self.end_input_methods()
         self.type("abc")
         self.assert_field_has("नमस्ते abc")
         self.press("Escape")
-        wait_until("the window closes", lambda: window not in windows("--classname",
-                                                                      "ContextMenuApp"))
+        self.wait_until_closed(window)
+
+    def test_an_input_method_that_begins_later_is_used_by_the_next_window(self):
+        window = self.open("send", self.file("a.txt"))
+        self.end_input_methods()
+        self.press("Escape")
+        self.wait_until_closed(window)
+        self.start_input_methods()
+        self.open("send", self.file("b.txt"))
+        self.choose(HINDI)
+        self.press("Tab", "ctrl+a")
+        self.type("namaste")
+        self.assert_field_has("नमस्ते")
 
 
 if __name__ == "__main__":

@@ -47,7 +47,6 @@ std::optional<PangoLibrary> load() {
   finder.find("pango_font_description_set_style", functions.font_description_set_style);
   finder.find("pango_font_description_set_weight", functions.font_description_set_weight);
   finder.find("pango_font_map_create_context", functions.font_map_create_context);
-  finder.find("pango_glyph_string_free", functions.glyph_string_free);
   finder.find("pango_glyph_string_new", functions.glyph_string_new);
   finder.find("pango_glyph_string_set_size", functions.glyph_string_set_size);
   finder.find("pango_language_from_string", functions.language_from_string);

@@ -27,7 +27,6 @@ struct PangoLibrary {
   decltype(&::pango_font_description_set_style) font_description_set_style;
   decltype(&::pango_font_description_set_weight) font_description_set_weight;
   decltype(&::pango_font_map_create_context) font_map_create_context;
-  decltype(&::pango_glyph_string_free) glyph_string_free;
   decltype(&::pango_glyph_string_new) glyph_string_new;
   decltype(&::pango_glyph_string_set_size) glyph_string_set_size;
   decltype(&::pango_language_from_string) language_from_string;

@@ -36,7 +36,7 @@ Utf8 utf8Of(std::u16string_view text) {
     const std::size_t unit = i;
     UChar32 codePoint = 0;
     U16_NEXT(text, i, text.size(), codePoint);
-    if (U_IS_SURROGATE(codePoint) || codePoint == 0) codePoint = kReplacement;
+    if (U_IS_SURROGATE(codePoint)) codePoint = kReplacement;
     std::uint8_t bytes[U8_MAX_LENGTH];
     std::size_t count = 0;
     U8_APPEND_UNSAFE(bytes, count, codePoint);

@@ -3,7 +3,16 @@
 #import "platform/gnustep/tokenfield/CompletionList.h"
 #import "platform/gnustep/tokenfield/CompletionListView.h"
 
-using Completing = TokenField;
+struct Completing : TokenField {
+  /// Gives the field that many people to choose from; the delegate owns the answered book.
+  CountingArray *setBookOf(NSUInteger length) {
+    CountingArray *const many = [[CountingArray alloc] init];
+    many->length = length;
+    [delegate->book release];
+    delegate->book = many;
+    return many;
+  }
+};
 
 TEST_F(Completing, TheListOpensWithoutChangingWhatIsTyped) {
   focus();
@@ -222,10 +231,7 @@ TEST_F(Completing, TheDelayIsWaitedFor) {
 }
 
 TEST_F(Completing, AHundredThousandEntriesAreReadOnlyWhereTheyAreSeen) {
-  CountingArray *const many = [[CountingArray alloc] init];
-  many->length = 100000;
-  [delegate->book release];
-  delegate->book = many;
+  CountingArray *const many = setBookOf(100000);
   focus();
   type(@"p");
   ASSERT_TRUE(listOpens());
@@ -237,10 +243,7 @@ TEST_F(Completing, AHundredThousandEntriesAreReadOnlyWhereTheyAreSeen) {
 }
 
 TEST_F(Completing, PageKeysMoveByPagesAndScroll) {
-  CountingArray *const many = [[CountingArray alloc] init];
-  many->length = 1000;
-  [delegate->book release];
-  delegate->book = many;
+  setBookOf(1000);
   focus();
   type(@"p");
   ASSERT_TRUE(listOpens());
@@ -254,10 +257,7 @@ TEST_F(Completing, PageKeysMoveByPagesAndScroll) {
 }
 
 TEST_F(Completing, HomeAndEndGoToTheEndsOfTheListAndScroll) {
-  CountingArray *const many = [[CountingArray alloc] init];
-  many->length = 1000;
-  [delegate->book release];
-  delegate->book = many;
+  setBookOf(1000);
   focus();
   type(@"p");
   ASSERT_TRUE(listOpens());
