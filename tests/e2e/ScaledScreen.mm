@@ -55,6 +55,7 @@ TEST_F(ScaledScreen, AnAlertHangsUnderTheMiddleOfTheTitleBar) {
   const ScreenWindow window = openSend();
   typeText("nobody");
   pressKeys({"Return", "Return"});
+  EXPECT_TRUE(waitForSheet(window));
   const ScreenArea alert = other(window).area;
   EXPECT_NEAR(alert.x + alert.width / 2, window.area.x + window.area.width / 2, 1);
   EXPECT_EQ(alert.y, window.area.y);

@@ -22,6 +22,10 @@ bool waitForWindows(std::size_t count);
 /// minute. A key that is pressed earlier is lost.
 bool waitForKeyboard();
 
+/// Waits until a window has the focus that is the only other one than this: its sheet or alert. A
+/// list of completions or a menu never gets it. False when there is none within a minute.
+bool waitForSheet(const ScreenWindow &window);
+
 /// Clicks into the application's only window and waits until it has the keyboard: an alert that
 /// comes while the application is in the background does not get it by itself.
 bool clickIntoAlert();

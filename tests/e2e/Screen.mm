@@ -30,6 +30,13 @@ bool hasOneColour(const std::string &pixels) {
                      pixels.size() - kBytesOfAPixel) == 0;
 }
 
+/// Whether one of the windows has the focus.
+bool hasFocus(const std::vector<ScreenWindow> &windows) {
+  const std::string focus = focusedWindow();
+  return std::any_of(windows.begin(), windows.end(),
+                     [&](const ScreenWindow &window) { return window.number == focus; });
+}
+
 }  // namespace
 
 std::vector<ScreenWindow> windowsOnScreen() {
@@ -41,11 +48,16 @@ bool waitForWindows(std::size_t count) {
 }
 
 bool waitForKeyboard() {
-  return waitFor([] {
-    const std::string focus = focusedWindow();
-    const auto windows = windowsOnScreen();
-    return std::any_of(windows.begin(), windows.end(),
-                       [&](const ScreenWindow &window) { return window.number == focus; });
+  return waitFor([] { return hasFocus(windowsOnScreen()); });
+}
+
+bool waitForSheet(const ScreenWindow &window) {
+  return waitFor([&] {
+    auto windows = windowsOnScreen();
+    if (windows.size() != 2) return false;
+    std::erase_if(windows,
+                  [&](const ScreenWindow &shown) { return shown.number == window.number; });
+    return windows.size() == 1 && hasFocus(windows);
   });
 }
 

@@ -78,12 +78,12 @@ bool ScreenTab::seesOpenMenu(const ScreenArea &item) const {
 bool ScreenTab::pressReturnAndSeeSheet() const {
   if (!waitForKeyboard()) return false;
   pressKeys({"Return"});
-  return waitForWindows(2);
+  return waitForSheet(window);
 }
 
 bool ScreenTab::clickAndSeeSheet(const ScreenArea &button) const {
   click(button);
-  return waitForWindows(2);
+  return waitForSheet(window);
 }
 
 bool ScreenTab::dismissAlert() const {

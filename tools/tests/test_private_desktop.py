@@ -186,6 +186,14 @@ class WithDisplay(unittest.TestCase):
             self.assertIn(needed, extensions)
         self.assertNotIn("GLX", extensions)
 
+    def test_a_key_that_is_released_late_is_not_repeated(self):
+        script = """xev > log & trap "kill $!" EXIT
+                    until xdotool search --name "Event Tester" windowfocus --sync; do sleep 0.01; done
+                    xdotool keydown a sleep 1 keyup a
+                    until grep -A 2 KeyRelease log | grep -q '(keysym 0x61'; do sleep 0.01; done
+                    grep -A 2 KeyPress log | grep -c '(keysym 0x61'"""
+        self.assertEqual(shell(f"cd $HOME; {script}").stdout.strip(), "1")
+
     def test_the_screen_is_managed_only_when_asked_for(self):
         script = "xprop -root _NET_SUPPORTING_WM_CHECK"
         self.assertNotIn("window id #", shell(script).stdout)
