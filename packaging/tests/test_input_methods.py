@@ -4,6 +4,7 @@
 import os
 import re
 import subprocess
+import time
 import unittest
 
 from desktop import BUILD, DesktopTest, click, output, wait_until, windows
@@ -74,8 +75,9 @@ class InputMethods(DesktopTest):
             released = [part for name in modifiers for part in ("keyup", name)]
             subprocess.run(["xdotool", *held, "key", last, *wait, *released], check=True)
 
-    def type(self, keys):
-        subprocess.run(["xdotool", "type", "--delay", "100", keys], check=True)
+    def type(self, keys, milliseconds=100):
+        """milliseconds: from one key to the next."""
+        subprocess.run(["xdotool", "type", "--delay", str(milliseconds), keys], check=True)
 
     @staticmethod
     def clipboard():
@@ -88,8 +90,19 @@ class InputMethods(DesktopTest):
                        check=True)
         wait_until("something else is on the clipboard", lambda: self.clipboard() == other)
         self.press("ctrl+a", "ctrl+c")
-        wait_until("the text is copied", lambda: self.clipboard() not in ("", other), 10)
+        wait_until("the text is copied", lambda: self.clipboard() not in ("", other))
         self.assertEqual(self.clipboard(), text)
+
+    @staticmethod
+    def wait_until_nothing_new_is_drawn():
+        """For two seconds. The caret blinks, which is nothing new."""
+        seen, since = set(), time.monotonic()
+        while time.monotonic() < since + 2:
+            picture = subprocess.run(["import", "-silent", "-window", "root", "rgb:-"],
+                                     stdout=subprocess.PIPE, check=True).stdout
+            if picture not in seen:
+                seen.add(picture)
+                since = time.monotonic()
 
     def test_what_is_composed_stays_in_each_field_of_the_send_window(self):
         self.open("send", self.file("a.txt"))
@@ -125,6 +138,17 @@ class InputMethods(DesktopTest):
         self.assert_field_has("한글")
         self.press("shift+Tab")
         self.assert_field_has("안녕 가나다")
+
+    def test_text_that_an_input_method_sends_late_and_together_keeps_its_order(self):
+        self.open("send", self.file("a.txt"))
+        for engine, keys, text in ((HINDI, "namaste", "नमस्ते"), (KOREAN, "gksrmf", "한글")):
+            self.choose(engine)
+            self.press("Tab", "ctrl+a")
+            subprocess.run(["pkill", "-STOP", "ibus-x11"], check=True)
+            self.type(keys * 5, 20)
+            subprocess.run(["pkill", "-CONT", "ibus-x11"], check=True)
+            self.wait_until_nothing_new_is_drawn()
+            self.assert_field_has(text * 5)
 
     def test_a_click_elsewhere_leaves_the_text_where_it_was_composed(self):
         window = self.open("send", self.file("a.txt"))

@@ -47,6 +47,10 @@ class AgentProcess {
   /// The arguments of the last call.
   NSArray *lastArguments() const;
 
+  /// The arguments of the last call of an operation; nil if there was none. For a test in which a
+  /// background thread may call another one meanwhile.
+  NSArray *lastArguments(NSString *operation) const;
+
   /// The names of the operations called so far.
   NSArray *operations() const;
 

@@ -97,6 +97,14 @@ NSArray *AgentProcess::lastArguments() const {
   return [[calls() lastObject] objectForKey:@"arguments"];
 }
 
+NSArray *AgentProcess::lastArguments(NSString *operation) const {
+  for (NSDictionary *call in [calls() reverseObjectEnumerator]) {
+    if (![[call objectForKey:@"operation"] isEqual:operation]) continue;
+    return [call objectForKey:@"arguments"];
+  }
+  return nil;
+}
+
 NSArray *AgentProcess::operations() const {
   return [calls() valueForKey:@"operation"];
 }

@@ -60,7 +60,7 @@ TEST_F(InviteTabOutcomes, TheFirstOutsiderAloneIsNamedAndTheOthersAreNotLookedUp
                          "then try again."));
   EXPECT_EQ(alertButtons(), Titles{"OK"});
   EXPECT_EQ(calls(kUserInfo), 1u);
-  EXPECT_TRUE(([lastArguments() isEqual:@[ @"s@x.de", @0 ]])) << text(lastArguments());
+  EXPECT_TRUE(([agent.lastArguments(kUserInfo) isEqual:@[ @"s@x.de", @0 ]]));
   EXPECT_TRUE([spinner() isHidden]);
   EXPECT_EQ(counter->posts, 0);
 }

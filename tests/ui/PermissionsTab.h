@@ -107,5 +107,5 @@ struct PermissionsTab : PermissionsWindow {
   /// How often the operation has been called.
   NSUInteger calls(NSString *operation) const;
   /// The arguments of the last call of the operation.
-  NSArray *argumentsOfLast(NSString *operation) const;
+  NSArray *argumentsOfLast(NSString *operation) const { return agent.lastArguments(operation); }
 };

@@ -219,13 +219,3 @@ NSUInteger PermissionsTab::calls(NSString *operation) const {
   }
   return count;
 }
-
-NSArray *PermissionsTab::argumentsOfLast(NSString *operation) const {
-  NSArray *arguments = nil;
-  for (NSDictionary *call in agent.calls()) {
-    if ([[call objectForKey:@"operation"] isEqual:operation]) {
-      arguments = [call objectForKey:@"arguments"];
-    }
-  }
-  return arguments;
-}

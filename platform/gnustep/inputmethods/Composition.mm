@@ -4,9 +4,12 @@
 
 #include <X11/Xutil.h>
 
+#include <chrono>
 #include <string>
+#include <vector>
 
 #import "platform/gnustep/inputmethods/CompositionEvents.h"
+#include "platform/gnustep/inputmethods/InputAnswers.h"
 #include "platform/gnustep/inputmethods/InputContexts.h"
 #import "platform/gnustep/runtime/MethodReplacement.h"
 
@@ -41,18 +44,17 @@ void setTakenOver(NSString *text) {
   takenOver = [text copy];
 }
 
+/// What was shown as being composed, when all that came until now has been handled.
+struct Shown {
+  bool isComposing = false;
+  /// The last key has ended what was composed, and the final text has not come yet: some input
+  /// methods send it after the key.
+  bool owesText = false;
+} shown;
+
 NSString *stringOf(const std::string &text) {
   return [NSString stringWithUTF8String:text.c_str()] ?: @"";
 }
-
-class Poster final : public input_contexts::Composer {
- public:
-  void compose(const std::string &text, std::size_t caret) override {
-    postComposition(CompositionStep::Mark, stringOf(text), caret);
-  }
-
-  void end() override { postComposition(CompositionStep::End, @"", 0); }
-};
 
 /// The platform's one object for input methods, and its variable with the one that is in use.
 id inputServer() {
@@ -103,23 +105,11 @@ void connectToNextMethod() {
 }
 
 XIC createContext(id self, SEL selector, Window window) {
-  static Poster composer;
-  XIC context = input_contexts::create(currentMethod(), window, composer);
+  XIC context = input_contexts::create(currentMethod(), window);
   if (context != nullptr) return context;
   context = platformCreate(self, selector, window);
   if (context != nullptr) input_contexts::adopt(window, context);
   return context;
-}
-
-/// As the platform's, which tells nobody of a key before the input method gets it.
-void receivedEvent(id self, SEL, void *, int, void *, NSString *) {
-  auto *const display = static_cast<Display *>([self serverDevice]);
-  while (XPending(display) > 0) {
-    XEvent event;
-    XNextEvent(display, &event);
-    if (event.type == KeyPress) input_contexts::keyWillArrive(event.xkey);
-    if (!XFilterEvent(&event, None)) [self processEvent:&event];
-  }
 }
 
 void closeContext(id self, SEL selector, XIC context) {
@@ -161,20 +151,79 @@ NSString *lookUp(id self, SEL selector, XKeyEvent *event, void *device, KeySym *
   if (!found) return platformLookUp(self, selector, event, device, keysym);
   if (found->keysym) *keysym = *found->keysym;
   if (event->keycode == 0) {
-    insertFinalText(input_contexts::textBehind(*event) + found->text);
+    insertFinalText(found->text);
     return charactersOfHandledKey();
   }
   const bool isModifier = found->keysym && IsModifierKey(*found->keysym);
-  if (isModifier || isLookedUpAgain(*event)) return stringOf(found->text);
+  if (isModifier || isLookedUpAgain(*event) || !input_contexts::isNewest(*event)) {
+    return stringOf(found->text);
+  }
   const std::string composed = input_contexts::reset();
-  // Xlib puts both back into its queue, the text first and the key in front of it.
-  insertFinalText(input_contexts::textBefore(*event));
   setTakenOver(nil);
   if (!composed.empty()) {
+    shown = {};
     setTakenOver(stringOf(composed));
+    postComposition(CompositionStep::Mark, stringOf(composed), 0);
     postComposition(CompositionStep::End, @"", 0);
   }
   return stringOf(found->text);
+}
+
+void handleAnswer(id self, input_answers::Answer &answer);
+
+/// Handles the text of what was composed before a typed key, which some input methods send after
+/// it. They are given a tenth of a second to do so.
+void handleTextBefore(id self, const XKeyEvent &key) {
+  constexpr std::chrono::milliseconds kNotPerceived(100);
+  const auto deadline = std::chrono::steady_clock::now() + kNotPerceived;
+  do {
+    std::vector<input_answers::Answer> answers = input_answers::takeThroughText();
+    for (input_answers::Answer &answer : answers) handleAnswer(self, answer);
+    if (!answers.empty()) return;
+    if (!shown.owesText && !input_answers::hasEndOfComposition()) return;
+  } while (input_contexts::waitForAnswers(key.display, deadline));
+}
+
+void handleEvent(id self, XEvent &event) {
+  if (input_answers::isTyped(event) && (shown.isComposing || shown.owesText)) {
+    handleTextBefore(self, event.xkey);
+    shown.owesText = false;
+  }
+  [self processEvent:&event];
+}
+
+void handleAnswer(id self, input_answers::Answer &answer) {
+  using Kind = input_answers::Answer::Kind;
+  switch (answer.kind) {
+    case Kind::Key:
+      handleEvent(self, answer.key);
+      break;
+    case Kind::Text:
+      shown.owesText = false;
+      insertFinalText(answer.text);
+      break;
+    case Kind::Compose:
+      shown.owesText = shown.isComposing && answer.text.empty();
+      shown.isComposing = !answer.text.empty();
+      postComposition(CompositionStep::Mark, stringOf(answer.text), answer.caret);
+      break;
+    case Kind::End:
+      shown = {};
+      postComposition(CompositionStep::End, @"", 0);
+      break;
+  }
+}
+
+/// As the platform's, but what input methods answer comes in its order.
+void receivedEvent(id self, SEL, void *, int, void *, NSString *) {
+  auto *const display = static_cast<Display *>([self serverDevice]);
+  while (true) {
+    handleInputAnswers();
+    if (XPending(display) == 0) break;
+    XEvent event;
+    XNextEvent(display, &event);
+    if (!input_contexts::filter(event)) handleEvent(self, event);
+  }
 }
 
 /// `caret` is the upper left of the caret in the view.
@@ -216,7 +265,15 @@ void endComposition(NSTextView *view) {
   if (![view hasMarkedText]) return;
   setTakenOver([[view string] substringWithRange:[view markedRange]]);
   [view unmarkText];
+  shown = {};
   input_contexts::reset();
+  handleInputAnswers();
+}
+
+void handleInputAnswers() {
+  while (std::optional<input_answers::Answer> answer = input_answers::next()) {
+    handleAnswer(GSCurrentServer(), *answer);
+  }
 }
 
 void installComposition() {

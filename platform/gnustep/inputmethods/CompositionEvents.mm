@@ -2,8 +2,33 @@
 
 #import <GNUstepGUI/GSDisplayServer.h>
 
+#import "platform/gnustep/inputmethods/Composition.h"
 #include "platform/gnustep/inputmethods/InputContexts.h"
 #import "platform/gnustep/inputmethods/NSTextView+MarkedText.h"
+
+/// Tells input methods where the caret is.
+@interface SpotTeller : NSObject
+/// When nothing has been composed for a tenth of a second.
++ (void)tellSoon:(Window)window;
+@end
+
+@implementation SpotTeller
+
++ (void)tellSoon:(Window)window {
+  constexpr NSTimeInterval kPauseSeconds = 0.1;
+  [NSObject cancelPreviousPerformRequestsWithTarget:self];
+  [self performSelector:@selector(tell:)
+             withObject:[NSNumber numberWithUnsignedLong:window]
+             afterDelay:kPauseSeconds
+                inModes:@[ NSDefaultRunLoopMode, NSModalPanelRunLoopMode ]];
+}
+
++ (void)tell:(NSNumber *)window {
+  input_contexts::tellSpot([window unsignedLongValue]);
+  handleInputAnswers();
+}
+
+@end
 
 namespace {
 
@@ -32,11 +57,8 @@ CompositionStep stepOf(NSEvent *event) {
 }
 
 void mark(NSTextView *view, NSString *text, NSUInteger caret) {
-  const BOOL isMarked = [view hasMarkedText];
   [view setMarkedText:text selectedRange:NSMakeRange(caret, 0)];
-  if (!isMarked && [view hasMarkedText]) {
-    input_contexts::beginComposing(serverWindow([view window]));
-  }
+  if ([view hasMarkedText]) [SpotTeller tellSoon:serverWindow([view window])];
 }
 
 void insertBeforeMarkedText(NSTextView *view, NSString *text) {

@@ -11,6 +11,7 @@
 #include <span>
 #include <vector>
 
+#include "platform/gnustep/inputmethods/InputAnswers.h"
 #include "platform/gnustep/inputmethods/PreeditText.h"
 
 namespace input_contexts {
@@ -21,15 +22,13 @@ constexpr XIMStyle kOnTheSpot = XIMPreeditCallbacks | XIMStatusNothing;
 struct Context {
   Window window = None;
   XIC context = nullptr;
-  Composer *composer = nullptr;
+  bool isOurs = false;  ///< made here
   PreeditText text;
   XPoint spot = {0, 0};
   bool isSpotSent = false;
   bool hasEnded = false;
   /// What comes is still about the text that it was made to forget.
   bool isForgetting = false;
-  /// The last key has ended what was composed, and the final text has not come yet.
-  bool owesText = false;
   Time keyTime = CurrentTime;
   unsigned keycode = 0;
 };
@@ -56,13 +55,16 @@ bool isOffered(XIM method) {
   return isFound;
 }
 
-/// Not for every key: what the input method sends while Xlib waits for its reply comes in the wrong
-/// order.
-void sendSpot(Context &context) {
-  context.isSpotSent = true;
-  const XVaNestedList attributes = XVaCreateNestedList(0, XNSpotLocation, &context.spot, nullptr);
-  XSetICValues(context.context, XNPreeditAttributes, attributes, nullptr);
-  XFree(attributes);
+Display *displayOf(const Context &context) {
+  return XDisplayOfIM(XIMOfIC(context.context));
+}
+
+std::optional<std::string> textOf(XKeyEvent &event) {
+  Context *const context = contextOf(event.window);
+  if (context == nullptr || context->hasEnded) return std::nullopt;
+  const std::optional<LookedUp> found = lookUp(event);
+  if (!found || found->text.empty()) return std::nullopt;
+  return found->text;
 }
 
 /// What an input method draws is in the encoding of the locale.
@@ -78,8 +80,12 @@ std::u32string codePointsOf(const XIMText &text) {
   return std::u32string(first, first + std::strlen(bytes));
 }
 
+/// Behind what Xlib was told before.
 void tell(Context &context) {
-  context.composer->compose(context.text.utf8(), context.text.caret());
+  input_answers::collect(displayOf(context), textOf);
+  input_answers::add({.kind = input_answers::Answer::Kind::Compose,
+                      .text = context.text.utf8(),
+                      .caret = context.text.caret()});
 }
 
 // NOLINTBEGIN(readability-non-const-parameter): the types are those of Xlib's callbacks
@@ -95,7 +101,6 @@ int startPreedit(XIC, XPointer data, XPointer) {
 
 void endPreedit(XIC, XPointer data, XPointer) {
   Context &context = contextFrom(data);
-  if (!context.text.isEmpty()) context.owesText = true;
   context.text.clear();
   if (!context.isForgetting) tell(context);
 }
@@ -111,11 +116,9 @@ void drawPreedit(XIC, XPointer data, XPointer call) {
                                       : change.text->string.multi_byte != nullptr);
   if (change.text != nullptr && change.text->length > 0 && !hasString) return;
   const std::u32string text = hasString ? codePointsOf(*change.text) : std::u32string();
-  const bool wasEmpty = context.text.isEmpty();
   context.text.replace(static_cast<std::size_t>(std::max(change.chg_first, 0)),
                        static_cast<std::size_t>(std::max(change.chg_length, 0)), text,
                        static_cast<std::size_t>(std::max(change.caret, 0)));
-  if (!wasEmpty) context.owesText = context.text.isEmpty();
   tell(context);
 }
 
@@ -141,11 +144,11 @@ XVaNestedList preeditAttributes(Context &context, XIMCallback (&callbacks)[4]) {
 
 }  // namespace
 
-XIC create(XIM method, Window window, Composer &composer) {
+XIC create(XIM method, Window window) {
   if (method == nullptr || !isOffered(method)) return nullptr;
   auto context = std::make_unique<Context>();
   context->window = window;
-  context->composer = &composer;
+  context->isOurs = true;
   XIMCallback callbacks[4];
   const XVaNestedList attributes = preeditAttributes(*context, callbacks);
   context->context = XCreateIC(method, XNInputStyle, kOnTheSpot, XNClientWindow, window,
@@ -169,7 +172,7 @@ Closing close(XIC context) {
       all.begin(), all.end(),
       [context](const std::unique_ptr<Context> &known) { return known->context == context; });
   if (found == all.end()) return Closing::LeftToOthers;
-  const bool isOurs = (*found)->composer != nullptr;
+  const bool isOurs = (*found)->isOurs;
   const bool hasEnded = (*found)->hasEnded;
   all.erase(found);
   if (hasEnded) return Closing::DestroyedBefore;
@@ -182,9 +185,10 @@ void methodEnded() {
   for (const std::unique_ptr<Context> &context : contexts()) {
     context->hasEnded = true;
     context->text.clear();
-    // What the user sees stays: nobody else has it now.
-    if (context->composer != nullptr) context->composer->end();
   }
+  // What the user sees stays: nobody else has it now.
+  input_answers::add({.kind = input_answers::Answer::Kind::End});
+  input_answers::methodEnded();
 }
 
 bool anyEnded() {
@@ -206,6 +210,7 @@ void filterMessages(Display *display) {
   }
   std::ranges::reverse(others);
   for (XEvent &other : others) XPutBackEvent(display, &other);
+  input_answers::settle(display, textOf);
 }
 
 LookedUp lookUpWithoutMethod(XKeyEvent &event) {
@@ -219,6 +224,14 @@ LookedUp lookUpWithoutMethod(XKeyEvent &event) {
     text.replace(static_cast<std::size_t>(i), 0, {&codePoint, 1}, 0);
   }
   return {text.utf8(), keysym};
+}
+
+/// One that types ends what reset() does.
+void keyWillBeSent(Context &context, XKeyEvent key) {
+  context.keyTime = key.time;
+  context.keycode = key.keycode;
+  if ((key.state & (ControlMask | Mod1Mask | Mod4Mask)) != 0) return;
+  if (!IsModifierKey(XLookupKeysym(&key, 0))) context.isForgetting = false;
 }
 
 }  // namespace
@@ -240,7 +253,6 @@ std::optional<LookedUp> lookUp(XKeyEvent &event) {
     text.resize(static_cast<std::size_t>(length));
     length = look();
   }
-  if (event.keycode == 0) context->owesText = false;
   LookedUp result;
   if (status == XLookupChars || status == XLookupBoth) {
     result.text = text.substr(0, static_cast<std::size_t>(length));
@@ -249,69 +261,63 @@ std::optional<LookedUp> lookUp(XKeyEvent &event) {
   return result;
 }
 
-void keyWillArrive(XKeyEvent key) {
-  Context *const context = contextOf(key.window);
-  if (context == nullptr || key.keycode == 0) return;
-  // One that the input method sends back arrives twice.
-  if (key.time != context->keyTime || key.keycode != context->keycode) context->owesText = false;
-  context->keyTime = key.time;
-  context->keycode = key.keycode;
-  if ((key.state & (ControlMask | Mod1Mask | Mod4Mask)) != 0) return;
-  if (!IsModifierKey(XLookupKeysym(&key, 0))) context->isForgetting = false;
-}
-
-std::string textBehind(const XKeyEvent &key) {
-  Window window = key.window;
-  // NOLINTNEXTLINE(readability-non-const-parameter): the type is Xlib's
-  const auto isText = [](Display *, XEvent *event, XPointer data) -> Bool {
-    return event->type == KeyPress && event->xkey.keycode == 0 &&
-           event->xkey.window == *reinterpret_cast<Window *>(data);
-  };
-  std::string text;
-  XEvent event;
-  while (XCheckIfEvent(key.display, &event, isText, reinterpret_cast<XPointer>(&window))) {
-    // Xlib returns the last one first.
-    if (const std::optional<LookedUp> found = lookUp(event.xkey)) text.insert(0, found->text);
+bool filter(XEvent &event) {
+  const bool isKey = event.type == KeyPress || event.type == KeyRelease;
+  Context *const context = isKey ? contextOf(event.xkey.window) : nullptr;
+  const bool isSent = context != nullptr && context->isOurs && !context->hasEnded;
+  Display *const display = event.xany.display;
+  if (isSent && input_answers::isAnswer(event)) {
+    // Xlib has waited for the input method in a call of the platform's.
+    XPutBackEvent(display, &event);
+    input_answers::settle(display, textOf);
+    return true;
   }
-  return text;
+  if (isSent) {
+    if (event.type == KeyPress) keyWillBeSent(*context, event.xkey);
+    input_answers::keyWillBeSent(event.xkey);
+  }
+  if (!XFilterEvent(&event, None)) return false;
+  input_answers::settle(display, textOf);
+  return true;
 }
 
-std::string textBefore(const XKeyEvent &key) {
-  using Clock = std::chrono::steady_clock;
-  constexpr std::chrono::milliseconds kNotPerceived(100);
-  const auto deadline = Clock::now() + kNotPerceived;
-  std::string text = textBehind(key);
+bool isNewest(const XKeyEvent &key) {
   const Context *const context = contextOf(key.window);
-  while (text.empty() && context != nullptr && context->owesText) {
-    const auto left =
-        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - Clock::now()).count();
-    if (left <= 0) break;
-    pollfd connection = {ConnectionNumber(key.display), POLLIN, 0};
-    poll(&connection, 1, static_cast<int>(left));
-    filterMessages(key.display);
-    text = textBehind(key);
-  }
-  return text;
+  return context != nullptr && key.time == context->keyTime && key.keycode == context->keycode;
 }
 
-void beginComposing(Window window) {
+bool waitForAnswers(Display *display, std::chrono::steady_clock::time_point deadline) {
+  const auto left = std::chrono::duration_cast<std::chrono::milliseconds>(
+      deadline - std::chrono::steady_clock::now());
+  if (left.count() <= 0) return false;
+  pollfd connection = {ConnectionNumber(display), POLLIN, 0};
+  poll(&connection, 1, static_cast<int>(left.count()));
+  filterMessages(display);
+  return true;
+}
+
+void tellSpot(Window window) {
   Context *const context = contextOf(window);
   if (context == nullptr || context->hasEnded || context->isSpotSent) return;
-  sendSpot(*context);
+  if (!input_answers::isUpToDate()) return;
+  context->isSpotSent = true;
+  const XVaNestedList attributes = XVaCreateNestedList(0, XNSpotLocation, &context->spot, nullptr);
+  XSetICValues(context->context, XNPreeditAttributes, attributes, nullptr);
+  XFree(attributes);
+  input_answers::settle(displayOf(*context), textOf);
 }
 
 std::string reset() {
   std::string composed;
   for (const std::unique_ptr<Context> &context : contexts()) {
     if (context->text.isEmpty()) continue;
-    // Xlib holds back what the input method has drawn until it has replied to something.
-    sendSpot(*context);
-    if (context->text.isEmpty()) continue;
     composed += context->text.utf8();
     context->text.clear();
     context->isForgetting = true;
     char *const text = Xutf8ResetIC(context->context);
     if (text != nullptr) XFree(text);
+    input_answers::settle(displayOf(*context), textOf);
+    input_answers::forgetComposition();
   }
   return composed;
 }

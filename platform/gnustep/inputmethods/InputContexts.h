@@ -2,6 +2,7 @@
 
 #include <X11/Xlib.h>
 
+#include <chrono>
 #include <cstddef>
 #include <optional>
 #include <string>
@@ -10,22 +11,9 @@
 /// the text itself ("on the spot"). On the main thread.
 namespace input_contexts {
 
-/// Is told what an input method does. Called while an event is filtered.
-class Composer {
- public:
-  /// The text that is being composed is now this one, in UTF-8; empty: nothing is composed any
-  /// more. `caret` is in UTF-16 units.
-  virtual void compose(const std::string &text, std::size_t caret) = 0;
-
-  /// What is being composed is final as it is.
-  virtual void end() = 0;
-
-  virtual ~Composer() = default;
-};
-
 /// An input context for a window; nullptr where the input method cannot leave the drawing of the
-/// text to the program. The composer outlives all contexts.
-XIC create(XIM method, Window window, Composer &composer);
+/// text to the program.
+XIC create(XIM method, Window window);
 
 /// Makes one known that was made elsewhere, in another style.
 void adopt(Window window, XIC context);
@@ -53,17 +41,16 @@ struct LookedUp {
 /// Nothing for a window without a context.
 std::optional<LookedUp> lookUp(XKeyEvent &event);
 
-/// The text that an input method has sent before a key event, or before the text in it, but which
-/// is still behind it in the queue of the connection; taken out of the queue. Usually empty.
-std::string textBehind(const XKeyEvent &key);
+/// Whether an event is for an input method. What the input methods answer, to this key or to
+/// earlier ones, is among the input answers then.
+bool filter(XEvent &event);
 
-/// The same for a key that the input method has sent back. Where that key has ended what was being
-/// composed, its text is waited for, for a tenth of a second at most: some send the key before it.
-std::string textBefore(const XKeyEvent &key);
+/// Whether no key came after this one. Then what was sent after it is about it, or came too late.
+bool isNewest(const XKeyEvent &key);
 
-/// To be called for each key before the input method gets it: one that types ends what reset()
-/// does.
-void keyWillArrive(XKeyEvent key);
+/// Waits until the input methods send something, but not beyond the deadline. False when that has
+/// passed.
+bool waitForAnswers(Display *display, std::chrono::steady_clock::time_point deadline);
 
 /// Makes the input methods forget what they are composing, and returns it, in UTF-8. They may still
 /// send it as typed text; that they show it once more is hidden until the next key. Waits for the
@@ -71,10 +58,12 @@ void keyWillArrive(XKeyEvent key);
 std::string reset();
 
 /// Where the caret is, in pixels from the upper left of its window, for an input method's list of
-/// candidates. The input method is told when it begins to compose.
+/// candidates.
 void setSpot(Window window, int x, int y);
 
-/// Tells the input method where the caret is, and waits for its reply.
-void beginComposing(Window window);
+/// Tells the input method where the caret is, and waits for its reply. Xlib holds back what the
+/// input method draws meanwhile, so this is for when the user pauses; nothing happens while there
+/// is a key that is not answered.
+void tellSpot(Window window);
 
 }  // namespace input_contexts

@@ -1,0 +1,174 @@
+#include "platform/gnustep/inputmethods/InputAnswers.h"
+
+#import <AppKit/AppKit.h>
+#import <GNUstepGUI/GSDisplayServer.h>
+#include <X11/Xutil.h>
+#include <gtest/gtest.h>
+
+#include <vector>
+
+// Xlib's part is played here: it puts what an input method has sent into its queue, one in front of
+// the other.
+
+namespace {
+
+using input_answers::Answer;
+using Lines = std::vector<std::string>;
+
+struct InputAnswers : testing::Test {
+  Display *display = static_cast<Display *>([GSCurrentServer() serverDevice]);
+  /// As Xlib's, the last one comes first.
+  Lines texts;
+  Time time = 1000;
+
+  ~InputAnswers() override {
+    while (input_answers::next()) {
+    }
+    input_answers::methodEnded();
+    while (input_answers::next()) {
+    }
+  }
+
+  /// The press of a key that is sent to the input method.
+  XEvent press(KeySym keysym) {
+    XEvent event = {};
+    event.xkey.type = KeyPress;
+    event.xkey.display = display;
+    event.xkey.time = time++;
+    event.xkey.keycode = XKeysymToKeycode(display, keysym);
+    input_answers::keyWillBeSent(event.xkey);
+    return event;
+  }
+
+  void sendBack(XEvent key) { XPutBackEvent(display, &key); }
+
+  void sendText(const std::string &text) {
+    texts.push_back(text);
+    XEvent event = {};
+    event.xkey.type = KeyPress;
+    event.xkey.display = display;
+    XPutBackEvent(display, &event);
+  }
+
+  void collect() {
+    input_answers::collect(display, [this](XKeyEvent &) -> std::optional<std::string> {
+      std::string text = texts.back();
+      texts.pop_back();
+      return text;
+    });
+  }
+
+  static void compose(const std::string &text) {
+    input_answers::add({.kind = Answer::Kind::Compose, .text = text});
+  }
+
+  /// A key by its name, a text as it is, and one that is composed in brackets.
+  static std::string line(Answer answer) {
+    switch (answer.kind) {
+      case Answer::Kind::Key:
+        return XKeysymToString(XLookupKeysym(&answer.key.xkey, 0));
+      case Answer::Kind::Text:
+        return answer.text;
+      case Answer::Kind::Compose:
+        return "[" + answer.text + "]";
+      case Answer::Kind::End:
+        return "end";
+    }
+    return "";
+  }
+
+  static Lines lines() {
+    Lines all;
+    while (std::optional<Answer> answer = input_answers::next()) all.push_back(line(*answer));
+    return all;
+  }
+
+  static Lines textBeforeNextKey() {
+    Lines all;
+    for (const Answer &answer : input_answers::takeThroughText()) all.push_back(line(answer));
+    return all;
+  }
+};
+
+}  // namespace
+
+TEST_F(InputAnswers, ComeInTheOrderInWhichXlibHasGotThem) {
+  const XEvent a = press(XK_a), b = press(XK_b);
+  sendText("first");
+  sendBack(a);
+  sendText("second");
+  sendText("third");
+  sendBack(b);
+  collect();
+  EXPECT_EQ(lines(), (Lines{"first", "a", "second", "third", "b"}));
+}
+
+TEST_F(InputAnswers, ComeBehindThoseBefore) {
+  const XEvent a = press(XK_a);
+  compose("n");
+  sendText("first");
+  collect();
+  compose("");
+  sendBack(a);
+  collect();
+  EXPECT_EQ(lines(), (Lines{"[n]", "first", "[]", "a"}));
+}
+
+TEST_F(InputAnswers, AreNoKeysThatNobodyHasSent) {
+  XEvent a = press(XK_a);
+  EXPECT_TRUE(input_answers::isAnswer(a));
+  ++a.xkey.time;
+  EXPECT_FALSE(input_answers::isAnswer(a));
+  a.type = Expose;
+  EXPECT_FALSE(input_answers::isAnswer(a));
+}
+
+TEST_F(InputAnswers, AreKeysOnce) {
+  const XEvent a = press(XK_a);
+  sendBack(a);
+  collect();
+  EXPECT_FALSE(input_answers::isAnswer(a));
+}
+
+TEST_F(InputAnswers, AboutATextAreTakenUpToTheNextTypedKey) {
+  const XEvent shift = press(XK_Shift_L), b = press(XK_b);
+  compose("n");
+  sendBack(shift);
+  collect();
+  compose("");
+  EXPECT_TRUE(input_answers::hasEndOfComposition());
+  EXPECT_EQ(textBeforeNextKey(), Lines());
+  sendText("first");
+  sendBack(b);
+  sendText("second");
+  collect();
+  EXPECT_EQ(textBeforeNextKey(), (Lines{"[n]", "[]", "first"}));
+  EXPECT_FALSE(input_answers::hasEndOfComposition());
+  EXPECT_EQ(textBeforeNextKey(), Lines());
+  EXPECT_EQ(lines(), (Lines{"Shift_L", "b", "second"}));
+}
+
+TEST_F(InputAnswers, AboutAForgottenTextAreOnlyKeysAndTexts) {
+  const XEvent a = press(XK_a);
+  compose("n");
+  sendText("first");
+  sendBack(a);
+  collect();
+  compose("");
+  input_answers::forgetComposition();
+  EXPECT_EQ(lines(), (Lines{"first", "a"}));
+}
+
+TEST_F(InputAnswers, OfAnInputMethodThatHasEndedAreTheKeysAfterItsLastOne) {
+  press(XK_a);
+  EXPECT_FALSE(input_answers::isUpToDate());
+  compose("n");
+  EXPECT_TRUE(input_answers::isUpToDate());
+  press(XK_b);
+  const XEvent c = press(XK_c);
+  EXPECT_FALSE(input_answers::isUpToDate());
+  input_answers::add({.kind = Answer::Kind::End});
+  input_answers::methodEnded();
+  EXPECT_EQ(lines(), (Lines{"[n]", "end", "b", "c"}));
+  EXPECT_FALSE(input_answers::isAnswer(c));
+}
