@@ -34,7 +34,7 @@ struct List : FaultTest<PermissionsWindow> {
       default:
         EXPECT_TRUE(showsStatus(localizedText(@"cannotConnectToBrisvaleNowTextKey")));
     }
-    EXPECT_EQ(logged(), Lines{});
+    EXPECT_EQ(logged(), withActivations({}));
     EXPECT_EQ(sheet(), nil);
     EXPECT_TRUE([spinner() isHidden]);
     EXPECT_TRUE([[window window] isVisible]);
@@ -64,21 +64,21 @@ struct Change : List {
   /// An alert for a refusal or a missing reply.
   void expectAlert(Outcome outcome) const {
     if (outcome == Outcome::Refused) {
-      EXPECT_EQ(logged(), Lines{});
+      EXPECT_EQ(logged(), withActivations({}));
       EXPECT_FALSE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));
       NSString *const reason = explanation();
       EXPECT_TRUE(
           reason == nil ||
           sheetShows(formatted(localizedText(@"cannotRevokePermissionTextFormatKey"), reason)));
     } else {
-      EXPECT_EQ(logged(), Lines{kNoReplyLine});
+      EXPECT_EQ(logged(), withActivations({kNoReplyLine}));
       EXPECT_TRUE(sheetHas(@"cannotConnectToBrisvaleMessageTextKey"));
     }
     EXPECT_NE(sheet(), [tab modalWindow]);
   }
 
   void expectSuccess(NSString *key) const {
-    EXPECT_EQ(logged(), Lines{});
+    EXPECT_EQ(logged(), withActivations({}));
     EXPECT_EQ(sheet(), [tab modalWindow]);
     EXPECT_EQ(text([[tab modalWindowText] stringValue]), text(localizedText(key)));
   }

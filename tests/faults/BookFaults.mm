@@ -26,7 +26,7 @@ struct Refresh : FaultTest<WindowsWithoutAgent> {
 
   void expect(NSUInteger count) const {
     EXPECT_EQ([[delegate addressBookForShare] count], count);
-    EXPECT_EQ(logged(), Lines{});
+    EXPECT_EQ(logged(), withActivations({}));
     EXPECT_TRUE([delegate contextMenuFlag]);
     EXPECT_EQ(text(clipboardText()), "former contents");
     EXPECT_TRUE(visibleWindows().empty());

@@ -35,22 +35,22 @@ struct DirectCopy : FaultTest<WindowsWithoutAgent> {
     switch (outcome) {
       case Outcome::Succeeds:
         EXPECT_EQ(clipboard(), text(kLink));
-        EXPECT_EQ(logged(), (Lines{"copy success = 1", "Link copied successfully."}));
+        EXPECT_EQ(logged(), withActivations({"copy success = 1", "Link copied successfully."}));
         EXPECT_TRUE(user.alerts().empty());
         break;
       case Outcome::SucceedsWithoutLink:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), (Lines{"copy success = 0", "Link copied successfully."}));
+        EXPECT_EQ(logged(), withActivations({"copy success = 0", "Link copied successfully."}));
         EXPECT_TRUE(user.alerts().empty());
         break;
       case Outcome::Refused:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), Lines{"Unable to copy link at this time"});
+        EXPECT_EQ(logged(), withActivations({"Unable to copy link at this time"}));
         expectAlert("Unable to copy link at this time");
         break;
       default:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), Lines{kNoReplyLine});
+        EXPECT_EQ(logged(), withActivations({kNoReplyLine}));
         expectAlert("Cannot connect to brisvale");
     }
     EXPECT_TRUE([delegate contextMenuFlag]);
@@ -84,23 +84,23 @@ struct CopyTab : FaultTest<WindowsWithoutAgent> {
     switch (outcome) {
       case Outcome::Succeeds:
         EXPECT_EQ(clipboard(), text(kLink));
-        EXPECT_EQ(logged(), Lines{"copy success = 1"});
+        EXPECT_EQ(logged(), withActivations({"copy success = 1"}));
         EXPECT_TRUE(sheetShows(window, @"linkCopiedSuccessMessageTextKey"));
         break;
       case Outcome::SucceedsWithoutLink:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), Lines{"copy success = 0"});
+        EXPECT_EQ(logged(), withActivations({"copy success = 0"}));
         EXPECT_TRUE(sheetShows(window, @"linkCopiedSuccessMessageTextKey"));
         break;
       case Outcome::Refused:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), Lines{});
+        EXPECT_EQ(logged(), withActivations({}));
         EXPECT_TRUE(sheetShows(window, @"unableCopyLinkMessagetextKey"));
         EXPECT_TRUE(sheetShows(window, @"unableCopyLinkInformativeKey"));
         break;
       default:
         EXPECT_EQ(clipboard(), "(nil)");
-        EXPECT_EQ(logged(), Lines{});
+        EXPECT_EQ(logged(), withActivations({}));
         EXPECT_TRUE(sheetShows(window, @"cannotConnectToBrisvaleMessageTextKey"));
     }
     EXPECT_TRUE([window isVisible]);

@@ -2,12 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
 #import "tests/faults/Fault.h"
 #include "tests/support/CapturedLog.h"
 #include "tests/support/Strings.h"
+#import "tests/ui/ActivationsInLog.h"
 #import "text/LocalizedText.h"
 
 /// A column of the matrix: something that the application does, with each fault. Also captures the
@@ -27,7 +29,10 @@ struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
   }
 
   /// From here on the log counts.
-  void mark() { marked_ = lines.lines().size(); }
+  void mark() {
+    marked_ = lines.lines().size();
+    activations_.emplace(lines);
+  }
 
   /// The lines since then.
   std::vector<std::string> logged() const {
@@ -36,8 +41,12 @@ struct FaultTest : Fixture, testing::WithParamInterface<Cell> {
     return all;
   }
 
+  /// What must have been logged since then when only this and the activations are.
+  Lines withActivations(const Lines &expected) const { return activations_->with(expected); }
+
  private:
   std::size_t marked_ = 0;
+  std::optional<ActivationsInLog> activations_;
 };
 
 /// A text of the string table as it is shown.

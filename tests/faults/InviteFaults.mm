@@ -71,19 +71,19 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     std::string left = text(invited);
     switch (outcome) {
       case Outcome::Succeeds:
-        EXPECT_EQ(logged(), Lines{});
+        EXPECT_EQ(logged(), withActivations({}));
         EXPECT_TRUE(sheetShows(shown(@"folderSharedSuccessMessageTextKey")));
         left = "";
         break;
       case Outcome::Refused:
-        EXPECT_EQ(logged(), Lines{});
+        EXPECT_EQ(logged(), withActivations({}));
         EXPECT_TRUE(sheetShows(shown(@"invalidEmployeeErrorMessageTextKey")));
         EXPECT_TRUE(sheetShows(
             text(formatted(localizedText(@"invalidEmployeeErrorInformativeTextFormatKey"),
                            [NSString stringWithUTF8String:kPeople[place].c_str()]))));
         break;
       default:
-        EXPECT_EQ(logged(), Lines{kNoReplyLine});
+        EXPECT_EQ(logged(), withActivations({kNoReplyLine}));
         EXPECT_TRUE(
             sheetShows(text(formatted(localizedText(@"cannotConnectToBrisvaleMessageTextKey")))));
     }

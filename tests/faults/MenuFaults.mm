@@ -33,7 +33,7 @@ struct MenuCopyLink : Menu {
 
   void expectNothingCopied(const std::string &line, NSString *keyOfAlert) const {
     EXPECT_EQ(text(clipboardText()), "(nil)");
-    EXPECT_EQ(logged(), Lines{line});
+    EXPECT_EQ(logged(), withActivations({line}));
     expectOneAlert(keyOfAlert);
   }
 
@@ -41,11 +41,11 @@ struct MenuCopyLink : Menu {
     switch (outcome) {
       case Outcome::Succeeds:
         EXPECT_EQ(text(clipboardText()), text(kLink));
-        EXPECT_EQ(logged(), (Lines{"copy success = 1", "Link copied successfully."}));
+        EXPECT_EQ(logged(), withActivations({"copy success = 1", "Link copied successfully."}));
         break;
       case Outcome::SucceedsWithoutLink:
         EXPECT_EQ(text(clipboardText()), "(nil)");
-        EXPECT_EQ(logged(), (Lines{"copy success = 0", "Link copied successfully."}));
+        EXPECT_EQ(logged(), withActivations({"copy success = 0", "Link copied successfully."}));
         break;
       case Outcome::Refused:
         expectNothingCopied("Unable to copy link at this time", @"unableCopyLinkMessagetextKey");
@@ -80,7 +80,7 @@ struct MenuShare : Menu {
                           : outcome == Outcome::NoReply ? @"cannotConnectToBrisvaleNowTextKey"
                                                         : @"usersTextKey";
     EXPECT_NE(std::find(texts.begin(), texts.end(), shown(key)), texts.end());
-    EXPECT_EQ(logged(), (Lines{kActivated, "Share Folder action.."}));
+    EXPECT_EQ(logged(), withActivations({"Share Folder action.."}));
     EXPECT_FALSE([delegate contextMenuFlag]);
     EXPECT_TRUE(user.alerts().empty());
   }

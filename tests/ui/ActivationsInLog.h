@@ -18,8 +18,8 @@ class ActivationsInLog {
   ActivationsInLog(const ActivationsInLog &) = delete;
   ActivationsInLog &operator=(const ActivationsInLog &) = delete;
 
-  /// These lines and one for each activation, in the place in which it belongs: what the whole log
-  /// must be when nothing else is logged.
+  /// These lines and one for each activation, in the place in which it belongs: what is in the log
+  /// since this was made when nothing else was logged.
   Lines with(Lines lines) const;
 
  private:

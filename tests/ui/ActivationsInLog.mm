@@ -7,7 +7,8 @@
 @interface ActivationObserver : NSObject {
  @public
   const CapturedLog *log;
-  /// The indexes of the activations' lines.
+  std::size_t before;
+  /// The indexes of the activations' lines behind those that were there before.
   std::vector<std::size_t> indexes;
 }
 - (void)willBecomeActive:(NSNotification *)notification;
@@ -18,7 +19,7 @@
 - (void)willBecomeActive:(NSNotification *)notification {
   (void)notification;
   // The delegate logs it right afterwards.
-  indexes.push_back(log->lines().size());
+  indexes.push_back(log->lines().size() - before);
 }
 
 @end
@@ -26,6 +27,7 @@
 ActivationsInLog::ActivationsInLog(const CapturedLog &log)
     : observer_([[ActivationObserver alloc] init]) {
   observer_->log = &log;
+  observer_->before = log.lines().size();
   [[NSNotificationCenter defaultCenter] addObserver:observer_
                                            selector:@selector(willBecomeActive:)
                                                name:NSApplicationWillBecomeActiveNotification

@@ -209,7 +209,7 @@ TEST_F(InviteTabOutcomes, AKeyPressedWhileTheListIsLoadedBehindTheAlertDismisses
       window, @"\r", [&] { return calls(@"getAccess::") == 2; }, [&] { hold.release(); });
   invite(@"a@x.de");
   EXPECT_TRUE(user.hasTyped());
-  EXPECT_EQ([window attachedSheet], nil);
+  EXPECT_TRUE(handleEventsUntil([&] { return [window attachedSheet] == nil; }));
 }
 
 TEST_F(InviteTabOutcomes, AnInvitationAfterAnOpeningIsThreeLoadsOfTheList) {

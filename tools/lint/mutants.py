@@ -119,7 +119,7 @@ def finding(mutant, root, files, programs):
     if mutant.fault():
         return mutant.fault()
     if mutant.file not in files:
-        return f"there is no source {mutant.file} of the application"
+        return f"there is no source {mutant.file} of the application or its platform"
     places = len(mutant.places(read(root, mutant.file)))
     if places != 1:
         return f"its lines are {places} times in {mutant.file} instead of once"
@@ -132,7 +132,7 @@ def finding(mutant, root, files, programs):
 def lint(root):
     findings = Findings()
     mutants = all_mutants(root)
-    files = {str(path) for path in tracked(root, folders=APPLICATION_FOLDERS)}
+    files = {str(path) for path in tracked(root, folders=(*APPLICATION_FOLDERS, "platform"))}
     programs = tests_of_programs(root)
     for mutant in mutants:
         found = finding(mutant, root, files, programs)

@@ -333,3 +333,18 @@ TEST_F(Scripts, TextsAreUprightInFlippedViewsAndInOthers) {
   [view setFlipped:YES];
   EXPECT_EQ(Picture(view), upright);
 }
+
+TEST_F(Scripts, ALetterWithABarAtItsTopHasItThereInATextView) {
+  [text setSelectable:NO];
+  [text setFont:[NSFont systemFontOfSize:40]];
+  set(@"\u05D3");
+  const Picture picture(text);
+  std::vector<long> rows;  // with ink: how much
+  for (int y = 0; y < picture.height(); ++y) {
+    long ink = 0;
+    for (int x = 0; x < picture.width(); ++x) ink += isInk(picture.at(x, y)) ? 1 : 0;
+    if (ink > 0) rows.push_back(ink);
+  }
+  ASSERT_GT(rows.size(), 10U);
+  EXPECT_GT(rows[2], 2 * rows[rows.size() - 3]);
+}
