@@ -215,3 +215,24 @@ TEST(LocalizedViews, HaveATextInPlaceOfTheKeyOnTheirCellToo) {
   EXPECT_EQ(text([[control cell] accessibilityAttributeValue:attribute]),
             text(localizedText(@"busyDescriptionKey")));
 }
+
+TEST(LocalizedViews, HaveATextInPlaceOfTheKeyThatIsReadToTheBlind) {
+  NSView *const view = [[[NSView alloc] initWithFrame:NSMakeRect(0, 0, 90, 30)] autorelease];
+  NSString *const attribute = NSAccessibilityDescriptionAttribute;
+  [view accessibilitySetOverrideValue:@"busyDescriptionKey" forAttribute:attribute];
+  localizeView(view);
+  EXPECT_EQ(text([view accessibilityAttributeValue:attribute]),
+            text(localizedText(@"busyDescriptionKey")));
+}
+
+TEST(LocalizedViews, HaveTextsInTheRowsOfTheirLists) {
+  const NSRect frame = NSMakeRect(0, 0, 90, 30);
+  NSCollectionView *const list = [[[NSCollectionView alloc] initWithFrame:frame] autorelease];
+  NSButton *const row = [[[NSButton alloc] initWithFrame:frame] autorelease];
+  [row setTitle:@"usersTextKey"];
+  NSCollectionViewItem *const prototype = [[[NSCollectionViewItem alloc] init] autorelease];
+  [prototype setView:row];
+  [list setItemPrototype:prototype];
+  localizeView(list);
+  EXPECT_EQ(text([row title]), text(localizedText(@"usersTextKey")));
+}
