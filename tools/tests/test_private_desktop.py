@@ -188,7 +188,9 @@ class WithDisplay(unittest.TestCase):
 
     def test_a_key_that_is_released_late_is_not_repeated(self):
         script = """xev > log & trap "kill $!" EXIT
-                    until xdotool search --name "Event Tester" windowfocus --sync; do sleep 0.01; done
+                    until xdotool search --name "Event Tester" windowfocus --sync; do
+                      sleep 0.01
+                    done
                     xdotool keydown a sleep 1 keyup a
                     until grep -A 2 KeyRelease log | grep -q '(keysym 0x61'; do sleep 0.01; done
                     grep -A 2 KeyPress log | grep -c '(keysym 0x61'"""
