@@ -82,7 +82,11 @@ void PlatformServer::stop() {
     send(SIGSTOP, pid_);
     return stateOf(pid_) == 'T';
   });
-  if (!isStopped) throw std::runtime_error(name_ + " cannot be stopped");
+  if (!isStopped) {
+    const std::string why =
+        pid_ == 0 ? "it has ended" : std::string("its state is ") + stateOf(pid_);
+    throw std::runtime_error(name_ + " cannot be stopped: " + why);
+  }
 }
 
 void PlatformServer::resume() const {
