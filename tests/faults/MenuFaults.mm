@@ -80,7 +80,8 @@ struct MenuShare : Menu {
                           : outcome == Outcome::NoReply ? @"cannotConnectToBrisvaleNowTextKey"
                                                         : @"usersTextKey";
     EXPECT_NE(std::find(texts.begin(), texts.end(), shown(key)), texts.end());
-    EXPECT_EQ(logged(), withActivations({"Share Folder action.."}));
+    ASSERT_EQ(logged(), withActivations({"Share Folder action.."}));
+    EXPECT_EQ(logged().front(), kActivated);
     EXPECT_FALSE([delegate contextMenuFlag]);
     EXPECT_TRUE(user.alerts().empty());
   }
