@@ -93,6 +93,12 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     EXPECT_EQ(text([recipients() stringValue]), left);
   }
 
+  /// The person in a reply is read before the next one is invited, which then has no reply when the
+  /// agent died of that. After the last one nobody is invited any more.
+  Outcome outcomeAt(NSUInteger place) const {
+    return place + 1 == kPeople.size() ? fault().action : outcome();
+  }
+
   /// The agent fails at the person in this position.
   void failAt(NSUInteger place) {
     begin();
@@ -101,7 +107,7 @@ struct Invite : FaultTest<WindowsWithoutAgent> {
     invite();
     waitForList();
     agent.injectFaultAfterwards();
-    expect(outcome(), place);
+    expect(outcomeAt(place), place);
     agent.recover(kGrant, person());
     hasRecovered = true;
     openKnowingAll();
