@@ -22,13 +22,14 @@ namespace {
 
 NSString *const kServiceName = @"ContextMenuPlugin";
 NSString *const kApplicationName = @"ContextMenuApp";
+NSString *const kClipboardServersName = @"GNUstepGSPasteboardServer";
 const std::string kTaken = "The name \"ContextMenuPlugin\" was lost and is another program's now";
 
-fs::path fileOfName(NSString *name) {
+fs::path fileOfName(NSString *name,
+                    const fs::path &folder = [NSTemporaryDirectory() fileSystemRepresentation]) {
   NSString *const encoded =
       [[name dataUsingEncoding:NSUTF8StringEncoding] base64EncodedStringWithOptions:0];
-  return fs::path([NSTemporaryDirectory() fileSystemRepresentation]) / "NSMessagePort" / "names" /
-         [encoded UTF8String];
+  return folder / "NSMessagePort" / "names" / [encoded UTF8String];
 }
 
 fs::path portFolders() {
@@ -93,7 +94,11 @@ struct RestoredFolder : OwnProcesses {
     agent = std::make_unique<AgentProcess>(AgentProcess::Options{.environment = environment});
     application = std::make_unique<RunningApplication>(environment);
   }
-  void SetUp() override { ASSERT_TRUE(isServed()) << application->process().output(); }
+  void SetUp() override {
+    ASSERT_TRUE(isServed()) << application->process().output();
+    // The application also starts a server for the clipboard, which makes that folder again too.
+    ASSERT_TRUE(waitFor([&] { return fs::exists(fileOfName(kClipboardServersName, own)); }));
+  }
 
   bool isServed() const {
     return waitFor([&] { return isReached(environment); });
@@ -269,7 +274,7 @@ TEST_F(RestoredFolder, IsNotMadeAgainBehindALinkButAfterIt) {
   EXPECT_TRUE(application->process().waitForOutput(
       "is lost and cannot be registered again now: the temporary folder \"" + own.string() +
       "\" is a symbolic link\n"));
-  EXPECT_TRUE(fs::is_empty(elsewhere));
+  EXPECT_TRUE(fs::is_empty(elsewhere)) << outputOf({"/usr/bin/find", elsewhere});
   fs::remove(own);
   EXPECT_TRUE(isServed()) << application->process().output();
 }
