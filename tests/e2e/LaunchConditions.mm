@@ -23,7 +23,7 @@ constexpr int kNoPlaceToRun = 1;
 /// The application, started in an environment in which it must end by itself.
 struct LaunchConditions : OwnProcesses {
   void expectThatItEnds(const ChildProcess::Environment &environment, const std::string &reason) {
-    ChildProcess application({RunningApplication::program()}, environment);
+    ChildProcess application({RunningApplication::program()}, withoutLeakSearch(environment));
     EXPECT_EQ(application.waitForEnd(), kNoPlaceToRun);
     EXPECT_EQ(application.output(), "ContextMenuApp: " + reason);
   }
@@ -88,7 +88,7 @@ TEST_F(LaunchConditions, WithADisplayThatItMayNotUseItEndsWithOneLineOfItsOwn) {
   ASSERT_NE(name, "");
   outputOf({"/usr/bin/xauth", "-f", keys, "add", name, ".", std::string(32, 'a')});
   ChildProcess application({RunningApplication::program()},
-                           {{"DISPLAY", name}, {"XAUTHORITY", "/dev/null"}});
+                           withoutLeakSearch({{"DISPLAY", name}, {"XAUTHORITY", "/dev/null"}}));
   EXPECT_EQ(application.waitForEnd(), kNoPlaceToRun);
   EXPECT_TRUE(application.output().ends_with("ContextMenuApp: the display \"" + name +
                                              "\" cannot be opened\n"))
@@ -101,7 +101,7 @@ TEST_F(LaunchConditions, WhenTheDisplayGoesAwayItEndsWithOneLine) {
   OtherDisplay display;
   const std::string name = display.name();
   ASSERT_NE(name, "");
-  RunningApplication application({{"DISPLAY", name}});
+  RunningApplication application(withoutLeakSearch({{"DISPLAY", name}}));
   ASSERT_TRUE(application.waitUntilServing()) << application.process().output();
   display.server.signal(SIGKILL);
   EXPECT_EQ(application.process().waitForEnd(), kNoPlaceToRun);

@@ -36,6 +36,10 @@ class RunningApplication {
   ChildProcess process_;
 };
 
+/// environment for an application that ends in the middle of something, where the address sanitizer
+/// would take for leaks what it still needed.
+ChildProcess::Environment withoutLeakSearch(ChildProcess::Environment environment = {});
+
 /// These lines after those that the platform logs first where no window manager runs.
 Lines afterStart(const Lines &lines);
 

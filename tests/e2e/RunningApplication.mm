@@ -38,6 +38,11 @@ Lines RunningApplication::log() const {
   return logLinesIn(process_.output());
 }
 
+ChildProcess::Environment withoutLeakSearch(ChildProcess::Environment environment) {
+  environment.emplace_back("ASAN_OPTIONS", "detect_leaks=0");
+  return environment;
+}
+
 Lines afterStart(const Lines &lines) {
   constexpr int kWindowStyles = 15;
   Lines all;

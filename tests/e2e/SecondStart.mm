@@ -29,7 +29,7 @@ struct SecondStart : OwnProcesses {
   void SetUp() override { ASSERT_TRUE(first.waitUntilServing()) << first.process().output(); }
 
   void expectThatASecondOneEnds() {
-    RunningApplication second;
+    RunningApplication second(withoutLeakSearch());
     EXPECT_EQ(second.process().waitForEnd(), kRunsAlready);
     EXPECT_EQ(second.process().output(), wordFor(first));
   }

@@ -31,3 +31,16 @@ const char *__tsan_default_options() {
 }
 
 }  // extern "C"
+
+#if __has_feature(thread_sanitizer)
+#include <thread>
+
+namespace {
+// The thread sanitizer starts a thread of its own with the first one of a program. A program has it
+// from its start, so that tests which count threads count it each time.
+const bool hasSanitizersThread = [] {
+  std::thread([] {}).join();
+  return true;
+}();
+}  // namespace
+#endif
