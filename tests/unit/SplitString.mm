@@ -24,3 +24,8 @@ TEST(SplitString, HalfAPairLosesItselfAndNotTheRest) {
   NSString *const whole = withHalfPair(@"a,b");
   EXPECT_EQ(text([utf16::splitString(whole, ',') componentsJoinedByString:@"|"]), "a|b\uFFFD");
 }
+
+TEST(SplitString, ThatBeginWithAByteOrderMarkKeepIt) {
+  NSArray *const parts = utf16::splitString(@"a,\uFEFFb,\uFFFEc", ',');
+  EXPECT_EQ(text([parts componentsJoinedByString:@"|"]), "a|\uFEFFb|\uFFFEc");
+}
