@@ -202,6 +202,9 @@ void acceptInput(id runLoop, SEL selector, NSString *mode, NSDate *date) {
 
 void keepMacRulesIfAsked() {
   if (!keepMacRules()) return;
+  // The defaults add observers. Finding out whose these are would make the defaults once more,
+  // inside themselves, and what the platform then throws away it leaks in part.
+  [NSUserDefaults standardUserDefaults];
   Class const center = [NSNotificationCenter class];
   platformAddObserver.install(center, @selector(addObserver:selector:name:object:), addObserver);
   platformRemoveObserver.install(center, @selector(removeObserver:name:object:), removeObserver);

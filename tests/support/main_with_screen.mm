@@ -14,7 +14,9 @@ int main(int argc, char *argv[]) {
     testing::InitGoogleTest(&argc, argv);  // makes the parameters of tests
   }
   giveEachTestAPool();
-  keepMacRulesIfAsked();
+  @autoreleasepool {
+    keepMacRulesIfAsked();
+  }
   // Owned by the list.
   testing::UnitTest::GetInstance()->listeners().Append(new FailureScreenshot);
   int result = 0;

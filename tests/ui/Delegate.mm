@@ -62,7 +62,13 @@ void PrintTo(const OddReply &reply, std::ostream *out) {
   *out << reply.name;
 }
 
-struct OddHomeFolder : Delegate, testing::WithParamInterface<OddReply> {};
+struct OddHomeFolder : Delegate, testing::WithParamInterface<OddReply> {
+  /// Releases what a launch makes, which is only once in a process otherwise.
+  void TearDown() override {
+    [delegate setHomeFolderInfo:nil];
+    [delegate setValue:nil forKey:@"contextMenuPlugin"];
+  }
+};
 
 }  // namespace
 
