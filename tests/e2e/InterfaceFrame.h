@@ -13,5 +13,5 @@ struct InterfaceFrame {
   /// The frame in the element's superview, y running upwards; of a text view that of its scroll
   /// view, of a window and of a tab its content. Throws std::runtime_error when there is no such
   /// element.
-  operator ScreenArea() const;
+  operator ScreenArea() const;  // NOLINT(google-explicit-constructor): stands for its area
 };

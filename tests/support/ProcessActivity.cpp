@@ -6,13 +6,13 @@
 #include <deque>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 #include <system_error>
 #include <thread>
 #include <utility>
+#include <vector>
 
 #include "tests/support/ChildProcess.h"
 
@@ -21,6 +21,20 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr std::chrono::milliseconds kBetweenLooks{100};
+
+/// The threads of a process, as folders, without that of the thread sanitizer, which has this name
+/// (tools/sanitizers/defaults.cpp). None when the process has ended.
+std::vector<fs::path> threadFoldersOf(pid_t process) {
+  std::vector<fs::path> folders;
+  std::error_code gone;
+  for (const auto &thread :
+       fs::directory_iterator(fs::path("/proc") / std::to_string(process) / "task", gone)) {
+    std::string name;
+    std::getline(std::ifstream(thread.path() / "comm"), name);
+    if (name != "sanitizer") folders.push_back(thread.path());
+  }
+  return folders;
+}
 
 /// -1 for a thread that has just ended.
 long voluntarySwitches(const fs::path &thread) {
@@ -80,12 +94,9 @@ ProcessActivity ProcessActivity::of(pid_t process) {
   const fs::path folder = fs::path("/proc") / std::to_string(process);
   ProcessActivity activity;
   activity.processorMilliseconds_ = processorMilliseconds(folder);
-  std::error_code ignored;
-  for (const auto &thread : fs::directory_iterator(folder / "task", ignored)) {
-    const long switches = voluntarySwitches(thread.path());
-    if (switches >= 0) {
-      activity.switchesOfThreads_[std::stoi(thread.path().filename().string())] = switches;
-    }
+  for (const fs::path &thread : threadFoldersOf(process)) {
+    const long switches = voluntarySwitches(thread);
+    if (switches >= 0) activity.switchesOfThreads_[std::stoi(thread.filename())] = switches;
   }
   return activity;
 }
@@ -104,9 +115,7 @@ double ProcessActivity::processorMillisecondsSince(const ProcessActivity &earlie
 }
 
 std::size_t threadsOf(pid_t process) {
-  std::error_code gone;
-  const fs::directory_iterator threads(fs::path("/proc") / std::to_string(process) / "task", gone);
-  return gone ? 0 : static_cast<std::size_t>(std::distance(fs::begin(threads), fs::end(threads)));
+  return threadFoldersOf(process).size();
 }
 
 SecondOfActivity quietestSecond(pid_t process, double seconds,

@@ -117,7 +117,7 @@ TEST_F(InviteTabOutcomes, TheIndicatorIsShownUntilTheSecondReplyIsEmptyAndThenHi
   bool isShown = false;
   const RepeatingTimer look(NSConnectionReplyMode, [&] {
     if (calls(kGrant) < 2) return;
-    isShown = ![spinner() isHidden];
+    isShown |= ![spinner() isHidden];
     hold.release();
   });
   invite(@"a@x.de,b@x.de,c@x.de");

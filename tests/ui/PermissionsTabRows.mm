@@ -165,7 +165,9 @@ TEST_F(PermissionsTabRows, TabReachesTheRowsThatAreOutOfSightAndScrollsToThem) {
     }
     // From the other end.
     const id behind = visitedByTab([window window], 1, back).back();
-    EXPECT_TRUE([behind isKindOfClass:back ? [NSTabView class] : [NSButton class]]);
+    const bool isTabs = [behind isKindOfClass:[NSTabView class]];
+    const bool isButton = [behind isKindOfClass:[NSButton class]];
+    EXPECT_TRUE(back ? isTabs : isButton);
   }
 }
 

@@ -1,11 +1,12 @@
-#include "platform/gnustep/inputmethods/InputAnswers.h"
+#include <gtest/gtest.h>
 
 #import <AppKit/AppKit.h>
 #import <GNUstepGUI/GSDisplayServer.h>
 #include <X11/Xutil.h>
-#include <gtest/gtest.h>
 
 #include <vector>
+
+#include "platform/gnustep/inputmethods/InputAnswers.h"
 
 // Xlib's part is played here: it puts what an input method has sent into its queue, one in front of
 // the other.

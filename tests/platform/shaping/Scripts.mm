@@ -1,6 +1,7 @@
 #include "tests/platform/theme/Themed.h"
 
 #include <algorithm>
+#include <cmath>
 #include <vector>
 
 #include "platform/gnustep/shaping/ShapedGlyphs.h"
@@ -37,7 +38,7 @@ struct Scripts : Themed {
 
   NSUInteger lineOf(NSUInteger index) const {
     const NSRect line = [layout() lineFragmentRectForGlyphAtIndex:index effectiveRange:NULL];
-    return static_cast<NSUInteger>(NSMinY(line) / NSHeight(line) + 0.5);
+    return static_cast<NSUInteger>(std::lround(NSMinY(line) / NSHeight(line)));
   }
 
   std::vector<NSRect> selectionRects(NSRange range) const {

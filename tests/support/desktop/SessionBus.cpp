@@ -19,7 +19,7 @@ std::string configuration(const std::string &address) {
 }
 
 std::string newPipe() {
-  const std::string path = newTemporaryFolder() + "/commands";
+  std::string path = newTemporaryFolder() + "/commands";
   if (mkfifo(path.c_str(), 0600) != 0) throw std::runtime_error("no pipe " + path);
   return path;
 }
