@@ -37,7 +37,8 @@ def built(folder, sanitizer):
                              capture_output=True, text=True).stdout.strip()
     flags = ["-g", "-w", f"-fsanitize={sanitizer}", "-fno-sanitize-recover=undefined"]
     defaults = Path(folder, "defaults.o")
-    subprocess.run(["clang++", *flags, f'-DSANITIZER_SUPPRESSIONS="{SANITIZERS}"', "-c",
+    subprocess.run(["clang++", "-std=c++20", *flags,
+                    f'-DSANITIZER_SUPPRESSIONS="{SANITIZERS}"', "-c",
                     str(SANITIZERS / "defaults.cpp"), "-o", str(defaults)], check=True)
     subprocess.run(["clang++", *flags, *platform_flags(), str(source), str(defaults), "-o",
                     str(program), f"-L{Path(runtime).parent}", *libraries], check=True)
