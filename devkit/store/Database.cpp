@@ -2,6 +2,8 @@
 
 #include <sqlite3.h>
 
+#include <chrono>
+
 namespace devkit {
 namespace {
 
@@ -10,6 +12,22 @@ constexpr int kBusyMilliseconds = 20'000;
 
 [[noreturn]] void fail(sqlite3 *database, const char *what) {
   throw StoreError(std::string(what) + ": " + sqlite3_errmsg(database));
+}
+
+/// Has changes written to a journal first, so that reading waits for no writing. SQLite refuses
+/// this at once to all but one of the processes that meet a new store, because each would wait for
+/// the others; the refused ones try again.
+void keepJournal(sqlite3 *database) {
+  using std::chrono::steady_clock;
+  constexpr int kBetweenTriesMilliseconds = 10;
+  const char *const sql = "PRAGMA journal_mode = WAL";
+  const auto end = steady_clock::now() + std::chrono::milliseconds(kBusyMilliseconds);
+  for (;;) {
+    const int code = sqlite3_exec(database, sql, nullptr, nullptr, nullptr);
+    if (code == SQLITE_OK) return;
+    if (code != SQLITE_BUSY || steady_clock::now() > end) fail(database, sql);
+    sqlite3_sleep(kBetweenTriesMilliseconds);
+  }
 }
 
 }  // namespace
@@ -23,7 +41,7 @@ Database::Database(const std::string &path) {
   }
   sqlite3_busy_timeout(handle_, kBusyMilliseconds);
   try {
-    execute("PRAGMA journal_mode = WAL");
+    keepJournal(handle_);
     execute("PRAGMA synchronous = NORMAL");
   } catch (...) {
     sqlite3_close(handle_);
