@@ -6,36 +6,64 @@
 
 namespace {
 
-/// The characters of the platform's string of these ones.
-std::u16string kept(const std::u16string &characters) {
-  NSString *const string =
-      [NSString stringWithCharacters:reinterpret_cast<const unichar *>(characters.data())
-                              length:characters.size()];
-  std::u16string units([string length], u'\0');
-  [string getCharacters:reinterpret_cast<unichar *>(units.data())
-                  range:NSMakeRange(0, units.size())];
-  return units;
+NSString *stringOf(const std::u16string &characters) {
+  return [NSString stringWithCharacters:reinterpret_cast<const unichar *>(characters.data())
+                                 length:characters.size()];
 }
+
+std::u16string charactersOf(NSString *string) {
+  std::u16string characters([string length], u'\0');
+  [string getCharacters:reinterpret_cast<unichar *>(characters.data())
+                  range:NSMakeRange(0, characters.size())];
+  return characters;
+}
+
+const std::u16string kMarked[] = {u"\uFEFF", u"\uFEFFAnna", u"\uFEFF\uFEFF中",
+                                  u"\uFFFE", u"\uFFFEAnna", u"\uFFFE中a"};
 
 }  // namespace
 
 TEST(ByteOrderMark, AtTheBeginningIsACharacterLikeAnyOther) {
-  for (const std::u16string characters : {u"\uFEFF", u"\uFEFFAnna", u"\uFEFF\uFEFF中"}) {
-    EXPECT_EQ(kept(characters), characters);
+  for (const std::u16string &characters : kMarked) {
+    EXPECT_EQ(charactersOf(stringOf(characters)), characters);
   }
 }
 
-TEST(ByteOrderMark, OfTheOtherOrderSwapsNothing) {
-  for (const std::u16string characters : {u"\uFFFE", u"\uFFFEAnna", u"\uFFFE中a"}) {
-    EXPECT_EQ(kept(characters), characters);
+TEST(ByteOrderMark, StaysInCopiesAndInWhatIsMadeOfThem) {
+  for (const std::u16string &characters : kMarked) {
+    NSString *const string = stringOf(characters);
+    EXPECT_EQ(charactersOf([NSMutableString stringWithString:string]), characters);
+    EXPECT_EQ(charactersOf([[string mutableCopy] autorelease]), characters);
+    EXPECT_EQ(charactersOf([[[string mutableCopy] autorelease] substringFromIndex:0]), characters);
+    EXPECT_EQ(charactersOf([string stringByAppendingString:@"中"]), characters + u"中");
+    EXPECT_EQ(charactersOf([@"" stringByAppendingString:string]), characters);
+  }
+}
+
+TEST(ByteOrderMark, StaysInAStringThatIsGivenTheMemory) {
+  for (Class const cls : {[NSString class], [NSMutableString class]}) {
+    auto *const memory = static_cast<unichar *>(NSZoneMalloc(NSDefaultMallocZone(), 4));
+    memory[0] = 0xFFFE;
+    memory[1] = 'a';
+    NSString *const string = [[[cls alloc] initWithCharactersNoCopy:memory
+                                                             length:2
+                                                       freeWhenDone:YES] autorelease];
+    EXPECT_EQ(charactersOf(string), u"\uFFFEa");
   }
 }
 
 TEST(ByteOrderMark, LaterOnStays) {
-  EXPECT_EQ(kept(u"a\uFEFF\uFFFE"), u"a\uFEFF\uFFFE");
+  EXPECT_EQ(charactersOf(stringOf(u"a\uFEFF\uFFFE")), u"a\uFEFF\uFFFE");
+}
+
+TEST(ByteOrderMark, AtTheBeginningOfBytesTellsTheirOrder) {
+  const unsigned char bytes[] = {0xFE, 0xFF, 0, 'a'};
+  NSString *const string = [[[NSString alloc] initWithBytes:bytes
+                                                     length:4
+                                                   encoding:NSUnicodeStringEncoding] autorelease];
+  EXPECT_EQ(charactersOf(string), u"a");
 }
 
 TEST(ByteOrderMark, BeforeHalfAPairMakesNoString) {
-  const unichar characters[] = {0xFEFF, 0xD83D};
-  EXPECT_EQ([NSString stringWithCharacters:characters length:2], nil);
+  EXPECT_EQ(stringOf({0xFEFF, 0xD83D}), nil);
 }

@@ -1,10 +1,11 @@
 #import <Foundation/Foundation.h>
 
-// Two characters, of which the first may be a byte-order mark of the other order.
+// A copy of two characters, of which the first may be a byte-order mark of the other order.
 int main() {
   @autoreleasepool {
     const unichar characters[] = {0xFFFE, 'a'};
-    NSString *const text = [NSString stringWithCharacters:characters length:2];
+    NSString *const text =
+        [NSMutableString stringWithString:[NSString stringWithCharacters:characters length:2]];
     return [text length] == 2 && [text characterAtIndex:1] == 'a' ? 0 : 1;
   }
 }
