@@ -41,11 +41,13 @@
     const auto *const generic = reinterpret_cast<const struct sockaddr *>(&address);
     EXPECT_EQ(bind(_socket, generic, sizeof address), 0);
     EXPECT_EQ(listen(_socket, 1), 0);
-    NSTimer *const end = [NSTimer timerWithTimeInterval:0
-                                                 target:self
-                                               selector:@selector(end:)
-                                               userInfo:nil
-                                                repeats:NO];
+    // Due at once, so that it comes before the connection in any case.
+    NSTimer *const end = [[[NSTimer alloc] initWithFireDate:[NSDate distantPast]
+                                                   interval:0
+                                                     target:self
+                                                   selector:@selector(end:)
+                                                   userInfo:nil
+                                                    repeats:NO] autorelease];
     [[NSRunLoop currentRunLoop] addTimer:end forMode:NSConnectionReplyMode];
   }
   return self;
