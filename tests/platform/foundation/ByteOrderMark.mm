@@ -33,8 +33,11 @@ TEST(ByteOrderMark, StaysInCopiesAndInWhatIsMadeOfThem) {
   for (const std::u16string &characters : kMarked) {
     NSString *const string = stringOf(characters);
     EXPECT_EQ(charactersOf([NSMutableString stringWithString:string]), characters);
-    EXPECT_EQ(charactersOf([[string mutableCopy] autorelease]), characters);
-    EXPECT_EQ(charactersOf([[[string mutableCopy] autorelease] substringFromIndex:0]), characters);
+    NSMutableString *const copy = [[string mutableCopy] autorelease];
+    EXPECT_EQ(charactersOf(copy), characters);
+    EXPECT_EQ(charactersOf([[copy mutableCopy] autorelease]), characters);
+    EXPECT_EQ(charactersOf([[copy copy] autorelease]), characters);
+    EXPECT_EQ(charactersOf([copy substringFromIndex:0]), characters);
     EXPECT_EQ(charactersOf([string stringByAppendingString:@"中"]), characters + u"中");
     EXPECT_EQ(charactersOf([@"" stringByAppendingString:string]), characters);
   }

@@ -4,8 +4,8 @@
 int main() {
   @autoreleasepool {
     const unichar characters[] = {0xFFFE, 'a'};
-    NSString *const text =
-        [NSMutableString stringWithString:[NSString stringWithCharacters:characters length:2]];
-    return [text length] == 2 && [text characterAtIndex:1] == 'a' ? 0 : 1;
+    NSString *const text = [NSString stringWithCharacters:characters length:2];
+    NSString *const copy = [[text mutableCopy] autorelease];
+    return [copy length] == 2 && [copy characterAtIndex:1] == 'a' ? 0 : 1;
   }
 }
