@@ -22,6 +22,7 @@
 #import "platform/gnustep/theme/QuietTheme.h"
 #import "platform/gnustep/windows/KeyboardFocus.h"
 #import "platform/gnustep/windows/NSWindow+Closing.h"
+#import "platform/gnustep/windows/WindowList.h"
 
 @interface NSApplication (PlatformPrivate)
 - (void)_windowWillDealloc:(NSWindow *)window;
@@ -96,6 +97,7 @@ class ScopedFlag {
   installComposition();
   installEventArrival();
   installKeyboardFocus();
+  installWindowList();
   return static_cast<BackgroundApplication *>(application);
 }
 

@@ -14,7 +14,7 @@ std::string report(const std::vector<std::string> &arguments = {}) {
   std::vector<std::string> command = {PRIVATE_DESKTOP_TOOL, "--window-manager", THEME_REPORT};
   command.insert(command.end(), arguments.begin(), arguments.end());
   ChildProcess program(command);
-  EXPECT_EQ(program.waitForEnd(), 0);
+  EXPECT_EQ(program.waitForEnd(), 0) << program.output();
   return program.output();
 }
 
