@@ -134,14 +134,17 @@ class Reader {
   }
 
   NSDictionary *dictionary(int depth) {
-    NSMutableDictionary *const entries = [NSMutableDictionary dictionary];
+    std::vector<id> keys;
+    std::vector<id> values;
     for (id key = next(depth); key != nil; key = next(depth)) {
       id const value = next(depth);
       if (value == nil) break;
-      [entries setObject:value forKey:key];
+      keys.push_back(key);
+      values.push_back(value);
     }
-    // Not a copy: a dictionary with a NaN as a key, which does not equal itself, cannot be copied.
-    return entries;
+    // Never mutable: of a mutable dictionary with a NaN as a key, which does not equal itself, the
+    // platform cannot make the copy that is needed where it is a key of another one.
+    return [NSDictionary dictionaryWithObjects:values.data() forKeys:keys.data() count:keys.size()];
   }
 
   NSArray *array(int depth) {
