@@ -18,16 +18,39 @@ DEADLINE_SECONDS = 60
 NOT_REACHED = "Brisvale cannot be reached."
 
 
-def wait_until(what, condition, seconds=DEADLINE_SECONDS):
-    """Waits until the function returns something true, and returns that."""
+class Unexpected(AssertionError):
+    """Something is not as a test expects it. Keeps a picture of the screen as it is at the first
+    time, where tools/run-tests looks for it."""
+
+    def __init__(self, *arguments):
+        super().__init__(*arguments)
+        failed, name = os.environ.get("FAILED_TESTS"), os.environ.get("TEST_NAME")
+        if not failed or not name:
+            return
+        picture = Path(failed) / name / "screen.png"
+        if not picture.exists():
+            picture.parent.mkdir(parents=True, exist_ok=True)
+            subprocess.run(["import", "-silent", "-window", "root", picture], check=False)
+
+
+def appears(condition, seconds):
+    """Waits until the function returns something true, and returns that; after so many seconds what
+    it returned last."""
     deadline = time.monotonic() + seconds
     while True:
         result = condition()
-        if result:
+        if result or time.monotonic() > deadline:
             return result
-        if time.monotonic() > deadline:
-            raise AssertionError(f"{what}: not within {seconds} seconds")
         time.sleep(0.05)
+
+
+def wait_until(what, condition, seconds=DEADLINE_SECONDS):
+    """Waits until the function returns something true, and returns that. Raises Unexpected when it
+    does not within so many seconds."""
+    result = appears(condition, seconds)
+    if not result:
+        raise Unexpected(f"{what}: not within {seconds} seconds")
+    return result
 
 
 def output(*command):
@@ -66,6 +89,8 @@ def click(x, y, button):
 
 class DesktopTest(unittest.TestCase):
     """A user with a synced folder. The application runs where a test starts it."""
+
+    failureException = Unexpected
 
     def setUp(self):
         self.assertIn("PRIVATE_DESKTOP", os.environ, "to be run by tools/private-desktop")
