@@ -104,7 +104,7 @@ struct WindowTest : testing::Test {
   NSUInteger callsOf(NSString *operation) const;
 
   /// Whether the application serves: a client copies a link and it arrives.
-  bool serves();
+  testing::AssertionResult serves();
 
  private:
   NSArray *calls() const;

@@ -152,8 +152,14 @@ NSUInteger WindowTest::callsOf(NSString *operation) const {
   return count;
 }
 
-bool WindowTest::serves() {
+testing::AssertionResult WindowTest::serves() {
   agent->answer(kFileLink, success(@"https://x/serves"));
   ChildProcess copy({PLUGIN_CALL, "id-serves"});
-  return copy.waitForEnd() == 0 && clipboardReadByXclip() == "https://x/serves";
+  if (const int status = copy.waitForEnd(); status != 0) {
+    return testing::AssertionFailure()
+           << "the client ends with " << status << ": " << copy.output();
+  }
+  const std::string link = clipboardReadByXclip();
+  if (link == "https://x/serves") return testing::AssertionSuccess();
+  return testing::AssertionFailure() << "the clipboard has \"" << link << "\"";
 }
