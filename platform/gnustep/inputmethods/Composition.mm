@@ -4,7 +4,9 @@
 
 #include <X11/Xutil.h>
 
+#include <algorithm>
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,6 +26,33 @@
 
 @interface GSDisplayServer (ServerEvents)
 - (void)processEvent:(XEvent *)event;
+- (void)receivedEvent:(void *)data
+                 type:(RunLoopEventType)type
+                extra:(void *)extra
+              forMode:(NSString *)mode;
+@end
+
+/// Keys that wait for an input method which does not answer.
+@interface HeldEvents : NSObject
++ (void)handleAfter:(NSTimeInterval)seconds;
+@end
+
+@implementation HeldEvents
+
++ (void)handleAfter:(NSTimeInterval)seconds {
+  [NSObject cancelPreviousPerformRequestsWithTarget:self];
+  [self performSelector:@selector(handle)
+             withObject:nil
+             afterDelay:seconds
+                inModes:@[
+                  NSDefaultRunLoopMode, NSModalPanelRunLoopMode, NSEventTrackingRunLoopMode
+                ]];
+}
+
++ (void)handle {
+  [GSCurrentServer() receivedEvent:nullptr type:ET_RDESC extra:nullptr forMode:nil];
+}
+
 @end
 
 namespace {
@@ -214,15 +243,27 @@ void handleAnswer(id self, input_answers::Answer &answer) {
   }
 }
 
-/// As the platform's, but what input methods answer comes in its order.
+/// As the platform's, but what input methods answer comes in its order, and they get a key when
+/// they have answered to the one before.
 void receivedEvent(id self, SEL, void *, int, void *, NSString *) {
   auto *const display = static_cast<Display *>([self serverDevice]);
+  InputFlow &flow = input_answers::flow();
   while (true) {
     handleInputAnswers();
-    if (XPending(display) == 0) break;
     XEvent event;
-    XNextEvent(display, &event);
+    if (const std::optional<XEvent> held = flow.next(std::chrono::steady_clock::now())) {
+      event = *held;
+    } else if (XPending(display) > 0) {
+      XNextEvent(display, &event);
+      if (input_contexts::holdBack(event)) continue;
+    } else {
+      break;
+    }
     if (!input_contexts::filter(event)) handleEvent(self, event);
+  }
+  if (const auto time = flow.timeOfNext()) {
+    const std::chrono::duration<double> left = *time - std::chrono::steady_clock::now();
+    [HeldEvents handleAfter:std::max(left.count(), 0.0)];
   }
 }
 

@@ -8,7 +8,7 @@
 
 /// Tells input methods where the caret is.
 @interface SpotTeller : NSObject
-/// When nothing has been composed for a tenth of a second.
+/// When nothing comes from them any more.
 + (void)tellSoon:(Window)window;
 @end
 
@@ -24,8 +24,9 @@
 }
 
 + (void)tell:(NSNumber *)window {
-  input_contexts::tellSpot([window unsignedLongValue]);
+  const bool isDone = input_contexts::tellSpot([window unsignedLongValue]);
   handleInputAnswers();
+  if (!isDone) [self tellSoon:[window unsignedLongValue]];
 }
 
 @end

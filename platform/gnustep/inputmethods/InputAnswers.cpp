@@ -38,12 +38,17 @@ std::deque<Answer> &answers() {
 /// One of the events that collect() has found, until Xlib has been told.
 std::optional<XEvent> collected;
 
+/// No event of the window server is so, and none that another program sends looks like one.
+bool isOfItsOwnAccord(const XKeyEvent &key) {
+  return key.time == CurrentTime && !key.send_event;
+}
+
 auto sentKey(const XKeyEvent &key) {
   std::deque<SentKey> &keys = sentKeys();
   return std::find_if(keys.begin(), keys.end(), [&key](const SentKey &sent) {
     const XKeyEvent &other = sent.event.xkey;
-    return other.type == key.type && other.time == key.time && other.keycode == key.keycode &&
-           other.window == key.window;
+    return other.type == key.type && (other.time == key.time || isOfItsOwnAccord(key)) &&
+           other.keycode == key.keycode && other.window == key.window;
   });
 }
 
@@ -70,9 +75,15 @@ void noteAnswer() {
 
 }  // namespace
 
+InputFlow &flow() {
+  static auto *const flow = new InputFlow;
+  return *flow;
+}
+
 bool isAnswer(const XEvent &event) {
   if (event.type != KeyPress && event.type != KeyRelease) return false;
-  return isText(event.xkey) || sentKey(event.xkey) != sentKeys().end();
+  return isText(event.xkey) || isOfItsOwnAccord(event.xkey) ||
+         sentKey(event.xkey) != sentKeys().end();
 }
 
 void keyWillBeSent(const XKeyEvent &key) {
@@ -81,10 +92,20 @@ void keyWillBeSent(const XKeyEvent &key) {
   SentKey sent = {.event = {}, .when = Clock::now()};
   sent.event.xkey = key;
   keys.push_back(sent);
+  flow().wasSent(key, sent.when);
+}
+
+void keyWasNotSent() {
+  if (sentKeys().empty()) return;
+  flow().hasReturned(sentKeys().back().event.xkey, Clock::now());
+  sentKeys().pop_back();
 }
 
 void add(Answer answer) {
-  if (answer.kind == Answer::Kind::Compose) noteAnswer();
+  if (answer.kind == Answer::Kind::Compose) {
+    noteAnswer();
+    flow().hasSentText(Clock::now());
+  }
   answers().push_back(std::move(answer));
 }
 
@@ -98,8 +119,13 @@ void collect(Display *display, const LookUp &lookUp) {
       if (std::optional<std::string> text = lookUp(event.xkey)) {
         found.push_back({.kind = Answer::Kind::Text, .text = std::move(*text)});
       }
+      flow().hasSentText(Clock::now());
     } else {
-      sentKeys().erase(sentKey(event.xkey));
+      if (const auto sent = sentKey(event.xkey); sent != sentKeys().end()) {
+        event.xkey.time = sent->event.xkey.time;
+        sentKeys().erase(sent);
+      }
+      flow().hasReturned(event.xkey, Clock::now());
       found.push_back({.kind = Answer::Kind::Key, .key = event});
     }
   }
@@ -117,16 +143,13 @@ void settle(Display *display, const LookUp &lookUp) {
   XFilterEvent(&event, None);
 }
 
-bool isUpToDate() {
-  return sentKeys().empty() || sentKeys().back().isAnswered;
-}
-
 void methodEnded() {
   for (const SentKey &sent : sentKeys()) {
     if (sent.isAnswered || Clock::now() - sent.when > kLostKeysAge) continue;
     answers().push_back({.kind = Answer::Kind::Key, .key = sent.event});
   }
   sentKeys().clear();
+  flow().methodEnded();
 }
 
 std::optional<Answer> next() {

@@ -8,11 +8,16 @@
 #include <string>
 #include <vector>
 
+#include "platform/gnustep/inputmethods/InputFlow.h"
+
 /// What the input methods have answered to keys and nobody has done yet, in the order in which they
 /// have answered. Xlib itself puts keys and texts into its queue one in front of the other, so that
 /// those that come while it waits for something else would be in the reverse order. On the main
 /// thread.
 namespace input_answers {
+
+/// What is to be held back meanwhile. It is told here of all that is sent and answered.
+InputFlow &flow();
 
 struct Answer {
   enum class Kind {
@@ -30,7 +35,11 @@ struct Answer {
 /// To be called for each press and release of a key before the input method gets it.
 void keyWillBeSent(const XKeyEvent &key);
 
-/// Whether Xlib has made this event of what an input method has sent.
+/// The input method does not get the key after all.
+void keyWasNotSent();
+
+/// Whether Xlib has made this event of what an input method has sent. Keys that one sends of its
+/// own accord, after a text for instance, have no time.
 bool isAnswer(const XEvent &event);
 
 /// Adds one of Compose, which the input method has sent, or of End, behind all the others.
@@ -45,9 +54,6 @@ void collect(Display *display, const LookUp &lookUp);
 /// To be called after each call that lets Xlib wait for an input method or handle what one has
 /// sent: collects, and tells Xlib that what it has put into its queue was taken out.
 void settle(Display *display, const LookUp &lookUp);
-
-/// Whether something came after the last key that was sent.
-bool isUpToDate();
 
 /// The input method has ended. The keys of the last two seconds that it has not answered are for
 /// the program.

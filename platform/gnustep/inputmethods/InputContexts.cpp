@@ -174,6 +174,7 @@ Closing close(XIC context) {
   if (found == all.end()) return Closing::LeftToOthers;
   const bool isOurs = (*found)->isOurs;
   const bool hasEnded = (*found)->hasEnded;
+  input_answers::flow().windowClosed((*found)->window);
   all.erase(found);
   if (hasEnded) return Closing::DestroyedBefore;
   if (!isOurs) return Closing::LeftToOthers;
@@ -261,22 +262,40 @@ std::optional<LookedUp> lookUp(XKeyEvent &event) {
   return result;
 }
 
+namespace {
+
+/// The context whose input method gets an event; nullptr for one that is not for any.
+Context *contextFor(const XEvent &event) {
+  if (event.type != KeyPress && event.type != KeyRelease) return nullptr;
+  Context *const context = contextOf(event.xkey.window);
+  return context != nullptr && context->isOurs && !context->hasEnded ? context : nullptr;
+}
+
+}  // namespace
+
+bool holdBack(const XEvent &event) {
+  const bool isForMethod = contextFor(event) != nullptr;
+  if (isForMethod && input_answers::isAnswer(event)) return false;
+  return input_answers::flow().holdBack(event, isForMethod, std::chrono::steady_clock::now());
+}
+
 bool filter(XEvent &event) {
-  const bool isKey = event.type == KeyPress || event.type == KeyRelease;
-  Context *const context = isKey ? contextOf(event.xkey.window) : nullptr;
-  const bool isSent = context != nullptr && context->isOurs && !context->hasEnded;
+  Context *const context = contextFor(event);
   Display *const display = event.xany.display;
-  if (isSent && input_answers::isAnswer(event)) {
+  if (context != nullptr && input_answers::isAnswer(event)) {
     // Xlib has waited for the input method in a call of the platform's.
     XPutBackEvent(display, &event);
     input_answers::settle(display, textOf);
     return true;
   }
-  if (isSent) {
+  if (context != nullptr) {
     if (event.type == KeyPress) keyWillBeSent(*context, event.xkey);
     input_answers::keyWillBeSent(event.xkey);
   }
-  if (!XFilterEvent(&event, None)) return false;
+  if (!XFilterEvent(&event, None)) {
+    if (context != nullptr) input_answers::keyWasNotSent();
+    return false;
+  }
   input_answers::settle(display, textOf);
   return true;
 }
@@ -296,15 +315,16 @@ bool waitForAnswers(Display *display, std::chrono::steady_clock::time_point dead
   return true;
 }
 
-void tellSpot(Window window) {
+bool tellSpot(Window window) {
   Context *const context = contextOf(window);
-  if (context == nullptr || context->hasEnded || context->isSpotSent) return;
-  if (!input_answers::isUpToDate()) return;
+  if (context == nullptr || context->hasEnded || context->isSpotSent) return true;
+  if (!input_answers::flow().isQuiet(std::chrono::steady_clock::now())) return false;
   context->isSpotSent = true;
   const XVaNestedList attributes = XVaCreateNestedList(0, XNSpotLocation, &context->spot, nullptr);
   XSetICValues(context->context, XNPreeditAttributes, attributes, nullptr);
   XFree(attributes);
   input_answers::settle(displayOf(*context), textOf);
+  return true;
 }
 
 std::string reset() {

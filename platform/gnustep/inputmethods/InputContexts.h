@@ -41,6 +41,10 @@ struct LookedUp {
 /// Nothing for a window without a context.
 std::optional<LookedUp> lookUp(XKeyEvent &event);
 
+/// Whether an event has to wait until the input method has answered to the keys before it;
+/// input_answers::flow() returns it again when its time has come.
+bool holdBack(const XEvent &event);
+
 /// Whether an event is for an input method. What the input methods answer, to this key or to
 /// earlier ones, is among the input answers then.
 bool filter(XEvent &event);
@@ -61,9 +65,9 @@ std::string reset();
 /// candidates.
 void setSpot(Window window, int x, int y);
 
-/// Tells the input method where the caret is, and waits for its reply. Xlib holds back what the
-/// input method draws meanwhile, so this is for when the user pauses; nothing happens while there
-/// is a key that is not answered.
-void tellSpot(Window window);
+/// Tells the input method where the caret is, and waits for its reply. What the input method draws
+/// meanwhile Xlib holds back until it draws once more, behind all else that comes until then; so
+/// this is for when the user pauses. False, without an effect, while anything may come from it.
+bool tellSpot(Window window);
 
 }  // namespace input_contexts
